@@ -1,0 +1,62 @@
+# What every target of the project shares: language level, warnings, sanitizers, and the helpers that
+# declare libraries and tests.
+include(GNUInstallDirs)
+
+if(PROJECT_IS_TOP_LEVEL)
+    set(CMAKE_CXX_EXTENSIONS OFF)
+    set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
+    find_program(KORVANE_CCACHE ccache)
+    if(KORVANE_CCACHE AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
+        set(CMAKE_CXX_COMPILER_LAUNCHER "${KORVANE_CCACHE}")
+    endif()
+endif()
+
+add_library(korvane_build_options INTERFACE)
+target_compile_options(korvane_build_options INTERFACE
+    -Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual -Wcast-align
+    -Wnull-dereference -Wimplicit-fallthrough
+    $<$<BOOL:${KORVANE_WERROR}>:-Werror>)
+if(KORVANE_SANITIZE)
+    target_compile_options(korvane_build_options INTERFACE
+        -fsanitize=${KORVANE_SANITIZE} -fno-omit-frame-pointer -fno-sanitize-recover=all
+        # -Wnull-dereference misfires on the checks that the sanitizers insert.
+        -Wno-null-dereference -Wno-maybe-uninitialized)
+    target_link_options(korvane_build_options INTERFACE -fsanitize=${KORVANE_SANITIZE})
+endif()
+
+# Declares a library of the project. Its folders add sources and headers with
+# target_sources(<name> PRIVATE ... PUBLIC FILE_SET HEADERS FILES ...).
+function(korvane_add_library name alias)
+    add_library(${name})
+    add_library(korvane::${alias} ALIAS ${name})
+    set_target_properties(${name} PROPERTIES
+        EXPORT_NAME ${alias}
+        VERIFY_INTERFACE_HEADER_SETS ${PROJECT_IS_TOP_LEVEL})
+    target_compile_features(${name} PUBLIC cxx_std_20)
+    target_link_libraries(${name} PRIVATE $<BUILD_INTERFACE:korvane_build_options>)
+    target_sources(${name} PUBLIC FILE_SET HEADERS BASE_DIRS "${PROJECT_SOURCE_DIR}/src")
+endfunction()
+
+# korvane_add_test(<name> [QT] SOURCES ... [LIBRARIES ...])
+# One executable of tests. QT: runs on the offscreen platform, with a main that fails on unexpected
+# Qt warnings; without it the test sees the core only.
+function(korvane_add_test name)
+    cmake_parse_arguments(ARG "QT" "" "SOURCES;LIBRARIES" ${ARGN})
+    if(ARG_QT AND NOT KORVANE_WIDGETS)
+        return()
+    endif()
+    add_executable(${name} ${ARG_SOURCES})
+    target_link_libraries(${name} PRIVATE ${ARG_LIBRARIES} korvane_build_options)
+    if(ARG_QT)
+        set_target_properties(${name} PROPERTIES AUTOMOC ON)
+        target_link_libraries(${name} PRIVATE korvane::widgets korvane_test_support_qt)
+        set(environment "QT_QPA_PLATFORM=offscreen;LC_ALL=C.UTF-8;QT_LOGGING_RULES=qt.qpa.*=false")
+    else()
+        target_link_libraries(${name} PRIVATE korvane::core korvane_test_support GTest::gtest_main)
+        set(environment "LC_ALL=C.UTF-8")
+    endif()
+    gtest_discover_tests(${name}
+        DISCOVERY_MODE PRE_TEST
+        DISCOVERY_TIMEOUT 60
+        PROPERTIES ENVIRONMENT "${environment}" TIMEOUT 300)
+endfunction()

@@ -1,0 +1,56 @@
+// Conversions between the library's value types and Qt's. The only place where they are made.
+#pragma once
+
+#include "foundation/zuCanvas.h"
+#include "foundation/zuTypes.h"
+
+#include <QColor>
+#include <QDateTime>
+#include <QFont>
+#include <QPalette>
+#include <QPoint>
+#include <QRect>
+#include <QString>
+
+#include <string>
+#include <string_view>
+
+namespace korvane {
+
+inline QPoint ToQt(TPoint point)
+{
+    return {point.X, point.Y};
+}
+inline TPoint FromQt(QPoint point)
+{
+    return {point.x(), point.y()};
+}
+inline QRect ToQt(const TRect &rect)
+{
+    return {rect.Left, rect.Top, rect.Width(), rect.Height()};
+}
+inline TRect FromQt(const QRect &rect)
+{
+    return {rect.x(), rect.y(), rect.x() + rect.width(), rect.y() + rect.height()};
+}
+inline QString ToQt(std::string_view text)
+{
+    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+}
+inline std::string FromQt(const QString &text)
+{
+    return text.toStdString();
+}
+
+/// System colours come from the palette's active group.
+QColor ToQt(TColor color, const QPalette &palette);
+TColor FromQt(const QColor &color);
+QFont ToQt(const TFont &font);
+/// Keeps the colour of `base`, since a QFont has none.
+TFont FromQt(const QFont &font, const TFont &base = {});
+/// Local time, to the nearest millisecond.
+QDateTime ToQDateTime(TDateTime value);
+/// An invalid date-time gives 0.
+TDateTime FromQt(const QDateTime &value);
+
+} // namespace korvane

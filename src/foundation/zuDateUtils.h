@@ -1,0 +1,63 @@
+// Calendar arithmetic on TDateTime in the proleptic Gregorian calendar.
+#pragma once
+
+#include "foundation/zuTypes.h"
+
+namespace korvane {
+
+/// Year 1..9999, month 1..12, day of month 1..31.
+struct TDateParts
+{
+    int Year = 1;
+    int Month = 1;
+    int Day = 1;
+
+    friend bool operator==(const TDateParts &, const TDateParts &) = default;
+};
+
+struct TTimeParts
+{
+    int Hour = 0;
+    int Minute = 0;
+    int Second = 0;
+    int Millisecond = 0;
+
+    friend bool operator==(const TTimeParts &, const TTimeParts &) = default;
+};
+
+/// A date with its time of day, taken together to the nearest millisecond.
+struct TDateTimeParts
+{
+    TDateParts Date;
+    TTimeParts Time;
+};
+
+/// Throws std::invalid_argument when there is no such date in years 1..9999.
+TDateTime EncodeDate(int year, int month, int day);
+/// Throws std::invalid_argument when a part is out of range (hour 0..23, ... millisecond 0..999).
+TDateTime EncodeTime(int hour, int minute, int second, int millisecond);
+
+/// Date and time of day, rounded to the nearest millisecond with carry into the date. Instants
+/// outside years 1..9999 (and NaN) give the nearest limit.
+TDateTimeParts DecodeDateTime(TDateTime value);
+TDateParts DecodeDate(TDateTime value);
+TTimeParts DecodeTime(TDateTime value);
+
+/// The midnight at or before the instant, after rounding to the nearest millisecond.
+TDateTime DateOf(TDateTime value);
+/// Time of day, 0 <= result < 1, to the nearest millisecond.
+TDateTime TimeOf(TDateTime value);
+
+/// 1 = Sunday ... 7 = Saturday.
+int DayOfWeek(TDateTime value);
+int DaysInMonth(int year, int month);
+/// First day of the month that lies `months` later (or earlier, when negative) than that of the
+/// date.
+TDateTime FirstOfMonthLater(TDateTime value, int months);
+
+/// Now in the system's local time.
+TDateTime Now();
+/// Midnight of today in the system's local time.
+TDateTime Today();
+
+} // namespace korvane

@@ -1,0 +1,18 @@
+// Reports meant for a message box.
+#pragma once
+
+#include "foundation/zuMethod.h"
+
+#include <string_view>
+
+namespace korvane {
+
+using TReportHook = TMethod<void(std::string_view text)>;
+
+/// Shows a text to the user without blocking: through the hook when one is set, else on standard
+/// error.
+void Report(std::string_view text);
+/// Replaces the hook and returns the one that was set.
+TReportHook SetReportHook(TReportHook hook);
+
+} // namespace korvane

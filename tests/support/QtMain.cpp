@@ -1,0 +1,29 @@
+// Main of the tests that need widgets: an offscreen application, and a warning from Qt is a
+// failure.
+#include <QApplication>
+
+#include <gtest/gtest.h>
+#include <iostream>
+
+namespace {
+
+void FailOnWarning(QtMsgType type, const QMessageLogContext & /*context*/, const QString &message)
+{
+    std::cerr << message.toStdString() << '\n';
+    if (type == QtWarningMsg || type == QtCriticalMsg || type == QtFatalMsg) {
+        ADD_FAILURE() << "unexpected warning: " << message.toStdString();
+    }
+}
+
+} // namespace
+
+int main(int argc, char **argv)
+{
+    testing::InitGoogleTest(&argc, argv);
+    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) {
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    }
+    const QApplication application(argc, argv);
+    qInstallMessageHandler(FailOnWarning);
+    return RUN_ALL_TESTS();
+}
