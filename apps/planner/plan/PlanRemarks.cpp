@@ -1,0 +1,31 @@
+#include "plan/PlanRemarks.h"
+
+#include <utility>
+
+namespace korvane::planner {
+
+void PlanRemarks::Add(qint64 line, QString text)
+{
+    if (m_items.size() < kLimit) {
+        m_items.push_back({line, std::move(text)});
+    } else {
+        ++m_omitted;
+    }
+}
+
+std::vector<QString> PlanRemarks::Lines() const
+{
+    std::vector<QString> lines;
+    lines.reserve(m_items.size() + 1);
+    for (const PlanRemark &remark : m_items) {
+        lines.push_back(remark.Line > 0
+                            ? QStringLiteral("Line %1: %2").arg(remark.Line).arg(remark.Text)
+                            : remark.Text);
+    }
+    if (m_omitted > 0) {
+        lines.push_back(QStringLiteral("... and %1 more").arg(m_omitted));
+    }
+    return lines;
+}
+
+} // namespace korvane::planner
