@@ -38,7 +38,7 @@ function(korvane_add_library name alias)
 endfunction()
 
 # korvane_add_test(<name> [QT] SOURCES ... [LIBRARIES ...])
-# One executable of tests. QT: runs on the offscreen platform, with a main that fails on unexpected
+# One executable of tests, a part of the target korvane_tests. QT: runs on the offscreen platform, with a main that fails on unexpected
 # Qt warnings; without it the test sees the core only.
 function(korvane_add_test name)
     cmake_parse_arguments(ARG "QT" "" "SOURCES;LIBRARIES" ${ARGN})
@@ -46,6 +46,7 @@ function(korvane_add_test name)
         return()
     endif()
     add_executable(${name} ${ARG_SOURCES})
+    add_dependencies(korvane_tests ${name})
     target_link_libraries(${name} PRIVATE ${ARG_LIBRARIES} korvane_build_options)
     if(ARG_QT)
         set_target_properties(${name} PROPERTIES AUTOMOC ON)

@@ -24,10 +24,11 @@ public:
     TMethod() = default;
     TMethod(std::nullptr_t) {} // NOLINT(google-explicit-constructor): slot = nullptr clears it
 
-    /// Takes any callable; the slot shares ownership of it with its copies.
+    /// Takes any callable; the slot shares ownership of it with its copies. Implicit for
+    /// slot = [](...) { ... }; the constraint leaves copies to the copy constructor.
     template <typename F>
     requires(!std::same_as<std::remove_cvref_t<F>, TMethod> && std::invocable<F &, Args...>)
-        TMethod(F &&callable) // NOLINT(google-explicit-constructor): slot = [](...) { ... }
+        TMethod(F &&callable) // NOLINT(*-explicit-constructor,*-forwarding-reference-overload)
         : m_closure(std::make_shared<std::decay_t<F>>(std::forward<F>(callable)))
     {
         m_object = m_closure.get();
