@@ -38,7 +38,7 @@ TDateTime EncodeDate(int year, int month, int day);
 TDateTime EncodeTime(int hour, int minute, int second, int millisecond);
 
 /// Date and time of day, rounded to the nearest millisecond with carry into the date. Instants
-/// outside years 1..9999 (and NaN) give the nearest limit.
+/// outside years 1..9999 give the nearest limit, NaN the lower one.
 TDateTimeParts DecodeDateTime(TDateTime value);
 TDateParts DecodeDate(TDateTime value);
 TTimeParts DecodeTime(TDateTime value);
@@ -50,9 +50,10 @@ TDateTime TimeOf(TDateTime value);
 
 /// 1 = Sunday ... 7 = Saturday.
 int DayOfWeek(TDateTime value);
+/// Throws std::invalid_argument when there is no such month in years 1..9999.
 int DaysInMonth(int year, int month);
 /// First day of the month that lies `months` later (or earlier, when negative) than that of the
-/// date.
+/// date. The result may lie outside years 1..9999, so that stepping by months always moves on.
 TDateTime FirstOfMonthLater(TDateTime value, int months);
 
 /// Now in the system's local time.

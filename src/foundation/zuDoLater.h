@@ -20,10 +20,13 @@ public:
 
     /// Queues `call(parameter)` unless an equal call with the same parameter is queued or running.
     static void DoLater(const TDoLaterCall &call, TObject *parameter = nullptr);
-    /// Withdraws every queued entry of the call, whatever its parameter; a running entry finishes.
+    /// Withdraws every queued entry of the call, whatever its parameter; a running entry finishes
+    /// but is not kept for another run when it throws.
     static void NeverMind(const TDoLaterCall &call);
     /// Runs every queued call in the order of the requests, those queued meanwhile included. When a
-    /// call throws, its entry stays first in the queue and the next DoAllNow runs it again.
+    /// call throws, its entry stays first in the queue and the next DoAllNow runs it again. Called
+    /// from a running call, it runs the others only. What is still queued when the process ends is
+    /// run then.
     static void DoAllNow();
     /// Whether an equal call with the identical parameter is queued or running.
     static bool AlreadyInList(const TDoLaterCall &call, TObject *parameter);

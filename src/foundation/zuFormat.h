@@ -17,7 +17,9 @@ struct TFormatSettings
     std::array<std::string, 12> ShortMonthNames; ///< from January
     std::array<std::string, 12> LongMonthNames;  ///< from January
     std::string ShortDateFormat;                 ///< pattern of an empty date format
-    std::string ShortTimeFormat;                 ///< pattern of an empty time format
+    std::string LongDateFormat;
+    std::string ShortTimeFormat; ///< pattern of an empty time format
+    std::string LongTimeFormat;
     std::string AmText;
     std::string PmText;
     char DateSeparator = '-';
@@ -32,11 +34,15 @@ const TFormatSettings &FormatSettings();
 void SetFormatSettings(TFormatSettings settings);
 
 /// Text of an instant by a pattern. Letters count without regard to case:
-/// `yy yyyy`, `m mm mmm mmmm` (minutes after an hour token, also with a separator between),
-/// `d dd ddd dddd`, `h hh`, `n nn`, `s ss`, `z zzz`, `am/pm a/p ampm` (12-hour clock), `c`,
-/// `ddddd` / `dddddd` (date forms), `t tt` (time forms), `/` and `:` (separators), text in quotes
-/// as it stands. The instant is first taken to the nearest millisecond. An empty pattern gives `c`:
-/// the short date and, unless midnight, the short time.
+/// - `yy yyyy`, `m mm mmm mmmm`, `d dd ddd dddd`: numbers, then short and long names;
+/// - `h hh`, `n nn`, `s ss`, `z zzz`: hours, minutes, seconds, milliseconds; `m` and `mm` are
+///   minutes, too, when the last token before them was an hour (`hh:mm`);
+/// - `am/pm a/p ampm`: half of the day; with one of them in the pattern, hours run from 12 to 11;
+/// - `ddddd dddddd t tt`: the short and long forms of the date and of the time;
+/// - `c`: the short date and, unless it is midnight, the short time;
+/// - `/` and `:`: the separators; text in single or double quotes and all else as it stands.
+///
+/// The instant is first taken to the nearest millisecond. An empty pattern means `c`.
 std::string FormatDateTime(std::string_view format, TDateTime value);
 /// FormatDateTime where an empty pattern means the locale's short date.
 std::string FormatDate(std::string_view format, TDateTime value);
