@@ -1,0 +1,16 @@
+// State of the modifier keys that goes with a mouse or key event.
+#pragma once
+
+namespace korvane {
+
+/// Which modifiers were held.
+struct TShiftState
+{
+    bool Shift = false;
+    bool Ctrl = false;
+    bool Alt = false;
+
+    friend bool operator==(const TShiftState &, const TShiftState &) = default;
+};
+
+} // namespace korvane

@@ -1,0 +1,313 @@
+// The time axis: visible range, zoom, marks, and the mapping between time and pixels.
+#pragma once
+
+#include "foundation/zuCanvas.h"
+#include "foundation/zuInput.h"
+#include "foundation/zuMethod.h"
+#include "foundation/zuTypes.h"
+#include "scaler/zuScaleMark.h"
+#include "scaler/zuScalePass.h"
+#include "scaler/zuScalerHost.h"
+#include "scaler/zuScalerSteps.h"
+#include "scaler/zuScalerWeeks.h"
+
+#include <array>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+namespace korvane {
+
+enum class TIndicatorStyle : unsigned char { isNone, isNormal, isColorfull };
+
+/// Where and how much larger DoThePaint draws: pixels along an axis are multiplied by its factor.
+struct TScaleTarget
+{
+    TCanvas &Canvas;
+    TRect Rect;
+    int XFactor = 1;
+    int YFactor = 1;
+};
+
+enum class TScaleRow : unsigned char { Minor, Major };
+
+/// A label and the font it is drawn in.
+struct TScaleLabel
+{
+    std::string Text;
+    TScalerFont Font = TScalerFont::sTextFont1;
+};
+
+/// The toolkit-free half of the date scaler.
+///
+/// It shows the time from Start to Stop along its length, which is the width when Horizontal and
+/// else the height; pixels count from the axis' start. Times that active passes hide are cut out:
+/// the axis then reaches Stop + HiddenSpan and is linear only between marks.
+///
+/// Whatever recomputes the marks (range, size, label properties, EndUpdate, CalcDrawMode) throws
+/// std::runtime_error with a text that begins "Scale error:" when that fails; the range is then one
+/// day long and has marks. Handlers may change the scaler but not destroy it, except from OnChange.
+class TDateScalerCore : public TObject
+{
+public:
+    /// A label override: may replace the text of the label that `step` puts at `date`.
+    using TOnUserStringEvent =
+        TMethod<void(TDateTime date, TDateTime step, std::string &text, TScalerFont font)>;
+    using TNotify = TMethod<void(TObject *sender)>;
+
+    static constexpr int kPassCount = 10;
+    static constexpr int kNoIndicator = -1;
+
+    /// Shows a week from today. The host is observed and must outlive the scaler.
+    explicit TDateScalerCore(IDateScalerHost &host);
+
+    TDateTime GetStart() const { return m_start; }
+    /// From 1899-12-30 on; what is earlier gives that date.
+    void SetStart(TDateTime start);
+    TDateTime GetStop() const { return m_stop; }
+    /// Up to 4000-01-01, and not compared with Start: a range may be empty or inverted.
+    void SetStop(TDateTime stop);
+    /// Days per pixel; 0 for an axis without length and for an inverted range.
+    double GetScale() const;
+    /// Keeps Start and moves Stop; a range below a minute becomes two minutes long.
+    virtual void SetScale(double daysPerPixel);
+    /// Zooms so that `date` stays at `pixel`.
+    virtual void SetCenterScale(double newScale, TDateTime date, int pixel);
+
+    bool Horizontal() const { return m_horizontal; }
+    void SetHorizontal(bool horizontal);
+    const std::string &DateFormat() const { return m_dateFormat; }
+    void SetDateFormat(std::string format) { SetLabelText(m_dateFormat, std::move(format)); }
+    const std::string &TimeFormat() const { return m_timeFormat; }
+    void SetTimeFormat(std::string format) { SetLabelText(m_timeFormat, std::move(format)); }
+    int FirstDayOfWeek() const { return m_firstDayOfWeek; }
+    /// 1 (Sunday) to 7; other values are ignored.
+    void SetFirstDayOfWeek(int day);
+    bool WeekNumbers() const { return m_weekNumbers; }
+    void SetWeekNumbers(bool on);
+    const std::string &WeekPrefix() const { return m_weekPrefix; }
+    void SetWeekPrefix(std::string prefix) { SetLabelText(m_weekPrefix, std::move(prefix)); }
+    const std::string &WeekYearFormat() const { return m_weekYearFormat; }
+    void SetWeekYearFormat(std::string format)
+    {
+        SetLabelText(m_weekYearFormat, std::move(format));
+    }
+    const std::string &QuarterPrefix() const { return m_quarterPrefix; }
+    void SetQuarterPrefix(std::string prefix) { SetLabelText(m_quarterPrefix, std::move(prefix)); }
+    /// The least distance of two minor marks, in pixels; below 1 there are no marks.
+    int PixelsForModeSwitch() const { return m_pixelsForModeSwitch; }
+    void SetPixelsForModeSwitch(int pixels);
+    const TFont &TextFont1() const { return m_textFonts[0]; }
+    void SetTextFont1(const TFont &font) { SetTextFont(TScalerFont::sTextFont1, font); }
+    const TFont &TextFont2() const { return m_textFonts[1]; }
+    void SetTextFont2(const TFont &font) { SetTextFont(TScalerFont::sTextFont2, font); }
+    const TFont &TextFont3() const { return m_textFonts[2]; }
+    void SetTextFont3(const TFont &font) { SetTextFont(TScalerFont::sTextFont3, font); }
+    bool IndicatorOn() const { return m_indicatorOn; }
+    void SetIndicatorOn(bool on);
+    TIndicatorStyle IndicatorStyle() const { return m_indicatorStyle; }
+    void SetIndicatorStyle(TIndicatorStyle style);
+    /// The position on the axis that the indicator marks, for example the pointer's.
+    int IndicatorPixel() const { return m_indicatorPixel; }
+    void SetIndicatorPixel(int pixel);
+    /// Kept for the component that embeds the scaler.
+    double ZoomFactor() const { return m_zoomFactor; }
+    void SetZoomFactor(double factor) { m_zoomFactor = factor; }
+    bool RescaleWithCtrl() const { return m_rescaleWithCtrl; }
+    void SetRescaleWithCtrl(bool on) { m_rescaleWithCtrl = on; }
+
+    // Mapping.
+
+    /// Length of the axis in pixels.
+    virtual int GetScaleLen() const;
+    /// Saturates at the 32-bit range; -1 where the axis has no length in time.
+    int DateToPixel(TDateTime date) const;
+    /// Inverse to DateToPixel between marks only.
+    TDateTime PixelToDate(int pixel) const;
+    /// The time that so many pixels cover.
+    virtual TDateTime PixelLenToDate(int pixels) const { return GetScale() * pixels; }
+    /// Pixels from Start's time of day to that of `time`; dates do not count.
+    virtual int TimeToPixel(TDateTime time) const;
+
+    // Calendar.
+
+    TDateTime TruncToFirstDayOfWeek(TDateTime date) const
+    {
+        return korvane::TruncToFirstDayOfWeek(date, m_firstDayOfWeek);
+    }
+    TFirstWeek FirstWeekOfYear(TDateTime date) const
+    {
+        return korvane::FirstWeekOfYear(date, m_firstDayOfWeek);
+    }
+    TWeekNum GetWeekNum(TDateTime date) const
+    {
+        return korvane::GetWeekNum(date, m_firstDayOfWeek);
+    }
+    /// Year and week number, or the range of days by `format` unless WeekNumbers.
+    std::string GetWeekString(std::string_view format, TDateTime date) const;
+    int DateToQuarter(TDateTime date) const { return korvane::DateToQuarter(date); }
+    /// Like the free function. When that throws, the range is set to one day first.
+    TDateTime Snap(TDateTime step, TDateTime date);
+
+    // Passes and marks.
+
+    /// Pass 0..9, earlier ones first; throws std::out_of_range for others. Changes of a pass show
+    /// after CalcDrawMode or EndUpdate.
+    TDateScalePass &GetPassList(int index) { return m_passes.at(static_cast<std::size_t>(index)); }
+    TPassInfo GetPassInfoFromDateTime(TDateTime date) const;
+    /// Recomputes steps, marks and labels from range, length and passes.
+    void CalcDrawMode();
+    TDateTime MinorStep() const { return m_minorStep.Length; }
+    std::string_view MinorStepName() const { return m_minorStep.Name; }
+    TDateTime MajorStep() const { return m_majorStep.Length; }
+    std::string_view MajorStepName() const { return m_majorStep.Name; }
+    /// The time that 10 pixels cover.
+    TDateTime ScrollStep() const { return m_scrollStep; }
+    /// Days cut out of the visible range.
+    TDateTime HiddenSpan() const { return m_hiddenSpan; }
+    /// Marks in order of time. Valid until the next recomputation.
+    const TScaleMarkList &PrimaryMarks() const { return m_primaryMarks; }
+    const TScaleMarkList &SecondaryMarks() const { return m_secondaryMarks; }
+    TScaleLabel GetApprioateStringShort(TDateTime step, TDateTime date) const;
+    TScaleLabel GetApprioateStringLong(TDateTime step, TDateTime date) const;
+    /// A: the last minor mark at or before the date, B: the one after.
+    TScaleMarkPair FindScaleMarksFromDate(TDateTime date) const;
+    /// B: the first minor mark beyond the pixel, A: the one before it.
+    TScaleMarkPair FindScaleMarksFromPixel(int pixel) const;
+    int GetPixelFromScaleMark(const TScaleMark &mark) const;
+
+    // Painting.
+
+    /// Draws the scaler and, when a change is due, asks for its notification.
+    void DoThePaint(TCanvas &canvas, const TRect &rect);
+    /// Ticks of one row of marks.
+    void DrawScaleMarks(TScaleMarkList &marks, const TScaleTarget &target);
+    void DrawScaleMarksText(const TScaleMarkList &marks, const TScaleTarget &target, TScaleRow row);
+    /// Pixels of the minor and major marks, as last painted.
+    const std::vector<int> &MinorPixels() const { return m_minorPixels; }
+    const std::vector<int> &MajorPixels() const { return m_majorPixels; }
+    /// Number of the first major period among its kind: its parity stays with the calendar period
+    /// while the axis scrolls.
+    int GetOddOrEventStartForVerticalBack() const { return m_oddEvenStart; }
+    /// Client rectangles of the scroll buttons, as last painted.
+    const TRect &StepDownRect() const { return m_stepDownRect; }
+    const TRect &StepUpRect() const { return m_stepUpRect; }
+
+    // Updates and notification.
+
+    /// Brackets nest; the marks are computed once, at the end of the outermost.
+    virtual void BeginUpdate();
+    virtual void EndUpdate();
+    /// The control's size has changed.
+    void Resize();
+    bool ChangePending() const { return m_changePending; }
+    /// Delivers a change that PostChange has announced.
+    virtual void CallChange();
+    /// Ends any interaction and forgets a pending change.
+    void StopStep();
+    /// A zoom drag runs; no change is announced meanwhile.
+    bool Interacting() const { return m_interaction.Interacting; }
+    /// A mouse button is down on the scaler.
+    bool Dragging() const { return m_interaction.Dragging; }
+    bool StepUpPressed() const { return m_interaction.StepUpPressed; }
+    bool StepDownPressed() const { return m_interaction.StepDownPressed; }
+    /// Whether a drag zooms: decided by the modifiers of the press, not by the argument.
+    bool RescaleNotPan(const TShiftState &shift) const;
+
+    /// The visible range has changed: once per paint, from the event loop, never within a zoom
+    /// drag.
+    TNotify OnChange;
+    TOnUserStringEvent OnUserStringShort;
+    TOnUserStringEvent OnUserStringLong;
+
+protected:
+    struct TInteraction
+    {
+        bool Interacting = false;
+        bool Dragging = false;
+        bool StepUpPressed = false;
+        bool StepDownPressed = false;
+    };
+
+    /// Whether anybody listens to the change notification.
+    virtual bool HasChangeListener() const { return static_cast<bool>(OnChange); }
+    /// As the release of a mouse button does.
+    void EndInteraction();
+
+    TInteraction m_interaction;
+    TShiftState m_savedShift; ///< modifiers of the last mouse press
+
+private:
+    void SetTextFont(TScalerFont font, const TFont &value);
+    void SetLabelText(std::string &property, std::string value);
+    void RangeChanged();
+    void LabelsChanged();
+    void UpdateMarks();
+    void AnnounceChange();
+
+    void ComputeMarks();
+    void ComputeOnce();
+    void RecoverFromScaleError();
+    TScaleMarkList MinorMarks(const TDayPattern &pattern, TDateTime &hiddenSpan);
+    TScaleMarkList MajorMarks(const TDayPattern &pattern, TDateTime hiddenSpan) const;
+    [[noreturn]] void DropOutError();
+    void AskUser(const TOnUserStringEvent &event, TDateTime step, TDateTime date,
+                 TScaleLabel &label) const;
+    void CalcOddOrEventStartForVerticalBack();
+    int PeriodNumber(TDateTime step, TDateTime date) const;
+    TScaleMarkPair PairAround(TScaleMarkList::const_iterator after) const;
+    void UpdatePixels() const;
+    int MarkPixel(const TScaleMark &mark) const;
+
+    void DrawTick(const TScaleTarget &target, std::int64_t pixel, int length) const;
+    void SetLabelFont(TCanvas &canvas, TScalerFont font) const;
+    void DrawScrollButtons(TCanvas &canvas);
+    void DrawScaleIndicator(const TScaleTarget &target);
+    std::string IndicatorText() const;
+    void NormalIndicator(const TScaleTarget &target) const;
+    void ColorFullIndicator(const TScaleTarget &target) const;
+
+    IDateScalerHost &m_host;
+    TDateTime m_start = 0;
+    TDateTime m_stop = 0;
+    bool m_horizontal = false;
+    std::string m_dateFormat;
+    std::string m_timeFormat;
+    int m_firstDayOfWeek = 2;
+    bool m_weekNumbers = false;
+    std::string m_weekPrefix = " w ";
+    std::string m_weekYearFormat = "YYYY";
+    std::string m_quarterPrefix = " Q";
+    int m_pixelsForModeSwitch = 15;
+    std::array<TFont, 3> m_textFonts;
+    bool m_indicatorOn = true;
+    TIndicatorStyle m_indicatorStyle = TIndicatorStyle::isNormal;
+    int m_indicatorPixel = kNoIndicator;
+    double m_zoomFactor = 0.9;
+    bool m_rescaleWithCtrl = false;
+
+    std::array<TDateScalePass, kPassCount> m_passes;
+    TScaleStep m_minorStep;
+    TScaleStep m_majorStep;
+    TDateTime m_scrollStep = kDay;
+    TDateTime m_hiddenSpan = 0;
+    // Their pixels belong to the axis length for which they were worked out last.
+    mutable TScaleMarkList m_primaryMarks;
+    mutable TScaleMarkList m_secondaryMarks;
+    mutable int m_pixelsLength = 0;
+    int m_oddEvenStart = 0;
+    bool m_computing = false;
+    bool m_computeAgain = false;
+    bool m_ignoreOverrides = false;
+
+    std::vector<int> m_minorPixels;
+    std::vector<int> m_majorPixels;
+    TRect m_stepDownRect;
+    TRect m_stepUpRect;
+
+    int m_updateCount = 0;
+    bool m_changePending = false;
+};
+
+} // namespace korvane

@@ -1,0 +1,342 @@
+// Painting of the date scaler.
+#include "foundation/zuDateUtils.h"
+#include "foundation/zuFormat.h"
+#include "foundation/zuRound.h"
+#include "scaler/zuScaler.h"
+
+#include <algorithm>
+#include <array>
+
+namespace korvane {
+
+namespace {
+
+constexpr int kMajorTick = 15;
+constexpr int kMinorTick = 5;
+constexpr int kButtonSize = 20;
+
+/// Pixels times a factor plus an offset, kept where canvases can still calculate with it.
+int Place(int offset, std::int64_t pixels, int factor)
+{
+    constexpr std::int64_t kFar = 1 << 24;
+    return static_cast<int>(std::clamp(offset + pixels * factor, -kFar, kFar));
+}
+
+std::size_t PrefixLength(std::string_view text, std::size_t length)
+{
+    while (length > 0 && (static_cast<unsigned char>(text[length]) & 0xC0U) == 0x80U) {
+        --length; // not within a UTF-8 sequence
+    }
+    return length;
+}
+
+/// The longest beginning of the text that is at most `room` pixels wide.
+std::string_view Shortened(const TCanvas &canvas, std::string_view text, int room)
+{
+    while (!text.empty() && canvas.TextExtent(text).Width > room) {
+        text = text.substr(0, PrefixLength(text, text.size() - 1));
+    }
+    return text;
+}
+
+/// The colour that lies the given part of the way, in percent, between two colours.
+TColor Mixed(const TCanvas &canvas, TColor from, TColor to, unsigned percent)
+{
+    const TColor a = canvas.ResolveColor(from);
+    const TColor b = canvas.ResolveColor(to);
+    const auto mix = [percent](unsigned x, unsigned y) {
+        return (x * (100 - percent) + y * percent) / 100;
+    };
+    return Rgb(mix(RedOf(a), RedOf(b)), mix(GreenOf(a), GreenOf(b)), mix(BlueOf(a), BlueOf(b)));
+}
+
+enum class TButtonState : unsigned char { Released, Held };
+
+/// A triangle with its point first and its light side between the point and the second corner.
+void DrawArrow(TCanvas &canvas, const std::array<TPoint, 3> &corners, TButtonState state)
+{
+    const bool held = state == TButtonState::Held;
+    const TColor light = held ? clGray : clWhite;
+    const TColor shade = held ? clWhite : clGray;
+    const TColor face = Mixed(canvas, clBtnFace, clBtnText, held ? 40 : 20);
+    canvas.SetBrush({face, TBrushStyle::bsSolid, {}});
+    canvas.SetPen({shade, 1, TPenStyle::psClear});
+    canvas.Polygon(corners);
+    canvas.SetPen({shade, 1, TPenStyle::psSolid});
+    canvas.Line(corners[1], corners[2]);
+    canvas.Line(corners[2], corners[0]);
+    canvas.SetPenColor(light);
+    canvas.Line(corners[0], corners[1]);
+}
+
+/// Smooths the shapes drawn during the lifetime of the object.
+class TSmoothScope
+{
+public:
+    explicit TSmoothScope(TCanvas &canvas)
+        : m_canvas(canvas)
+    {
+        m_canvas.SetAntialiasing(true);
+    }
+    TSmoothScope(const TSmoothScope &) = delete;
+    TSmoothScope &operator=(const TSmoothScope &) = delete;
+    ~TSmoothScope() { m_canvas.SetAntialiasing(false); }
+
+private:
+    TCanvas &m_canvas;
+};
+
+void FillRounded(TCanvas &canvas, const TRect &box)
+{
+    const TSmoothScope smooth(canvas);
+    const int right = box.Right - 1;
+    const int bottom = box.Bottom - 1;
+    const std::array corners{
+        TPoint{box.Left + 3, box.Top},    TPoint{right - 3, box.Top},
+        TPoint{right - 1, box.Top + 1},   TPoint{right, box.Top + 3},
+        TPoint{right, bottom - 3},        TPoint{right - 1, bottom - 1},
+        TPoint{right - 3, bottom},        TPoint{box.Left + 3, bottom},
+        TPoint{box.Left + 1, bottom - 1}, TPoint{box.Left, bottom - 3},
+        TPoint{box.Left, box.Top + 3},    TPoint{box.Left + 1, box.Top + 1},
+    };
+    canvas.Polygon(corners);
+}
+
+/// The labels of one row, drawn in the order of the axis; those that would crowd are left out.
+class TLabelRow
+{
+public:
+    /// `cross` is the row's distance from the edge of the target beside the axis.
+    TLabelRow(const TScaleTarget &target, bool horizontal, int cross)
+        : m_target(target)
+        , m_horizontal(horizontal)
+        , m_cross(cross)
+    {
+    }
+
+    void Draw(std::string_view text, int centre)
+    {
+        const TSize extent = m_target.Canvas.TextExtent(text);
+        if (m_horizontal) {
+            DrawAcross(text, centre - extent.Width / 2, extent.Width);
+        } else {
+            DrawDown(text, centre - extent.Height / 2, extent.Height);
+        }
+    }
+
+private:
+    void DrawAcross(std::string_view text, int left, int width)
+    {
+        constexpr int kGap = 6;
+        if (left > 0 && left > m_last + width + kGap) {
+            const TRect &rect = m_target.Rect;
+            m_target.Canvas.TextOut({rect.Left + left, rect.Top + m_cross}, text);
+            m_last = left;
+        }
+    }
+
+    void DrawDown(std::string_view text, int top, int height)
+    {
+        constexpr int kGap = 10;
+        if (top - height > 0 && top > m_last + height + kGap) {
+            const TRect &rect = m_target.Rect;
+            const int room = rect.Width() - m_cross;
+            m_target.Canvas.TextOut({rect.Left + m_cross, rect.Top + top},
+                                    Shortened(m_target.Canvas, text, room));
+            m_last = top;
+        }
+    }
+
+    const TScaleTarget &m_target;
+    bool m_horizontal;
+    int m_cross;
+    int m_last = -1000; ///< where the last label drawn begins
+};
+
+} // namespace
+
+void TDateScalerCore::DoThePaint(TCanvas &canvas, const TRect &rect)
+{
+    if (rect.Width() <= 0 || rect.Height() < 0) {
+        return;
+    }
+    const TSize size = m_host.ClientSize();
+    const TScaleTarget target{canvas, rect, size.Width > 0 ? rect.Width() / size.Width : 0,
+                              size.Height > 0 ? rect.Height() / size.Height : 0};
+    m_majorPixels.clear();
+    m_minorPixels.clear();
+    DrawScaleMarks(m_primaryMarks, target);
+    DrawScaleMarks(m_secondaryMarks, target);
+    if (!Dragging()) {
+        DrawScaleMarksText(m_primaryMarks, target, TScaleRow::Minor);
+    }
+    DrawScaleMarksText(m_secondaryMarks, target, TScaleRow::Major);
+    if (!m_host.GetIsPrinting()) {
+        DrawScrollButtons(canvas);
+        if (m_indicatorOn) {
+            DrawScaleIndicator(target);
+        }
+    }
+    AnnounceChange();
+}
+
+void TDateScalerCore::DrawScaleMarks(TScaleMarkList &marks, const TScaleTarget &target)
+{
+    UpdatePixels();
+    for (TScaleMark &mark : marks) {
+        mark.Pixel = MarkPixel(mark);
+        (mark.IsMajor ? m_majorPixels : m_minorPixels).push_back(mark.Pixel);
+        // Unless a pass colours them, ticks have to show on dark palettes as well.
+        target.Canvas.SetPenColor(mark.Color == 0 ? clBtnText : mark.Color);
+        const int length = mark.IsMajor ? kMajorTick : kMinorTick;
+        DrawTick(target, mark.Pixel, length);
+        if (mark.HiddenAfter) {
+            DrawTick(target, mark.Pixel + 1, length);
+        }
+        if (mark.AfterHidden) {
+            DrawTick(target, mark.Pixel - 1, length);
+        }
+    }
+}
+
+void TDateScalerCore::DrawTick(const TScaleTarget &target, std::int64_t pixel, int length) const
+{
+    const TRect &rect = target.Rect;
+    if (m_horizontal) {
+        const int x = Place(rect.Left, pixel, target.XFactor);
+        const int height = m_host.ClientSize().Height;
+        target.Canvas.Line({x, rect.Bottom}, {x, Place(rect.Top, height - length, target.YFactor)});
+    } else {
+        const int y = Place(rect.Top, pixel, target.YFactor);
+        target.Canvas.Line({rect.Right, y}, {Place(rect.Right, -length, target.XFactor), y});
+    }
+}
+
+void TDateScalerCore::SetLabelFont(TCanvas &canvas, TScalerFont font) const
+{
+    canvas.SetFont(m_textFonts[static_cast<std::size_t>(font)]);
+    m_host.PrintResizeFont();
+}
+
+void TDateScalerCore::DrawScaleMarksText(const TScaleMarkList &marks, const TScaleTarget &target,
+                                         TScaleRow row)
+{
+    const bool major = row == TScaleRow::Major;
+    const int cross = m_horizontal ? RoundToPixel(m_host.GetScaley() * (major ? 15 : 30))
+                                   : RoundToPixel(m_host.GetScalex() * (major ? 20 : 40));
+    const int factor = m_horizontal ? target.XFactor : target.YFactor;
+    const bool namesInterval = (major ? MajorStep() : MinorStep()) >= kDay;
+    TLabelRow labels(target, m_horizontal, cross);
+    for (std::size_t index = 0; index < marks.size(); ++index) {
+        const TScaleMark &mark = marks[index];
+        if (mark.Text.empty()) {
+            continue;
+        }
+        SetLabelFont(target.Canvas, mark.Font);
+        std::int64_t centre = mark.Pixel;
+        if (namesInterval) {
+            const std::int64_t next =
+                index + 1 < marks.size() ? marks[index + 1].Pixel : GetScaleLen();
+            centre += (next - centre) / 2;
+        }
+        labels.Draw(mark.Text, Place(0, centre, factor));
+    }
+}
+
+void TDateScalerCore::DrawScrollButtons(TCanvas &canvas)
+{
+    const TSize size = m_host.ClientSize();
+    m_stepDownRect = {1, 1, kButtonSize, kButtonSize};
+    const TSmoothScope smooth(canvas);
+    const auto state = [](bool held) { return held ? TButtonState::Held : TButtonState::Released; };
+    const TButtonState down = state(StepDownPressed());
+    const TButtonState up = state(StepUpPressed());
+    if (m_horizontal) {
+        m_stepUpRect = {size.Width - kButtonSize, 1, size.Width + 1, kButtonSize};
+        const int right = m_stepUpRect.Left;
+        DrawArrow(canvas, {TPoint{5, 10}, {14, 5}, {14, 15}}, down);
+        DrawArrow(canvas, {TPoint{right + 14, 10}, {right + 5, 5}, {right + 5, 15}}, up);
+    } else {
+        m_stepUpRect = {1, size.Height - kButtonSize, kButtonSize, size.Height};
+        const int bottom = m_stepUpRect.Top;
+        DrawArrow(canvas, {TPoint{10, 5}, {5, 14}, {15, 14}}, down);
+        DrawArrow(canvas, {TPoint{10, bottom + 14}, {5, bottom + 5}, {15, bottom + 5}}, up);
+    }
+}
+
+void TDateScalerCore::DrawScaleIndicator(const TScaleTarget &target)
+{
+    if (m_indicatorPixel < 0 || m_indicatorPixel >= GetScaleLen()) {
+        return;
+    }
+    switch (m_indicatorStyle) {
+    case TIndicatorStyle::isNone:
+        break;
+    case TIndicatorStyle::isNormal:
+        NormalIndicator(target);
+        break;
+    case TIndicatorStyle::isColorfull:
+        ColorFullIndicator(target);
+        break;
+    }
+}
+
+void TDateScalerCore::NormalIndicator(const TScaleTarget &target) const
+{
+    TCanvas &canvas = target.Canvas;
+    const TRect &rect = target.Rect;
+    canvas.SetPen({clHighlight, 1, TPenStyle::psSolid});
+    canvas.SetBrushColor(clHighlight);
+    std::array<TPoint, 3> marker;
+    if (m_horizontal) {
+        const int x = Place(rect.Left, m_indicatorPixel, target.XFactor);
+        canvas.Line({x, rect.Top}, {x, rect.Bottom - 1});
+        marker = {TPoint{x - 4, rect.Top}, {x + 4, rect.Top}, {x, rect.Top + 5}};
+    } else {
+        const int y = Place(rect.Top, m_indicatorPixel, target.YFactor);
+        canvas.Line({rect.Left, y}, {rect.Right - 1, y});
+        marker = {TPoint{rect.Left, y - 4}, {rect.Left, y + 4}, {rect.Left + 5, y}};
+    }
+    const TSmoothScope smooth(canvas);
+    canvas.Polygon(marker);
+}
+
+std::string TDateScalerCore::IndicatorText() const
+{
+    const TDateTime date = PixelToDate(m_indicatorPixel);
+    const std::string day = FormatDate(m_dateFormat, date);
+    return MinorStep() < kDay ? day + ' ' + FormatTime(m_timeFormat, date) : day;
+}
+
+void TDateScalerCore::ColorFullIndicator(const TScaleTarget &target) const
+{
+    constexpr int kPadding = 4;
+    TCanvas &canvas = target.Canvas;
+    const TRect &rect = target.Rect;
+    SetLabelFont(canvas, TScalerFont::sTextFont1);
+    const std::string text = IndicatorText();
+    const TSize extent = canvas.TextExtent(text);
+    const TSize size{extent.Width + 2 * kPadding, extent.Height + 2};
+    TRect band = rect;
+    TPoint at{rect.Left + 1, rect.Top + 1};
+    if (m_horizontal) {
+        const int x = Place(rect.Left, m_indicatorPixel, target.XFactor);
+        band.Left = x - 1;
+        band.Right = x + 2;
+        at.X = std::max(std::min(x - size.Width / 2, rect.Right - size.Width - 1), rect.Left + 1);
+    } else {
+        const int y = Place(rect.Top, m_indicatorPixel, target.YFactor);
+        band.Top = y - 1;
+        band.Bottom = y + 2;
+        at.Y = std::max(std::min(y - size.Height / 2, rect.Bottom - size.Height - 1), rect.Top + 1);
+    }
+    canvas.FillRect(band, clHighlight);
+    canvas.SetPen({clHighlight, 1, TPenStyle::psSolid});
+    FillRounded(canvas, {at.X, at.Y, at.X + size.Width, at.Y + size.Height});
+    TFont font = canvas.Font();
+    font.Color = clHighlightText;
+    canvas.SetFont(font);
+    canvas.TextOut({at.X + kPadding, at.Y + 1}, text);
+}
+
+} // namespace korvane
