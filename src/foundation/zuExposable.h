@@ -1,6 +1,7 @@
 // Deferred release of data objects.
 #pragma once
 
+#include "foundation/zuLifeWatch.h"
 #include "foundation/zuTypes.h"
 
 namespace korvane {
@@ -11,6 +12,7 @@ class TzuExposable : public TObject
 {
 public:
     TzuExposable() { Initialize(); }
+    ~TzuExposable() override { TzuLifeWatch::Released(this); }
 
     /// Detaches the object from lists, owners, selections and listeners.
     virtual void CleanForFree() = 0;

@@ -1,0 +1,208 @@
+// Loading, unloading and sorting of a data list.
+#include "data/zuDataList.h"
+
+#include <algorithm>
+#include <limits>
+
+namespace korvane {
+
+namespace {
+
+/// Beyond this many items the block is purged before it is extended.
+constexpr int kMaxLoaded = 500;
+
+/// Orders the items stably. Unlike the standard algorithms it stays within bounds whatever the
+/// comparison answers.
+template <typename Less>
+void MergeSort(std::vector<TzuDataEntity *> &items, const Less &less)
+{
+    std::vector<TzuDataEntity *> merged(items.size());
+    for (std::size_t width = 1; width < items.size(); width *= 2) {
+        for (std::size_t first = 0; first < items.size(); first += 2 * width) {
+            const std::size_t middle = std::min(first + width, items.size());
+            const std::size_t end = std::min(middle + width, items.size());
+            std::size_t left = first;
+            std::size_t right = middle;
+            for (std::size_t to = first; to < end; ++to) {
+                const bool takeRight =
+                    left == middle || (right < end && less(items[right], items[left]));
+                merged[to] = takeRight ? items[right++] : items[left++];
+            }
+        }
+        items.swap(merged);
+    }
+}
+
+} // namespace
+
+void TzuDataList::AddUnloaded(int count)
+{
+    const TzuLifeWatch self(*this);
+    const int room = std::numeric_limits<int>::max() - m_items.Size() - m_unloadedBefore;
+    const std::int64_t unloaded = std::int64_t{m_unloadedAfter} + count;
+    m_unloadedAfter = static_cast<int>(std::clamp<std::int64_t>(unloaded, 0, room));
+    Fire<&TzuListController::OnContentChanged>(this);
+    if (self) {
+        Fire<&TzuListController::OnCountChanged>(this);
+    }
+}
+
+TzuDataEntity *TzuDataList::EnsureLoadedItem(int index)
+{
+    if (index < 0 || index >= Count()) {
+        return nullptr;
+    }
+    if (IsLoaded(index)) {
+        return m_items.At(index - m_unloadedBefore);
+    }
+    const TzuLifeWatch self(*this);
+    LoadRange range = RangeToLoad(index);
+    if (range.To - range.From + m_items.Size() > kMaxLoaded) {
+        UnloadAll();
+        if (!self || Count() <= 0) {
+            return nullptr;
+        }
+        index = std::min(index, Count() - 1);
+        if (IsLoaded(index)) {
+            return m_items.At(index - m_unloadedBefore);
+        }
+        if (m_items.Empty()) {
+            m_unloadedAfter += m_unloadedBefore - index;
+            m_unloadedBefore = index;
+        }
+        range = RangeToLoad(index);
+    }
+    LoadItems(range.From, range.To, range.End);
+    return self && IsLoaded(index) ? m_items.At(index - m_unloadedBefore) : nullptr;
+}
+
+TzuDataList::LoadRange TzuDataList::RangeToLoad(int index) const
+{
+    if (index < m_unloadedBefore) {
+        return {index, m_unloadedBefore - 1, TBlockEnd::Front};
+    }
+    const int blockEnd = m_items.Size() + m_unloadedBefore;
+    return {blockEnd > 0 ? std::min(index, blockEnd) : index, index, TBlockEnd::Back};
+}
+
+void TzuDataList::LoadItems(int from, int to, TBlockEnd end)
+{
+    const TzuLifeWatch self(*this);
+    if (m_unloadedBefore == 0 && Count() == m_unloadedAfter) {
+        m_unloadedAfter = Count() - from;
+        m_unloadedBefore = from;
+    }
+    const bool atFront = end == TBlockEnd::Front;
+    int &unloaded = atFront ? m_unloadedBefore : m_unloadedAfter;
+    for (int index = from; index <= to; ++index) {
+        auto entity = CreateItem();
+        if (!self) {
+            return;
+        }
+        Place(atFront ? 0 : m_items.Size(), entity.get(), index);
+        entity.release();
+        unloaded = std::max(unloaded - 1, 0);
+    }
+    for (int step = 0; step <= to - from && self; ++step) {
+        const int index = atFront ? to - step : from + step;
+        if (IsLoaded(index)) {
+            Fire<&TzuListController::OnLoadItem>(m_items.At(index - m_unloadedBefore));
+        }
+    }
+}
+
+void TzuDataList::Unload(int index, TBlockEnd toward)
+{
+    delete Take(index - m_unloadedBefore);
+    ++(toward == TBlockEnd::Front ? m_unloadedBefore : m_unloadedAfter);
+    if (m_items.Empty()) {
+        m_unloadedAfter += m_unloadedBefore;
+        m_unloadedBefore = 0;
+    }
+}
+
+bool TzuDataList::CanUnload(TzuDataEntity *entity) const
+{
+    bool canUnload = false;
+    if (m_controller != nullptr) {
+        m_controller->OnCanUnload(entity, canUnload);
+    }
+    return canUnload;
+}
+
+void TzuDataList::Purge()
+{
+    const TzuLifeWatch self(*this);
+    for (const auto end : {TBlockEnd::Front, TBlockEnd::Back}) {
+        const auto position = [&] { return end == TBlockEnd::Front ? 0 : m_items.Size() - 1; };
+        // The handler may add items, but not for ever.
+        for (int left = m_items.Size(); left > 0 && !m_items.Empty() && !m_keepLoaded; --left) {
+            TzuDataEntity *entity = m_items.At(position());
+            const bool canUnload = CanUnload(entity);
+            if (!self) {
+                return;
+            }
+            if (!canUnload) {
+                break;
+            }
+            if (!m_items.Empty() && m_items.At(position()) == entity) {
+                Unload(m_unloadedBefore + position(), end);
+            }
+        }
+    }
+}
+
+void TzuDataList::UnloadAll()
+{
+    const TzuLifeWatch self(*this);
+    ClearSelections();
+    if (self) {
+        Purge();
+    }
+}
+
+void TzuDataList::Sort(TSortDirection direction)
+{
+    if (m_controller == nullptr || !m_controller->OnEntityCompare) {
+        return;
+    }
+    const TzuLifeWatch self(*this);
+    auto items = LoadedAll();
+    if (!self) {
+        return;
+    }
+    const auto changes = m_changes;
+    MergeSort(items, [&](TzuDataEntity *a, TzuDataEntity *b) {
+        // After a change of the list the pointers are not to be trusted.
+        return self && changes == m_changes && m_controller->OnEntityCompare(a, b) < 0;
+    });
+    if (!self) {
+        return;
+    }
+    if (changes == m_changes) {
+        if (direction == TSortDirection::Descending) {
+            std::reverse(items.begin(), items.end());
+        }
+        m_items.Reorder(items);
+    }
+    ListIndexesOutOfDate(0);
+    Fire<&TzuListController::OnContentChanged>(this);
+}
+
+/// Loads every item and returns them in order. Nothing is unloaded on the way, as a list that pages
+/// otherwise would.
+std::vector<TzuDataEntity *> TzuDataList::LoadedAll()
+{
+    const TzuLifeWatch self(*this);
+    m_keepLoaded = true;
+    for (int index = 0; self && index < Count(); ++index) {
+        EnsureLoadedItem(index);
+    }
+    if (!self) {
+        return {};
+    }
+    m_keepLoaded = false;
+    return m_items.Items();
+}
+
+} // namespace korvane
