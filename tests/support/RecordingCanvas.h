@@ -6,8 +6,11 @@
 #include <algorithm>
 #include <cstddef>
 #include <functional>
+#include <iterator>
 #include <map>
 #include <ostream>
+#include <span>
+#include <stdexcept>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -240,6 +243,9 @@ private:
     /// The rectangle of a line or a polygon is the smallest that holds its points.
     TCanvasCall &AddPoints(TCanvasOp op, std::span<const TPoint> points)
     {
+        if (points.empty()) {
+            throw std::invalid_argument("A shape needs points");
+        }
         const auto [left, right] = std::ranges::minmax(points, {}, &TPoint::X);
         const auto [top, bottom] = std::ranges::minmax(points, {}, &TPoint::Y);
         TCanvasCall &call = Add(op, {left.X, top.Y, right.X + 1, bottom.Y + 1});
