@@ -1,0 +1,418 @@
+#include "plan/MspdiReader.h"
+
+#include "plan/MspdiCalendar.h"
+#include "plan/PlanFields.h"
+#include "plan/PlanRefusal.h"
+#include "plan/PlanXml.h"
+
+#include <algorithm>
+#include <array>
+
+namespace korvane::planner {
+
+namespace {
+
+constexpr QStringView kNamespace = u"http://schemas.microsoft.com/project";
+/// The project summary task and the resource that stands for "nobody" have this UID.
+constexpr std::int64_t kProjectUid = 0;
+
+/// Units of durations and lags, as the format numbers them; 32 more marks an estimate.
+enum class TimeFormat : std::uint8_t { Working, Elapsed, Percent, ElapsedPercent };
+
+TimeFormat TimeFormatOf(int number)
+{
+    constexpr int kEstimated = 32;
+    constexpr int kPercent = 19;
+    constexpr int kElapsedPercent = 20;
+    constexpr int kFirstUnit = 3;
+    constexpr int kLastUnit = 12;
+    if (number > kEstimated) {
+        number -= kEstimated;
+    }
+    if (number == kPercent) {
+        return TimeFormat::Percent;
+    }
+    if (number == kElapsedPercent) {
+        return TimeFormat::ElapsedPercent;
+    }
+    // Minutes, hours, days, weeks, months: the even number of each pair is the elapsed one.
+    const bool isUnit = number >= kFirstUnit && number <= kLastUnit;
+    return isUnit && number % 2 == 0 ? TimeFormat::Elapsed : TimeFormat::Working;
+}
+
+PlanLag LagOf(double amount, int format)
+{
+    constexpr double kTenthsPerMinute = 10;
+    switch (TimeFormatOf(format)) {
+    case TimeFormat::Working:
+        return {amount / kTenthsPerMinute, PlanLagUnit::WorkingMinutes};
+    case TimeFormat::Elapsed:
+        return {amount / kTenthsPerMinute, PlanLagUnit::ElapsedMinutes};
+    case TimeFormat::Percent:
+        return {amount, PlanLagUnit::Percent};
+    case TimeFormat::ElapsedPercent:
+        return {amount, PlanLagUnit::ElapsedPercent};
+    }
+    return {};
+}
+
+std::optional<PlanLinkType> LinkTypeOf(QStringView text)
+{
+    constexpr std::array kTypes{PlanLinkType::FinishToFinish, PlanLinkType::FinishToStart,
+                                PlanLinkType::StartToFinish, PlanLinkType::StartToStart};
+    const auto number = ParseInteger(text);
+    if (!number || *number < 0 || *number >= std::ssize(kTypes)) {
+        return std::nullopt;
+    }
+    return kTypes[*number];
+}
+
+PlanConstraint ConstraintOf(QStringView text)
+{
+    const auto number = ParseInteger(text);
+    const auto last = static_cast<std::int64_t>(PlanConstraint::FinishNoLaterThan);
+    return number && *number >= 0 && *number <= last ? static_cast<PlanConstraint>(*number)
+                                                     : PlanConstraint::AsSoonAsPossible;
+}
+
+/// Everything of one `Task` element; whether the plan wants it shows only at its end.
+struct RawTask
+{
+    PlanTask Task;
+    TaskTimes Times;
+    QString Notes;
+    std::optional<int> Level;
+    std::optional<int> BaselineNumber;
+    std::vector<PendingLink> Links;
+    qint64 Line = 0;
+    bool IsNull = false;
+
+    bool IsWanted() const { return !IsNull && Task.Uid != kProjectUid; }
+};
+
+class Parser
+{
+public:
+    Parser(QIODevice &source, IProgress &progress)
+        : m_xml(source, progress)
+    {
+    }
+
+    Plan Read();
+
+private:
+    using ReadItem = void (Parser::*)();
+
+    void CheckRoot();
+    void ReadProject();
+    /// Calls `read` for every child of that name and skips the others.
+    void ReadList(QStringView name, ReadItem read);
+    void ReadCalendar() { ReadMspdiCalendar(m_xml, m_builder); }
+    void ReadTask();
+    bool ReadTaskIdentity(RawTask &raw);
+    bool ReadTaskTimes(RawTask &raw);
+    bool ReadTaskState(RawTask &raw);
+    void ReadBaseline(RawTask &raw);
+    PendingLink ReadLink();
+    void Keep(RawTask raw);
+    void ReadResource();
+    void ReadAssignment();
+    FieldReader Fields() const { return {m_builder, m_xml.Line()}; }
+    std::optional<TDateTime> Date() { return Fields().Date(m_xml.Text()); }
+
+    PlanXml m_xml;
+    mutable PlanBuilder m_builder;
+};
+
+Plan Parser::Read()
+{
+    m_xml.EnterRoot();
+    CheckRoot();
+    ReadProject();
+    if (!m_xml.LeaveRoot()) {
+        m_builder.Remark(m_xml.Line(), QStringLiteral("What follows the end of the project is not "
+                                                      "well-formed; it is ignored."));
+    }
+    return m_builder.Finish();
+}
+
+void Parser::CheckRoot()
+{
+    if (!m_xml.Is(u"Project")) {
+        throw PlanRefusal(
+            m_xml.Line(),
+            QStringLiteral("the root element is <%1>, not <Project>").arg(m_xml.Name()));
+    }
+    const QString &space = m_xml.RootNamespace();
+    if (!space.isEmpty() && space != kNamespace) {
+        throw PlanRefusal(m_xml.Line(),
+                          QStringLiteral("another schema: the namespace is \"%1\", not \"%2\"")
+                              .arg(space, kNamespace));
+    }
+}
+
+void Parser::ReadProject()
+{
+    QString name;
+    QString title;
+    std::optional<TDateTime> start;
+    std::optional<TDateTime> finish;
+    bool hasTasks = false;
+    while (m_xml.NextChild()) {
+        if (m_xml.Is(u"Name")) {
+            name = m_xml.Text();
+        } else if (m_xml.Is(u"Title")) {
+            title = m_xml.Text();
+        } else if (m_xml.Is(u"StartDate")) {
+            start = Date();
+        } else if (m_xml.Is(u"FinishDate")) {
+            finish = Date();
+        } else if (m_xml.Is(u"CalendarUID")) {
+            m_builder.UseCalendar(Fields().Uid(m_xml.Text()));
+        } else if (m_xml.Is(u"Calendars")) {
+            ReadList(u"Calendar", &Parser::ReadCalendar);
+        } else if (m_xml.Is(u"Tasks")) {
+            hasTasks = true;
+            ReadList(u"Task", &Parser::ReadTask);
+        } else if (m_xml.Is(u"Resources")) {
+            ReadList(u"Resource", &Parser::ReadResource);
+        } else if (m_xml.Is(u"Assignments")) {
+            ReadList(u"Assignment", &Parser::ReadAssignment);
+        } else {
+            m_xml.Skip();
+        }
+    }
+    if (!hasTasks && m_xml.RootNamespace().isEmpty()) {
+        throw PlanRefusal(0, QStringLiteral("no project plan: there is no <Tasks> element"));
+    }
+    m_builder.SetProject(title.trimmed().isEmpty() ? name : title, start, finish);
+}
+
+void Parser::ReadList(QStringView name, ReadItem read)
+{
+    while (m_xml.NextChild()) {
+        if (m_xml.Is(name)) {
+            (this->*read)();
+        } else {
+            m_xml.Skip();
+        }
+    }
+}
+
+void Parser::ReadTask()
+{
+    RawTask raw;
+    raw.Line = m_xml.Line();
+    while (m_xml.NextChild()) {
+        if (!ReadTaskIdentity(raw) && !ReadTaskTimes(raw) && !ReadTaskState(raw)) {
+            m_xml.Skip();
+        }
+    }
+    if (raw.IsWanted()) {
+        Keep(std::move(raw));
+    }
+}
+
+bool Parser::ReadTaskIdentity(RawTask &raw)
+{
+    if (m_xml.Is(u"UID")) {
+        raw.Task.Uid = Fields().Uid(m_xml.Text());
+    } else if (m_xml.Is(u"Name")) {
+        raw.Task.Name = m_xml.Text();
+    } else if (m_xml.Is(u"IsNull")) {
+        raw.IsNull = ParseFlag(m_xml.Text());
+    } else if (m_xml.Is(u"OutlineLevel")) {
+        raw.Level = Fields().Integer(m_xml.Text(), u"an outline level");
+    } else if (m_xml.Is(u"OutlineNumber")) {
+        // "1.2.3" is of level 3; of use where there is no level.
+        const QString number = m_xml.Text();
+        if (!raw.Level && !number.isEmpty()) {
+            raw.Level = static_cast<int>(number.count(u'.')) + 1;
+        }
+    } else if (m_xml.Is(u"Notes")) {
+        raw.Notes = m_xml.Text();
+    } else if (m_xml.Is(u"PredecessorLink")) {
+        raw.Links.push_back(ReadLink());
+    } else {
+        return false;
+    }
+    return true;
+}
+
+bool Parser::ReadTaskTimes(RawTask &raw)
+{
+    if (m_xml.Is(u"Start")) {
+        raw.Times.Start = Date();
+    } else if (m_xml.Is(u"Finish")) {
+        raw.Times.Finish = Date();
+    } else if (m_xml.Is(u"ManualStart")) {
+        raw.Times.FallbackStart = Date();
+    } else if (m_xml.Is(u"ManualFinish")) {
+        raw.Times.FallbackFinish = Date();
+    } else if (m_xml.Is(u"Duration")) {
+        raw.Times.Minutes = Fields().Duration(m_xml.Text());
+    } else if (m_xml.Is(u"DurationFormat")) {
+        const auto format = ParseInteger(m_xml.Text()).value_or(0);
+        raw.Times.IsElapsed = TimeFormatOf(static_cast<int>(format)) == TimeFormat::Elapsed;
+    } else if (m_xml.Is(u"Deadline")) {
+        raw.Task.Deadline = Date();
+    } else if (m_xml.Is(u"ConstraintDate")) {
+        raw.Task.ConstraintDate = Date();
+    } else if (m_xml.Is(u"Baseline")) {
+        ReadBaseline(raw);
+    } else {
+        return false;
+    }
+    return true;
+}
+
+bool Parser::ReadTaskState(RawTask &raw)
+{
+    if (m_xml.Is(u"Milestone")) {
+        raw.Task.Milestone = ParseFlag(m_xml.Text());
+    } else if (m_xml.Is(u"Summary")) {
+        raw.Task.MarkedSummary = ParseFlag(m_xml.Text());
+    } else if (m_xml.Is(u"Manual")) {
+        raw.Task.Manual = ParseFlag(m_xml.Text());
+    } else if (m_xml.Is(u"PercentComplete")) {
+        raw.Task.PercentComplete = Fields().Percent(m_xml.Text());
+    } else if (m_xml.Is(u"ConstraintType")) {
+        raw.Task.Constraint = ConstraintOf(m_xml.Text());
+    } else {
+        return false;
+    }
+    return true;
+}
+
+/// Of several baselines the one with the lowest number is kept.
+void Parser::ReadBaseline(RawTask &raw)
+{
+    int number = 0;
+    std::optional<TDateTime> start;
+    std::optional<TDateTime> finish;
+    while (m_xml.NextChild()) {
+        if (m_xml.Is(u"Number")) {
+            number = Fields().Integer(m_xml.Text(), u"a baseline number").value_or(0);
+        } else if (m_xml.Is(u"Start")) {
+            start = Date();
+        } else if (m_xml.Is(u"Finish")) {
+            finish = Date();
+        } else {
+            m_xml.Skip();
+        }
+    }
+    if (start && finish && *start <= *finish && number < raw.BaselineNumber.value_or(number + 1)) {
+        raw.BaselineNumber = number;
+        raw.Task.Baseline = PlanSpan{*start, *finish};
+    }
+}
+
+PendingLink Parser::ReadLink()
+{
+    PendingLink link;
+    link.Line = m_xml.Line();
+    double lag = 0;
+    int lagFormat = 0;
+    while (m_xml.NextChild()) {
+        if (m_xml.Is(u"PredecessorUID")) {
+            link.OtherUid = Fields().Uid(m_xml.Text());
+        } else if (m_xml.Is(u"Type")) {
+            const QString text = m_xml.Text();
+            const auto type = LinkTypeOf(text);
+            if (!type) {
+                m_builder.Remark(m_xml.Line(), QStringLiteral("\"%1\" is not a type of link; it is "
+                                                              "taken as finish to start.")
+                                                   .arg(text.left(40)));
+            }
+            link.Type = type.value_or(PlanLinkType::FinishToStart);
+        } else if (m_xml.Is(u"LinkLag")) {
+            lag = Fields().Number(m_xml.Text(), u"a lag").value_or(0);
+        } else if (m_xml.Is(u"LagFormat")) {
+            lagFormat = Fields().Integer(m_xml.Text(), u"a lag format").value_or(0);
+        } else {
+            m_xml.Skip();
+        }
+    }
+    link.Lag = LagOf(lag, lagFormat);
+    return link;
+}
+
+void Parser::Keep(RawTask raw)
+{
+    const int task =
+        m_builder.AddTask(std::move(raw.Task), raw.Level.value_or(1), raw.Times, raw.Line);
+    m_builder.SetNotes(task, raw.Notes, raw.Line);
+    for (PendingLink &link : raw.Links) {
+        link.Known = task;
+        m_builder.AddLink(link);
+    }
+}
+
+void Parser::ReadResource()
+{
+    const qint64 line = m_xml.Line();
+    PlanResource resource;
+    bool isNull = false;
+    while (m_xml.NextChild()) {
+        if (m_xml.Is(u"UID")) {
+            resource.Uid = Fields().Uid(m_xml.Text());
+        } else if (m_xml.Is(u"Name")) {
+            resource.Name = m_xml.Text();
+        } else if (m_xml.Is(u"IsNull")) {
+            isNull = ParseFlag(m_xml.Text());
+        } else {
+            m_xml.Skip();
+        }
+    }
+    if (!isNull && resource.Uid != kProjectUid) {
+        m_builder.AddResource(std::move(resource), line);
+    }
+}
+
+void Parser::ReadAssignment()
+{
+    const qint64 line = m_xml.Line();
+    std::int64_t task = kNoUid;
+    std::int64_t resource = kNoUid;
+    double units = 1;
+    while (m_xml.NextChild()) {
+        if (m_xml.Is(u"TaskUID")) {
+            task = Fields().Uid(m_xml.Text());
+        } else if (m_xml.Is(u"ResourceUID")) {
+            resource = Fields().Uid(m_xml.Text());
+        } else if (m_xml.Is(u"Units")) {
+            units = Fields().Number(m_xml.Text(), u"a number of units").value_or(1);
+        } else {
+            m_xml.Skip();
+        }
+    }
+    // Work that nobody is assigned to has a negative resource.
+    if (task != kProjectUid && resource > kProjectUid) {
+        m_builder.AddAssignment(task, resource, units, line);
+    }
+}
+
+} // namespace
+
+QString MspdiReader::Name() const
+{
+    return QStringLiteral("Project XML");
+}
+
+QStringList MspdiReader::FilePatterns() const
+{
+    return {QStringLiteral("*.xml"), QStringLiteral("*.xml.gz")};
+}
+
+bool MspdiReader::CanRead(const QByteArray &head) const
+{
+    const XmlRoot root = RootOf(head);
+    return root.Name == u"Project" && (root.Namespace.isEmpty() || root.Namespace == kNamespace);
+}
+
+PlanResult MspdiReader::Read(QIODevice &source, IProgress &progress) const
+{
+    return ResultOf([&] { return Parser(source, progress).Read(); });
+}
+
+} // namespace korvane::planner

@@ -1,0 +1,342 @@
+#include "plan/PlanBuilder.h"
+
+#include "plan/PlanLinks.h"
+#include "plan/PlanRefusal.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace korvane::planner {
+
+namespace {
+
+constexpr std::size_t kMaxCalendars = 10'000;
+
+QString Quoted(const QString &name)
+{
+    constexpr qsizetype kShown = 60;
+    return name.isEmpty()          ? QStringLiteral("without a name")
+           : name.size() <= kShown ? u'"' + name + u'"'
+                                   : u'"' + name.left(kShown) + QStringLiteral("...\"");
+}
+
+QString UidText(std::int64_t uid)
+{
+    return uid == kNoUid ? QStringLiteral("none") : QString::number(uid);
+}
+
+void Extend(std::optional<PlanSpan> &span, const PlanSpan &by)
+{
+    if (!span) {
+        span = by;
+    }
+    span->Start = std::min(span->Start, by.Start);
+    span->Finish = std::max(span->Finish, by.Finish);
+}
+
+} // namespace
+
+void PlanBuilder::SetProject(const QString &name, std::optional<TDateTime> start,
+                             std::optional<TDateTime> finish)
+{
+    m_plan.Name = Kept(name.simplified(), kMaxNameLength, QStringLiteral("project name"), 0);
+    m_plan.Start = start;
+    m_plan.Finish = finish;
+}
+
+void PlanBuilder::CheckCount(std::size_t count, const QString &what, qint64 line)
+{
+    if (count >= kMaxItems) {
+        throw PlanRefusal(line, QStringLiteral("more than %1 %2").arg(kMaxItems).arg(what));
+    }
+}
+
+QString PlanBuilder::Kept(const QString &text, qsizetype maxLength, const QString &what,
+                          qint64 line)
+{
+    QString kept = text.left(maxLength);
+    if (text.size() > maxLength) {
+        if (kept.back().isHighSurrogate()) {
+            kept.chop(1);
+        }
+        Remark(line, QStringLiteral("The %1 has %2 characters; the first %3 are kept.")
+                         .arg(what)
+                         .arg(text.size())
+                         .arg(kept.size()));
+    }
+    kept.squeeze();
+    m_characters += kept.size();
+    if (m_characters > kMaxCharacters) {
+        throw PlanRefusal(
+            line, QStringLiteral("more than %1 characters of names and notes").arg(kMaxCharacters));
+    }
+    return kept;
+}
+
+int PlanBuilder::AddTask(PlanTask task, int level, const TaskTimes &times, qint64 line)
+{
+    CheckCount(m_plan.Tasks.size(), QStringLiteral("tasks"), line);
+    const int index = static_cast<int>(m_plan.Tasks.size());
+    task.Name = Kept(task.Name.simplified(), kMaxNameLength, QStringLiteral("task name"), line);
+    if (task.Uid == kNoUid) {
+        Remark(line, QStringLiteral("Task %1 has no usable UID.").arg(Quoted(task.Name)));
+    } else if (m_taskByUid.contains(task.Uid)) {
+        Remark(line, QStringLiteral("Task UID %1 is used again by %2; links go to its first task.")
+                         .arg(task.Uid)
+                         .arg(Quoted(task.Name)));
+    } else {
+        m_taskByUid.insert(task.Uid, index);
+    }
+    PlaceInOutline(task, level, line);
+    m_openTasks.push_back(index);
+    m_openLevels.push_back(level);
+    NoteExtremes(times);
+    task.Dates.reset();
+    if (times.Start && times.Finish) {
+        task.Dates = Ordered(*times.Start, *times.Finish, task.Name, line);
+    } else {
+        m_times.push_back({index, line, times});
+    }
+    m_plan.Tasks.push_back(std::move(task));
+    return index;
+}
+
+void PlanBuilder::PlaceInOutline(PlanTask &task, int level, qint64 line)
+{
+    const int previous = m_openLevels.empty() ? 0 : m_openLevels.back();
+    const bool isJump = level > 1 && level - 1 > previous;
+    while (!m_openLevels.empty() && m_openLevels.back() >= level) {
+        m_openLevels.pop_back();
+        m_openTasks.pop_back();
+    }
+    task.Parent = m_openTasks.empty() ? kNoIndex : m_openTasks.back();
+    if (task.Parent != kNoIndex && m_plan.Tasks[task.Parent].Level >= kMaxOutlineLevel) {
+        task.Parent = m_plan.Tasks[task.Parent].Parent;
+        if (!m_isDepthReported) {
+            m_isDepthReported = true;
+            Remark(line, QStringLiteral("The outline has more than %1 levels; deeper tasks are "
+                                        "shown at that level.")
+                             .arg(kMaxOutlineLevel));
+        }
+    }
+    task.Level = 1;
+    if (task.Parent != kNoIndex) {
+        PlanTask &parent = m_plan.Tasks[task.Parent];
+        parent.HasChildren = true;
+        task.Level = static_cast<std::int16_t>(parent.Level + 1);
+    }
+    if (isJump) {
+        Remark(line, QStringLiteral("The outline level jumps from %1 to %2; task %3 is shown at "
+                                    "level %4.")
+                         .arg(previous)
+                         .arg(level)
+                         .arg(Quoted(task.Name))
+                         .arg(task.Level));
+    }
+}
+
+void PlanBuilder::NoteExtremes(const TaskTimes &times)
+{
+    if (times.Start) {
+        m_plan.LeastStart = std::min(*times.Start, m_plan.LeastStart.value_or(*times.Start));
+    }
+    if (times.Finish) {
+        m_plan.GreatestFinish =
+            std::max(*times.Finish, m_plan.GreatestFinish.value_or(*times.Finish));
+    }
+}
+
+PlanSpan PlanBuilder::Ordered(TDateTime start, TDateTime finish, const QString &name, qint64 line)
+{
+    if (start <= finish) {
+        return {start, finish};
+    }
+    Remark(line, QStringLiteral("Task %1 finishes before it starts; it is shown from %2 to %3.")
+                     .arg(Quoted(name), IsoText(finish), IsoText(start)));
+    return {finish, start};
+}
+
+void PlanBuilder::SetNotes(int task, const QString &notes, qint64 line)
+{
+    m_plan.Tasks[task].Notes = Kept(notes.trimmed(), kMaxNotesLength, QStringLiteral("note"), line);
+}
+
+void PlanBuilder::AddLink(const PendingLink &link)
+{
+    CheckCount(m_links.size(), QStringLiteral("links"), link.Line);
+    m_links.push_back(link);
+}
+
+void PlanBuilder::AddResource(PlanResource resource, qint64 line)
+{
+    CheckCount(m_plan.Resources.size(), QStringLiteral("resources"), line);
+    resource.Name =
+        Kept(resource.Name.simplified(), kMaxNameLength, QStringLiteral("resource name"), line);
+    if (m_resourceByUid.contains(resource.Uid)) {
+        Remark(line, QStringLiteral("Resource UID %1 is used again by %2.")
+                         .arg(resource.Uid)
+                         .arg(Quoted(resource.Name)));
+    } else if (resource.Uid != kNoUid) {
+        m_resourceByUid.insert(resource.Uid, static_cast<int>(m_plan.Resources.size()));
+    }
+    m_plan.Resources.push_back(std::move(resource));
+}
+
+void PlanBuilder::AddAssignment(std::int64_t taskUid, std::int64_t resourceUid, double units,
+                                qint64 line)
+{
+    CheckCount(m_assignments.size(), QStringLiteral("assignments"), line);
+    m_assignments.push_back({taskUid, resourceUid, line, units});
+}
+
+void PlanBuilder::AddCalendar(PlanCalendar calendar)
+{
+    if (m_plan.Calendars.size() < kMaxCalendars) {
+        m_calendarByUid.insert(calendar.Uid, static_cast<int>(m_plan.Calendars.size()));
+        m_plan.Calendars.push_back(std::move(calendar));
+    }
+}
+
+std::optional<int> PlanBuilder::FindTask(std::int64_t uid) const
+{
+    const auto found = m_taskByUid.find(uid);
+    return found == m_taskByUid.end() ? std::nullopt : std::optional(*found);
+}
+
+int PlanBuilder::CalendarIndex() const
+{
+    const int fallback = m_plan.Calendars.empty() ? kNoIndex : 0;
+    return m_calendarByUid.value(m_calendarUid, fallback);
+}
+
+const WorkCalendar &PlanBuilder::Calendar() const
+{
+    static const WorkCalendar kOfficeHours;
+    const int index = CalendarIndex();
+    return index == kNoIndex ? kOfficeHours : m_plan.Calendars[index].Times;
+}
+
+Plan PlanBuilder::Finish()
+{
+    m_plan.Calendar = CalendarIndex();
+    CompleteTimes();
+    SpanSummaries();
+    ResolveLinks();
+    ResolveAssignments();
+    ReportCircles();
+    ReportUnmarkedSummaries();
+    return std::exchange(m_plan, {});
+}
+
+void PlanBuilder::CompleteTimes()
+{
+    for (const PendingTimes &pending : m_times) {
+        m_plan.Tasks[pending.Task].Dates = Completed(pending);
+    }
+}
+
+std::optional<PlanSpan> PlanBuilder::Completed(const PendingTimes &pending)
+{
+    const TaskTimes &times = pending.Times;
+    auto start = times.Start ? times.Start : times.FallbackStart;
+    auto finish = times.Finish ? times.Finish : times.FallbackFinish;
+    if (!start && !finish) {
+        return std::nullopt;
+    }
+    const double minutes = std::max(0.0, times.Minutes.value_or(0));
+    const double elapsedDays = minutes / kMinutesPerDay;
+    if (!finish) {
+        finish = times.IsElapsed ? std::min(*start + elapsedDays, kLastPlanDate)
+                                 : Calendar().FinishAfter(*start, minutes);
+    } else if (!start) {
+        start = times.IsElapsed ? std::max(*finish - elapsedDays, kFirstPlanDate)
+                                : Calendar().StartBefore(*finish, minutes);
+    }
+    return Ordered(*start, *finish, m_plan.Tasks[pending.Task].Name, pending.Line);
+}
+
+/// A task for which the file gives no dates spans its subtasks.
+void PlanBuilder::SpanSummaries()
+{
+    std::vector<bool> isUndated(m_plan.Tasks.size());
+    for (const PendingTimes &pending : m_times) {
+        isUndated[pending.Task] = !m_plan.Tasks[pending.Task].Dates;
+    }
+    for (auto task = m_plan.Tasks.rbegin(); task != m_plan.Tasks.rend(); ++task) {
+        if (task->Dates && task->Parent != kNoIndex && isUndated[task->Parent]) {
+            Extend(m_plan.Tasks[task->Parent].Dates, *task->Dates);
+        }
+    }
+    for (const PendingTimes &pending : m_times) {
+        const PlanTask &task = m_plan.Tasks[pending.Task];
+        if (!task.Dates) {
+            Remark(pending.Line, QStringLiteral("Task %1 has no usable dates; it has no bar.")
+                                     .arg(Quoted(task.Name)));
+        }
+    }
+}
+
+void PlanBuilder::ResolveLinks()
+{
+    m_plan.Links.reserve(m_links.size());
+    for (const PendingLink &pending : m_links) {
+        const auto other = FindTask(pending.OtherUid);
+        const QString &knownName = m_plan.Tasks[pending.Known].Name;
+        if (!other) {
+            Remark(pending.Line, QStringLiteral("Task %1 has a link with an unknown task (UID %2); "
+                                                "it is left out.")
+                                     .arg(Quoted(knownName), UidText(pending.OtherUid)));
+            continue;
+        }
+        if (*other == pending.Known) {
+            Remark(pending.Line,
+                   QStringLiteral("Task %1 is linked with itself.").arg(Quoted(knownName)));
+        }
+        const bool isKnownFirst = pending.KnownEnd == LinkEnd::Predecessor;
+        m_plan.Links.push_back({isKnownFirst ? pending.Known : *other,
+                                isKnownFirst ? *other : pending.Known, pending.Lag, pending.Type});
+    }
+}
+
+void PlanBuilder::ResolveAssignments()
+{
+    m_plan.Assignments.reserve(m_assignments.size());
+    for (const PendingAssignment &pending : m_assignments) {
+        const auto task = FindTask(pending.TaskUid);
+        const auto resource = m_resourceByUid.find(pending.ResourceUid);
+        if (task && resource != m_resourceByUid.end()) {
+            m_plan.Assignments.push_back({*task, *resource, pending.Units});
+        } else {
+            Remark(pending.Line,
+                   QStringLiteral("An assignment names an unknown %1 (UID %2); it is "
+                                  "left out.")
+                       .arg(task ? QStringLiteral("resource") : QStringLiteral("task"),
+                            UidText(task ? pending.ResourceUid : pending.TaskUid)));
+        }
+    }
+    std::ranges::stable_sort(m_plan.Assignments, {}, &PlanAssignment::Task);
+}
+
+void PlanBuilder::ReportCircles()
+{
+    const std::vector<int> tasks = TasksInCircles(m_plan);
+    if (!tasks.empty()) {
+        Remark(0, QStringLiteral("The links of %1 tasks lead in a circle, among them %2 and %3.")
+                      .arg(tasks.size())
+                      .arg(Quoted(m_plan.Tasks[tasks.front()].Name),
+                           Quoted(m_plan.Tasks[tasks.back()].Name)));
+    }
+}
+
+void PlanBuilder::ReportUnmarkedSummaries()
+{
+    const auto count = std::ranges::count_if(
+        m_plan.Tasks, [](const PlanTask &task) { return task.HasChildren && !task.MarkedSummary; });
+    if (count > 0) {
+        Remark(0, QStringLiteral("%1 tasks have subtasks but are not marked as summary tasks; they "
+                                 "are shown as such.")
+                      .arg(count));
+    }
+}
+
+} // namespace korvane::planner

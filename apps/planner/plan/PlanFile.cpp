@@ -1,0 +1,157 @@
+#include "plan/PlanFile.h"
+
+#include "plan/GanttProjectReader.h"
+#include "plan/GzipDevice.h"
+#include "plan/MspdiReader.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+
+#include <algorithm>
+
+namespace korvane::planner {
+
+namespace {
+
+constexpr qint64 kHeadSize = 4096;
+
+PlanResult Refused(const QString &reason)
+{
+    return {PlanStatus::Refused, {}, {0, reason}};
+}
+
+bool Matches(const IPlanReader &reader, const QString &fileName)
+{
+    return QDir::match(reader.FilePatterns(), QFileInfo(fileName).fileName());
+}
+
+/// The file as it is stored; tells the watcher how far it has been read, and fails when the watcher
+/// does not want to go on.
+class WatchedFile final : public QIODevice
+{
+public:
+    WatchedFile(QIODevice &file, IProgress &progress)
+        : m_file(file)
+        , m_progress(progress)
+    {
+        open(QIODevice::ReadOnly);
+    }
+
+    bool isSequential() const override { return true; }
+
+protected:
+    qint64 readData(char *data, qint64 maxSize) override
+    {
+        if (m_progress.IsCanceled()) {
+            return -1;
+        }
+        const qint64 size = m_file.read(data, maxSize);
+        if (size < 0) {
+            setErrorString(m_file.errorString());
+        } else {
+            m_done += size;
+            m_progress.Report(m_done, m_file.isSequential() ? 0 : m_file.size());
+        }
+        return size;
+    }
+    qint64 writeData(const char * /*data*/, qint64 /*size*/) override { return -1; }
+
+private:
+    QIODevice &m_file;
+    IProgress &m_progress;
+    qint64 m_done = 0;
+};
+
+PlanResult ReadContent(QIODevice &content, const QString &fileName, const PlanReaders &readers,
+                       IProgress &progress)
+{
+    const QByteArray head = content.peek(kHeadSize);
+    if (progress.IsCanceled()) {
+        return {PlanStatus::Canceled, {}, {}};
+    }
+    if (const IPlanReader *reader = readers.Find(head, fileName)) {
+        return reader->Read(content, progress);
+    }
+    return Refused(QStringLiteral("not a plan of a known format"));
+}
+
+} // namespace
+
+PlanReaders PlanReaders::Builtin()
+{
+    PlanReaders readers;
+    readers.Add(std::make_unique<MspdiReader>());
+    readers.Add(std::make_unique<GanttProjectReader>());
+    return readers;
+}
+
+void PlanReaders::Add(std::unique_ptr<IPlanReader> reader)
+{
+    m_readers.push_back(std::move(reader));
+}
+
+const IPlanReader *PlanReaders::Find(const QByteArray &head, const QString &fileName) const
+{
+    for (const auto &reader : m_readers) {
+        if (reader->CanRead(head)) {
+            return reader.get();
+        }
+    }
+    for (const auto &reader : m_readers) {
+        if (Matches(*reader, fileName)) {
+            return reader.get();
+        }
+    }
+    return nullptr;
+}
+
+QString PlanReaders::DialogFilter() const
+{
+    QStringList all;
+    QStringList filters;
+    for (const auto &reader : m_readers) {
+        const QString patterns = reader->FilePatterns().join(u' ');
+        all.append(patterns);
+        filters.append(QStringLiteral("%1 (%2)").arg(reader->Name(), patterns));
+    }
+    filters.prepend(QStringLiteral("All plans (%1)").arg(all.join(u' ')));
+    filters.append(QStringLiteral("All files (*)"));
+    return filters.join(QStringLiteral(";;"));
+}
+
+PlanResult LoadPlan(const QString &fileName, const PlanReaders &readers, IProgress &progress)
+{
+    const QFileInfo info(fileName);
+    if (!info.exists()) {
+        return Refused(QStringLiteral("no such file"));
+    }
+    if (info.isDir()) {
+        return Refused(QStringLiteral("a folder, not a file"));
+    }
+    QFile file(fileName);
+    if (!file.open(QIODevice::ReadOnly)) {
+        return Refused(file.errorString());
+    }
+    if (!file.isSequential() && file.size() == 0 && file.atEnd()) {
+        return Refused(QStringLiteral("the file is empty"));
+    }
+    WatchedFile watched(file, progress);
+    if (!GzipDevice::IsGzip(watched.peek(kHeadSize))) {
+        return ReadContent(watched, fileName, readers, progress);
+    }
+    GzipDevice unzipped(watched);
+    return ReadContent(unzipped, fileName, readers, progress);
+}
+
+QString ErrorLine(const QString &fileName, const PlanError &error)
+{
+    const QString place =
+        error.Line > 0 ? QStringLiteral("%1:%2").arg(fileName).arg(error.Line) : fileName;
+    QString line = QStringLiteral("%1: %2").arg(place, error.Reason);
+    std::ranges::replace_if(
+        line, [](QChar character) { return character.category() == QChar::Other_Control; }, u' ');
+    return line;
+}
+
+} // namespace korvane::planner
