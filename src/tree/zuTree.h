@@ -1,0 +1,221 @@
+// The core of the tree: a hierarchy of entities, the nodes that display it, current and top entity.
+#pragma once
+
+#include "data/zuDataTraveser.h"
+#include "tree/zuTreeData.h"
+#include "tree/zuTreeDisplay.h"
+#include "tree/zuTreeHost.h"
+
+#include <concepts>
+#include <memory>
+#include <vector>
+
+namespace korvane {
+
+/// A displayed entity and its row in client pixels.
+struct TTreeRow
+{
+    TzuDataEntity_Tree *Entity = nullptr;
+    TRect Rect;
+};
+
+using TTreeNotify = TMethod<void(TObject *theTree)>;
+using TTreeEntityNotify = TMethod<void(TObject *theTree, TzuDataEntity_Tree *theDataEntity)>;
+
+/// The rules of the tree, without its widget. Changes to the content mark the display out of date;
+/// the next reader or paint brings it up to date. Handlers may change the content at any time.
+class TTreeCore : public TObject
+{
+public:
+    using TListFactory = TMethod<std::unique_ptr<TzuDataList_Tree>()>;
+
+    /// Host and observer outlive the tree. They are not called during construction.
+    TTreeCore(ITreeHost &host, ITreeNodeObserver &observer);
+    ~TTreeCore() override;
+
+    /// Whether entities without children get a placeholder child, so that they can be expanded
+    /// before their children are loaded. A change rebuilds the display.
+    bool LoadOnDemand() const { return m_loadOnDemand; }
+    void SetLoadOnDemand(bool loadOnDemand);
+    /// Entities of a level below this number less 1 are expanded when they are first displayed, and
+    /// only they get placeholders. -1: unset.
+    int AutoExpandLevels() const { return m_autoExpandLevels; }
+    void SetAutoExpandLevels(int levels);
+    /// Order of siblings in the display, and of the lists' Sort. Without one nodes stand in list
+    /// order. Nodes are sorted when an entity was inserted beside them, stably.
+    const TOnEntityCompare &SortCompare() const { return m_sortCompare; }
+    void SetSortCompare(TOnEntityCompare compare);
+
+    // Content. Entities belong to their lists, lists to their parent entity or to the tree.
+    TzuDataList_Tree *DataList();
+    /// Every list of the tree that was asked for.
+    TzuDataList2lev &DataLists() { return *m_lists; }
+    TzuListController_Tree &Controller() { return m_controller; }
+    /// Appends below the parent, or a root when it is nil. Returns nil when a handler removed it.
+    TzuDataEntity_Tree *AddDataEntity(TzuDataEntity_Tree *parent = nullptr);
+    TzuDataEntity_Tree *AddDataEntity(TzuDataList_Tree &list);
+    /// Inserts at an index 0..Count of the list.
+    TzuDataEntity_Tree *InsertDataEntity(TzuDataList_Tree &list, int index);
+    void RemoveDataEntity(TzuDataEntity_Tree *entity);
+    void Clear() { DataList()->Clear(); }
+
+    // Display.
+    void DisplayOutOfDate();
+    bool IsDisplayOutOfDate() const { return m_displayOutOfDate; }
+    void EnsureDisplayUpToDate();
+    /// Between the two the view is not asked to repaint. They nest.
+    void BeginUpdate() { ++m_updateDepth; }
+    void EndUpdate();
+    static TzuDataEntity_Tree *GetDataEntityFromNode(const TTreeNode_zuSub *node);
+    /// The entity whose row holds the client point, nil when none.
+    TzuDataEntity_Tree *GetDataEntityAt(int x, int y);
+    /// The entity in a display row (counted from the first row of the tree), nil when none.
+    TzuDataEntity_Tree *GetDataEntityFromRow(int row);
+    /// Display row; -1 when the entity is not visible.
+    int GetRow(const TzuDataEntity_Tree &entity);
+    /// The row's rectangle in client pixels; (-1, -1, -1, -1) when the entity is not visible or is
+    /// scrolled away.
+    TRect GetRect(const TzuDataEntity_Tree &entity);
+    /// The rows within the client area, top to bottom, without placeholders.
+    std::vector<TTreeRow> VisibleRowEntities();
+    /// The entity in the next display row that shows one; of nil the first. Nil when there is none
+    /// or the entity is not visible.
+    TzuDataEntity_Tree *GetNextVisible(const TzuDataEntity_Tree *entity);
+    TzuDataEntity_Tree *GetPrevVisible(const TzuDataEntity_Tree *entity);
+    /// Number of display rows, placeholders included.
+    int CountVisible();
+    void FullExpand();
+    void FullCollapse();
+    /// Expands the entities of levels 0..levels - 1.
+    void ExpandLevels(int levels);
+
+    // Current entity and top entity.
+    TzuDataEntity_Tree *GetCurrentDataEntity();
+    /// Selects later, by a deferred call, so that it is one update with the changes made meanwhile.
+    void SetCurrentDataEntity(TzuDataEntity_Tree *entity);
+    /// Nil when the top node is a placeholder or carries one.
+    TzuDataEntity_Tree *GetTopItem();
+    /// Scrolls the entity's row to the top, expanding what hides it; nil goes back to the first
+    /// row.
+    void SetTopItem(TzuDataEntity_Tree *entity);
+
+    // Events.
+    TOnInsertItem OnInsertItem;
+    TTreeEntityNotify OnDeleteItem_Tree; ///< fired before OnDeleteItem
+    TOnDeleteItem OnDeleteItem;
+    TTreeEntityNotify OnLoadItem;
+    TOnContentChanged OnContentChanged;
+    TOnSelectionChanged OnSelectionChanged;
+    TTreeEntityNotify OnVisibleChanged;
+    TOnInfoPush OnInfoPush;
+    TTreeEntityNotify OnChangeDataEntity; ///< after OnInfoPush
+    TOnBeforeCanEditItem OnBeforeCanEditItem;
+    TTreeEntityNotify OnValueChanged; ///< the user edited the caption
+    TTreeNotify OnTopItemChanged;
+    TTreeNotify OnCurrentChanged; ///< another entity became the current one
+    TTreeEntityNotify OnExpanded;
+    TTreeEntityNotify OnCollapsed;
+
+    /// Makes a node. Outside an update of the display the display is made anew next time.
+    TTreeNode_zuSub::TOwner CreateNode();
+    virtual bool NeedsDummyNode(TzuDataEntity_Tree &) const { return m_loadOnDemand; }
+
+protected:
+    /// For constructors, before the first use of the content.
+    void SetListClass(TListFactory create) { m_createList = std::move(create); }
+    template <std::derived_from<TzuDataEntity_Tree> T>
+    void SetEntityClass()
+    {
+        m_entityClass = EntityClass::Of<T>();
+    }
+
+    bool Destroying() const { return m_destroying; }
+    /// Releases the content. Called by the most derived destructor that overrides a handler below,
+    /// while the host can still be called; later calls do nothing.
+    void DestroyContent();
+    /// Neither while it is being rebuilt nor in this state is the display brought up to date.
+    virtual bool RebuildBlocked() const { return m_destroying; }
+
+    // The controller's slots.
+    virtual void _InsertItem(TzuDataEntity_Tree *entity);
+    virtual void _DeleteItem(TzuDataEntity_Tree *entity);
+    virtual void _OnContentChanged(TzuDataList_Tree *list);
+    virtual void _OnSelectionChanged(TzuDataList *list, TzuDataEntity_Tree *entity);
+    virtual void _OnVisibleChanged(TzuDataEntity_Tree *entity);
+    virtual void _OnInfoPush(TzuDataEntity_Tree *entity);
+    virtual void _OnBeforeCanEditItem(TzuDataEntity_Tree *entity);
+    virtual int _SortCompare(TzuDataEntity_Tree *the1, TzuDataEntity_Tree *the2);
+
+    // Notifications. The entity of Expand and Collapse is nil when there may be many.
+    virtual void Expand(TzuDataEntity_Tree *entity);
+    virtual void Collapse(TzuDataEntity_Tree *entity);
+    virtual void CurrentChanged() { OnCurrentChanged(this); }
+    virtual void AfterUpdateDisplay() {}
+    void DoUpdateTopItem();
+
+    // What the user did in the view.
+    void NodeExpandedByUser(TTreeNode_zuSub &node, bool expanded);
+    void NodeSelectedByUser(TTreeNode_zuSub *node);
+    /// Takes over the view's selection mark of one node.
+    void NodeMarkedByUser(TTreeNode_zuSub &node, bool selected);
+    /// Throws as TzuDataEntity_Tree::SetText.
+    void NodeEditedByUser(TTreeNode_zuSub &node, std::string_view text);
+
+    const TTreeNode_zuSub &RootNode() const { return m_display.Root(); }
+    TTreeNode_zuSub *SelectedNode() const { return m_selectedNode; }
+
+private:
+    friend class TTreeDisplay;
+    friend class TzuDataEntity_Tree;
+
+    class TKeepTop;
+    struct TMoving
+    {
+        TzuDataEntity_Tree *Entity = nullptr;
+        TzuDataList_Tree *List = nullptr;
+        int Position = 0;
+    };
+
+    void FillController();
+    TzuDataList_Tree *NewList(TzuDataEntity_Tree *parent);
+    void ReleaseList(TzuDataList_Tree *list);
+    void Forget(TzuDataEntity_Tree &entity);
+    void ItemLoaded(TzuDataEntity_Tree *entity);
+    void ItemMoved(TzuDataEntity_Tree *entity);
+    void BeforeChangeOwner(TzuDataEntity_Tree *entity);
+    void AfterChangeOwner(TzuDataEntity_Tree *entity);
+    void AdoptChildren(TzuDataEntity_Tree &entity);
+    void SetCurrentDataEntity_Async(TObject *parameter);
+    void SelectNothingIfDoomed();
+    void SetNodeExpanded(TzuDataEntity_Tree &entity, bool expanded);
+    void ExpandAncestors(TzuDataEntity_Tree &entity);
+    template <typename Wanted>
+    void SetExpansions(const Wanted &wanted);
+    TRect RowRect(int row, const TTreeGeometry &geometry) const;
+    void Invalidate();
+
+    ITreeHost &m_host;
+    ITreeNodeObserver &m_observer;
+    TzuListController_Tree m_controller;
+    EntityClass m_entityClass;
+    TListFactory m_createList;
+    std::unique_ptr<TzuDataList2lev> m_lists;
+    TzuDataList_Tree *m_rootList = nullptr;
+    TTreeDisplay m_display;
+    TOnEntityCompare m_sortCompare;
+    TzuDataEntity_Tree *m_pendingCurrent = nullptr;
+    TzuDataEntity_Tree *m_lastTopItem = nullptr;
+    TzuDataEntity_Tree *m_keptTop = nullptr;
+    TTreeNode_zuSub *m_selectedNode = nullptr;
+    TMoving m_moving;
+    int m_autoExpandLevels = -1;
+    int m_updateDepth = 0;
+    bool m_loadOnDemand = true;
+    bool m_displayOutOfDate = false;
+    bool m_rebuilding = false;
+    bool m_nodesCreatedOutside = false;
+    bool m_invalidatePending = false;
+    bool m_destroying = false;
+};
+
+} // namespace korvane

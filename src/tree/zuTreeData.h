@@ -1,0 +1,158 @@
+// The tree's entities, their lists and the controller that joins them to a tree.
+#pragma once
+
+#include "data/zuDataEntityPack.h"
+#include "tree/zuTreeNode.h"
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+
+namespace korvane {
+
+class TTreeCore;
+class TzuDataList_Tree;
+
+/// Longest caption, in Unicode code points.
+inline constexpr int kMaxTreeText = 255;
+
+struct TFontStyles
+{
+    bool Bold = false;
+    bool Italic = false;
+    bool Underline = false;
+    bool StrikeOut = false;
+
+    friend bool operator==(const TFontStyles &, const TFontStyles &) = default;
+};
+
+/// One item of a tree. Its node only displays it; the node comes and goes as the tree brings its
+/// display up to date.
+class TzuDataEntity_Tree : public TzuDataEntity
+{
+public:
+    TzuDataEntity_Tree() = default;
+    ~TzuDataEntity_Tree() override;
+
+    void CleanForFree() override;
+    void AfterCreate(TzuDataList *list) override;
+    /// Marks the display out of date; the node stays, see SetHideNode.
+    void SetVisible(bool visible) override;
+    /// Whether the node exists and all its ancestors are expanded. Scrolled away is still visible.
+    bool GetVisible() const override;
+
+    const std::string &GetText() const { return m_text; }
+    /// UTF-8. Throws std::length_error, and changes nothing, beyond kMaxTreeText code points.
+    void SetText(std::string_view text);
+    /// Indexes into the tree's images; -1 shows none.
+    int GetImageIndex() const { return m_imageIndex; }
+    void SetImageIndex(int index);
+    /// Image of the selected node; -1 shows the normal one.
+    int GetSelectedIndex() const { return m_selectedIndex; }
+    void SetSelectedIndex(int index);
+    bool GetExpanded() const { return m_expanded; }
+    void SetExpanded(bool expanded);
+    bool Get_HideNode() const { return m_hideNode; }
+    /// A hidden entity gets no node, and nothing below it does.
+    void Set_HideNode(bool hide);
+    /// An empty name stands for the tree's own font.
+    const std::string &GetFontName() const;
+    void SetFontName(std::string_view name);
+    TFontStyles GetFontStyle() const;
+    void SetFontStyle(TFontStyles style);
+
+    /// The object that an embedding component keeps beside the entity; observed, not owned.
+    TzuExposable *Companion() const { return m_companion; }
+    void SetCompanion(TzuExposable *companion) { m_companion = companion; }
+
+    /// Nil while the entity is not displayed.
+    TTreeNode_zuSub *Node() const { return m_node; }
+    /// The placeholder below the node, or nil.
+    TTreeNode_zuSub *DummyNode() const;
+    /// The list of the entity's children, made when it is first asked for; nil for an entity that
+    /// is in no tree or is being deleted. Owned by the entity.
+    TzuDataList_Tree *ChildList();
+    bool HasChildren() const;
+
+    TzuDataEntity_Tree *ParentNode() const;
+    int GetLevel() const;
+    TTreeCore *Tree() const;
+    /// Starts in-place editing of the caption, when there is a node.
+    void EditText();
+
+private:
+    friend class TTreeCore;
+    friend class TTreeDisplay;
+
+    struct TCaptionFont
+    {
+        std::string Name;
+        TFontStyles Style;
+    };
+
+    TCaptionFont &CaptionFont();
+    void CaptionChanged();
+
+    std::string m_text;
+    TTreeNode_zuSub *m_node = nullptr;
+    TzuDataList_Tree *m_childList = nullptr;
+    TzuExposable *m_companion = nullptr;
+    std::unique_ptr<TCaptionFont> m_captionFont;
+    int m_imageIndex = -1;
+    int m_selectedIndex = -1;
+    std::uint32_t m_queuePlace = 0; ///< 1-based place among those to look at; 0 when in none
+    bool m_expanded = false;
+    bool m_hideNode = false;
+    bool m_moved = false;   ///< within its list, since the last update of the display
+    bool m_leaving = false; ///< being deleted
+};
+
+/// The children of one entity, or the roots of a tree.
+class TzuDataList_Tree : public TzuDataList
+{
+public:
+    void AfterCreate(TzuListController *controller, EntityClass entityClass) override;
+
+    /// The entity whose children the list holds; nil for the root list.
+    TzuDataEntity_Tree *ParentEntity() const { return m_parentEntity; }
+    void SetParentEntity(TzuDataEntity_Tree *entity) { m_parentEntity = entity; }
+    /// Set when an entity was inserted, until the list's nodes have been sorted.
+    bool NeedsSort() const { return m_needsSort; }
+    void SetNeedsSort(bool needsSort) { m_needsSort = needsSort; }
+    /// The tree whose controller the list was created with, or nil.
+    TTreeCore *Tree() const { return m_tree; }
+    /// GetItems with the entity's own class.
+    TzuDataEntity_Tree *Entity(int index)
+    {
+        return static_cast<TzuDataEntity_Tree *>(GetItems(index));
+    }
+
+private:
+    friend class TTreeCore;
+    friend class TTreeDisplay;
+
+    TTreeCore *m_tree = nullptr;
+    TzuDataEntity_Tree *m_parentEntity = nullptr;
+    bool m_needsSort = false;
+    bool m_orderUnknown = false;    ///< nodes may stand in another order than entities
+    bool m_queued = false;          ///< among the lists to look at
+    bool m_changeExplained = false; ///< the next change of content is an insertion or a deletion
+};
+
+/// The controller of every list of one tree.
+class TzuListController_Tree : public TzuListController
+{
+public:
+    explicit TzuListController_Tree(TTreeCore &tree)
+        : m_tree(tree)
+    {
+    }
+
+    TTreeCore &Tree() const { return m_tree; }
+
+private:
+    TTreeCore &m_tree;
+};
+
+} // namespace korvane
