@@ -1,5 +1,6 @@
 // Loading, unloading and sorting of a data list.
 #include "data/zuDataList.h"
+#include "data/zuMergeSort.h"
 
 #include <algorithm>
 #include <limits>
@@ -10,28 +11,6 @@ namespace {
 
 /// Beyond this many items the block is purged before it is extended.
 constexpr int kMaxLoaded = 500;
-
-/// Orders the items stably. Unlike the standard algorithms it stays within bounds whatever the
-/// comparison answers.
-template <typename Less>
-void MergeSort(std::vector<TzuDataEntity *> &items, const Less &less)
-{
-    std::vector<TzuDataEntity *> merged(items.size());
-    for (std::size_t width = 1; width < items.size(); width *= 2) {
-        for (std::size_t first = 0; first < items.size(); first += 2 * width) {
-            const std::size_t middle = std::min(first + width, items.size());
-            const std::size_t end = std::min(middle + width, items.size());
-            std::size_t left = first;
-            std::size_t right = middle;
-            for (std::size_t to = first; to < end; ++to) {
-                const bool takeRight =
-                    left == middle || (right < end && less(items[right], items[left]));
-                merged[to] = takeRight ? items[right++] : items[left++];
-            }
-        }
-        items.swap(merged);
-    }
-}
 
 } // namespace
 
