@@ -1,7 +1,9 @@
-// State of the modifier keys that goes with a mouse or key event.
+// What goes with a mouse or key event.
 #pragma once
 
 namespace korvane {
+
+enum class TMouseButton : unsigned char { mbLeft, mbRight, mbMiddle };
 
 /// Which modifiers were held.
 struct TShiftState

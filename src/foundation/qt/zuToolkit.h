@@ -1,0 +1,13 @@
+// The services of the toolkit that the core reaches through hooks.
+#pragma once
+
+namespace korvane {
+
+/// Connects the core to Qt: deferred calls to the event loop, reports to a message box, date and
+/// time texts to the system's locale. Every control calls it; once is enough and more do nothing.
+///
+/// What the application has set itself stays: a report hook, and format settings other than the
+/// invariant ones. Reports go to standard error when there is no screen to show a box on.
+void InstallToolkitServices();
+
+} // namespace korvane
