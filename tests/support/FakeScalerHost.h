@@ -3,10 +3,10 @@
 
 #include "scaler/zuScalerHost.h"
 
-namespace korvane {
+namespace korvane::test {
 
 /// Counts requests and answers with its fields.
-struct FakeScalerHost : IDateScalerHost
+struct FakeScalerHost final : IDateScalerHost
 {
     TSize Size{700, 45};
     TDateTime CurrentTime = 36892.4; // 2001-01-01, about half past nine
@@ -26,4 +26,4 @@ struct FakeScalerHost : IDateScalerHost
     void PrintResizeFont() override { ++ResizedFonts; }
 };
 
-} // namespace korvane
+} // namespace korvane::test
