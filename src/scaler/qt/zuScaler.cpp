@@ -1,0 +1,206 @@
+#include "scaler/qt/zuScaler.h"
+
+#include "foundation/qt/zuConvert.h"
+#include "foundation/zuDateUtils.h"
+#include "foundation/zuReport.h"
+
+#include <QCoreApplication>
+#include <QEvent>
+#include <QMetaMethod>
+#include <QMouseEvent>
+#include <QPointer>
+
+#include <exception>
+
+namespace korvane {
+
+TDateTime TPaintedScalerHost::Now() const
+{
+    return korvane::Now();
+}
+
+void TPaintedScalerHost::PostChange()
+{
+    QCoreApplication::postEvent(&m_control, new QEvent(static_cast<QEvent::Type>(kChangeMessage)));
+}
+
+TzuDateScaler::TzuDateScaler(QWidget *parent)
+    : TzuOffscreenPaint(parent)
+    , TPaintedScalerHost(static_cast<TzuOffscreenPaint &>(*this))
+    , TDateScalerCore(static_cast<IDateScalerHost &>(*this))
+{
+    setMouseTracking(true);
+}
+
+void TzuDateScaler::BeginUpdate()
+{
+    TzuOffscreenPaint::BeginUpdate();
+    TDateScalerCore::BeginUpdate();
+}
+
+void TzuDateScaler::EndUpdate()
+{
+    TzuOffscreenPaint::EndUpdate();
+    TDateScalerCore::EndUpdate();
+}
+
+QSize TzuDateScaler::sizeHint() const
+{
+    return Horizontal() ? QSize(400, 45) : QSize(50, 400);
+}
+
+bool TzuDateScaler::HasChangeListener() const
+{
+    return TDateScalerCore::HasChangeListener()
+           || isSignalConnected(QMetaMethod::fromSignal(&TzuDateScaler::changed));
+}
+
+void TzuDateScaler::CallChange()
+{
+    const QPointer<TzuDateScaler> alive(this);
+    TDateScalerCore::CallChange();
+    if (alive) {
+        Q_EMIT changed();
+    }
+}
+
+void TzuDateScaler::OffscreenPaint()
+{
+    DoThePaint(GetOffscreenCanvas(), ClientArea());
+}
+
+bool TzuDateScaler::event(QEvent *event)
+{
+    if (event->type() == static_cast<QEvent::Type>(kChangeMessage)) {
+        CallChange();
+        return true;
+    }
+    return TzuOffscreenPaint::event(event);
+}
+
+void TzuDateScaler::resizeEvent(QResizeEvent *event)
+{
+    try {
+        Resize();
+    } catch (const std::exception &error) {
+        Report(error.what());
+    }
+    TzuOffscreenPaint::resizeEvent(event);
+}
+
+void TzuDateScaler::mouseMoveEvent(QMouseEvent *event)
+{
+    const QPointer<TzuDateScaler> alive(this);
+    TzuOffscreenPaint::mouseMoveEvent(event);
+    if (alive) {
+        SetIndicatorPixel(Horizontal() ? event->pos().x() : event->pos().y());
+    }
+}
+
+void TzuDateScaler::leaveEvent(QEvent *event)
+{
+    SetIndicatorPixel(kNoIndicator);
+    TzuOffscreenPaint::leaveEvent(event);
+}
+
+QString TzuDateScaler::DateFormatText() const
+{
+    return ToQt(DateFormat());
+}
+
+void TzuDateScaler::SetDateFormatText(const QString &text)
+{
+    SetDateFormat(FromQt(text));
+}
+
+QString TzuDateScaler::TimeFormatText() const
+{
+    return ToQt(TimeFormat());
+}
+
+void TzuDateScaler::SetTimeFormatText(const QString &text)
+{
+    SetTimeFormat(FromQt(text));
+}
+
+QString TzuDateScaler::WeekPrefixText() const
+{
+    return ToQt(WeekPrefix());
+}
+
+void TzuDateScaler::SetWeekPrefixText(const QString &text)
+{
+    SetWeekPrefix(FromQt(text));
+}
+
+QString TzuDateScaler::WeekYearFormatText() const
+{
+    return ToQt(WeekYearFormat());
+}
+
+void TzuDateScaler::SetWeekYearFormatText(const QString &text)
+{
+    SetWeekYearFormat(FromQt(text));
+}
+
+QString TzuDateScaler::QuarterPrefixText() const
+{
+    return ToQt(QuarterPrefix());
+}
+
+void TzuDateScaler::SetQuarterPrefixText(const QString &text)
+{
+    SetQuarterPrefix(FromQt(text));
+}
+
+QDateTime TzuDateScaler::StartDateTime() const
+{
+    return ToQDateTime(GetStart());
+}
+
+void TzuDateScaler::SetStartDateTime(const QDateTime &start)
+{
+    SetStart(FromQt(start));
+}
+
+QDateTime TzuDateScaler::StopDateTime() const
+{
+    return ToQDateTime(GetStop());
+}
+
+void TzuDateScaler::SetStopDateTime(const QDateTime &stop)
+{
+    SetStop(FromQt(stop));
+}
+
+QFont TzuDateScaler::TextQFont1() const
+{
+    return ToQt(TextFont1());
+}
+
+void TzuDateScaler::SetTextQFont1(const QFont &font)
+{
+    SetTextFont1(FromQt(font, TextFont1()));
+}
+
+QFont TzuDateScaler::TextQFont2() const
+{
+    return ToQt(TextFont2());
+}
+
+void TzuDateScaler::SetTextQFont2(const QFont &font)
+{
+    SetTextFont2(FromQt(font, TextFont2()));
+}
+
+QFont TzuDateScaler::TextQFont3() const
+{
+    return ToQt(TextFont3());
+}
+
+void TzuDateScaler::SetTextQFont3(const QFont &font)
+{
+    SetTextFont3(FromQt(font, TextFont3()));
+}
+
+} // namespace korvane

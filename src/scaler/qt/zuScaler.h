@@ -1,0 +1,122 @@
+// The date scaler as a control.
+#pragma once
+
+#include "foundation/qt/zuOffscreenPaint.h"
+#include "scaler/zuScaler.h"
+
+#include <QDateTime>
+#include <QFont>
+#include <QString>
+
+namespace korvane {
+
+/// Connects a scaler to the painted control that shows it.
+class TPaintedScalerHost : public IDateScalerHost
+{
+public:
+    /// The event type that a posted change arrives with.
+    static constexpr int kChangeMessage = 3022;
+
+    /// The control is observed.
+    explicit TPaintedScalerHost(TzuOffscreenPaint &control)
+        : m_control(control)
+    {
+    }
+
+    TSize ClientSize() const override { return {m_control.Width(), m_control.Height()}; }
+    TDateTime Now() const override;
+    void Refresh() override { m_control.Invalidate(); }
+    void PostChange() override;
+    bool GetIsPrinting() const override { return m_control.GetIsPrinting(); }
+    double GetScalex() const override { return m_control.GetScalex(); }
+    double GetScaley() const override { return m_control.GetScaley(); }
+    void PrintResizeFont() override { m_control.PrintResizeFont(); }
+
+protected:
+    ~TPaintedScalerHost() = default;
+
+private:
+    TzuOffscreenPaint &m_control;
+};
+
+/// The time axis of charts and schedules: shows a range of time with two rows of calendar marks.
+///
+/// What goes wrong while the control itself reacts to the window system is reported instead of
+/// thrown.
+class TzuDateScaler : public TzuOffscreenPaint, private TPaintedScalerHost, public TDateScalerCore
+{
+    Q_OBJECT
+    Q_PROPERTY(QString DateFormat READ DateFormatText WRITE SetDateFormatText)
+    Q_PROPERTY(QString TimeFormat READ TimeFormatText WRITE SetTimeFormatText)
+    Q_PROPERTY(int FirstDayOfWeek READ FirstDayOfWeek WRITE SetFirstDayOfWeek)
+    Q_PROPERTY(bool WeekNumbers READ WeekNumbers WRITE SetWeekNumbers)
+    Q_PROPERTY(QString WeekPrefix READ WeekPrefixText WRITE SetWeekPrefixText)
+    Q_PROPERTY(QString WeekYearFormat READ WeekYearFormatText WRITE SetWeekYearFormatText)
+    Q_PROPERTY(QString QuarterPrefix READ QuarterPrefixText WRITE SetQuarterPrefixText)
+    Q_PROPERTY(bool IndicatorOn READ IndicatorOn WRITE SetIndicatorOn)
+    Q_PROPERTY(bool Horizontal READ Horizontal WRITE SetHorizontal)
+    Q_PROPERTY(int PixelsForModeSwitch READ PixelsForModeSwitch WRITE SetPixelsForModeSwitch)
+    Q_PROPERTY(double Scale READ GetScale)
+    Q_PROPERTY(QDateTime Start READ StartDateTime WRITE SetStartDateTime)
+    Q_PROPERTY(QDateTime Stop READ StopDateTime WRITE SetStopDateTime)
+    Q_PROPERTY(double ZoomFactor READ ZoomFactor WRITE SetZoomFactor)
+    Q_PROPERTY(Indicator IndicatorStyle READ IndicatorKind WRITE SetIndicatorKind)
+    Q_PROPERTY(bool RescaleWithCtrl READ RescaleWithCtrl WRITE SetRescaleWithCtrl)
+    Q_PROPERTY(QFont TextFont1 READ TextQFont1 WRITE SetTextQFont1)
+    Q_PROPERTY(QFont TextFont2 READ TextQFont2 WRITE SetTextQFont2)
+    Q_PROPERTY(QFont TextFont3 READ TextQFont3 WRITE SetTextQFont3)
+
+public:
+    /// TIndicatorStyle for the designer.
+    enum Indicator {
+        isNone = static_cast<int>(TIndicatorStyle::isNone),
+        isNormal = static_cast<int>(TIndicatorStyle::isNormal),
+        isColorfull = static_cast<int>(TIndicatorStyle::isColorfull)
+    };
+    Q_ENUM(Indicator)
+
+    explicit TzuDateScaler(QWidget *parent = nullptr);
+
+    void BeginUpdate() override;
+    void EndUpdate() override;
+    void CallChange() override;
+    QSize sizeHint() const override;
+
+Q_SIGNALS:
+    /// As OnChange.
+    void changed();
+
+protected:
+    bool HasChangeListener() const override;
+    void OffscreenPaint() override;
+    bool event(QEvent *event) override;
+    void resizeEvent(QResizeEvent *event) override;
+    void mouseMoveEvent(QMouseEvent *event) override;
+    void leaveEvent(QEvent *event) override;
+
+private:
+    QString DateFormatText() const;
+    void SetDateFormatText(const QString &text);
+    QString TimeFormatText() const;
+    void SetTimeFormatText(const QString &text);
+    QString WeekPrefixText() const;
+    void SetWeekPrefixText(const QString &text);
+    QString WeekYearFormatText() const;
+    void SetWeekYearFormatText(const QString &text);
+    QString QuarterPrefixText() const;
+    void SetQuarterPrefixText(const QString &text);
+    QDateTime StartDateTime() const;
+    void SetStartDateTime(const QDateTime &start);
+    QDateTime StopDateTime() const;
+    void SetStopDateTime(const QDateTime &stop);
+    Indicator IndicatorKind() const { return static_cast<Indicator>(IndicatorStyle()); }
+    void SetIndicatorKind(Indicator kind) { SetIndicatorStyle(static_cast<TIndicatorStyle>(kind)); }
+    QFont TextQFont1() const;
+    void SetTextQFont1(const QFont &font);
+    QFont TextQFont2() const;
+    void SetTextQFont2(const QFont &font);
+    QFont TextQFont3() const;
+    void SetTextQFont3(const QFont &font);
+};
+
+} // namespace korvane
