@@ -4,6 +4,7 @@
 #include "plan/PlanFields.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace korvane::planner {
 
@@ -23,108 +24,64 @@ struct DayOfYear
     DayTimes Times;
 };
 
-class CalendarParser
+/// What a file says about working days.
+class DayRules
 {
 public:
-    CalendarParser(PlanXml &xml, PlanBuilder &builder)
-        : m_xml(xml)
-        , m_builder(builder)
-    {
-    }
-
-    void Read();
+    void Add(const DayOfYear &date);
+    void SetDayOff(std::size_t weekDay, bool isDayOff) { m_isDayOff[weekDay] = isDayOff; }
+    void SetWorkingWeekends(bool isSet) { m_hasWorkingWeekends = isSet; }
+    void AddTo(PlanBuilder &builder) const;
 
 private:
-    void ReadWeek();
-    void ReadDate();
     WorkCalendar::Week Week() const;
     std::vector<CalendarException> Exceptions() const;
+    bool HasWorkingDay() const
+    {
+        return m_hasWorkingWeekends || std::ranges::find(m_isDayOff, false) != m_isDayOff.end();
+    }
 
-    PlanXml &m_xml;
-    PlanBuilder &m_builder;
-    std::array<bool, 7> m_isDayOff{true, false, false, false, false, false, true};
+    std::array<bool, 7> m_isDayOff{true, false, false, false, false, false, true}; // from Sunday
     bool m_hasWorkingWeekends = false;
     std::vector<DayOfYear> m_dates;
     std::array<std::array<bool, 32>, 13> m_isYearlyKnown{};
 };
 
-void CalendarParser::Read()
+void DayRules::Add(const DayOfYear &date)
 {
-    // What matters lies at different depths in the versions of the format.
-    int depth = 0;
-    while (depth >= 0) {
-        if (!m_xml.NextChild()) {
-            --depth;
-        } else if (m_xml.Is(u"day-types") || m_xml.Is(u"calendar")) {
-            ++depth;
-        } else if (m_xml.Is(u"default-week")) {
-            ReadWeek();
-        } else if (m_xml.Is(u"only-show-weekends")) {
-            m_hasWorkingWeekends = ParseFlag(m_xml.Attribute(u"value"));
-            m_xml.Skip();
-        } else if (m_xml.Is(u"date")) {
-            ReadDate();
-        } else {
-            m_xml.Skip();
-        }
-    }
-    m_builder.AddCalendar({0, QString(), WorkCalendar(Week(), Exceptions())});
-    m_builder.UseCalendar(0);
-}
-
-void CalendarParser::ReadWeek()
-{
-    constexpr std::array<QStringView, 7> kDays{u"sun", u"mon", u"tue", u"wed",
-                                               u"thu", u"fri", u"sat"};
-    for (std::size_t day = 0; day < kDays.size(); ++day) {
-        const QStringView flag = m_xml.Attribute(kDays[day]);
-        m_isDayOff[day] = flag.isEmpty() ? m_isDayOff[day] : ParseFlag(flag);
-    }
-    m_xml.Skip();
-}
-
-void CalendarParser::ReadDate()
-{
-    const FieldReader fields(m_builder, m_xml.Line());
-    const QStringView type = m_xml.Attribute(u"type");
-    const bool isHoliday = type != u"WORKING_DAY" && type != u"NEUTRAL";
-    DayOfYear date;
-    if (!m_xml.Attribute(u"year").isEmpty()) {
-        date.Year = fields.Integer(m_xml.Attribute(u"year"), u"a year").value_or(-1);
-    }
-    date.Month = fields.Integer(m_xml.Attribute(u"month"), u"a month").value_or(0);
-    date.Day = fields.Integer(m_xml.Attribute(u"date"), u"a day").value_or(0);
-    date.Times = isHoliday ? DayTimes() : DayTimes::WholeDay();
-    m_xml.Skip();
     constexpr int kLeapYear = 2000;
     const int year = date.Year == kEveryYear ? kLeapYear : date.Year;
     if (year < 1 || year > 9999 || date.Month < 1 || date.Month > 12 || date.Day < 1
-        || date.Day > DaysInMonth(year, date.Month) || type == u"NEUTRAL") {
+        || date.Day > DaysInMonth(year, date.Month)) {
         return;
     }
-    if (date.Year == kEveryYear && std::exchange(m_isYearlyKnown[date.Month][date.Day], true)) {
-        return;
+    if (date.Year != kEveryYear || !std::exchange(m_isYearlyKnown[date.Month][date.Day], true)) {
+        m_dates.push_back(date);
     }
-    m_dates.push_back(std::move(date));
 }
 
-WorkCalendar::Week CalendarParser::Week() const
+void DayRules::AddTo(PlanBuilder &builder) const
+{
+    if (!HasWorkingDay()) {
+        builder.Remark(0, QStringLiteral("The calendar has no working day; all days count."));
+    }
+    builder.AddCalendar({0, QString(), WorkCalendar(Week(), Exceptions())});
+    builder.UseCalendar(0);
+}
+
+WorkCalendar::Week DayRules::Week() const
 {
     WorkCalendar::Week week;
-    const bool hasWorkingDay = std::ranges::find(m_isDayOff, false) != m_isDayOff.end();
     for (std::size_t day = 0; day < week.size(); ++day) {
-        if (m_hasWorkingWeekends || !m_isDayOff[day] || !hasWorkingDay) {
+        if (m_hasWorkingWeekends || !m_isDayOff[day] || !HasWorkingDay()) {
             week[day] = DayTimes::WholeDay();
         }
-    }
-    if (!hasWorkingDay && !m_hasWorkingWeekends) {
-        m_builder.Remark(0, QStringLiteral("The calendar has no working day; all days count."));
     }
     return week;
 }
 
 /// Dates of a certain year stand before those of every year, so that they win.
-std::vector<CalendarException> CalendarParser::Exceptions() const
+std::vector<CalendarException> DayRules::Exceptions() const
 {
     std::vector<CalendarException> exceptions;
     const auto add = [&](int year, const DayOfYear &date) {
@@ -147,11 +104,66 @@ std::vector<CalendarException> CalendarParser::Exceptions() const
     return exceptions;
 }
 
+void ReadWeek(PlanXml &xml, DayRules &rules)
+{
+    constexpr std::array<QStringView, 7> kDays{u"sun", u"mon", u"tue", u"wed",
+                                               u"thu", u"fri", u"sat"};
+    for (std::size_t day = 0; day < kDays.size(); ++day) {
+        const QStringView flag = xml.Attribute(kDays[day]);
+        if (!flag.isEmpty()) {
+            rules.SetDayOff(day, ParseFlag(flag));
+        }
+    }
+}
+
+void ReadDate(PlanXml &xml, PlanBuilder &builder, DayRules &rules)
+{
+    const QStringView type = xml.Attribute(u"type");
+    if (type == u"NEUTRAL") {
+        return;
+    }
+    const FieldReader fields(builder, xml.Line());
+    DayOfYear date;
+    if (const QStringView year = xml.Attribute(u"year"); !year.isEmpty()) {
+        date.Year = fields.Integer(year, u"a year").value_or(-1);
+    }
+    date.Month = fields.Integer(xml.Attribute(u"month"), u"a month").value_or(0);
+    date.Day = fields.Integer(xml.Attribute(u"date"), u"a day").value_or(0);
+    date.Times = type == u"WORKING_DAY" ? DayTimes::WholeDay() : DayTimes();
+    rules.Add(date);
+}
+
 } // namespace
 
 void ReadGanttProjectCalendar(PlanXml &xml, PlanBuilder &builder)
 {
-    CalendarParser(xml, builder).Read();
+    DayRules rules;
+    // What matters lies at different depths in the versions of the format.
+    int depth = 0;
+    while (depth >= 0) {
+        if (!xml.NextChild()) {
+            --depth;
+            continue;
+        }
+        if (xml.Is(u"day-types") || xml.Is(u"calendar")) {
+            ++depth;
+            continue;
+        }
+        if (xml.Is(u"default-week")) {
+            ReadWeek(xml, rules);
+        } else if (xml.Is(u"only-show-weekends")) {
+            rules.SetWorkingWeekends(ParseFlag(xml.Attribute(u"value")));
+        } else if (xml.Is(u"date")) {
+            ReadDate(xml, builder, rules);
+        }
+        xml.Skip();
+    }
+    rules.AddTo(builder);
+}
+
+void AddGanttProjectCalendar(PlanBuilder &builder)
+{
+    DayRules().AddTo(builder);
 }
 
 } // namespace korvane::planner

@@ -10,4 +10,7 @@ namespace korvane::planner {
 /// up to the plan.
 void ReadGanttProjectCalendar(PlanXml &xml, PlanBuilder &builder);
 
+/// Adds the calendar of a file that has none: Monday to Friday.
+void AddGanttProjectCalendar(PlanBuilder &builder);
+
 } // namespace korvane::planner

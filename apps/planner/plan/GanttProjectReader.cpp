@@ -6,6 +6,7 @@
 #include "plan/PlanXml.h"
 
 #include <array>
+#include <utility>
 
 namespace korvane::planner {
 
@@ -69,12 +70,17 @@ Plan Parser::Read()
 void Parser::ReadProject()
 {
     m_builder.SetProject(m_xml.Attribute(u"name").toString(), std::nullopt, std::nullopt);
+    bool hasCalendar = false;
     bool hasTasks = false;
     while (m_xml.NextChild()) {
-        if (m_xml.Is(u"calendars")) {
+        if (m_xml.Is(u"calendars") && !hasCalendar) {
+            hasCalendar = true;
             ReadGanttProjectCalendar(m_xml, m_builder);
         } else if (m_xml.Is(u"tasks")) {
             hasTasks = true;
+            if (!std::exchange(hasCalendar, true)) {
+                AddGanttProjectCalendar(m_builder);
+            }
             ReadTasks();
         } else if (m_xml.Is(u"resources")) {
             ReadList(u"resource", &Parser::ReadResource);
@@ -100,11 +106,10 @@ void Parser::ReadTasks()
             }
             open.pop_back();
         } else if (m_xml.Is(u"task")) {
-            open.push_back(ReadTask(static_cast<int>(open.size()) + 1));
-            const int parent = m_builder.Task(open.back()).Parent;
-            if (parent != kNoIndex) {
-                m_builder.Task(parent).MarkedSummary = true;
+            if (!open.empty()) {
+                m_builder.Task(open.back()).MarkedSummary = true;
             }
+            open.push_back(ReadTask(static_cast<int>(open.size()) + 1));
         } else if (m_xml.Is(u"depend") && !open.empty()) {
             ReadLink(open.back());
         } else if (m_xml.Is(u"notes") && !open.empty()) {

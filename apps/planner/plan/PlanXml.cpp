@@ -31,6 +31,7 @@ void PlanXml::EnterRoot()
     if (!m_reader.readNextStartElement()) {
         ThrowError();
     }
+    m_hasRoot = true;
     m_rootPrefix = m_reader.prefix().toString();
     m_rootNamespace = DeclaredNamespace(m_reader);
     m_attributes = m_reader.attributes();
@@ -110,9 +111,9 @@ void PlanXml::ThrowError()
     }
     switch (m_reader.error()) {
     case QXmlStreamReader::PrematureEndOfDocumentError:
-        throw PlanRefusal(m_reader.lineNumber(), QStringLiteral("the file ends too early"));
-    case QXmlStreamReader::NoError:
-        throw PlanRefusal(m_reader.lineNumber(), QStringLiteral("no element found"));
+        throw PlanRefusal(m_reader.lineNumber(),
+                          m_hasRoot ? QStringLiteral("the file ends too early")
+                                    : QStringLiteral("no XML element in the file"));
     default:
         throw PlanRefusal(m_reader.lineNumber(),
                           QStringLiteral("not well-formed XML: %1").arg(m_reader.errorString()));

@@ -50,6 +50,7 @@ private:
     QString m_rootPrefix;
     QString m_rootNamespace;
     unsigned m_steps = 0;
+    bool m_hasRoot = false;
 };
 
 /// Root element of the first bytes of a file; empty names when there is none to be seen.
