@@ -130,16 +130,16 @@ T *TSequence<T, Place, numbering>::Erase(int position)
     auto &chunks = *m_chunks;
     const int order = OrderOf(position);
     const int slot = position - chunks.Starts[order];
-    auto &slots = chunks.Slots[order];
-    T *item = slots.Item(slot);
+    auto &chunk = chunks.Slots[order];
+    T *item = chunk.Item(slot);
     if constexpr (kNumbered) {
         if (slot == 0) {
             ++chunks.Firsts[order];
-        } else if (slot != slots.Size() - 1) {
+        } else if (slot != chunk.Size() - 1) {
             chunks.SpellOut(order);
         }
     }
-    slots.Erase(slot);
+    chunk.Erase(slot);
     chunks.Shift(order, -1);
     this->Take(item, chunks.Ids[order]);
     Shrink(order);
@@ -171,13 +171,13 @@ void TSequence<T, Place, numbering>::Reorder(const std::vector<T *> &items)
             visit(m_slots, 0U);
         }
     };
-    forEachChunk([&](Chunk &slots, std::uint32_t id) {
-        std::for_each(slots.begin(), slots.end(), [&](T *item) { this->Take(item, id); });
+    forEachChunk([&](Chunk &chunk, std::uint32_t id) {
+        std::for_each(chunk.begin(), chunk.end(), [&](T *item) { this->Take(item, id); });
     });
     auto next = items.begin();
-    forEachChunk([&](Chunk &slots, std::uint32_t id) {
-        for (int slot = 0; slot < slots.Size(); ++slot, ++next) {
-            slots.Item(slot) = *next;
+    forEachChunk([&](Chunk &chunk, std::uint32_t id) {
+        for (int slot = 0; slot < chunk.Size(); ++slot, ++next) {
+            chunk.Item(slot) = *next;
             this->Put(*next, id);
         }
     });
@@ -201,13 +201,13 @@ int TSequence<T, Place, numbering>::FindFrom(int position, const Accepts &accept
     int order = m_chunks ? OrderOf(position) : 0;
     int start = m_chunks ? m_chunks->Starts[order] : 0;
     while (start < Size()) {
-        const Chunk &slots = m_chunks ? m_chunks->Slots[order] : m_slots;
-        const auto first = slots.begin() + std::max(0, position - start);
-        const auto found = std::find_if(first, slots.end(), accepts);
-        if (found != slots.end()) {
-            return start + static_cast<int>(found - slots.begin());
+        const Chunk &chunk = m_chunks ? m_chunks->Slots[order] : m_slots;
+        const auto first = chunk.begin() + std::max(0, position - start);
+        const auto found = std::find_if(first, chunk.end(), accepts);
+        if (found != chunk.end()) {
+            return start + static_cast<int>(found - chunk.begin());
         }
-        start += slots.Size();
+        start += chunk.Size();
         ++order;
     }
     return Size();
@@ -304,7 +304,7 @@ int TSequence<T, Place, numbering>::MakeRoom(int order, int position)
     return position - chunks.Starts[order] > half ? order + 1 : order;
 }
 
-/// Moves the slots from `firstSlot` on into a new chunk behind.
+/// Moves the chunk from `firstSlot` on into a new chunk behind.
 template <typename T, typename Place, TNumbering numbering>
 void TSequence<T, Place, numbering>::SplitInto(int order, int firstSlot)
 {
