@@ -207,7 +207,7 @@ void TzuDataList::ForEachSelected(const Handle &handle)
     const TzuLifeWatch self(*this);
     int position = 0;
     for (int left = m_items.Size(); self && left > 0 && m_selectedCount > 0; --left) {
-        position = m_items.FindFrom(position, [](auto *item) { return item->GetSelected(); });
+        position = FindSelectedFrom(position);
         if (position >= m_items.Size()) {
             return;
         }
@@ -217,6 +217,17 @@ void TzuDataList::ForEachSelected(const Handle &handle)
         const int now = self && entityLives ? m_items.IndexOf(entity) : -1;
         position = now >= 0 ? now + 1 : position;
     }
+}
+
+int TzuDataList::FirstSelected() const
+{
+    const int position = m_selectedCount == 0 ? m_items.Size() : FindSelectedFrom(0);
+    return position < m_items.Size() ? position : -1;
+}
+
+int TzuDataList::FindSelectedFrom(int position) const
+{
+    return m_items.FindFrom(position, [](auto *item) { return item->GetSelected(); });
 }
 
 void TzuDataList::ClearSelections()

@@ -51,6 +51,7 @@ public:
     TzuListController *Controller() const { return m_controller; }
     const EntityClass &GetEntityClass() const { return m_entityClass; }
 
+    bool IsFullyLoaded() const { return m_unloadedBefore == 0 && m_unloadedAfter == 0; }
     int Count() const { return m_unloadedBefore + m_items.Size() + m_unloadedAfter; }
     int LoadedCount() const { return m_items.Size(); }
     int UnloadedBefore() const { return m_unloadedBefore; }
@@ -90,7 +91,10 @@ public:
     /// The first loaded entity that the function accepts, or nil.
     TzuDataEntity *FindDataEntity(const TFindFunc &accepts) const;
 
+    /// Number of loaded entities that are selected.
     int SelectedCount() const { return m_selectedCount; }
+    /// Position of the first selected entity in the loaded block, or -1.
+    int FirstSelected() const;
     /// Deselects every loaded entity; each change fires OnSelectionChanged.
     void ClearSelections();
     /// Calls the event for each loaded entity that is selected, in loaded order.
@@ -139,6 +143,7 @@ private:
     friend class TzuDataEntity;
     friend class TDataListTrav;
 
+    class KeepLoaded;
     struct LoadRange
     {
         int From;
@@ -153,6 +158,7 @@ private:
     void Forget(TzuDataEntity *entity);
     void ReleaseLoaded();
     std::vector<TzuDataEntity *> LoadedAll();
+    int FindSelectedFrom(int position) const;
     template <typename Handle>
     void ForEachSelected(const Handle &handle);
     template <auto Slot, typename... Args>

@@ -8,23 +8,35 @@ namespace korvane {
 
 namespace {
 
-/// Walks on to the first selected entity, passing over lists that are known to have none.
-void GoToSelected(TDataListTrav &walk)
+bool IsSelected(const TzuDataEntity *entity)
 {
-    const auto selectedHere = [&walk] {
-        const TzuDataEntity *entity = walk.DataEntity();
-        return entity != nullptr && entity->GetSelected();
-    };
+    return entity != nullptr && entity->GetSelected();
+}
+
+/// Whether a look at every item of the list would find none selected, and would load none.
+bool IsKnownUnselected(const TzuDataList *list)
+{
+    return list == nullptr || (list->IsFullyLoaded() && list->SelectedCount() == 0);
+}
+
+void GoToFirstSelected(TDataListTrav &walk)
+{
     walk.First();
-    while (!walk.Eof() && !selectedHere()) {
-        walk.Next();
+    while (!walk.Eof()) {
+        if (IsKnownUnselected(walk.DataList())) {
+            walk.NextList();
+        } else if (IsSelected(walk.DataEntity())) {
+            return;
+        } else {
+            walk.Next();
+        }
     }
 }
 
-void SelectHere(const TDataListTrav &walk)
+void SetSelected(TzuDataEntity *entity, bool selected)
 {
-    if (TzuDataEntity *entity = walk.DataEntity()) {
-        entity->SetSelected(true);
+    if (entity != nullptr) {
+        entity->SetSelected(selected);
     }
 }
 
@@ -45,23 +57,31 @@ TzuDataList *TzuDataList2lev::GetDataList(int index)
 
 void TzuDataList2lev::ClearSelections()
 {
-    for (int i = 0; i < Count(); ++i) {
+    const TzuLifeWatch self(*this);
+    for (int i = 0; self && i < Count(); ++i) {
         TzuDataList *list = Member(i);
-        for (int item = 0; item < list->Count(); ++item) {
-            if (TzuDataEntity *entity = list->GetItems(item)) {
-                entity->SetSelected(false);
-            }
+        if (list->IsFullyLoaded()) {
+            list->ClearSelections();
+            continue;
+        }
+        const TzuLifeWatch listLives(*list);
+        for (int item = 0; listLives && item < list->Count(); ++item) {
+            SetSelected(list->GetItems(item), false);
         }
     }
 }
 
 TzuDataEntity *TzuDataList2lev::FindSelected()
 {
-    for (int i = 0; i < Count(); ++i) {
+    const TzuLifeWatch self(*this);
+    for (int i = 0; self && i < Count(); ++i) {
         TzuDataList *list = Member(i);
-        for (int item = 0; item < list->Count(); ++item) {
-            TzuDataEntity *entity = list->GetItems(item);
-            if (entity != nullptr && entity->GetSelected()) {
+        if (IsKnownUnselected(list)) {
+            continue;
+        }
+        const TzuLifeWatch listLives(*list);
+        for (int item = 0; listLives && item < list->Count(); ++item) {
+            if (TzuDataEntity *entity = list->GetItems(item); IsSelected(entity)) {
                 return entity;
             }
         }
@@ -71,44 +91,42 @@ TzuDataEntity *TzuDataList2lev::FindSelected()
 
 void TzuDataList2lev::SelectDataEntity(TzuDataEntity *entity)
 {
-    if (entity != nullptr) {
-        entity->SetSelected(true);
-    }
+    SetSelected(entity, true);
 }
 
 void TzuDataList2lev::SelectNext()
 {
+    const TzuLifeWatch self(*this);
     TDataListTrav walk(this);
-    GoToSelected(walk);
-    if (walk.Eof()) {
-        walk.First();
-    } else {
+    GoToFirstSelected(walk);
+    const bool found = !walk.Eof();
+    if (found) {
         ClearSelections();
         walk.Next();
-        if (walk.Eof()) {
-            walk.First();
-        }
     }
-    if (!walk.Eof()) {
-        SelectHere(walk);
+    if (self && walk.Eof()) {
+        walk.First();
+    }
+    if (self && !walk.Eof()) {
+        SetSelected(walk.DataEntity(), true);
     }
 }
 
 void TzuDataList2lev::SelectPrev()
 {
+    const TzuLifeWatch self(*this);
     TDataListTrav walk(this);
-    GoToSelected(walk);
-    if (walk.Eof()) {
-        walk.Last();
-    } else {
+    GoToFirstSelected(walk);
+    const bool found = !walk.Eof();
+    if (found) {
         ClearSelections();
         walk.Prev();
-        if (walk.BOF()) {
-            walk.Last();
-        }
     }
-    if (!walk.BOF()) {
-        SelectHere(walk);
+    if (self && (!found || walk.BOF())) {
+        walk.Last();
+    }
+    if (self && !walk.BOF()) {
+        SetSelected(walk.DataEntity(), true);
     }
 }
 

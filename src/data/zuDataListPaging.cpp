@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <limits>
+#include <utility>
 
 namespace korvane {
 
@@ -13,6 +14,29 @@ namespace {
 constexpr int kMaxLoaded = 500;
 
 } // namespace
+
+/// While it lives nothing is purged.
+class TzuDataList::KeepLoaded
+{
+public:
+    explicit KeepLoaded(TzuDataList &list)
+        : m_list(list)
+        , m_lives(list)
+        , m_before(std::exchange(list.m_keepLoaded, true))
+    {
+    }
+    ~KeepLoaded()
+    {
+        if (m_lives) {
+            m_list.m_keepLoaded = m_before;
+        }
+    }
+
+private:
+    TzuDataList &m_list;
+    TzuLifeWatch m_lives;
+    bool m_before;
+};
 
 void TzuDataList::AddUnloaded(int count)
 {
@@ -173,15 +197,12 @@ void TzuDataList::Sort(TSortDirection direction)
 std::vector<TzuDataEntity *> TzuDataList::LoadedAll()
 {
     const TzuLifeWatch self(*this);
-    m_keepLoaded = true;
-    for (int index = 0; self && index < Count(); ++index) {
+    const KeepLoaded keep(*this);
+    const int count = Count();
+    for (int index = 0; self && index < count; ++index) {
         EnsureLoadedItem(index);
     }
-    if (!self) {
-        return {};
-    }
-    m_keepLoaded = false;
-    return m_items.Items();
+    return self ? m_items.Items() : std::vector<TzuDataEntity *>();
 }
 
 } // namespace korvane

@@ -131,10 +131,17 @@ void TDataListTrav::Next()
     }
     ++m_itemIndex;
     if (m_listIndex < 0 || m_itemIndex >= GetObsCountInList(m_listIndex)) {
+        NextList();
+    }
+}
+
+void TDataListTrav::NextList()
+{
+    if (m_listIndex < TravCount()) {
         ++m_listIndex;
-        if (m_listIndex < TravCount()) {
-            m_itemIndex = 0;
-        }
+    }
+    if (m_listIndex < TravCount()) {
+        m_itemIndex = 0;
     }
 }
 
@@ -153,6 +160,11 @@ bool TDataListTrav::Eof() const
 {
     return m_listIndex >= TravCount()
            || (m_listIndex >= 0 && m_itemIndex >= GetObsCountInList(m_listIndex));
+}
+
+TzuDataList *TDataListTrav::DataList() const
+{
+    return m_listIndex >= 0 && m_listIndex < TravCount() ? m_travList[m_listIndex] : nullptr;
 }
 
 TzuDataEntity *TDataListTrav::DataEntity() const

@@ -38,12 +38,16 @@ public:
     void Last();
     void Next();
     void Prev();
+    /// On to the first entity of the next list.
+    void NextList();
     bool Eof() const;
     bool BOF() const { return m_listIndex < 0 || m_itemIndex < 0; }
     /// The current entity, loaded when need be. Throws std::out_of_range when the walk stands on no
     /// list; nil when its list has shrunk.
     TzuDataEntity *DataEntity() const;
 
+    /// The list that the walk stands in; nil when it stands in none, or when the list was freed.
+    TzuDataList *DataList() const;
     /// Position within the current list, and the current list's position within the travel list.
     int ItemIndex() const { return m_itemIndex; }
     int ListIndex() const { return m_listIndex; }
