@@ -44,14 +44,14 @@ public:
     /// Whether the entity is of this class or of one derived from it.
     bool IsClassOf(const TzuDataEntity &entity) const
     {
-        return m_description && m_description->IsInstance(entity);
+        return m_description && m_description->IsInstance(&entity);
     }
 
 private:
     struct Description
     {
         std::function<std::unique_ptr<TzuDataEntity>()> Create;
-        bool (*IsInstance)(const TzuDataEntity &);
+        bool (*IsInstance)(const TzuDataEntity *);
     };
 
     explicit EntityClass(std::shared_ptr<const Description> description)
@@ -60,9 +60,9 @@ private:
     }
 
     template <typename T>
-    static bool IsInstance(const TzuDataEntity &entity)
+    static bool IsInstance(const TzuDataEntity *entity)
     {
-        return dynamic_cast<const T *>(&entity) != nullptr;
+        return dynamic_cast<const T *>(entity) != nullptr;
     }
 
     std::shared_ptr<const Description> m_description;
