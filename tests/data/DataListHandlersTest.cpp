@@ -14,11 +14,11 @@ protected:
     std::optional<TzuListController> m_controller{std::in_place};
     ListOwner m_list = NewList(*m_controller);
 
-    /// A new list with a new controller.
+    /// A new list with a new controller, which takes the old one's place before the old list goes.
     void Restart()
     {
-        m_list.reset();
         m_controller.emplace();
+        m_list.reset();
         m_list = NewList(*m_controller);
     }
 
@@ -30,6 +30,7 @@ protected:
     }
     void TearDown() override
     {
+        m_controller.emplace();
         m_list.reset();
         EXPECT_EQ(NumberedEntity::Alive(), 0);
     }
