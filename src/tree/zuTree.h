@@ -8,6 +8,8 @@
 
 #include <concepts>
 #include <memory>
+#include <string_view>
+#include <utility>
 #include <vector>
 
 namespace korvane {
@@ -49,7 +51,7 @@ public:
     // Content. Entities belong to their lists, lists to their parent entity or to the tree.
     TzuDataList_Tree *DataList();
     /// Every list of the tree that was asked for.
-    TzuDataList2lev &DataLists() { return *m_lists; }
+    const TzuDataList2lev &DataLists() const { return *m_lists; }
     TzuListController_Tree &Controller() { return m_controller; }
     /// Appends below the parent, or a root when it is nil. Returns nil when a handler removed it.
     TzuDataEntity_Tree *AddDataEntity(TzuDataEntity_Tree *parent = nullptr);
@@ -167,6 +169,7 @@ protected:
 private:
     friend class TTreeDisplay;
     friend class TzuDataEntity_Tree;
+    friend class TzuDataList_Tree;
 
     class TKeepTop;
     struct TMoving
@@ -174,9 +177,12 @@ private:
         TzuDataEntity_Tree *Entity = nullptr;
         TzuDataList_Tree *List = nullptr;
         int Position = 0;
+        TzuDataEntity_Tree *PendingCurrent = nullptr; ///< at or below the entity
     };
 
+    static bool IsAtOrBelow(const TzuDataEntity_Tree &entity, const TzuDataEntity_Tree &above);
     void FillController();
+    void UpdateDisplay();
     TzuDataList_Tree *NewList(TzuDataEntity_Tree *parent);
     void ReleaseList(TzuDataList_Tree *list);
     void Forget(TzuDataEntity_Tree &entity);
@@ -187,11 +193,12 @@ private:
     void AdoptChildren(TzuDataEntity_Tree &entity);
     void SetCurrentDataEntity_Async(TObject *parameter);
     void SelectNothingIfDoomed();
-    void SetNodeExpanded(TzuDataEntity_Tree &entity, bool expanded);
-    void ExpandAncestors(TzuDataEntity_Tree &entity);
+    void SetEntityExpanded(TzuDataEntity_Tree &entity, bool expanded);
+    void SetNodeExpanded(TTreeNode_zuSub &node, bool expanded);
+    static void ExpandAncestors(const TzuDataEntity_Tree &entity);
     template <typename Wanted>
     void SetExpansions(const Wanted &wanted);
-    TRect RowRect(int row, const TTreeGeometry &geometry) const;
+    static TRect RowRect(int row, const TTreeGeometry &geometry);
     void Invalidate();
 
     ITreeHost &m_host;
@@ -213,6 +220,8 @@ private:
     bool m_loadOnDemand = true;
     bool m_displayOutOfDate = false;
     bool m_rebuilding = false;
+    bool m_markingFromView = false;
+    bool m_currentLost = false; ///< and to be told when the update is over
     bool m_nodesCreatedOutside = false;
     bool m_invalidatePending = false;
     bool m_destroying = false;

@@ -84,6 +84,7 @@ public:
 private:
     friend class TTreeCore;
     friend class TTreeDisplay;
+    friend class TTreeNode_zuSub;
 
     struct TCaptionFont
     {
@@ -93,6 +94,7 @@ private:
 
     TCaptionFont &CaptionFont();
     void CaptionChanged();
+    void ReleaseChildList();
 
     std::string m_text;
     TTreeNode_zuSub *m_node = nullptr;
@@ -112,6 +114,9 @@ private:
 class TzuDataList_Tree : public TzuDataList
 {
 public:
+    TzuDataList_Tree() = default;
+    ~TzuDataList_Tree() override;
+
     void AfterCreate(TzuListController *controller, EntityClass entityClass) override;
 
     /// The entity whose children the list holds; nil for the root list.
@@ -134,9 +139,9 @@ private:
 
     TTreeCore *m_tree = nullptr;
     TzuDataEntity_Tree *m_parentEntity = nullptr;
+    std::uint32_t m_queuePlace = 0; ///< as of an entity
     bool m_needsSort = false;
     bool m_orderUnknown = false;    ///< nodes may stand in another order than entities
-    bool m_queued = false;          ///< among the lists to look at
     bool m_changeExplained = false; ///< the next change of content is an insertion or a deletion
 };
 

@@ -71,28 +71,34 @@ private:
     };
     class TUpdating;
 
+    template <typename T>
+    static void Enqueue(std::vector<T *> &queue, T &member);
+    template <typename T>
+    static void Dequeue(std::vector<T *> &queue, T &member);
+    template <typename T>
+    static void DropFirst(std::vector<T *> &queue, std::size_t count);
+
+    void UpdateNodes(int &expected);
     void RemoveAllNodes();
     void ReadQueuedLists();
     void DoomHidden();
     int RunsInQueue() const;
     std::vector<TRun> DoomedRuns();
     void Remove(const TRun &run);
-    void InsertQueued();
+    void InsertQueued(std::size_t count);
     void InsertGroup(TzuDataList_Tree &list, std::vector<TPlaced> &group);
     void ConvertPlaceholder(TTreeNode_zuSub &placeholder, TzuDataEntity_Tree &entity);
-    void MoveQueued();
+    void MoveQueued(std::size_t count);
     void MoveNode(TzuDataList_Tree &list, TTreeNode_zuSub &parent, TTreeNode_zuSub &node);
     void SortQueuedLists();
     void OrderNodes(TzuDataList_Tree &list, TTreeNode_zuSub &parent);
     int PositionFor(const TTreeNode_zuSub &parent, const TzuDataList_Tree &list,
                     int listPosition) const;
-    void ForgetProcessed(std::size_t count);
 
     TOwner NewNode(TzuDataEntity_Tree &entity, int level);
     void Bind(TTreeNode_zuSub &node, TzuDataEntity_Tree &entity, int level);
-    std::vector<TOwner> NewChildren(TzuDataEntity_Tree &entity, int level,
-                                    std::vector<TTreeNode_zuSub *> &unfinished);
-    void FillBelow(std::vector<TTreeNode_zuSub *> unfinished);
+    std::vector<TOwner> NewChildren(TzuDataEntity_Tree &entity, int level);
+    void FillBelow(const std::vector<TOwner> &tops, int level);
     void AttachChildren(TTreeNode_zuSub &node, TzuDataEntity_Tree &entity);
     void Attach(TTreeNode_zuSub &parent, int at, std::vector<TOwner> nodes);
 

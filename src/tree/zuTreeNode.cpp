@@ -1,5 +1,6 @@
 #include "tree/zuTreeNode.h"
 
+#include "tree/zuTreeData.h"
 #include "tree/zuTreeNodeList.h"
 
 #include <utility>
@@ -7,7 +8,13 @@
 namespace korvane {
 
 TTreeNode_zuSub::TTreeNode_zuSub() = default;
-TTreeNode_zuSub::~TTreeNode_zuSub() = default;
+
+TTreeNode_zuSub::~TTreeNode_zuSub()
+{
+    if (m_data != nullptr) {
+        m_data->m_node = nullptr;
+    }
+}
 
 TTreeNode_zuSub *TTreeNode_zuSub::PlaceholderChild() const
 {

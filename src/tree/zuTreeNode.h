@@ -27,7 +27,7 @@ public:
     ~TTreeNode_zuSub();
 
     /// The entity that the node shows; nil for the root, for a placeholder and for a node whose
-    /// entity went away.
+    /// entity went away. A node that is freed lets go of its entity.
     TzuDataEntity_Tree *Data() const { return m_data; }
     void SetData(TzuDataEntity_Tree *entity) { m_data = entity; }
 
