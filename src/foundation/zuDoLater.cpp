@@ -39,7 +39,7 @@ public:
     Queue &operator=(const Queue &) = delete;
     ~Queue();
 
-    void SetTransport(TDoLaterTransport transport) { m_transport = std::move(transport); }
+    void SetTransport(TDoLaterTransport transport);
 
     Entry *Find(const TDoLaterCall &call, TObject *parameter);
     void Add(const TDoLaterCall &call, TObject *parameter);
@@ -81,6 +81,14 @@ Queue::~Queue()
     }
     DestroyTarget();
     s_finalised = true;
+}
+
+void Queue::SetTransport(TDoLaterTransport transport)
+{
+    m_transport = std::move(transport);
+    if (!m_waiting.empty()) {
+        m_transport.Post(); // for what was queued before there was a way to tell
+    }
 }
 
 Entry *Queue::Find(const TDoLaterCall &call, TObject *parameter)

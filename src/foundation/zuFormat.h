@@ -27,6 +27,8 @@ struct TFormatSettings
 
     /// English names and ISO 8601 forms.
     static TFormatSettings Invariant();
+
+    friend bool operator==(const TFormatSettings &, const TFormatSettings &) = default;
 };
 
 /// The settings in use; the invariant ones until replaced.

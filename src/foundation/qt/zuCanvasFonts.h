@@ -7,78 +7,83 @@
 #include <QStaticText>
 #include <QString>
 
+#include <functional>
 #include <memory>
 #include <string>
 #include <string_view>
 #include <unordered_map>
 #include <vector>
 
+class QPainter;
+
 namespace korvane {
 
-/// The fonts that a control draws with, their metrics, and the texts that it drew lately.
+/// A font as it is drawn, with its metrics and the texts that were drawn in it lately.
+class TCanvasFont
+{
+public:
+    TCanvasFont(const TFont &font, int dotsPerInch);
+
+    const TFont &Key() const { return m_key; }
+    const QFont &Font() const { return m_font; }
+
+    /// Extent in logical pixels.
+    TSize Extent(std::string_view text) { return Find(text).Extent; }
+    enum class TMedium { Raster, Vector };
+    /// Draws with the painter's pen and font, which must be this font. A text that is drawn again
+    /// and again is laid out once, at least for raster media.
+    void Draw(QPainter &painter, TPoint topLeft, std::string_view text, TMedium medium);
+
+private:
+    struct TKnownText
+    {
+        QString Text;
+        TSize Extent;
+        bool Drawn = false;
+        std::unique_ptr<QStaticText> Layout; ///< from the second time on
+        double LayoutOffset = 0;             ///< from our top edge to the layout's
+    };
+    struct TTextHash
+    {
+        using is_transparent = void;
+        std::size_t operator()(std::string_view text) const
+        {
+            return std::hash<std::string_view>()(text);
+        }
+    };
+    using TTextMap = std::unordered_map<std::string, TKnownText, TTextHash, std::equal_to<>>;
+
+    TKnownText &Find(std::string_view text);
+    void LayOut(TKnownText &text) const;
+
+    TFont m_key;
+    QFont m_font;
+    int m_ascent;
+    int m_height;
+    TTextMap m_recent; ///< texts asked for since m_older was filled
+    TTextMap m_older;
+};
+
+/// The fonts that a control draws with.
 ///
 /// Sizes in points become whole pixels at a fixed resolution, so that text takes up the same share
-/// of a drawing on every device. The texts kept are bounded in number.
+/// of a drawing on every device. What is kept is bounded.
 class TCanvasFonts
 {
 public:
-    /// A text with its extent, laid out for repeated drawing.
-    struct TPreparedText
-    {
-        QString Text;
-        QStaticText Layout;
-        TSize Extent; ///< in logical pixels
-    };
-
-    /// A font as it is drawn, with its texts.
-    class TEntry
-    {
-    public:
-        TEntry(const TFont &font, int dotsPerInch);
-
-        const TFont &Key() const { return m_key; }
-        const QFont &Font() const { return m_font; }
-        int Ascent() const { return m_ascent; }
-
-        /// The reference stays valid until the next call.
-        const TPreparedText &Prepare(std::string_view text);
-
-    private:
-        struct TTextHash
-        {
-            using is_transparent = void;
-            std::size_t operator()(std::string_view text) const
-            {
-                return std::hash<std::string_view>()(text);
-            }
-        };
-        using TTextMap = std::unordered_map<std::string, TPreparedText, TTextHash, std::equal_to<>>;
-
-        TFont m_key;
-        QFont m_font;
-        int m_ascent;
-        int m_height;
-        TTextMap m_recent; ///< texts used since m_older was filled
-        TTextMap m_older;
-    };
-
-    /// The resolution by which points become pixels.
     explicit TCanvasFonts(int dotsPerInch = 96)
         : m_dotsPerInch(dotsPerInch)
     {
     }
 
-    int DotsPerInch() const { return m_dotsPerInch; }
     /// A new resolution drops everything that is kept.
     void SetDotsPerInch(int dotsPerInch);
 
-    /// The entry stays valid as long as it is held.
-    std::shared_ptr<TEntry> Find(const TFont &font);
-    void Clear() { m_entries.clear(); }
+    std::shared_ptr<TCanvasFont> Find(const TFont &font);
 
 private:
     int m_dotsPerInch;
-    std::vector<std::shared_ptr<TEntry>> m_entries; ///< most recently added last
+    std::vector<std::shared_ptr<TCanvasFont>> m_fonts; ///< most recently added last
 };
 
 } // namespace korvane

@@ -36,6 +36,34 @@ QPalette::ColorRole RoleOf(TColor systemColor)
 
 } // namespace
 
+Qt::PenStyle ToQt(TPenStyle style)
+{
+    switch (style) {
+    case TPenStyle::psDash:
+        return Qt::DashLine;
+    case TPenStyle::psDot:
+        return Qt::DotLine;
+    case TPenStyle::psClear:
+        return Qt::NoPen;
+    default:
+        return Qt::SolidLine;
+    }
+}
+
+std::optional<TMouseButton> MouseButtonFromQt(Qt::MouseButton button)
+{
+    switch (button) {
+    case Qt::LeftButton:
+        return TMouseButton::mbLeft;
+    case Qt::RightButton:
+        return TMouseButton::mbRight;
+    case Qt::MiddleButton:
+        return TMouseButton::mbMiddle;
+    default:
+        return std::nullopt;
+    }
+}
+
 QColor ToQt(TColor color, const QPalette &palette)
 {
     if (IsSystemColor(color)) {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "foundation/zuCanvas.h"
+#include "foundation/zuInput.h"
 #include "foundation/zuTypes.h"
 
 #include <QColor>
@@ -12,6 +13,7 @@
 #include <QRect>
 #include <QString>
 
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -42,9 +44,18 @@ inline std::string FromQt(const QString &text)
     return text.toStdString();
 }
 
+inline TShiftState FromQt(Qt::KeyboardModifiers modifiers)
+{
+    return {modifiers.testFlag(Qt::ShiftModifier), modifiers.testFlag(Qt::ControlModifier),
+            modifiers.testFlag(Qt::AltModifier)};
+}
+/// Nothing for the buttons beyond the three.
+std::optional<TMouseButton> MouseButtonFromQt(Qt::MouseButton button);
+
 /// System colours come from the palette's active group.
 QColor ToQt(TColor color, const QPalette &palette);
 TColor FromQt(const QColor &color);
+Qt::PenStyle ToQt(TPenStyle style);
 QFont ToQt(const TFont &font);
 /// Keeps the colour of `base`, since a QFont has none.
 TFont FromQt(const QFont &font, const TFont &base = {});

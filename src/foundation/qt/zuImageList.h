@@ -6,16 +6,16 @@
 #include <QIcon>
 #include <QPixmap>
 
+#include <variant>
 #include <vector>
 
 namespace korvane {
 
-/// A list of images, each available at the resolution of the device it is drawn on.
+/// A list of images, each drawn at the resolution of the device.
 class TzuImageList : public TImageList
 {
 public:
-    /// Both return the image's index. An icon is drawn in the list's size; a pixmap is an image of
-    /// its own size.
+    /// Both return the image's index. An icon is drawn in the list's size, a pixmap in its own.
     int Add(const QIcon &icon);
     int Add(const QPixmap &pixmap);
     void Clear() { m_images.clear(); }
@@ -24,22 +24,25 @@ public:
 
     /// Extent of icons in logical pixels; initially 16 by 16.
     TSize Size() const { return m_size; }
-    void SetSize(TSize size) { m_size = size; }
+    void SetSize(TSize size);
 
     /// The image's extent in logical pixels; empty for an index outside 0..Count()-1.
     TSize ImageSize(int index) const;
-    /// The image within `size` logical pixels, scaled down when it is larger, at `ratio` device
-    /// pixels per logical pixel. Null for an index outside 0..Count()-1.
-    QPixmap Pixmap(int index, TSize size, double ratio) const;
+    /// The image, scaled down when it does not fit into `room` logical pixels, at `ratio` device
+    /// pixels per logical pixel. Null for an index outside 0..Count()-1 and for no room.
+    QPixmap Pixmap(int index, TSize room, double ratio) const;
 
 private:
     struct TImage
     {
-        QIcon Icon;
-        QPixmap Pixmap; ///< null when the image is an icon
+        std::variant<QIcon, QPixmap> Source;
+        mutable QPixmap Last; ///< what was drawn last
+        mutable TSize LastSize;
+        mutable double LastRatio = 0;
     };
 
-    const TImage *Find(int index) const;
+    int Append(TImage image);
+    bool Has(int index) const { return index >= 0 && index < Count(); }
 
     std::vector<TImage> m_images;
     TSize m_size{16, 16};

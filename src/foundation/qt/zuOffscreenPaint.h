@@ -15,6 +15,7 @@
 #include <cstdint>
 #include <memory>
 #include <optional>
+#include <string>
 
 class QDropEvent;
 class QDragMoveEvent;
@@ -167,12 +168,14 @@ protected:
 
 private:
     void Paint(QPainter &window, const QRegion &region);
-    void PaintThroughImage(double ratio);
+    bool OnlyOverlayChanged(const QRegion &region, double ratio) const;
+    void PaintImage();
     void PaintDirectly(QPainter &device);
-    void UpdateOffscreenCanvas(double ratio);
-    void PrepareCanvas(QPainter &painter, TPainterCanvas &canvas);
     void FillReservedCorner();
-    void DrawPaintTime();
+    bool UpdateOffscreenCanvas(double ratio);
+    QSize ImageSize(double ratio) const;
+    void BeginCanvas(TPainterCanvas &canvas, QPainter &painter);
+    void DrawPaintTime(std::int64_t ticks);
 
     TColor m_color = clBtnFace;
     TColor m_fontColor = clWindowText;
@@ -197,6 +200,8 @@ private:
     std::int64_t m_paintTicksTotal = 0;
     int m_paintCount = 0;
     bool m_resizeSilently = false;
+    bool m_clicked = false; ///< a left press is waiting for its release
+    std::string m_lastPaintError;
 };
 
 } // namespace korvane

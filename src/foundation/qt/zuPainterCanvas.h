@@ -9,6 +9,7 @@
 #include <QPalette>
 #include <QRegion>
 
+#include <array>
 #include <memory>
 #include <optional>
 #include <vector>
@@ -24,14 +25,12 @@ namespace korvane {
 class TPainterCanvas : public TCanvas
 {
 public:
-    /// Without a painter. The fonts are shared with other canvases of the same control, or null for
-    /// its own.
+    /// Without a painter. The fonts are shared with other canvases of the same control; null gives
+    /// the canvas its own.
     explicit TPainterCanvas(std::shared_ptr<TCanvasFonts> fonts = nullptr);
-    /// Draws on the painter within `bounds`, as Begin does.
+    /// Draws on the painter, as after Begin.
     TPainterCanvas(QPainter &painter, const TRect &bounds, const QPalette &palette,
                    std::shared_ptr<TCanvasFonts> fonts = nullptr);
-    /// Ends.
-    ~TPainterCanvas() override;
 
     /// Draws on the painter from now on, with pen, brush and font at their defaults. `bounds` is
     /// the drawing area that ClipRect starts from; it does not clip by itself.
@@ -42,10 +41,11 @@ public:
     void End();
     bool IsActive() const { return m_painter != nullptr; }
 
-    /// The painter in use, for drawing beyond the canvas' operations, or null. Whatever is left set
-    /// on it does not affect the canvas, except for clip and transformation, which the caller
-    /// restores.
+    /// The painter in use, for drawing beyond the canvas' operations, or null. Its pen, brush, font
+    /// and smoothing may be left changed; the caller restores the rest.
     QPainter *Painter();
+    /// What system colours resolve by.
+    const QPalette &Palette() const { return m_palette; }
 
     const TPen &Pen() const override { return m_pen; }
     void SetPen(const TPen &pen) override;
@@ -78,30 +78,40 @@ public:
     TColor ResolveColor(TColor color) const override;
 
 private:
-    /// Whose settings the painter's pen and brush hold.
-    enum class TApplied { Nothing, Outline, Shape, Text };
+    /// What the painter's pen is set up for.
+    enum class TPenUse : unsigned char { Unknown, Outline, Text };
+
+    struct TKnownPattern
+    {
+        std::array<QRgb, 4> Colors{};
+        double Scale = 1;
+        QBrush Brush;
+    };
 
     QColor Resolved(TColor color) const;
-    QBrush PatternBrush(const std::array<TColor, 4> &colors) const;
-    QPen OutlinePen() const;
-    bool IsDirectLine() const;
+    bool IsVisible(const TRect &rect) const;
+    QBrush PatternBrush(const std::array<TColor, 4> &colors);
+    /// Thickness in logical pixels that is whole device pixels, at least one.
+    double WholeWidth(int width) const;
+    void ForgetPainterState();
 
+    void UseAntialiasing(bool on);
+    void UseOutline();
+    void UseBrush();
+    void UseText();
     void ApplyClip();
-    void ApplyAntialiasing(bool on);
-    void ApplyOutline();
-    void ApplyShape();
-    void ApplyText();
 
-    void FillSolid(const QRectF &rect, const QColor &color);
-    void DrawThinFrame(const TRect &rect, const QBrush &brush);
+    void DrawFrame(const TRect &rect, const QBrush &brush);
     void DrawStraight(TPoint from, TPoint to);
-    void DrawSlanted(std::span<const TPoint> points);
-    void DrawPrepared(TPoint at, const TCanvasFonts::TPreparedText &text);
 
     QPainter *m_painter = nullptr;
     std::shared_ptr<TCanvasFonts> m_fonts;
-    std::shared_ptr<TCanvasFonts::TEntry> m_fontEntry;
+    std::shared_ptr<TCanvasFont> m_canvasFont;
     QPalette m_palette;
+    bool m_vector = false; ///< the device keeps shapes rather than pixels
+    double m_scale = 1;    ///< device pixels per logical pixel
+    std::optional<QRegion> m_baseClip;
+    std::vector<TRect> m_clips{TRect()};
 
     TPen m_pen;
     TBrush m_brush;
@@ -109,16 +119,17 @@ private:
     bool m_antialiasing = false;
 
     QColor m_penColor;
-    QBrush m_fillBrush;
-    QColor m_textColor;
-    TApplied m_applied = TApplied::Nothing;
-    bool m_appliedAntialiasing = false;
-    const void *m_appliedFont = nullptr;
-
-    bool m_vectorDevice = false;
-    double m_scale = 1; ///< device pixels per logical pixel
-    std::optional<QRegion> m_baseClip;
-    std::vector<TRect> m_clips;
+    QColor m_brushColor;
+    TPenUse m_penUse = TPenUse::Unknown;
+    bool m_brushInUse = false;
+    bool m_fontInUse = false;
+    std::optional<bool> m_antialiasingInUse;
+    std::vector<TKnownPattern> m_patterns;
 };
+
+/// Whether a painter's device keeps shapes (PDF, SVG, pictures) rather than pixels.
+bool IsVectorDevice(const QPainter &painter);
+/// Device pixels per logical pixel of a painter that scales evenly, else 1.
+double DeviceScale(const QPainter &painter);
 
 } // namespace korvane
