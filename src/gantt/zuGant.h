@@ -1,0 +1,223 @@
+// The Gantt chart without its widgets: data, row geometry and painting.
+#pragma once
+
+#include "data/zuDataEntityPack.h"
+#include "data/zuDataTraveser.h"
+#include "foundation/zuCanvas.h"
+#include "gantt/zuGantData.h"
+#include "gantt/zuGantLinks.h"
+#include "gantt/zuGantRow.h"
+#include "gantt/zuGantRowList.h"
+#include "gantt/zuGantTypes.h"
+
+#include <array>
+#include <memory>
+#include <vector>
+
+namespace korvane {
+
+class TDateScalerCore;
+
+/// Factors by which painted coordinates grow while printing; 1 on screen.
+struct TPrintScale
+{
+    double X = 1;
+    double Y = 1;
+};
+
+/// What the chart asks of the controls around it.
+class IGantHost
+{
+public:
+    virtual ~IGantHost() = default;
+
+    /// The time axis, the only owner of the visible time.
+    virtual TDateScalerCore &Scaler() = 0;
+    virtual const TDateScalerCore &Scaler() const = 0;
+    /// Brings the row tree up to date and appends its lines on screen, top to bottom.
+    virtual void CollectVisibleNodes(std::vector<TVisibleNode> &nodes) = 0;
+
+    /// Requests a repaint of the area; several requests before a paint cause one.
+    virtual void InvalidateArea() = 0;
+    virtual TSize AreaSize() const = 0;
+    /// Where the area is drawn now: the offscreen image or the printer.
+    virtual TCanvas &AreaCanvas() = 0;
+    virtual TPrintScale AreaPrintScale() const = 0;
+    /// Enlarges the canvas font while printing; called after every change of the font.
+    virtual void PrintResizeAreaFont() = 0;
+};
+
+/// The state and the rules of a Gantt chart. Time items lie in layers on rows; links join them.
+///
+/// A chart is created in two steps: construct, then InitializeData, which calls the factories.
+class TGantCore : public TObject
+{
+public:
+    /// `component` is what event handlers receive as the chart; it may be null.
+    TGantCore(IGantHost &host, TzuGant_ComBasic *component);
+    ~TGantCore() override;
+
+    IGantHost &Host() { return m_host; }
+    const IGantHost &Host() const { return m_host; }
+
+    TGantRowList &GantRows() { return *m_rows; }
+    const TGantRowList &GantRows() const { return *m_rows; }
+    /// Every row's layers, for walks over all time items.
+    TzuDataList3lev &AllTimeItems() { return *m_store; }
+    TzuDataList &GetLinks() { return *m_links; }
+
+    /// Appends a white, square, editable item to a layer (0-based), which is created when missing.
+    /// Null when the row is.
+    TzuDataEntity_Spanbar *AddSpanbarToGantRow(TGantRow *row, int layer);
+    /// The same on the row of a tree node; null when the node has none.
+    TzuDataEntity_Spanbar *AddSpanbar(TzuDataEntity_Tree *node, int layer);
+    /// Removes and frees an item with all its links. Null and items in no list are ignored.
+    void RemoveSpanbar(TzuDataEntity_Spanbar *item);
+    /// Appends a link in the default style and colour; the caller sets its ends.
+    TzuDataEntity_Link &AddLink();
+    /// Deletes every link that starts or ends at the item, last to first.
+    void DropAllLinks(const TzuDataEntity_Spanbar &item);
+    /// The first item, row by row, with the user reference. Walks all items.
+    TzuDataEntity_Spanbar *FindSpanbarObjectFromUserReference(const void *reference);
+
+    /// The item that keyboard operations apply to; drawn with the focus frame.
+    TzuDataEntity_Spanbar *ActiveDataEntity() const { return m_active; }
+    void SetActiveDataEntity(TzuDataEntity_Spanbar *item);
+    /// The topmost visible item at a point of the area, or null.
+    TzuDataEntity_Spanbar *GetDataEntityFromXY(int x, int y) const;
+
+    TColor GantBackColor() const { return m_backColor; }
+    void SetGantBackColor(TColor color);
+    TColor GantPyjamasColor() const { return m_pyjamasColor; }
+    void SetGantPyjamasColor(TColor color);
+    /// Whether alternate major periods of the axis are shaded.
+    bool VerticalPyjamas() const { return m_verticalPyjamas; }
+    void SetVerticalPyjamas(bool on);
+    /// Whether the axis' minor marks are continued as lines through the area, not the major ones
+    /// alone.
+    bool DrawShortLines() const { return m_drawShortLines; }
+    void SetDrawShortLines(bool on);
+    TLinkShow LinkShow() const { return m_linkShow; }
+    void SetLinkShow(TLinkShow show);
+    TLinkStyle DefaultLinkStyle() const { return m_defaultLinkStyle; }
+    void SetDefaultLinkStyle(TLinkStyle style) { m_defaultLinkStyle = style; }
+    TColor DefaultLinkColor() const { return m_defaultLinkColor; }
+    void SetDefaultLinkColor(TColor color) { m_defaultLinkColor = color; }
+    /// Images of style sbsImage; observed.
+    const TImageList *ImageList() const { return m_imageList; }
+    void SetImageList(const TImageList *images);
+    /// Font of item texts, style 1, 2 or 3; any other number means 1.
+    const TFont &FontTimeItemStyle(int style) const;
+    void SetFontTimeItemStyle(int style, const TFont &font);
+    /// Height in pixels of the row measured last; stands in where a height is needed without a row.
+    int CurrentRowHeight() const { return m_currentRowHeight; }
+
+    /// Draws the whole area on the host's canvas.
+    void GantAreaPaint();
+    /// The tile of the background: 2 by 2 pixels, back and pyjamas colour as a checkerboard.
+    TBrush BackgroundBrush() const;
+    /// The background that OnUserDrawBackground replaces; handlers may call it and draw on top.
+    void DefaultBackGround(const TRect &rect, TCanvas &canvas) const;
+    /// Draws one item into its rectangle, selection and focus marks included.
+    void DrawContent(TzuDataEntity_Spanbar &item, const TRect &rect);
+    /// Takes the rectangles of the rows on screen afresh from the row tree.
+    void UpdateRects();
+
+    /// An item dropped on another row is handed to OnTimeChangeRow, a copied one to OnTimeCopy.
+    /// False when nobody handles it: nothing has moved then. An override that creates the new item
+    /// itself returns it in `result`, which is null otherwise.
+    virtual bool TimeMoveRow(TzuDataEntity_Spanbar &item, TGantRow &row, TGantRow &newRow,
+                             TDateTime start, TDateTime stop, TzuDataEntity_Spanbar *&result);
+    virtual bool TimeCopy(TzuDataEntity_Spanbar &item, TGantRow &row, TGantRow &newRow,
+                          TDateTime start, TDateTime stop, TzuDataEntity_Spanbar *&result);
+
+    TOnContentChanged OnContentChanged_Spanbar;
+    TOnSelectionChanged OnSelectionChanged_Spanbar;
+    TOnDeleteItem OnDeleteItem_Spanbar;
+    TOnInsertItem OnInsertItem_Spanbar;
+    TOnInfoPush OnValueChanged_Spanbar;
+    /// May change the item's CanEdit before it is read.
+    TOnBeforeCanEditItem OnBeforeCanEditItem_Spanbar;
+    TOnInfoPush_Spanbar OnChangeDataEntity_Spanbar;
+    TOnGantVirtualLoad OnVirtualLoad_Spanbar;
+    TOnGantVirtualUnLoad OnVirtualUnLoad_Spanbar;
+    TOnTimeCopyOrChangeRow OnTimeChangeRow;
+    TOnTimeCopyOrChangeRow OnTimeCopy;
+    TGantRowNotify OnAfterAddGantRow;
+    TGantRowNotify OnBeforeFreeGantRow;
+    TUserCreateGantRow OnUserCreateGantRow;
+    // Drawing handlers must not add or remove nodes, items or links.
+    TOnUserDrawTime OnUserDrawTime;
+    TOnUserDrawLinks OnUserDrawLinks;
+    TOnUserDrawContent OnUserDrawBackground;
+    TOnUserDrawContent OnUserDrawForeground;
+
+protected:
+    friend class TGantRow;
+    friend class TGantRowList;
+
+    /// Creates lists and controllers through the factories. Called once, from the most derived
+    /// constructor that lets its class' factories take part.
+    void InitializeData();
+    /// Releases rows, items and links; handlers see no chart that is half gone. Called from the
+    /// destructor of the class whose parts the handlers use.
+    void FinalizeData();
+
+    virtual std::unique_ptr<TzuDataList> CreateLinkList();
+    virtual std::unique_ptr<TGantRowList> CreateRowList();
+    /// The result is owned by the row list.
+    virtual TGantRow *CreateRow(TzuDataEntity_Tree *treeNode);
+    virtual TzuDataList_GantRow *CreateDataList_GantRow();
+    virtual TzuDataList2lev *CreateDataList2Lev();
+    virtual std::unique_ptr<TzuDataList3lev> CreateDataList3Lev();
+
+    virtual void _OnInsertItem(TzuDataEntity *item);
+    virtual void _OnDeleteItem(TzuDataEntity *item);
+    virtual void _OnContentChanged(TzuDataList *list);
+    virtual void _OnInfoPush(TzuDataEntity *item);
+    virtual void _OnSelectionChanged(TzuDataList *list, TzuDataEntity *item);
+    virtual void _OnBeforeCanEditItem(TzuDataEntity *item);
+    virtual void _OnVirtualLoadTimeItem(TzuDataEntity *item);
+    virtual void _OnVirtualUnLoadTimeItem(TzuDataEntity *item, bool &canUnload);
+    void _OnTimeItemSyleSet(const TzuTimeItemTextCollection &collection, TCanvas &canvas,
+                            int style);
+
+private:
+    void WireTimeItemController();
+    void DoBackground();
+    void DoVerticalPyjamas(const TRect &rect, TCanvas &canvas) const;
+    void DrawRowBackgound(const TRect &rect, TCanvas &canvas) const;
+    void RenderLinks();
+    void CollectLinksOnScreen();
+    void RenderLink(TzuDataEntity_Link &link);
+    TLinkEnd LinkEndOf(const TzuDataEntity_Spanbar &item) const;
+    void DrawShape(TzuDataEntity_Spanbar &item, const TRect &rect, TCanvas &canvas);
+    TRect InsetRect(const TzuDataEntity_Spanbar &item, const TRect &rect) const;
+    TRect AreaRect() const;
+
+    IGantHost &m_host;
+    TzuGant_ComBasic *m_component;
+    TzuListController m_timeItemController;
+    TzuListController m_linkController;
+    std::unique_ptr<TzuDataList> m_links;
+    std::unique_ptr<TzuDataList3lev> m_store;
+    std::unique_ptr<TGantRowList> m_rows;
+    std::array<TFont, 3> m_itemFonts;
+    std::vector<TVisibleNode> m_visibleNodes;       ///< kept for its capacity
+    std::vector<TzuDataEntity_Link *> m_drawnLinks; ///< links at items on screen, in list order
+    TzuDataEntity_Spanbar *m_active = nullptr;
+    const TImageList *m_imageList = nullptr;
+    TOnStyleSet m_onStyleSet;
+    TColor m_backColor = clSilver;
+    TColor m_pyjamasColor = clGray;
+    TColor m_defaultLinkColor = clBlue;
+    int m_currentRowHeight = 18;
+    unsigned m_linkPass = 0;
+    TLinkShow m_linkShow = TLinkShow::lsOneEndVisible;
+    TLinkStyle m_defaultLinkStyle = TLinkStyle::tlsDefault;
+    bool m_verticalPyjamas = false;
+    bool m_drawShortLines = false;
+    bool m_destroying = false;
+};
+
+} // namespace korvane

@@ -1,0 +1,138 @@
+// Entities of the Gantt chart: time items, links between them, and the lists of a row's layers.
+#pragma once
+
+#include "data/zuDataEntityPack.h"
+#include "gantt/zuGantTypes.h"
+#include "gantt/zuSpanbarItemTexts.h"
+
+#include <memory>
+#include <vector>
+
+namespace korvane {
+
+/// A time item: one bar, line, diamond or image on one row of the chart.
+///
+/// Setters store and announce nothing; DoInfoPush (inherited) announces that the values have
+/// changed.
+class TzuDataEntity_Spanbar : public TzuDataEntity
+{
+public:
+    TzuDataEntity_Spanbar() = default;
+    /// Links that still refer to the item lose that end.
+    ~TzuDataEntity_Spanbar() override;
+
+    TDateTime GetStartDateTime() const { return m_start; }
+    void SetStartDateTime(TDateTime start) { m_start = start; }
+    /// May lie before the start; the item is then drawn at its least width.
+    TDateTime GetStopDateTime() const { return m_stop; }
+    void SetStopDateTime(TDateTime stop) { m_stop = stop; }
+
+    TSpanbarStyle GetStyle() const { return m_style; }
+    void SetStyle(TSpanbarStyle style) { m_style = style; }
+    /// Fill or line colour.
+    TColor GetColor() const { return m_color; }
+    void SetColor(TColor color) { m_color = color; }
+    /// Pixels left free between the row's (or sub-row's) top edge and the item.
+    int InsetTop() const { return m_insetTop; }
+    void SetInsetTop(int pixels) { m_insetTop = pixels; }
+    /// Pixels left free between the item and the row's (or sub-row's) bottom edge.
+    int InsetBottom() const { return m_insetBottom; }
+    void SetInsetBottom(int pixels) { m_insetBottom = pixels; }
+    /// Width in pixels of a symbol centred on the start; below 1 the item spans start to stop.
+    int FixedSize() const { return m_fixedSize; }
+    void SetFixedSize(int pixels) { m_fixedSize = pixels; }
+    /// Whether the item spans its times, so that its ends can be dragged.
+    bool IsResizable() const { return m_fixedSize < 1; }
+    /// Index into the chart's ImageList, for sbsImage.
+    int ImageIndex() const { return m_imageIndex; }
+    void SetImageIndex(int index) { m_imageIndex = index; }
+    /// Sub-row assigned by the overlap separation, 1 = topmost; 0 = none, the item spans the row.
+    int SubCol() const { return m_subCol; }
+    void SetSubCol(int subCol) { m_subCol = subCol; }
+
+    /// The texts drawn inside the item. The collection is allocated when first asked for.
+    TzuTimeItemTextCollection &Texts();
+    bool HasTexts() const { return m_texts != nullptr && m_texts->GetCount() > 0; }
+
+    /// The row that the item lies on. The item must be in a row's list.
+    TGantRow *GetRow() const;
+    /// Links that start or end at the item, in no particular order.
+    const std::vector<TzuDataEntity_Link *> &Links() const;
+
+private:
+    friend class TzuDataEntity_Link;
+
+    TDateTime m_start = 0;
+    TDateTime m_stop = 0;
+    std::unique_ptr<TzuTimeItemTextCollection> m_texts;
+    std::unique_ptr<std::vector<TzuDataEntity_Link *>> m_links;
+    TColor m_color = clBlack;
+    int m_insetTop = 0;
+    int m_insetBottom = 0;
+    int m_fixedSize = 0;
+    int m_imageIndex = 0;
+    int m_subCol = 0;
+    TSpanbarStyle m_style = TSpanbarStyle::sbsSquare;
+};
+
+/// A dependency line between two time items. Never drawn while either end is missing.
+class TzuDataEntity_Link : public TzuDataEntity
+{
+public:
+    TzuDataEntity_Link() = default;
+    ~TzuDataEntity_Link() override;
+
+    /// The item the link starts at; observed.
+    TzuDataEntity_Spanbar *First() const { return m_first.Item; }
+    void SetFirst(TzuDataEntity_Spanbar *item);
+    /// The item the link ends at; observed.
+    TzuDataEntity_Spanbar *Second() const { return m_second.Item; }
+    void SetSecond(TzuDataEntity_Spanbar *item);
+
+    TLinkStyle GetStyle() const { return m_style; }
+    void SetStyle(TLinkStyle style) { m_style = style; }
+    TColor GetColor() const { return m_color; }
+    void SetColor(TColor color) { m_color = color; }
+
+    /// Marks the link as handled in a pass over several items' links; false when it already was.
+    bool EnterPass(unsigned pass);
+
+private:
+    friend class TzuDataEntity_Spanbar;
+
+    /// An end knows its place in the item's links, so that letting go costs the same however many
+    /// links the item has.
+    struct TEnd
+    {
+        TzuDataEntity_Spanbar *Item = nullptr;
+        std::uint32_t Slot = 0;
+    };
+
+    void Attach(TEnd &end, TzuDataEntity_Spanbar *item);
+    static void Detach(TEnd &end);
+    TEnd &EndAt(const TzuDataEntity_Spanbar *item, std::uint32_t slot);
+
+    TEnd m_first;
+    TEnd m_second;
+    TColor m_color = clBlue;
+    unsigned m_pass = 0;
+    TLinkStyle m_style = TLinkStyle::tlsDefault;
+};
+
+/// The items of one layer of a row.
+class TzuDataList_GantRow : public TzuDataList
+{
+public:
+    TGantRow *GetRow() const { return m_row; }
+    void SetRow(TGantRow *row) { m_row = row; }
+
+    void CleanForFree() override;
+
+private:
+    TGantRow *m_row = nullptr;
+};
+
+/// The object as a time item. Throws std::bad_cast when it is of another class.
+TzuDataEntity_Spanbar &TimeDataEntity(TObject &object);
+
+} // namespace korvane

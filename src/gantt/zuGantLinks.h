@@ -1,0 +1,65 @@
+// Where and whether a link between two time items is drawn.
+#pragma once
+
+#include "foundation/zuCanvas.h"
+#include "foundation/zuTypes.h"
+#include "gantt/zuGantTypes.h"
+
+#include <array>
+#include <span>
+
+namespace korvane {
+
+/// One end of a link as the area sees it.
+struct TLinkEnd
+{
+    TRect Rect;            ///< the item's rectangle; meaningless unless OnScreen
+    bool OnScreen = false; ///< its row is not scrolled away
+    bool InView = false;   ///< on screen, and the item overlaps the visible time
+};
+
+/// Where a link leaves its first item and enters its second.
+struct TLinkPoints
+{
+    TPoint Start;
+    TPoint End;
+    int Heading = 1; ///< direction in which a line from the side enters: 1 rightwards, -1 leftwards
+};
+
+/// Whether a link with these ends is drawn.
+bool IsLinkShown(const TLinkEnd &first, const TLinkEnd &second, TLinkShow show);
+
+/// End points for ends of which at least one is on screen. An end that is scrolled away is replaced
+/// by a stub beside the other: a second end 10 pixels to the left of the first, a first end 10
+/// pixels to the right of the second. `style` decides how the end is entered: from above or below
+/// with tlsMSProject, from the side otherwise.
+TLinkPoints LinkPoints(const TLinkEnd &first, const TLinkEnd &second, TLinkStyle style);
+
+/// The lines of a link and its arrow head.
+class TLinkRoute
+{
+public:
+    /// tlsDefault gives three segments, every other style two.
+    TLinkRoute(TLinkPoints points, TLinkStyle style);
+
+    std::span<const TPoint> Line() const { return std::span(m_line).first(m_lineCount); }
+    /// The triangle at the end; its first point is the tip.
+    std::span<const TPoint, 3> ArrowHead() const { return m_arrowHead; }
+    /// Whether any segment touches the rectangle.
+    bool LinePassesThroughWindow(const TRect &window) const;
+    /// The smallest rectangle around line and arrow head.
+    TRect Bounds() const;
+
+private:
+    void AimArrowHead(TPoint from);
+
+    std::array<TPoint, 4> m_line{};
+    std::size_t m_lineCount = 0;
+    std::array<TPoint, 3> m_arrowHead{};
+};
+
+/// Draws a link. Nothing outside the canvas' clip rectangle is sent to the canvas; the brush is
+/// restored.
+void DrawLink(TCanvas &canvas, TLinkPoints points, TLinkStyle style, TColor color);
+
+} // namespace korvane

@@ -1,0 +1,248 @@
+// Painting of the Gantt area.
+#include "foundation/zuRound.h"
+#include "gantt/zuGant.h"
+#include "gantt/zuTimeDraw.h"
+#include "scaler/zuScaler.h"
+
+#include <algorithm>
+
+namespace korvane {
+
+void TGantCore::GantAreaPaint()
+{
+    UpdateRects();
+    DoBackground();
+    for (TGantRow *row : m_rows->RowsOnScreen()) {
+        row->DrawContent();
+    }
+    RenderLinks();
+    OnUserDrawForeground(m_component, AreaRect(), m_host.AreaCanvas());
+}
+
+void TGantCore::UpdateRects()
+{
+    m_visibleNodes.clear();
+    m_host.CollectVisibleNodes(m_visibleNodes);
+    for (const TVisibleNode &node : m_visibleNodes) {
+        if (node.Rect.Height() > 0) {
+            m_currentRowHeight = node.Rect.Height();
+            break;
+        }
+    }
+    m_rows->PlaceRows(m_visibleNodes);
+}
+
+TRect TGantCore::AreaRect() const
+{
+    const TSize size = m_host.AreaSize();
+    return {0, 0, size.Width, size.Height};
+}
+
+TBrush TGantCore::BackgroundBrush() const
+{
+    if (m_backColor == m_pyjamasColor) {
+        return {m_backColor, TBrushStyle::bsSolid, {}};
+    }
+    return {m_backColor,
+            TBrushStyle::bsPattern,
+            {m_backColor, m_pyjamasColor, m_pyjamasColor, m_backColor}};
+}
+
+void TGantCore::DoBackground()
+{
+    TCanvas &canvas = m_host.AreaCanvas();
+    if (OnUserDrawBackground) {
+        OnUserDrawBackground(m_component, AreaRect(), canvas);
+    } else {
+        DefaultBackGround(AreaRect(), canvas);
+    }
+}
+
+void TGantCore::DefaultBackGround(const TRect &rect, TCanvas &canvas) const
+{
+    if (m_verticalPyjamas) {
+        DoVerticalPyjamas(rect, canvas);
+    } else {
+        canvas.SetBrush(BackgroundBrush());
+        canvas.FillRect(rect);
+    }
+    DrawRowBackgound(rect, canvas);
+}
+
+void TGantCore::DoVerticalPyjamas(const TRect &rect, TCanvas &canvas) const
+{
+    const TDateScalerCore &scaler = m_host.Scaler();
+    const double scale = m_host.AreaPrintScale().X;
+    // Even periods are plain, odd ones carry the checkerboard. What lies before the first mark
+    // belongs to the period before it.
+    bool odd = scaler.GetOddOrEventStartForVerticalBack() % 2 == 0;
+    auto fillTo = [&, left = rect.Left](int right) mutable {
+        const TRect band{std::max(left, rect.Left), rect.Top, std::min(right, rect.Right),
+                         rect.Bottom};
+        if (!band.IsEmpty()) {
+            canvas.SetBrush(odd ? BackgroundBrush()
+                                : TBrush{m_backColor, TBrushStyle::bsSolid, {}});
+            canvas.FillRect(band);
+        }
+        left = right;
+        odd = !odd;
+    };
+    for (const TScaleMark &mark : scaler.SecondaryMarks()) {
+        fillTo(RoundToPixel(scaler.DateToPixel(mark.Date) * scale));
+    }
+    fillTo(rect.Right);
+}
+
+void TGantCore::DrawRowBackgound(const TRect &rect, TCanvas &canvas) const
+{
+    const TDateScalerCore &scaler = m_host.Scaler();
+    const TPrintScale scale = m_host.AreaPrintScale();
+    canvas.SetBrushColor(m_pyjamasColor);
+    const auto drawAt = [&](int pixel) {
+        const int x = RoundToPixel(pixel * scale.X);
+        if (x >= rect.Left && x < rect.Right) {
+            canvas.FillRect({x, rect.Top, x + 1, rect.Bottom});
+        }
+    };
+    for (const TScaleMark &mark : scaler.SecondaryMarks()) {
+        drawAt(scaler.DateToPixel(mark.Date));
+    }
+    if (m_drawShortLines) {
+        for (const TScaleMark &mark : scaler.PrimaryMarks()) {
+            drawAt(scaler.GetPixelFromScaleMark(mark));
+        }
+    }
+    for (const TGantRow *row : m_rows->RowsOnScreen()) {
+        const int bottom = RoundToPixel(row->GetRect().Bottom * scale.Y);
+        canvas.FillRect({rect.Left, bottom - 1, rect.Right, bottom});
+    }
+}
+
+TRect TGantCore::InsetRect(const TzuDataEntity_Spanbar &item, const TRect &rect) const
+{
+    int top = item.InsetTop();
+    int bottom = item.InsetBottom();
+    const TGantRow *row = item.GetRow();
+    // Where sub-rows stand above or below, the item lies flush with them.
+    if (row != nullptr && row->UseSubCols() > 1 && item.SubCol() > 0) {
+        top = item.SubCol() > 1 ? 0 : top;
+        bottom = item.SubCol() < row->UseSubCols() ? 0 : bottom;
+    }
+    const double scale = m_host.AreaPrintScale().Y;
+    return {rect.Left, rect.Top + RoundToPixel(top * scale), rect.Right,
+            rect.Bottom - RoundToPixel(bottom * scale)};
+}
+
+void TGantCore::DrawContent(TzuDataEntity_Spanbar &item, const TRect &rect)
+{
+    TCanvas &canvas = m_host.AreaCanvas();
+    const TRect inner = InsetRect(item, rect);
+    DrawShape(item, inner, canvas);
+    if (item.HasTexts()) {
+        item.Texts().DrawToCanvasInsideRect(inner, canvas, m_onStyleSet);
+    }
+    if (item.GetSelected()) {
+        TzuTimeDraw::DoSelectContent(inner, canvas);
+    }
+    if (&item == m_active) {
+        canvas.DrawFocusRect(TzuTimeDraw::W95Safe(inner, canvas));
+    }
+}
+
+void TGantCore::DrawShape(TzuDataEntity_Spanbar &item, const TRect &rect, TCanvas &canvas)
+{
+    const TColor color = item.GetColor();
+    switch (item.GetStyle()) {
+    case TSpanbarStyle::sbsSquare:
+        return TzuTimeDraw::DrawTime(color, rect, canvas);
+    case TSpanbarStyle::sbsSpan:
+        return TzuTimeDraw::CoolOutline(color, rect, canvas);
+    case TSpanbarStyle::sbsUser:
+        return OnUserDrawTime(m_component, &item, canvas, rect);
+    case TSpanbarStyle::sbsLine:
+        return TzuTimeDraw::LineOutline(color, rect, canvas, TLineEnds::leNone);
+    case TSpanbarStyle::sbsLineWEnd:
+        return TzuTimeDraw::LineOutline(color, rect, canvas, TLineEnds::leMarks);
+    case TSpanbarStyle::sbsWave:
+        return TzuTimeDraw::WaveOutline(color, rect, canvas);
+    case TSpanbarStyle::sbsRomb:
+        return TzuTimeDraw::RombOutline(color, rect, canvas);
+    case TSpanbarStyle::sbsImage:
+        return TzuTimeDraw::DrawImage(m_imageList, item.ImageIndex(), rect, canvas);
+    case TSpanbarStyle::sbsPipe:
+        return TzuTimeDraw::DrawPipe(color, rect, canvas);
+    }
+}
+
+void TGantCore::RenderLinks()
+{
+    CollectLinksOnScreen();
+    for (TzuDataEntity_Link *link : m_drawnLinks) {
+        RenderLink(*link);
+    }
+    m_drawnLinks.clear();
+}
+
+void TGantCore::CollectLinksOnScreen()
+{
+    m_drawnLinks.clear();
+    ++m_linkPass;
+    for (TGantRow *row : m_rows->RowsOnScreen()) {
+        for (int layer = 0; layer < row->Layers().Count(); ++layer) {
+            const TzuDataList *items = row->Layers().GetDataList(layer);
+            for (int i = 0; i < items->LoadedCount(); ++i) {
+                const auto *item = static_cast<const TzuDataEntity_Spanbar *>(items->GetLoaded(i));
+                for (TzuDataEntity_Link *link : item->Links()) {
+                    if (link->EnterPass(m_linkPass)) {
+                        m_drawnLinks.push_back(link);
+                    }
+                }
+            }
+        }
+    }
+    std::ranges::sort(m_drawnLinks, {}, &TzuDataEntity_Link::ListIndex);
+}
+
+TLinkEnd TGantCore::LinkEndOf(const TzuDataEntity_Spanbar &item) const
+{
+    TLinkEnd end;
+    const auto rect = item.GetRow()->RectFromDataEntity(item);
+    if (rect) {
+        const TDateScalerCore &scaler = m_host.Scaler();
+        end.Rect = *rect;
+        end.OnScreen = true;
+        end.InView = item.GetStartDateTime() <= scaler.GetStop()
+                     && item.GetStopDateTime() >= scaler.GetStart();
+    }
+    return end;
+}
+
+void TGantCore::RenderLink(TzuDataEntity_Link &link)
+{
+    const TzuDataEntity_Spanbar *first = link.First();
+    const TzuDataEntity_Spanbar *second = link.Second();
+    if (first == nullptr || second == nullptr) {
+        return;
+    }
+    const TGantRow *firstRow = first->GetRow();
+    const TGantRow *secondRow = second->GetRow();
+    if (firstRow == nullptr || secondRow == nullptr || !firstRow->GetVisible()
+        || !secondRow->GetVisible()) {
+        return;
+    }
+    const TLinkEnd firstEnd = LinkEndOf(*first);
+    const TLinkEnd secondEnd = LinkEndOf(*second);
+    if (!IsLinkShown(firstEnd, secondEnd, m_linkShow)) {
+        return;
+    }
+    const TLinkStyle style = firstRow == secondRow ? TLinkStyle::tlsDefault : link.GetStyle();
+    const TLinkPoints points = LinkPoints(firstEnd, secondEnd, style);
+    TCanvas &canvas = m_host.AreaCanvas();
+    if (link.GetStyle() == TLinkStyle::tlsUserDraw) {
+        OnUserDrawLinks(m_component, &link, canvas, points.Start, points.End);
+    } else {
+        DrawLink(canvas, points, style, link.GetColor());
+    }
+}
+
+} // namespace korvane

@@ -1,0 +1,249 @@
+#include "gantt/zuGantRow.h"
+
+#include "foundation/zuRound.h"
+#include "gantt/zuGant.h"
+#include "scaler/zuScaler.h"
+#include "tree/zuTreeData.h"
+
+#include <stdexcept>
+
+namespace korvane {
+
+namespace {
+
+/// Least width of an item's rectangle, so that short items stay visible and can be hit.
+constexpr int kLeastItemWidth = 5;
+constexpr TRect kScrolledAway{-1, -1, -1, -1};
+
+TPixelSpan Scaled(TPixelSpan span, double factor)
+{
+    return {RoundToPixel(span.From * factor), RoundToPixel(span.To * factor)};
+}
+
+} // namespace
+
+TGantRow::TGantRow(TGantRowList &rowList, TzuDataEntity_Tree *treeNode)
+    : m_gant(rowList.Gant())
+    , m_rowList(rowList)
+    , m_treeNode(treeNode)
+    , m_layers(m_gant.CreateDataList2Lev())
+{
+    m_layers->OnMissingIndex = TOnMissingIndex::Bind<&TGantRow::OnMissingIndex>(this);
+    m_gant.AllTimeItems().Add(m_layers);
+}
+
+TGantRow::~TGantRow() = default;
+
+void TGantRow::CleanForFree()
+{
+    if (m_treeNode != nullptr && m_treeNode->Companion() == this) {
+        m_treeNode->SetCompanion(nullptr);
+    }
+    if (m_layers == nullptr) {
+        return;
+    }
+    while (m_layers->Count() > 0) {
+        TzuDataList *layer = m_layers->GetDataList(m_layers->Count() - 1);
+        m_layers->Delete(m_layers->Count() - 1);
+        layer->FreeWheneverPossible();
+    }
+    m_gant.AllTimeItems().Remove(m_layers);
+    m_layers->FreeWheneverPossible();
+    m_layers = nullptr;
+}
+
+void TGantRow::SetDrawLayerStart(int layer)
+{
+    if (layer != m_drawLayerStart) {
+        m_drawLayerStart = layer;
+        m_gant.Host().InvalidateArea();
+    }
+}
+
+void TGantRow::SetUseSubCols(int count)
+{
+    if (count != m_useSubCols) {
+        m_useSubCols = count;
+        m_gant.Host().InvalidateArea();
+    }
+}
+
+void TGantRow::SetCollisionDetection(bool on)
+{
+    if (on == m_collisionDetection) {
+        return;
+    }
+    m_collisionDetection = on;
+    if (!on) {
+        m_useSubCols = 0;
+    }
+    m_gant.Host().InvalidateArea();
+}
+
+void TGantRow::DataListOnSubCol(int layer, int subCol)
+{
+    if (layer < 0 || layer >= kLayersWithSubRow) {
+        throw std::out_of_range("layer index out of bounds");
+    }
+    if (m_layerSubCols == nullptr) {
+        m_layerSubCols = std::make_unique<std::array<int, kLayersWithSubRow>>();
+    }
+    m_layerSubCols->at(static_cast<std::size_t>(layer)) = subCol;
+    m_gant.Host().InvalidateArea();
+}
+
+TzuDataList_GantRow &TGantRow::AddDataList()
+{
+    TzuDataList_GantRow *layer = m_gant.CreateDataList_GantRow();
+    layer->SetRow(this);
+    m_layers->Add(layer);
+    return *layer;
+}
+
+void TGantRow::OnMissingIndex(TzuExposable * /*list*/, int index, bool &fixable)
+{
+    while (m_layers->Count() <= index) {
+        AddDataList();
+    }
+    fixable = true;
+}
+
+bool TGantRow::GetVisible() const
+{
+    return m_treeNode != nullptr && m_treeNode->GetVisible();
+}
+
+bool TGantRow::IsOnScreen() const
+{
+    return m_rectFrame == m_rowList.Frame();
+}
+
+TRect TGantRow::GetRect() const
+{
+    return IsOnScreen() ? m_rect : kScrolledAway;
+}
+
+void TGantRow::UpdateRect()
+{
+    m_gant.UpdateRects();
+}
+
+void TGantRow::SetNodeRect(const TRect &nodeRect)
+{
+    m_rect = {0, nodeRect.Top, m_gant.Host().AreaSize().Width, nodeRect.Bottom};
+    m_rectFrame = m_rowList.Frame();
+}
+
+TPixelSpan TGantRow::XStartStopFromDataEntity(const TzuDataEntity_Spanbar &item) const
+{
+    const TDateScalerCore &scaler = m_gant.Host().Scaler();
+    TPixelSpan span;
+    span.From = scaler.DateToPixel(item.GetStartDateTime());
+    if (item.IsResizable()) {
+        span.To = scaler.DateToPixel(item.GetStopDateTime());
+    } else {
+        span.From -= item.FixedSize() / 2;
+        span.To = span.From + item.FixedSize();
+    }
+    return Scaled(span, m_gant.Host().AreaPrintScale().X);
+}
+
+std::optional<TPixelSpan>
+TGantRow::YStartStopFromDataEntity(const TzuDataEntity_Spanbar &item) const
+{
+    if (!IsOnScreen() || !GetVisible()) {
+        return std::nullopt;
+    }
+    TPixelSpan span{m_rect.Top + 1, m_rect.Bottom - 1};
+    if (m_useSubCols > 1) {
+        span = SubRowSpan(item, span);
+    }
+    return Scaled(span, m_gant.Host().AreaPrintScale().Y);
+}
+
+TPixelSpan TGantRow::SubRowSpan(const TzuDataEntity_Spanbar &item, TPixelSpan row) const
+{
+    const std::optional<int> subRow = SubRowOf(item);
+    if (!subRow) {
+        return row;
+    }
+    const int height = (row.To - row.From) / m_useSubCols;
+    return {row.From + *subRow * height, row.From + (*subRow + 1) * height};
+}
+
+std::optional<int> TGantRow::SubRowOf(const TzuDataEntity_Spanbar &item) const
+{
+    if (m_collisionDetection) {
+        return item.SubCol() > 0 ? std::optional(item.SubCol() - 1) : std::nullopt;
+    }
+    const int layer = LayerOf(item);
+    if (m_layerSubCols == nullptr || layer < 0 || layer >= kLayersWithSubRow) {
+        return 0;
+    }
+    return m_layerSubCols->at(static_cast<std::size_t>(layer));
+}
+
+int TGantRow::LayerOf(const TzuDataEntity_Spanbar &item) const
+{
+    return m_layers->IndexOf(item.GetDataList());
+}
+
+std::optional<TRect> TGantRow::RectFromDataEntity(const TzuDataEntity_Spanbar &item) const
+{
+    const std::optional<TPixelSpan> y = YStartStopFromDataEntity(item);
+    if (!y) {
+        return std::nullopt;
+    }
+    const TPixelSpan x = XStartStopFromDataEntity(item);
+    // The sum is taken wide: items far beyond the axis have saturated coordinates.
+    const auto leastRight = static_cast<std::int64_t>(x.From) + kLeastItemWidth;
+    const auto right = std::min<std::int64_t>(std::max<std::int64_t>(x.To, leastRight),
+                                              std::numeric_limits<int>::max());
+    return TRect{x.From, y->From, static_cast<int>(right), y->To};
+}
+
+TzuDataEntity_Spanbar *TGantRow::FindDataEntityFromXY(int x, int y)
+{
+    if (!IsOnScreen()) {
+        return nullptr;
+    }
+    for (int layer = m_layers->Count() - 1; layer >= std::max(m_drawLayerStart, 0); --layer) {
+        TzuDataList *items = m_layers->GetDataList(layer);
+        for (int i = items->Count() - 1; i >= 0; --i) {
+            auto *item = static_cast<TzuDataEntity_Spanbar *>(items->GetItems(i));
+            if (item == nullptr || !item->GetVisible()) {
+                continue;
+            }
+            const std::optional<TRect> rect = RectFromDataEntity(*item);
+            if (rect && rect->Contains({x, y})) {
+                return item;
+            }
+        }
+    }
+    return nullptr;
+}
+
+TzuDataEntity_Spanbar *TGantRow::FindDataEntityFromX(int x)
+{
+    return FindDataEntityFromXY(x, m_rect.Top + 1);
+}
+
+void TGantRow::DrawContent()
+{
+    const TRect clip = m_gant.Host().AreaCanvas().ClipRect();
+    for (int layer = std::max(m_drawLayerStart, 0); layer < m_layers->Count(); ++layer) {
+        TzuDataList *items = m_layers->GetDataList(layer);
+        for (int i = 0; i < items->Count(); ++i) {
+            auto *item = static_cast<TzuDataEntity_Spanbar *>(items->GetItems(i));
+            if (item == nullptr || !item->GetVisible()) {
+                continue;
+            }
+            const std::optional<TRect> rect = RectFromDataEntity(*item);
+            if (rect && rect->Left < clip.Right && rect->Right > clip.Left) {
+                m_gant.DrawContent(*item, *rect);
+            }
+        }
+    }
+}
+
+} // namespace korvane

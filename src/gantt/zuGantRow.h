@@ -1,0 +1,123 @@
+// One line of the chart: its layers of time items and their geometry.
+#pragma once
+
+#include "data/zuDataTraveser.h"
+#include "gantt/zuGantData.h"
+#include "gantt/zuGantTypes.h"
+
+#include <array>
+#include <memory>
+#include <optional>
+
+namespace korvane {
+
+class TGantCore;
+
+/// Pixels from the first to behind the last, along one axis.
+struct TPixelSpan
+{
+    int From = 0;
+    int To = 0;
+
+    friend bool operator==(const TPixelSpan &, const TPixelSpan &) = default;
+};
+
+/// A row of the chart, bound to a node of the row tree. It owns the layer lists of its items.
+///
+/// A row takes its rectangle from its node while the node's line is on screen; otherwise it is
+/// scrolled away and its items have no vertical place.
+class TGantRow : public TzuExposable
+{
+public:
+    TGantRow(TGantRowList &rowList, TzuDataEntity_Tree *treeNode);
+    ~TGantRow() override;
+
+    TGantCore &Gant() const { return m_gant; }
+    TGantRowList &RowList() const { return m_rowList; }
+    TzuDataEntity_Tree *TreeNode() const { return m_treeNode; }
+
+    /// Whether items may be moved in time with the mouse.
+    bool TimeItems_CanMove() const { return m_canMove; }
+    void SetTimeItems_CanMove(bool can) { m_canMove = can; }
+    /// Whether items may be dragged to another row.
+    bool TimeItems_CanChangeRow() const { return m_canChangeRow; }
+    void SetTimeItems_CanChangeRow(bool can) { m_canChangeRow = can; }
+    /// Whether items may be resized with the mouse.
+    bool TimeItems_CanResize() const { return m_canResize; }
+    void SetTimeItems_CanResize(bool can) { m_canResize = can; }
+
+    /// First layer that is drawn and hit-tested.
+    int GetDrawLayerStart() const { return m_drawLayerStart; }
+    void SetDrawLayerStart(int layer);
+    /// Number of sub-rows the row is divided into; 0 or 1 = none.
+    int UseSubCols() const { return m_useSubCols; }
+    void SetUseSubCols(int count);
+    /// Sub-row, 0-based, of every item of a layer, while sub-rows come from layers.
+    /// Throws std::out_of_range for a layer outside 0..9.
+    void DataListOnSubCol(int layer, int subCol);
+    /// Whether sub-rows come from each item's SubCol rather than from its layer.
+    bool CollisionDetection() const { return m_collisionDetection; }
+    /// Switched off, the row is no longer divided.
+    void SetCollisionDetection(bool on);
+
+    /// The layer lists, 0-based. Asking for a layer beyond the last appends the layers up to it.
+    TzuDataList2lev &Layers() { return *m_layers; }
+    /// Appends an empty layer.
+    TzuDataList_GantRow &AddDataList();
+
+    /// Whether the node is shown: not hidden and under no collapsed node. Scrolled away still
+    /// counts.
+    bool GetVisible() const;
+    /// The row's rectangle in area pixels, (-1, -1, -1, -1) while the row is scrolled away.
+    TRect GetRect() const;
+    bool IsOnScreen() const;
+    /// Takes the rectangle afresh from the node.
+    void UpdateRect();
+    /// Places the row on screen. Left and right become those of the area.
+    void SetNodeRect(const TRect &nodeRect);
+
+    /// Horizontal extent of an item in area pixels.
+    TPixelSpan XStartStopFromDataEntity(const TzuDataEntity_Spanbar &item) const;
+    /// Vertical extent of an item in area pixels; nothing while the row is scrolled away or hidden.
+    std::optional<TPixelSpan> YStartStopFromDataEntity(const TzuDataEntity_Spanbar &item) const;
+    /// Rectangle of an item in area pixels, at least 5 wide; nothing where it has no vertical
+    /// place.
+    std::optional<TRect> RectFromDataEntity(const TzuDataEntity_Spanbar &item) const;
+
+    /// The topmost visible item at a point of the area, or null.
+    TzuDataEntity_Spanbar *FindDataEntityFromXY(int x, int y);
+    /// The same at the row's first line of pixels.
+    TzuDataEntity_Spanbar *FindDataEntityFromX(int x);
+    /// Draws the visible items, first layer to last.
+    void DrawContent();
+
+    void CleanForFree() override;
+
+private:
+    friend class TGantRowList;
+
+    TPixelSpan SubRowSpan(const TzuDataEntity_Spanbar &item, TPixelSpan row) const;
+    /// 0-based; nothing for an item that spans the row.
+    std::optional<int> SubRowOf(const TzuDataEntity_Spanbar &item) const;
+    int LayerOf(const TzuDataEntity_Spanbar &item) const;
+    void OnMissingIndex(TzuExposable *list, int index, bool &fixable);
+
+    static constexpr int kLayersWithSubRow = 10;
+
+    TGantCore &m_gant;
+    TGantRowList &m_rowList;
+    TzuDataEntity_Tree *m_treeNode;
+    TzuDataList2lev *m_layers;                                          ///< released with the row
+    std::unique_ptr<std::array<int, kLayersWithSubRow>> m_layerSubCols; ///< absent: all 0
+    std::uint32_t m_chunk = kNoChunk;                                   ///< place in the row list
+    TRect m_rect;
+    unsigned m_rectFrame = 0; ///< frame of the row list in which m_rect was taken
+    int m_drawLayerStart = 0;
+    int m_useSubCols = 0;
+    bool m_canMove = true;
+    bool m_canChangeRow = true;
+    bool m_canResize = true;
+    bool m_collisionDetection = false;
+};
+
+} // namespace korvane

@@ -1,0 +1,70 @@
+// The rows of the chart and the ways to find them.
+#pragma once
+
+#include "data/zuSequence.h"
+#include "foundation/zuExposable.h"
+#include "gantt/zuGantTypes.h"
+
+#include <vector>
+
+namespace korvane {
+
+class TGantCore;
+
+/// A line of the row tree that is on screen.
+struct TVisibleNode
+{
+    TzuDataEntity_Tree *Node = nullptr;
+    TRect Rect; ///< in area pixels
+};
+
+/// All rows in creation order. It owns them; rows come and go with the nodes of the row tree.
+class TGantRowList : public TzuExposable
+{
+public:
+    explicit TGantRowList(TGantCore &gant)
+        : m_gant(gant)
+    {
+    }
+
+    TGantCore &Gant() const { return m_gant; }
+    int Count() const { return m_rows.Size(); }
+    /// Null outside 0..Count()-1.
+    TGantRow *GetGantRow(int index) const;
+
+    /// Creates and appends the row of a node; null when the application's handler gives it none.
+    TGantRow *AddRow(TzuDataEntity_Tree *treeNode);
+    /// Removes and releases the row of a node, if it has one.
+    void RemoveRow(TzuDataEntity_Tree *treeNode);
+
+    /// The row with top < y < bottom, in area pixels; null on a border line and between rows.
+    TGantRow *FindRowFromY(int y) const;
+    TGantRow *FindRowFromTreeNode(const TzuDataEntity_Tree *node) const;
+    /// The row of any entity that is a node of the row tree.
+    TGantRow *FindRowFromUntypedNode(const TzuDataEntity *entity) const;
+    /// The last row whose node has the user reference. Walks all rows.
+    TGantRow *FindRowFromTreeNodeDataEntityUserReference(const void *reference) const;
+
+    /// Places exactly these rows on screen, top to bottom; all others are scrolled away.
+    void PlaceRows(const std::vector<TVisibleNode> &nodes);
+    /// The rows on screen, top to bottom.
+    const std::vector<TGantRow *> &RowsOnScreen() const { return m_onScreen; }
+    /// Changes whenever rows are placed; a row placed in an earlier frame is scrolled away.
+    unsigned Frame() const { return m_frame; }
+
+    void CleanForFree() override;
+
+private:
+    /// How the sequence finds the chunk that holds a row.
+    struct TRowPlace
+    {
+        static std::uint32_t &Of(TGantRow &row);
+    };
+
+    TGantCore &m_gant;
+    TSequence<TGantRow, TPlaceInItem<TGantRow, TRowPlace>> m_rows;
+    std::vector<TGantRow *> m_onScreen;
+    unsigned m_frame = 1;
+};
+
+} // namespace korvane

@@ -1,0 +1,46 @@
+// Drawing of time items in their styles.
+#pragma once
+
+#include "foundation/zuCanvas.h"
+#include "foundation/zuTypes.h"
+
+namespace korvane {
+
+enum class TLineEnds : unsigned char { leNone, leMarks };
+
+/// Drawing routines of the item styles. Rectangles are half-open pixels and may reach far beyond
+/// the canvas: what lies outside its clip rectangle costs nothing. Pen and brush are left changed.
+class TzuTimeDraw
+{
+public:
+    TzuTimeDraw() = delete;
+
+    /// Filled rectangle with a darker edge.
+    static void DrawTime(TColor color, const TRect &rect, TCanvas &canvas);
+    /// The edge alone.
+    static void DrawTimeHollow(TColor color, const TRect &rect, TCanvas &canvas);
+    /// Filled rectangle with a raised outline.
+    static void CoolOutline(TColor color, const TRect &rect, TCanvas &canvas);
+    /// Cylinder lying along the time axis.
+    static void DrawPipe(TColor color, const TRect &rect, TCanvas &canvas);
+    /// Horizontal line half way up, with or without upright marks at both ends.
+    static void LineOutline(TColor color, const TRect &rect, TCanvas &canvas, TLineEnds ends);
+    /// Wavy line along the whole length.
+    static void WaveOutline(TColor color, const TRect &rect, TCanvas &canvas);
+    /// Filled diamond that touches the middles of the rectangle's edges.
+    static void RombOutline(TColor color, const TRect &rect, TCanvas &canvas);
+    /// Image centred in the rectangle; nothing without an image list.
+    static void DrawImage(const TImageList *images, int index, const TRect &rect, TCanvas &canvas);
+    /// Mark of a selected item: a frame around it in the highlight colour with grips at its
+    /// corners.
+    static void DoSelectContent(const TRect &rect, TCanvas &canvas);
+
+    /// The rectangle with its ends pulled in to just outside the clip rectangle, so that
+    /// coordinates stay in the range that every drawing backend handles. What is visible stays the
+    /// same.
+    static TRect W95Safe(const TRect &rect, const TCanvas &canvas);
+    /// Mixes a colour with black (percent < 0) or white (percent > 0); 100 % is black or white.
+    static TColor TintColor(TColor color, int percent);
+};
+
+} // namespace korvane
