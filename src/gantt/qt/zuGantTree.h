@@ -1,0 +1,55 @@
+// The row tree of the Gantt chart.
+#pragma once
+
+#include "tree/qt/zuTree.h"
+
+#include <QPointer>
+
+class QScrollBar;
+
+namespace korvane {
+
+class TzuGant_ComBasic;
+
+/// A tree whose nodes are the rows of a chart: it makes and frees the rows, tells the chart when
+/// lines move, and shows its vertical position on a scroll bar outside itself.
+class TGantTree : public TzuTree_ComBasic
+{
+    Q_OBJECT
+
+public:
+    TGantTree(TzuGant_ComBasic &gant, QWidget *parent);
+    ~TGantTree() override;
+
+    /// Moves the current node to the previous (delta < 0) or next visible one, whatever the size.
+    void Scroll(int delta) override;
+
+    /// The bar to keep in step with the tree; observed.
+    void SetVertScrollExternal(QScrollBar *bar);
+    /// Asks for UpdateExternalScroll soon.
+    void ExternalScrollOutOfDate();
+    void UpdateExternalScroll();
+
+protected:
+    void _InsertItem(TzuDataEntity_Tree *entity) override;
+    void _DeleteItem(TzuDataEntity_Tree *entity) override;
+    void _OnVisibleChanged(TzuDataEntity_Tree *entity) override;
+    void Expand(TzuDataEntity_Tree *entity) override;
+    void Collapse(TzuDataEntity_Tree *entity) override;
+    void AfterUpdateDisplay() override;
+    void ScrollInfoChanged() override;
+
+    void wheelEvent(QWheelEvent *event) override;
+
+private:
+    void LinesMoved();
+    void OnExternalScroll(int position);
+    void UpdateExternalScroll_Deferred(TObject *parameter);
+
+    TzuGant_ComBasic &m_gant;
+    QPointer<QScrollBar> m_externalBar;
+    TScrollInfo m_seen; ///< as of the last update of the external bar
+    bool m_handlingExternalBar = false;
+};
+
+} // namespace korvane
