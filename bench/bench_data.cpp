@@ -168,37 +168,30 @@ struct ListInRandomOrder
     std::vector<TzuDataEntity *> Order;
 };
 
+ListInRandomOrder FilledInRandomOrder(int count)
+{
+    ListInRandomOrder result{Filled(count), {}};
+    result.Order = Shuffled(*result.List);
+    return result;
+}
+
 void RemoveAtRandom(benchmark::State &state)
 {
-    PerItem(
-        state,
-        [](int count) {
-            ListInRandomOrder result{Filled(count), {}};
-            result.Order = Shuffled(*result.List);
-            return result;
-        },
-        [](ListInRandomOrder &subject, int) {
-            for (TzuDataEntity *entity : subject.Order) {
-                subject.List->Remove(entity);
-            }
-        });
+    PerItem(state, FilledInRandomOrder, [](ListInRandomOrder &subject, int) {
+        for (TzuDataEntity *entity : subject.Order) {
+            subject.List->Remove(entity);
+        }
+    });
 }
 
 void ListIndexAfterChange(benchmark::State &state)
 {
-    PerItem(
-        state,
-        [](int count) {
-            ListInRandomOrder result{Filled(count), {}};
-            result.Order = Shuffled(*result.List);
-            return result;
-        },
-        [](ListInRandomOrder &subject, int) {
-            for (const TzuDataEntity *entity : subject.Order) {
-                subject.List->ListIndexesOutOfDate(0);
-                benchmark::DoNotOptimize(entity->ListIndex());
-            }
-        });
+    PerItem(state, FilledInRandomOrder, [](ListInRandomOrder &subject, int) {
+        for (const TzuDataEntity *entity : subject.Order) {
+            subject.List->ListIndexesOutOfDate(0);
+            benchmark::DoNotOptimize(entity->ListIndex());
+        }
+    });
 }
 
 void ReleaseList(benchmark::State &state)

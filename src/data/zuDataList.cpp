@@ -9,10 +9,12 @@ namespace korvane {
 
 TzuDataList::~TzuDataList()
 {
-    while (!m_items.Empty()) {
-        TzuDataEntity *entity = Take(m_items.Size() - 1);
+    // Entities left behind are nobody's; they must not look for this list when they go.
+    m_items.FindFrom(0, [](TzuDataEntity *entity) {
+        entity->m_chunk = kNoChunk;
         entity->m_list = nullptr;
-    }
+        return false;
+    });
     if (m_travelled) {
         TDataListTrav::ListReleased(this);
     }

@@ -94,14 +94,23 @@ void TzuDataList2lev::SelectDataEntity(TzuDataEntity *entity)
     SetSelected(entity, true);
 }
 
+/// Leaves the walk at the first selected entity, with nothing selected any more; at its end when
+/// nothing was.
+bool TzuDataList2lev::LeaveSelection(TDataListTrav &walk)
+{
+    GoToFirstSelected(walk);
+    if (walk.Eof()) {
+        return false;
+    }
+    ClearSelections();
+    return true;
+}
+
 void TzuDataList2lev::SelectNext()
 {
     const TzuLifeWatch self(*this);
     TDataListTrav walk(this);
-    GoToFirstSelected(walk);
-    const bool found = !walk.Eof();
-    if (found) {
-        ClearSelections();
+    if (LeaveSelection(walk)) {
         walk.Next();
     }
     if (self && walk.Eof()) {
@@ -116,10 +125,8 @@ void TzuDataList2lev::SelectPrev()
 {
     const TzuLifeWatch self(*this);
     TDataListTrav walk(this);
-    GoToFirstSelected(walk);
-    const bool found = !walk.Eof();
+    const bool found = LeaveSelection(walk);
     if (found) {
-        ClearSelections();
         walk.Prev();
     }
     if (self && (!found || walk.BOF())) {

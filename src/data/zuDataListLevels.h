@@ -6,6 +6,8 @@
 
 namespace korvane {
 
+class TDataListTrav;
+
 /// Called with the container and an index beyond its end. A handler that has added the list sets
 /// `fixable`.
 using TOnMissingIndex = TMethod<void(TzuExposable *theCaller, int theIndex, bool &theFixable)>;
@@ -72,6 +74,9 @@ public:
     void SelectPrev();
 
     TOnMissingIndex OnMissingIndex;
+
+private:
+    bool LeaveSelection(TDataListTrav &walk);
 };
 
 /// A list of lists of data lists.

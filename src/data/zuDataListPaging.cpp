@@ -102,8 +102,7 @@ void TzuDataList::LoadItems(int from, int to, TBlockEnd end)
         if (!self) {
             return;
         }
-        Place(atFront ? 0 : m_items.Size(), entity.get(), index);
-        entity.release();
+        Place(atFront ? 0 : m_items.Size(), entity.release(), index);
         unloaded = std::max(unloaded - 1, 0);
     }
     for (int step = 0; step <= to - from && self; ++step) {

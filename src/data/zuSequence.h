@@ -15,7 +15,8 @@ enum class TNumbering : std::uint8_t { None, PerItem };
 
 /// Inserting, erasing and finding by position or by item cost O(chunk + n / chunk) with vectorised
 /// inner loops, wherever they happen. Nothing is allocated while the sequence is empty, and up to
-/// one chunk of items lies in a plain array. Items are observed; nil is no item.
+/// one chunk of items lies in a plain array. Items are observed; nil is no item. Reading moves a
+/// hint, so that one thread at a time may read.
 ///
 /// With TNumbering::PerItem each item carries a number that travels with it; a whole tail can be
 /// renumbered consecutively at O(chunk + n / chunk).

@@ -231,7 +231,7 @@ std::vector<T *> TSequence<T, Place, numbering>::Items() const
 template <typename T, typename Place, TNumbering numbering>
 void TSequence<T, Place, numbering>::Chunks::InsertChunk(int order)
 {
-    std::uint32_t id = static_cast<std::uint32_t>(OrderOfId.size());
+    auto id = static_cast<std::uint32_t>(OrderOfId.size());
     if (FreeIds.empty()) {
         OrderOfId.push_back(order);
     } else {

@@ -240,6 +240,26 @@ TEST_F(DataListTrav, SelectionReachesWhatIsNotLoaded)
     EXPECT_EQ(SelectedIds(), std::vector{8});
 }
 
+TEST_F(DataListTrav, ASelectionHandlerMayFreeEverything)
+{
+    for (const bool next : {true, false}) {
+        Build({1, 2, 1});
+        Entity(1)->SetSelected(true);
+        auto container = std::make_unique<TzuDataList2lev>();
+        for (const auto &list : m_lists) {
+            container->Add(list.get());
+        }
+        m_controller.OnSelectionChanged = [&](TzuDataList *, TzuDataEntity *) {
+            m_controller.OnSelectionChanged = nullptr;
+            container.reset();
+            m_level2.Clear();
+            m_lists.clear();
+        };
+        next ? container->SelectNext() : container->SelectPrev();
+        EXPECT_EQ(NumberedEntity::Alive(), 0);
+    }
+}
+
 TEST_F(DataListTrav, AContainerAsksForMissingListsAsLongAsThatHelps)
 {
     Build({});
