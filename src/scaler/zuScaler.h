@@ -12,6 +12,8 @@
 #include "scaler/zuScalerWeeks.h"
 
 #include <array>
+#include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -28,6 +30,7 @@ struct TScaleTarget
     TRect Rect;
     int XFactor = 1;
     int YFactor = 1;
+    std::optional<TColor> Background = {}; ///< put behind labels where ticks would cross them
 };
 
 enum class TScaleRow : unsigned char { Minor, Major };
@@ -179,7 +182,8 @@ public:
 
     // Painting.
 
-    /// Draws the scaler and, when a change is due, asks for its notification.
+    /// Draws the scaler on a canvas whose brush has the background's colour and, when a change is
+    /// due, asks for its notification.
     void DoThePaint(TCanvas &canvas, const TRect &rect);
     /// Ticks of one row of marks.
     void DrawScaleMarks(TScaleMarkList &marks, const TScaleTarget &target);
@@ -262,6 +266,7 @@ private:
 
     void DrawTick(const TScaleTarget &target, std::int64_t pixel, int length) const;
     void SetLabelFont(TCanvas &canvas, TScalerFont font) const;
+    std::optional<TColor> BackgroundOf(const TCanvas &canvas) const;
     void DrawScrollButtons(TCanvas &canvas);
     void DrawScaleIndicator(const TScaleTarget &target);
     std::string IndicatorText() const;

@@ -117,34 +117,41 @@ public:
     void Draw(std::string_view text, int centre)
     {
         const TSize extent = m_target.Canvas.TextExtent(text);
+        const TRect &rect = m_target.Rect;
         if (m_horizontal) {
-            DrawAcross(text, centre - extent.Width / 2, extent.Width);
-        } else {
-            DrawDown(text, centre - extent.Height / 2, extent.Height);
+            const int left = centre - extent.Width / 2;
+            if (Claim(left, extent.Width, rect.Width(), 6)) {
+                DrawAt({rect.Left + left, rect.Top + m_cross}, extent, text);
+            }
+            return;
+        }
+        const int top = centre - extent.Height / 2;
+        if (top > extent.Height && Claim(top, extent.Height, rect.Height(), 10)) {
+            text = Shortened(m_target.Canvas, text, rect.Width() - m_cross);
+            const TSize shown{std::min(extent.Width, rect.Width() - m_cross), extent.Height};
+            DrawAt({rect.Left + m_cross, rect.Top + top}, shown, text);
         }
     }
 
 private:
-    void DrawAcross(std::string_view text, int left, int width)
+    /// Whether a label fits there: wholly on the axis, and clear of the one before.
+    bool Claim(int from, int length, int axisLength, int gap)
     {
-        constexpr int kGap = 6;
-        if (left > 0 && left > m_last + width + kGap) {
-            const TRect &rect = m_target.Rect;
-            m_target.Canvas.TextOut({rect.Left + left, rect.Top + m_cross}, text);
-            m_last = left;
-        }
+        const bool fits = from > 0 && from + length <= axisLength && from > m_last + length + gap;
+        m_last = fits ? from : m_last;
+        return fits;
     }
 
-    void DrawDown(std::string_view text, int top, int height)
+    void DrawAt(TPoint at, TSize extent, std::string_view text) const
     {
-        constexpr int kGap = 10;
-        if (top - height > 0 && top > m_last + height + kGap) {
-            const TRect &rect = m_target.Rect;
-            const int room = rect.Width() - m_cross;
-            m_target.Canvas.TextOut({rect.Left + m_cross, rect.Top + top},
-                                    Shortened(m_target.Canvas, text, room));
-            m_last = top;
+        if (m_target.Background) {
+            TRect behind{at.X, at.Y, at.X + extent.Width, at.Y + extent.Height};
+            if (m_horizontal) { // below the text the ticks go on
+                behind.Bottom = std::min(behind.Bottom, m_target.Rect.Bottom - kMinorTick);
+            }
+            m_target.Canvas.FillRect(behind, *m_target.Background);
         }
+        m_target.Canvas.TextOut(at, text);
     }
 
     const TScaleTarget &m_target;
@@ -162,7 +169,8 @@ void TDateScalerCore::DoThePaint(TCanvas &canvas, const TRect &rect)
     }
     const TSize size = m_host.ClientSize();
     const TScaleTarget target{canvas, rect, size.Width > 0 ? rect.Width() / size.Width : 0,
-                              size.Height > 0 ? rect.Height() / size.Height : 0};
+                              size.Height > 0 ? rect.Height() / size.Height : 0,
+                              BackgroundOf(canvas)};
     m_majorPixels.clear();
     m_minorPixels.clear();
     DrawScaleMarks(m_primaryMarks, target);
@@ -178,6 +186,13 @@ void TDateScalerCore::DoThePaint(TCanvas &canvas, const TRect &rect)
         }
     }
     AnnounceChange();
+}
+
+std::optional<TColor> TDateScalerCore::BackgroundOf(const TCanvas &canvas) const
+{
+    const TBrush &brush = canvas.Brush();
+    const bool known = !m_host.GetIsPrinting() && brush.Style == TBrushStyle::bsSolid;
+    return known ? std::optional(brush.Color) : std::nullopt;
 }
 
 void TDateScalerCore::DrawScaleMarks(TScaleMarkList &marks, const TScaleTarget &target)

@@ -181,6 +181,45 @@ TEST(ScalerPaint, LabelsThatWouldCrowdAreLeftOutAndNotMoved)
     EXPECT_THAT(lefts, ElementsAre(1, 26, 51));
 }
 
+TEST(ScalerPaint, LabelsThatDoNotFitOnTheAxisAreLeftOut)
+{
+    TestScaler scaler;
+    scaler.SetRange(36892, 36893);
+    TScaleMarkList marks(4);
+    marks[0].Pixel = 9;
+    marks[1].Pixel = 10;
+    marks[2].Pixel = 691;
+    marks[3].Pixel = 692;
+    std::vector<std::string> drawn;
+    for (TScaleMark &mark : marks) {
+        mark.Text = std::to_string(mark.Pixel + 100); // 18 pixels wide
+        TRecordingCanvas canvas;
+        scaler.DrawScaleMarksText({mark}, {canvas, kClient}, TScaleRow::Minor);
+        const std::vector<std::string> texts = canvas.Texts();
+        drawn.insert(drawn.end(), texts.begin(), texts.end());
+    }
+    EXPECT_THAT(drawn, ElementsAre("110", "791"));
+}
+
+TEST(ScalerPaint, TicksDoNotStrikeLabelsThroughOnScreen)
+{
+    TestScaler scaler;
+    scaler.SetRange(36892.5, 36893.5);
+    const auto behindMidnight = [&] {
+        TRecordingCanvas canvas;
+        canvas.SetBrushColor(clBtnFace);
+        scaler.DoThePaint(canvas, kClient);
+        return canvas.Where([](const TCanvasCall &call) {
+            return call.Op == TCanvasOp::FillRect && call.Brush.Color == clBtnFace
+                   && call.Rect == TRect{344, 30, 356, 40};
+        });
+    };
+    ASSERT_EQ(scaler.SecondaryMarks().front().Pixel, 350);
+    EXPECT_EQ(behindMidnight().size(), 1U);
+    scaler.Host.Printing = true; // whatever the paper is
+    EXPECT_TRUE(behindMidnight().empty());
+}
+
 TEST(ScalerPaint, VerticalLabelsKeepTheirDistanceAndTheirRoom)
 {
     TestScaler scaler;
