@@ -177,8 +177,8 @@ void TTreeDisplay::UpdateNodes(int &expected)
     }
     // Handlers may queue more meanwhile, for the next update.
     const std::size_t entities = m_queue.size();
+    MoveQueued(entities); // first: what is inserted finds its place among nodes in order
     InsertQueued(entities);
-    MoveQueued(entities);
     for (std::size_t i = 0; i < entities; ++i) {
         TzuDataEntity_Tree *entity = m_queue[i];
         if (entity != nullptr && entity->m_node != nullptr && entity->m_node->ChildCount() == 0) {
@@ -245,6 +245,29 @@ int TTreeDisplay::RunsInQueue() const
         next = position + 1;
     }
     return runs;
+}
+
+void TTreeDisplay::SortQueuedLists()
+{
+    const std::size_t count = m_lists.size();
+    for (std::size_t i = 0; i < count; ++i) {
+        TzuDataList_Tree *list = m_lists[i];
+        if (list == nullptr) {
+            continue;
+        }
+        Unqueue(*list);
+        TTreeNode_zuSub *parent = NodeOf(*list);
+        const bool sorts = list->NeedsSort() && list->Count() > 0 && parent != nullptr;
+        const bool orders = list->m_orderUnknown && parent != nullptr;
+        if (sorts) {
+            list->SetNeedsSort(false);
+        }
+        list->m_orderUnknown = list->m_orderUnknown && !orders;
+        if (orders || (sorts && m_tree.SortCompare())) {
+            OrderNodes(*list, *parent);
+        }
+    }
+    DropFirst(m_lists, count);
 }
 
 // --- removing ------------------------------------------------------------------------------------

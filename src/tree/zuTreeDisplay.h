@@ -90,6 +90,7 @@ private:
     void ConvertPlaceholder(TTreeNode_zuSub &placeholder, TzuDataEntity_Tree &entity);
     void MoveQueued(std::size_t count);
     void MoveNode(TzuDataList_Tree &list, TTreeNode_zuSub &parent, TTreeNode_zuSub &node);
+    void SortLater(TzuDataList_Tree &list);
     void SortQueuedLists();
     void OrderNodes(TzuDataList_Tree &list, TTreeNode_zuSub &parent);
     int PositionFor(const TTreeNode_zuSub &parent, const TzuDataList_Tree &list,

@@ -67,6 +67,9 @@ void TTreeDisplay::InsertGroup(TzuDataList_Tree &list, std::vector<TPlaced> &gro
             ConvertPlaceholder(*placeholder, *entityAt(next++));
         }
     }
+    if (listLives) {
+        SortLater(list);
+    }
     while (listLives && next < group.size()) {
         const int at = PositionFor(parent, list, group[next].Position);
         const TTreeNode_zuSub *behind = at < parent.ChildCount() ? parent.Child(at) : nullptr;
@@ -83,6 +86,15 @@ void TTreeDisplay::InsertGroup(TzuDataList_Tree &list, std::vector<TPlaced> &gro
         } while (next < group.size() && group[next].Position < end);
         FillBelow(nodes, level);
         Attach(parent, at, std::move(nodes));
+    }
+}
+
+/// New nodes stand in list order until the list is sorted.
+void TTreeDisplay::SortLater(TzuDataList_Tree &list)
+{
+    list.SetNeedsSort(list.NeedsSort() || m_tree.SortCompare());
+    if (list.NeedsSort()) {
+        QueueSort(list);
     }
 }
 
@@ -181,9 +193,7 @@ std::vector<TTreeDisplay::TOwner> TTreeDisplay::NewChildren(TzuDataEntity_Tree &
     }
     if (listLives) {
         list.m_orderUnknown = false;
-        if (list.NeedsSort()) {
-            QueueSort(list);
-        }
+        SortLater(list);
     }
     return nodes;
 }
@@ -233,10 +243,10 @@ void TTreeDisplay::MoveQueued(std::size_t count)
             continue;
         }
         auto *list = dynamic_cast<TzuDataList_Tree *>(entity->GetDataList());
-        if (list == nullptr || list->m_orderUnknown || m_tree.SortCompare()) {
+        if (list == nullptr || list->m_orderUnknown) {
             continue;
         }
-        if (!movedIn.try_emplace(list, i).second) {
+        if (m_tree.SortCompare() || !movedIn.try_emplace(list, i).second) {
             QueueWhole(*list); // the others do not show where one belongs
         }
     }
@@ -272,29 +282,6 @@ void TTreeDisplay::MoveNode(TzuDataList_Tree &list, TTreeNode_zuSub &parent, TTr
     m_observer.BeforeChange(change);
     parent.InsertChildren(low, parent.TakeChildren(from, 1));
     m_observer.AfterChange(change);
-}
-
-void TTreeDisplay::SortQueuedLists()
-{
-    const std::size_t count = m_lists.size();
-    for (std::size_t i = 0; i < count; ++i) {
-        TzuDataList_Tree *list = m_lists[i];
-        if (list == nullptr) {
-            continue;
-        }
-        Unqueue(*list);
-        TTreeNode_zuSub *parent = NodeOf(*list);
-        const bool sorts = list->NeedsSort() && list->Count() > 0 && parent != nullptr;
-        const bool orders = list->m_orderUnknown && parent != nullptr;
-        if (sorts) {
-            list->SetNeedsSort(false);
-        }
-        list->m_orderUnknown = list->m_orderUnknown && !orders;
-        if (orders || (sorts && m_tree.SortCompare())) {
-            OrderNodes(*list, *parent);
-        }
-    }
-    DropFirst(m_lists, count);
 }
 
 /// Puts the nodes into list order, then into that of the tree's comparison.

@@ -1,0 +1,666 @@
+#include "TestTree.h"
+#include "foundation/zuDoLater.h"
+
+#include <gtest/gtest.h>
+#include <stdexcept>
+
+namespace korvane::test {
+namespace {
+
+struct TreeTest : testing::Test
+{
+    FakeTreeHost Host;
+    TestTree Tree{Host};
+
+    void SetUp() override { Tree.SetLoadOnDemand(false); }
+    void AddRows(int count)
+    {
+        for (int i = 0; i < count; ++i) {
+            Tree.AddDataEntity();
+        }
+    }
+    TzuDataEntity_Tree *Root(int index) { return Tree.DataList()->Entity(index); }
+};
+
+// --- captions ------------------------------------------------------------------------------------
+
+TEST_F(TreeTest, ACaptionHoldsUpTo255CodePointsAndKeepsTheOldOneBeyond)
+{
+    const auto repeated = [](const std::string &text, int count) {
+        std::string result;
+        for (int i = 0; i < count; ++i) {
+            result += text;
+        }
+        return result;
+    };
+    struct Case
+    {
+        const char *Character;
+        int Count;
+        bool Accepted;
+    };
+    TzuDataEntity_Tree *entity = Tree.Add("old");
+    for (const Case &c : {Case{"x", 255, true}, Case{"x", 256, false}, Case{"\u00e9", 255, true},
+                          Case{"\u00e9", 256, false}, Case{"\U0001f332", 255, true},
+                          Case{"\U0001f332", 256, false}, Case{"", 0, true}}) {
+        entity->SetText("old");
+        const std::string text = repeated(c.Character, c.Count);
+        if (c.Accepted) {
+            entity->SetText(text);
+            EXPECT_EQ(entity->GetText(), text);
+            continue;
+        }
+        try {
+            entity->SetText(text);
+            ADD_FAILURE() << c.Count;
+        } catch (const std::exception &error) {
+            EXPECT_STREQ(error.what(), "Treenodes only allow strings smaller than 255 chars");
+        }
+        EXPECT_EQ(entity->GetText(), "old");
+    }
+}
+
+TEST_F(TreeTest, ChangesOfADisplayedCaptionReachTheNodeOnceAndOnlyWhenTheyAreChanges)
+{
+    TzuDataEntity_Tree *entity = Tree.Add("a");
+    entity->SetImageIndex(3);
+    EXPECT_EQ(Host.Captions, 0);
+    Tree.EnsureDisplayUpToDate();
+    for (int round = 0; round < 2; ++round) {
+        entity->SetText("b");
+        entity->SetImageIndex(4);
+        entity->SetSelectedIndex(5);
+        entity->SetFontName("Serif");
+        entity->SetFontStyle({.Bold = true});
+    }
+    EXPECT_EQ(Host.Captions, 5);
+    EXPECT_EQ(entity->GetFontName(), "Serif");
+    EXPECT_TRUE(entity->GetFontStyle().Bold);
+    EXPECT_TRUE(entity->GetCanEdit());
+}
+
+// --- the display ---------------------------------------------------------------------------------
+
+TEST_F(TreeTest, NodesAppearAtTheNextReadAndInListOrderAlsoWhenShownAgain)
+{
+    TzuDataEntity_Tree *a = Tree.Add("a");
+    TzuDataEntity_Tree *b = Tree.Add("b");
+    Tree.Add("c");
+    Tree.Add("b1", b);
+    EXPECT_EQ(a->Node(), nullptr);
+    EXPECT_EQ(Tree.Nodes(), "a b(b1) c");
+    a->Set_HideNode(true);
+    b->Set_HideNode(true);
+    EXPECT_NE(b->Node(), nullptr);
+    EXPECT_EQ(Tree.Nodes(), "c");
+    EXPECT_EQ(b->Node(), nullptr);
+    EXPECT_EQ(b->ChildList()->Entity(0)->Node(), nullptr);
+    b->Set_HideNode(false);
+    Tree.InsertDataEntity(*Tree.DataList(), 0)->SetText("0");
+    EXPECT_EQ(Tree.Nodes(), "0 b(b1) c");
+    a->Set_HideNode(false);
+    EXPECT_EQ(Tree.Nodes(), "0 a b(b1) c");
+}
+
+TEST_F(TreeTest, TheDisplayIsBroughtUpToDateOnceForAnyNumberOfChangesAndNotWithoutOne)
+{
+    AddRows(10);
+    Tree.EnsureDisplayUpToDate();
+    EXPECT_EQ(Tree.Updates, 1);
+    EXPECT_EQ(Host.Changes, 1);
+    Tree.EnsureDisplayUpToDate();
+    EXPECT_EQ(Tree.Updates, 1);
+    Root(3)->SetVisible(false);
+    EXPECT_TRUE(Tree.IsDisplayOutOfDate());
+    EXPECT_TRUE(Root(3)->GetVisible()); // what matters is the node
+    EXPECT_EQ(Tree.Updates, 1);
+    Tree.EnsureDisplayUpToDate();
+    EXPECT_EQ(Tree.Updates, 2);
+    EXPECT_EQ(Host.Brackets, 1); // nothing changed, so nothing was locked
+    Tree.Blocked = true;
+    AddRows(1);
+    EXPECT_EQ(Tree.CountVisible(), 10);
+    Tree.Blocked = false;
+    EXPECT_EQ(Tree.CountVisible(), 11);
+}
+
+TEST_F(TreeTest, AnUpdateCostsWhatChanged)
+{
+    AddRows(20'000);
+    Tree.EnsureDisplayUpToDate();
+    Host.Changes = 0;
+    Tree.RemoveDataEntity(Root(10'000));
+    for (int i = 0; i < 3; ++i) {
+        Tree.InsertDataEntity(*Tree.DataList(), 5'000);
+        Root(100 + i)->Set_HideNode(true);
+    }
+    Root(0)->Move(9);
+    Tree.EnsureDisplayUpToDate();
+    EXPECT_EQ(Host.Changes, 4); // one run hidden, one removed, one inserted, one moved
+}
+
+TEST_F(TreeTest, AMovedEntityTakesItsNodeAlong)
+{
+    for (const char *text : {"a", "b", "c", "d", "e"}) {
+        Tree.Add(text);
+    }
+    Tree.Add("b1", Root(1));
+    EXPECT_EQ(Tree.Nodes(), "a b(b1) c d e");
+    const TTreeNode_zuSub *node = Root(1)->Node();
+    Root(1)->Move(3);
+    EXPECT_EQ(Tree.Nodes(), "a c d b(b1) e");
+    EXPECT_EQ(Root(3)->Node(), node);
+    Root(4)->Move(0);
+    Root(2)->Move(1);
+    EXPECT_EQ(Tree.Nodes(), "e c a d b(b1)");
+}
+
+TEST_F(TreeTest, ChangeOfOwnerMovesTheWholeBranchAndNeverBelowItself)
+{
+    TzuDataEntity_Tree *a = Tree.Add("a");
+    TzuDataEntity_Tree *b = Tree.Add("b");
+    TzuDataEntity_Tree *c = Tree.Add("c", b);
+    Tree.Add("d", c);
+    EXPECT_EQ(Tree.Nodes(), "a b(c(d))");
+    b->ChangeOwner(a->ChildList(), 0);
+    EXPECT_EQ(Tree.Nodes(), "a(b(c(d)))");
+    EXPECT_EQ(c->GetLevel(), 2);
+    b->ChangeOwner(c->ChildList(), 0);
+    EXPECT_EQ(Tree.Nodes(), "a(b(c(d)))");
+    EXPECT_EQ(b->ParentNode(), a);
+    c->ChangeOwner(Tree.DataList(), 0);
+    EXPECT_EQ(Tree.Nodes(), "c(d) a(b)");
+}
+
+TEST_F(TreeTest, ABranchThatChangesOverToAnotherTreeBelongsToThatTree)
+{
+    FakeTreeHost otherHost;
+    TestTree other(otherHost);
+    other.SetLoadOnDemand(false);
+    TzuDataEntity_Tree *a = Tree.Add("a");
+    TzuDataEntity_Tree *b = Tree.Add("b", a);
+    Tree.Add("c", b);
+    EXPECT_EQ(Tree.Nodes(), "a(b(c))");
+    Tree.SetCurrentDataEntity(b);
+    a->ChangeOwner(other.DataList(), 0);
+    EXPECT_EQ(Tree.Nodes(), "");
+    EXPECT_EQ(other.Nodes(), "a(b(c))");
+    EXPECT_EQ(b->Tree(), &other);
+    TDoLater::DoAllNow();
+    EXPECT_EQ(Tree.GetCurrentDataEntity(), nullptr);
+    other.RemoveDataEntity(b);
+    EXPECT_EQ(other.Nodes(), "a");
+}
+
+TEST_F(TreeTest, AnEntityThatLeavesForAPlainListKeepsItsChildrenUntilEitherIsReleased)
+{
+    TzuListController controller;
+    for (const bool treeGoesFirst : {false, true}) {
+        auto *list = new TzuDataList;
+        list->AfterCreate(&controller, EntityClass::Of<TzuDataEntity>());
+        FakeTreeHost host;
+        auto tree = std::make_unique<TestTree>(host);
+        TzuDataEntity_Tree *a = tree->Add("a");
+        tree->Add("b", a);
+        tree->EnsureDisplayUpToDate();
+        a->ChangeOwner(list, 0);
+        EXPECT_EQ(a->Tree(), nullptr);
+        EXPECT_TRUE(a->HasChildren());
+        if (treeGoesFirst) {
+            tree.reset();
+            EXPECT_FALSE(a->HasChildren());
+        }
+        list->FreeWheneverPossible();
+    }
+}
+
+TEST_F(TreeTest, SiblingsFollowTheComparisonWhileThereIsOne)
+{
+    for (const char *text : {"c", "a", "b"}) {
+        Tree.Add(text);
+    }
+    EXPECT_TRUE(Tree.DataList()->NeedsSort());
+    EXPECT_EQ(Tree.Nodes(), "c a b");
+    EXPECT_FALSE(Tree.DataList()->NeedsSort());
+    const auto text = [](TzuDataEntity *entity) {
+        return dynamic_cast<TzuDataEntity_Tree &>(*entity).GetText();
+    };
+    Tree.SetSortCompare([&](auto *a, auto *b) { return text(a).compare(text(b)); });
+    EXPECT_EQ(Tree.Nodes(), "a b c");
+    Tree.Add("aa");
+    EXPECT_EQ(Tree.Nodes(), "a aa b c");
+    Root(1)->Set_HideNode(true);
+    EXPECT_EQ(Tree.Nodes(), "aa b c");
+    Root(1)->Set_HideNode(false);
+    EXPECT_EQ(Tree.Nodes(), "a aa b c");
+    Tree.SetSortCompare(nullptr);
+    EXPECT_EQ(Tree.Nodes(), "c a b aa");
+    Tree.SetSortCompare([&](auto *a, auto *b) { return text(a).compare(text(b)); });
+    Tree.DataList()->Sort(TSortDirection::Descending);
+    EXPECT_EQ(Root(0)->GetText(), "c");
+    EXPECT_EQ(Tree.Nodes(), "a aa b c");
+    Tree.SetSortCompare(nullptr);
+    EXPECT_EQ(Tree.Nodes(), "c b aa a");
+}
+
+TEST_F(TreeTest, ItemsThatWereOnlyAnnouncedAreLoadedWhenTheyAreDisplayed)
+{
+    int loaded = 0;
+    Tree.OnLoadItem = [&](TObject *, TzuDataEntity_Tree *entity) {
+        entity->SetText(std::to_string(loaded++));
+    };
+    Tree.DataList()->AddUnloaded(3);
+    EXPECT_EQ(loaded, 0);
+    EXPECT_EQ(Tree.Nodes(), "0 1 2");
+    Root(1)->ChildList()->AddUnloaded(2);
+    EXPECT_EQ(Tree.Nodes(), "0 1(3 4) 2");
+}
+
+TEST_F(TreeTest, NodesMadeOutsideOfARebuildLetTheDisplayBeginAfresh)
+{
+    Tree.Add("a");
+    Tree.EnsureDisplayUpToDate();
+    const auto outside = Tree.CreateNode();
+    EXPECT_TRUE(Tree.IsDisplayOutOfDate());
+    Host.Changes = 0;
+    EXPECT_EQ(Tree.Nodes(), "a");
+    EXPECT_EQ(Host.Changes, 2); // all out, all in
+}
+
+// --- placeholders --------------------------------------------------------------------------------
+
+TEST_F(TreeTest, APlaceholderBecomesTheNodeOfTheFirstChildDisplayed)
+{
+    Tree.SetLoadOnDemand(true);
+    TzuDataEntity_Tree *a = Tree.Add("a");
+    EXPECT_EQ(Tree.Nodes(), "a(?)");
+    TTreeNode_zuSub *placeholder = a->DummyNode();
+    ASSERT_NE(placeholder, nullptr);
+    EXPECT_EQ(TTreeCore::GetDataEntityFromNode(placeholder), nullptr);
+
+    TzuDataEntity_Tree *hidden = Tree.Add("h", a);
+    hidden->Set_HideNode(true);
+    EXPECT_EQ(Tree.Nodes(), "a(?)"); // nothing took its place
+    TzuDataEntity_Tree *b = Tree.Add("b", a);
+    Tree.Add("c", a);
+    b->SetExpanded(true);
+    EXPECT_EQ(Tree.Nodes(), "a(b(?) c(?))");
+    EXPECT_EQ(b->Node(), placeholder);
+    EXPECT_TRUE(placeholder->Expanded());
+    EXPECT_EQ(a->DummyNode(), nullptr);
+
+    a->ChildList()->Clear();
+    EXPECT_EQ(Tree.Nodes(), "a(?)");
+    Tree.SetLoadOnDemand(false);
+    EXPECT_EQ(Tree.Nodes(), "a");
+}
+
+TEST_F(TreeTest, WithAutoExpandLevelsOnlyTheUpperLevelsGetPlaceholders)
+{
+    Tree.SetLoadOnDemand(true);
+    TzuDataEntity_Tree *a = Tree.Add("a");
+    Tree.Add("c", Tree.Add("b", a));
+    Tree.Add("d");
+    struct Case
+    {
+        int Levels;
+        const char *Nodes;
+    };
+    for (const Case &c :
+         {Case{-1, "a(b(c(?))) d(?)"}, Case{0, "a(b(c)) d"}, Case{1, "a(b(c)) d"},
+          Case{2, "a(b(c)) d(?)"}, Case{4, "a(b(c(?))) d(?)"}, Case{-5, "a(b(c(?))) d(?)"}}) {
+        Tree.SetAutoExpandLevels(c.Levels);
+        EXPECT_EQ(Tree.Nodes(), c.Nodes) << c.Levels;
+    }
+}
+
+// --- rows and expansion --------------------------------------------------------------------------
+
+TEST_F(TreeTest, VisibilityFollowsTheAncestorsAndNotTheScrollPosition)
+{
+    TzuDataEntity_Tree *a = Tree.Add("a");
+    TzuDataEntity_Tree *b = Tree.Add("b", a);
+    TzuDataEntity_Tree *c = Tree.Add("c", b);
+    AddRows(100);
+    EXPECT_FALSE(a->GetVisible()); // no node yet
+    Tree.EnsureDisplayUpToDate();
+    const auto visible = [&] {
+        return std::vector{a->GetVisible(), b->GetVisible(), c->GetVisible()};
+    };
+    EXPECT_EQ(visible(), (std::vector{true, false, false}));
+    b->SetExpanded(true);
+    EXPECT_EQ(visible(), (std::vector{true, false, false}));
+    a->SetExpanded(true);
+    EXPECT_EQ(visible(), (std::vector{true, true, true}));
+    EXPECT_EQ(Tree.GetRow(*c), 2);
+    EXPECT_EQ(Tree.CountVisible(), 103);
+    Tree.SetTopItem(Root(50));
+    EXPECT_TRUE(c->GetVisible());
+    EXPECT_EQ(Tree.GetRect(*c), (TRect{-1, -1, -1, -1}));
+    Tree.FullCollapse();
+    EXPECT_EQ(visible(), (std::vector{true, false, false}));
+    EXPECT_FALSE(b->GetExpanded());
+    Tree.FullExpand();
+    EXPECT_EQ(visible(), (std::vector{true, true, true}));
+    Tree.FullCollapse();
+    Tree.ExpandLevels(1);
+    EXPECT_EQ(visible(), (std::vector{true, true, false}));
+}
+
+TEST_F(TreeTest, RowsAndRectanglesFollowTheTopRow)
+{
+    AddRows(20); // five fit
+    EXPECT_EQ(Tree.GetRect(*Root(4)), (TRect{0, 80, 200, 100}));
+    Host.View.Height = 90;
+    Host.SetTopRow(3);
+    struct Case
+    {
+        int Row;
+        TRect Rect;
+    };
+    for (const Case &c : {Case{2, {-1, -1, -1, -1}}, Case{3, {0, 0, 200, 20}},
+                          Case{7, {0, 80, 200, 100}}, Case{8, {-1, -1, -1, -1}}}) {
+        EXPECT_EQ(Tree.GetRect(*Root(c.Row)), c.Rect) << c.Row;
+    }
+    const auto rows = Tree.VisibleRowEntities();
+    ASSERT_EQ(rows.size(), 5U);
+    EXPECT_EQ(rows.front().Entity, Root(3));
+    EXPECT_EQ(rows.back().Rect, (TRect{0, 80, 200, 100}));
+    EXPECT_EQ(Tree.GetDataEntityAt(5, 19), Root(3));
+    EXPECT_EQ(Tree.GetDataEntityAt(5, 20), Root(4));
+    EXPECT_EQ(Tree.GetDataEntityAt(200, 20), nullptr);
+    EXPECT_EQ(Tree.GetDataEntityAt(5, -1), nullptr);
+    EXPECT_EQ(Tree.GetDataEntityFromRow(19), Root(19));
+    EXPECT_EQ(Tree.GetDataEntityFromRow(20), nullptr);
+    EXPECT_EQ(Tree.GetNextVisible(nullptr), Root(0));
+    EXPECT_EQ(Tree.GetNextVisible(Root(19)), nullptr);
+    EXPECT_EQ(Tree.GetPrevVisible(Root(1)), Root(0));
+    EXPECT_EQ(Tree.GetPrevVisible(Root(0)), nullptr);
+}
+
+TEST_F(TreeTest, SteppingThroughVisibleEntitiesSkipsPlaceholders)
+{
+    Tree.SetLoadOnDemand(true);
+    TzuDataEntity_Tree *a = Tree.Add("a");
+    TzuDataEntity_Tree *b = Tree.Add("b");
+    a->SetExpanded(true);
+    EXPECT_EQ(Tree.CountVisible(), 3);
+    EXPECT_EQ(Tree.GetDataEntityFromRow(1), nullptr);
+    EXPECT_EQ(Tree.GetNextVisible(a), b);
+    EXPECT_EQ(Tree.GetPrevVisible(b), a);
+    EXPECT_EQ(Tree.VisibleRowEntities().size(), 2U);
+}
+
+TEST_F(TreeTest, ExpandingAnEntityWithoutNodeBringsTheDisplayUpToDateAtOnce)
+{
+    TzuDataEntity_Tree *a = Tree.Add("a");
+    a->SetExpanded(true);
+    EXPECT_NE(a->Node(), nullptr);
+    EXPECT_TRUE(Tree.IsDisplayOutOfDate());
+    Tree.Add("b", a);
+    EXPECT_EQ(Tree.CountVisible(), 2); // the new child is shown
+    TzuDataEntity_Tree *c = Tree.Add("c");
+    c->SetExpanded(false);
+    EXPECT_EQ(c->Node(), nullptr);
+}
+
+TEST_F(TreeTest, TheUsersExpansionIsStoredAndAnnouncedOnce)
+{
+    std::vector<std::string> log;
+    Tree.OnExpanded = [&](TObject *, auto *entity) { log.push_back("+" + entity->GetText()); };
+    Tree.OnCollapsed = [&](TObject *, auto *entity) { log.push_back("-" + entity->GetText()); };
+    TzuDataEntity_Tree *a = Tree.Add("a");
+    Tree.Add("b", a);
+    Tree.EnsureDisplayUpToDate();
+    for (int i = 0; i < 2; ++i) {
+        Tree.NodeExpandedByUser(*a->Node(), true);
+        EXPECT_TRUE(a->GetExpanded());
+    }
+    a->SetExpanded(true);
+    a->SetExpanded(false);
+    EXPECT_EQ(log, (std::vector<std::string>{"+a", "-a"}));
+}
+
+// --- current entity ------------------------------------------------------------------------------
+
+TEST_F(TreeTest, TheCurrentEntityChangesWhenTheDeferredCallRuns)
+{
+    AddRows(3);
+    TzuDataEntity_Tree *deep = Tree.Add("deep", Root(1));
+    int changes = 0;
+    Tree.OnCurrentChanged = [&](TObject *) { ++changes; };
+    Tree.SetCurrentDataEntity(Root(0));
+    EXPECT_EQ(Tree.GetCurrentDataEntity(), nullptr);
+    TDoLater::DoAllNow();
+    EXPECT_EQ(Tree.GetCurrentDataEntity(), Root(0));
+    Tree.SetCurrentDataEntity(Root(2));
+    Tree.SetCurrentDataEntity(deep);
+    EXPECT_EQ(Tree.GetCurrentDataEntity(), Root(0));
+    TDoLater::DoAllNow();
+    EXPECT_EQ(Tree.GetCurrentDataEntity(), deep);
+    EXPECT_TRUE(deep->GetVisible());
+    EXPECT_EQ(Host.Selected, deep->Node());
+    Tree.SetCurrentDataEntity(nullptr);
+    TDoLater::DoAllNow();
+    EXPECT_EQ(Tree.GetCurrentDataEntity(), nullptr);
+    EXPECT_EQ(changes, 3);
+}
+
+TEST_F(TreeTest, NothingIsSelectedAfterTheSelectedEntityWentAway)
+{
+    struct Case
+    {
+        const char *What;
+        std::function<void(TzuDataEntity_Tree *parent, TzuDataEntity_Tree *entity)> Act;
+    };
+    const Case cases[] = {
+        {"deleted", [&](auto *, auto *entity) { Tree.RemoveDataEntity(entity); }},
+        {"parent deleted", [&](auto *parent, auto *) { Tree.RemoveDataEntity(parent); }},
+        {"hidden", [&](auto *, auto *entity) { entity->Set_HideNode(true); }},
+        {"all cleared", [&](auto *, auto *) { Tree.Clear(); }},
+    };
+    for (const Case &c : cases) {
+        TzuDataEntity_Tree *parent = Tree.Add("p");
+        TzuDataEntity_Tree *entity = Tree.Add("e", parent);
+        Tree.Add("f", parent);
+        Tree.SetCurrentDataEntity(entity);
+        TDoLater::DoAllNow();
+        EXPECT_EQ(Tree.GetCurrentDataEntity(), entity) << c.What;
+        int changes = 0;
+        Tree.OnCurrentChanged = [&](TObject *) { ++changes; };
+        c.Act(parent, entity);
+        EXPECT_EQ(Tree.GetCurrentDataEntity(), nullptr) << c.What;
+        EXPECT_EQ(Host.Selected, nullptr) << c.What;
+        EXPECT_EQ(changes, 1) << c.What;
+    }
+}
+
+TEST_F(TreeTest, APendingSelectionDiesWithItsEntityOrItsTree)
+{
+    AddRows(1);
+    Tree.SetCurrentDataEntity(Root(0));
+    Tree.RemoveDataEntity(Root(0));
+    TDoLater::DoAllNow();
+    EXPECT_EQ(Tree.GetCurrentDataEntity(), nullptr);
+    {
+        FakeTreeHost host;
+        TestTree other(host);
+        other.SetCurrentDataEntity(other.Add("x"));
+    }
+    TDoLater::DoAllNow();
+}
+
+TEST_F(TreeTest, TheViewsSelectionMarksTheEntities)
+{
+    AddRows(2);
+    Tree.EnsureDisplayUpToDate();
+    std::vector<bool> told;
+    Tree.OnSelectionChanged = [&](TObject *, TzuDataList *, TzuDataEntity *entity) {
+        told.push_back(entity->GetSelected());
+    };
+    Tree.NodeMarkedByUser(*Root(0)->Node(), true);
+    Tree.NodeMarkedByUser(*Root(0)->Node(), true);
+    Tree.NodeMarkedByUser(*Root(0)->Node(), false);
+    EXPECT_EQ(told, (std::vector{true, false}));
+}
+
+// --- top entity ----------------------------------------------------------------------------------
+
+TEST_F(TreeTest, TheTopEntityIsReportedOncePerChange)
+{
+    int reports = 0;
+    Tree.OnTopItemChanged = [&](TObject *) { ++reports; };
+    Tree.SetTopItem(nullptr);
+    EXPECT_EQ(reports, 0);
+    AddRows(20);
+    EXPECT_EQ(Tree.GetTopItem(), Root(0));
+    Tree.SetTopItem(Root(7));
+    EXPECT_EQ(Tree.GetTopItem(), Root(7));
+    EXPECT_EQ(reports, 1);
+    Tree.SetTopItem(Root(7));
+    EXPECT_EQ(reports, 1);
+    Tree.SetTopItem(Root(19)); // as far as it goes
+    EXPECT_EQ(Tree.GetTopItem(), Root(15));
+    Tree.SetTopItem(nullptr);
+    EXPECT_EQ(Tree.GetTopItem(), Root(0));
+    EXPECT_EQ(reports, 3);
+}
+
+TEST_F(TreeTest, ATopNodeThatCarriesOrIsAPlaceholderIsNoTopEntity)
+{
+    Tree.SetLoadOnDemand(true);
+    AddRows(20);
+    Root(0)->SetExpanded(true);
+    EXPECT_EQ(Tree.GetTopItem(), nullptr);
+    Host.SetTopRow(1);
+    EXPECT_EQ(Tree.GetTopItem(), nullptr);
+    Tree.AddDataEntity(Root(1));
+    Tree.SetTopItem(Root(1));
+    EXPECT_EQ(Tree.GetTopItem(), Root(1));
+}
+
+TEST_F(TreeTest, TheTopEntityStaysAtTheTopWhileRowsComeAndGoBeforeIt)
+{
+    AddRows(40);
+    for (int i = 0; i < 6; ++i) {
+        Tree.AddDataEntity(Root(2));
+    }
+    TzuDataEntity_Tree *top = Root(10);
+    Tree.SetTopItem(top);
+    Root(2)->SetExpanded(true);
+    EXPECT_EQ(Tree.GetTopItem(), top);
+    EXPECT_EQ(Host.View.TopRow, 16);
+    Tree.InsertDataEntity(*Tree.DataList(), 0);
+    Tree.RemoveDataEntity(Root(3));
+    EXPECT_EQ(Tree.GetTopItem(), top);
+    Tree.RemoveDataEntity(top);
+    EXPECT_NE(Tree.GetTopItem(), nullptr);
+}
+
+// --- events --------------------------------------------------------------------------------------
+
+TEST_F(TreeTest, InsertingAndDeletingFireInOrderAndReleaseTheWholeBranch)
+{
+    std::vector<std::string> log;
+    const auto note = [&](const char *what) {
+        return [&log, what](TObject *, auto *entity) {
+            log.push_back(what + dynamic_cast<TzuDataEntity_Tree &>(*entity).GetText());
+        };
+    };
+    Tree.OnInsertItem = note("insert ");
+    Tree.OnDeleteItem_Tree = note("tree ");
+    Tree.OnDeleteItem = note("plain ");
+    Tree.OnContentChanged = [&](TObject *, TzuDataList *list) {
+        log.push_back("content " + std::to_string(list->Count()));
+    };
+    TzuDataEntity_Tree *a = Tree.Add("a");
+    Tree.Add("b", a);
+    Tree.Add("c", a);
+    Tree.EnsureDisplayUpToDate();
+    Tree.RemoveDataEntity(a);
+    EXPECT_EQ(log, (std::vector<std::string>{"insert ", "content 1", "insert ", "content 1",
+                                             "insert ", "content 2", "tree a", "plain a", "tree c",
+                                             "plain c", "content 1", "tree b", "plain b",
+                                             "content 0", "content 0"}));
+    EXPECT_EQ(Tree.Nodes(), "");
+    EXPECT_EQ(Tree.DataLists().Count(), 1);
+}
+
+TEST_F(TreeTest, HandlersMayChangeTheContentInTheMiddleOfAnything)
+{
+    Tree.OnInsertItem = [&](TObject *, TzuDataEntity *entity) {
+        static_cast<TzuDataEntity_Tree *>(entity)->SetText("i");
+        EXPECT_EQ(Tree.GetDataEntityFromRow(0) != nullptr, true); // rebuilds within the insertion
+        if (Tree.DataList()->Count() == 2) {
+            Tree.RemoveDataEntity(static_cast<TzuDataEntity_Tree *>(entity));
+        }
+    };
+    EXPECT_NE(Tree.AddDataEntity(), nullptr);
+    EXPECT_EQ(Tree.AddDataEntity(), nullptr);
+    EXPECT_EQ(Tree.Nodes(), "i");
+    Tree.OnInsertItem = nullptr;
+    Tree.Add("x", Root(0));
+    Tree.OnDeleteItem = [&](TObject *, TzuDataEntity *entity) {
+        // Neither of these keeps a leaving entity in the display.
+        static_cast<TzuDataEntity_Tree *>(entity)->SetExpanded(true);
+        static_cast<TzuDataEntity_Tree *>(entity)->Set_HideNode(true);
+        Tree.EnsureDisplayUpToDate();
+        if (Tree.DataList()->Count() < 5) {
+            Tree.Add("n");
+        }
+    };
+    Tree.RemoveDataEntity(Root(0));
+    EXPECT_EQ(Tree.Nodes(), "n n");
+    Tree.OnDeleteItem = nullptr;
+}
+
+TEST_F(TreeTest, AnEditedCaptionAndAPushedEntityAreReported)
+{
+    std::vector<std::string> log;
+    Tree.OnValueChanged = [&](TObject *, auto *e) { log.push_back("value " + e->GetText()); };
+    Tree.OnInfoPush = [&](TObject *, auto *) { log.emplace_back("push"); };
+    Tree.OnChangeDataEntity = [&](TObject *, auto *) { log.emplace_back("change"); };
+    Tree.OnBeforeCanEditItem = [&](TObject *, auto *e) { e->SetCanEdit(false); };
+    Tree.OnVisibleChanged = [&](TObject *, auto *) { log.emplace_back("visible"); };
+    TzuDataEntity_Tree *a = Tree.Add("a");
+    log.clear();
+    Tree.EnsureDisplayUpToDate();
+    Tree.NodeEditedByUser(*a->Node(), "a");
+    Tree.NodeEditedByUser(*a->Node(), "b");
+    a->DoInfoPush();
+    a->SetVisible(false);
+    EXPECT_EQ(log, (std::vector<std::string>{"value b", "push", "change", "visible"}));
+    EXPECT_FALSE(a->GetCanEdit());
+    a->EditText();
+    EXPECT_EQ(Host.Edited, a->Node());
+}
+
+TEST_F(TreeTest, BeginUpdateHoldsBackTheRequestToRepaint)
+{
+    Tree.BeginUpdate();
+    Tree.BeginUpdate();
+    const int before = Host.Invalidations;
+    AddRows(5);
+    Tree.EndUpdate();
+    EXPECT_EQ(Host.Invalidations, before);
+    Tree.EndUpdate();
+    EXPECT_EQ(Host.Invalidations, before + 1);
+    Tree.EndUpdate();
+    EXPECT_EQ(Host.Invalidations, before + 1);
+}
+
+TEST_F(TreeTest, AThousandLevelsAreBuiltAndReleased)
+{
+    TzuDataEntity_Tree *deepest = nullptr;
+    for (int i = 0; i < 1000; ++i) {
+        deepest = Tree.AddDataEntity(deepest);
+        deepest->SetExpanded(true);
+    }
+    EXPECT_EQ(Tree.CountVisible(), 1000);
+    EXPECT_EQ(Tree.GetRow(*deepest), 999);
+    Tree.Clear();
+    EXPECT_EQ(Tree.CountVisible(), 0);
+}
+
+} // namespace
+} // namespace korvane::test
