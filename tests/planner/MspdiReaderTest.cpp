@@ -278,6 +278,50 @@ TEST(MspdiReader, UsesTheProjectsCalendar)
     EXPECT_EQ(DatesOf(plan.Tasks.at(0)), "2026-11-06T13:00:00 2026-11-13T12:00:00");
 }
 
+/// A stretch of November 2026, each end as "day" or "dayThour:minute:second".
+QByteArray Work(const QByteArray &from, const QByteArray &to, const QByteArray &value)
+{
+    return "<TimephasedData><Type>1</Type>" + Dates("2026-11-" + from, "2026-11-" + to)
+           + (value.isEmpty() ? value : "<Value>" + value + "</Value>") + "</TimephasedData>";
+}
+
+QByteArray Assignment(const QByteArray &stretches)
+{
+    return "<Assignment><TaskUID>1</TaskUID><ResourceUID>-65535</ResourceUID>" + stretches
+           + "</Assignment>";
+}
+
+TEST(MspdiReader, SplitsATaskWhereItsWorkPausesInWorkingTime)
+{
+    const QByteArray first = Work("02T08:00:00", "04T08:00:00", "PT16H0M0S");
+    const QByteArray last = Work("09T08:00:00", "13T17:00:00", "PT40H0M0S");
+    const std::string parts = "2026-11-02T08:00:00 2026-11-03T17:00:00, "
+                              "2026-11-09T08:00:00 2026-11-13T17:00:00, ";
+    const std::pair<QByteArray, std::string> cases[] = {
+        // 2026-11-07 is a Saturday.
+        {Assignment(first + Work("04T08:00:00", "09T08:00:00", "PT0H0M0S") + last), parts},
+        {Assignment(last + Work("05", "06", "PT0H0M0S") + first), parts},
+        {Assignment(first + Work("07", "09", "PT0H0M0S") + last), ""},
+        {Assignment(first + Work("04T08:00:00", "09T08:00:00", "") + last), ""},
+        {Assignment(first + Work("05", "06", "PT0H0M0S") + last)
+             + Assignment(Work("04T08:00:00", "06T17:00:00", "PT4H0M0S")),
+         ""},
+        {Assignment(first + Work("05", "06", "PT0H0M0S")), ""},
+        {Assignment(Work("05", "06", "PT0H0M0S") + last), ""},
+        {Assignment(first), ""},
+    };
+    for (const auto &[assignments, expected] : cases) {
+        const Plan plan =
+            Loaded<MspdiReader>(Tasks(Task(1, Dates("2026-11-02T08:00:00", "2026-11-13T17:00:00")),
+                                      "<Assignments>" + assignments + "</Assignments>"));
+        std::string found;
+        for (const PlanSpan &part : plan.Tasks.at(0).Parts) {
+            found += Text(part) + ", ";
+        }
+        EXPECT_EQ(found, expected) << assignments.toStdString();
+    }
+}
+
 TEST(MspdiReader, KeepsAndReportsWhatIsMerelyOdd)
 {
     struct Case

@@ -117,6 +117,7 @@ private:
     void Keep(RawTask raw);
     void ReadResource();
     void ReadAssignment();
+    void ReadTimephased(std::int64_t task);
     FieldReader Fields() const { return {m_builder, m_xml.Line()}; }
     std::optional<TDateTime> Date() { return Fields().Date(m_xml.Text()); }
 
@@ -382,6 +383,8 @@ void Parser::ReadAssignment()
             resource = Fields().Uid(m_xml.Text());
         } else if (m_xml.Is(u"Units")) {
             units = Fields().Number(m_xml.Text(), u"a number of units").value_or(1);
+        } else if (m_xml.Is(u"TimephasedData")) {
+            ReadTimephased(task);
         } else {
             m_xml.Skip();
         }
@@ -389,6 +392,36 @@ void Parser::ReadAssignment()
     // Work that nobody is assigned to has a negative resource.
     if (task != kProjectUid && resource > kProjectUid) {
         m_builder.AddAssignment(task, resource, units, line);
+    }
+}
+
+/// Only work, remaining or done, tells something about the task's dates. The task's UID stands
+/// before this element.
+void Parser::ReadTimephased(std::int64_t task)
+{
+    constexpr std::int64_t kRemainingWork = 1;
+    constexpr std::int64_t kActualWork = 2;
+    std::int64_t type = 0;
+    std::optional<TDateTime> start;
+    std::optional<TDateTime> finish;
+    std::optional<double> minutes;
+    while (m_xml.NextChild()) {
+        if (m_xml.Is(u"Type")) {
+            type = ParseInteger(m_xml.Text()).value_or(0);
+        } else if (m_xml.Is(u"Start")) {
+            start = Date();
+        } else if (m_xml.Is(u"Finish")) {
+            finish = Date();
+        } else if (m_xml.Is(u"Value")) {
+            minutes = ParseIsoDuration(m_xml.Text());
+        } else {
+            m_xml.Skip();
+        }
+    }
+    const bool isWork = type == kRemainingWork || type == kActualWork;
+    if (isWork && task != kNoUid && start && finish && *start < *finish && minutes) {
+        m_builder.AddWork(task, {*start, *finish},
+                          *minutes > 0 ? WorkKind::Work : WorkKind::NoWork);
     }
 }
 

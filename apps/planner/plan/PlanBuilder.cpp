@@ -221,6 +221,7 @@ Plan PlanBuilder::Finish()
     m_plan.Calendar = CalendarIndex();
     CompleteTimes();
     SpanSummaries();
+    SplitTasks();
     ResolveLinks();
     ResolveAssignments();
     ReportCircles();
@@ -274,6 +275,25 @@ void PlanBuilder::SpanSummaries()
                                      .arg(Quoted(task.Name)));
         }
     }
+}
+
+/// The parts reach from the task's start to its finish, whatever the assignments say.
+void PlanBuilder::SplitTasks()
+{
+    m_splits.ForEachSplit(Calendar(), [this](std::int64_t uid, std::vector<PlanSpan> parts) {
+        const auto index = FindTask(uid);
+        if (!index) {
+            return;
+        }
+        PlanTask &task = m_plan.Tasks[*index];
+        if (!task.Dates || task.IsSummary() || task.Dates->Start >= parts.front().Finish
+            || task.Dates->Finish <= parts.back().Start) {
+            return;
+        }
+        parts.front().Start = task.Dates->Start;
+        parts.back().Finish = task.Dates->Finish;
+        task.Parts = std::move(parts);
+    });
 }
 
 void PlanBuilder::ResolveLinks()

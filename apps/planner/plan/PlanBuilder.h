@@ -2,6 +2,7 @@
 #pragma once
 
 #include "plan/Plan.h"
+#include "plan/PlanSplits.h"
 
 #include <QHash>
 
@@ -61,6 +62,11 @@ public:
     void AddLink(const PendingLink &link);
     void AddResource(PlanResource resource, qint64 line);
     void AddAssignment(std::int64_t taskUid, std::int64_t resourceUid, double units, qint64 line);
+    /// A stretch of an assignment, which tells split tasks.
+    void AddWork(std::int64_t taskUid, const PlanSpan &span, WorkKind kind)
+    {
+        m_splits.Add(taskUid, span, kind);
+    }
     void AddCalendar(PlanCalendar calendar);
     void UseCalendar(std::int64_t uid) { m_calendarUid = uid; }
 
@@ -96,6 +102,7 @@ private:
     int CalendarIndex() const;
     void CompleteTimes();
     void SpanSummaries();
+    void SplitTasks();
     void ResolveLinks();
     void ResolveAssignments();
     void ReportCircles();
@@ -110,6 +117,7 @@ private:
     std::vector<PendingLink> m_links;
     std::vector<PendingAssignment> m_assignments;
     std::vector<PendingTimes> m_times;
+    PlanSplits m_splits;
     qsizetype m_characters = 0;
     bool m_isDepthReported = false;
     std::int64_t m_calendarUid = kNoUid;
