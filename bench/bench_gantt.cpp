@@ -6,6 +6,7 @@
 #include <QScrollBar>
 
 #include <benchmark/benchmark.h>
+#include <malloc.h>
 #include <memory>
 
 namespace {
@@ -131,7 +132,6 @@ void ScrollAndRepaintAll(benchmark::State &state)
     for (auto _ : state) {
         bar.setValue(middle + (++step & 1));
         plan.Chart().RePaint();
-        plan.Chart().repaint();
         TPlan::Settle();
     }
 }
@@ -175,6 +175,36 @@ void HitTest(benchmark::State &state)
     }
 }
 
+std::size_t BytesInUse()
+{
+    const auto info = mallinfo2();
+    return info.uordblks + info.hblkhd;
+}
+
+/// What an item takes by itself, and with its share of row, tree node and links.
+void Memory(benchmark::State &state)
+{
+    TzuListController controller;
+    TzuDataList_GantRow list;
+    list.AfterCreate(&controller, EntityClass::Of<TzuDataEntity_Spanbar>());
+    const std::size_t before = BytesInUse();
+    for (int i = 0; i < SizeOf(state); ++i) {
+        list.Add();
+    }
+    const std::size_t itemBytes = BytesInUse() - before;
+    list.CleanForFree();
+
+    PlanOf(1); // lets go of a plan that may stand
+    const std::size_t withoutPlan = BytesInUse();
+    for (auto _ : state) {
+        benchmark::DoNotOptimize(PlanOf(SizeOf(state)));
+    }
+    const auto items = static_cast<double>(state.range(0));
+    state.counters["bytes_per_item"] = static_cast<double>(itemBytes) / items;
+    state.counters["bytes_per_item_in_chart"] =
+        static_cast<double>(BytesInUse() - withoutPlan) / items;
+}
+
 /// A link more and a link less at items in the middle, whatever stands already.
 void AddAndRemoveLink(benchmark::State &state)
 {
@@ -199,6 +229,7 @@ int main(int argc, char **argv)
     // By size, so that each plan is built once.
     for (const int size : {1'000, 10'000, 100'000, 1'000'000}) {
         const std::pair<const char *, void (*)(benchmark::State &)> steps[] = {
+            {"Memory", Memory},
             {"ScrollByEvents", ScrollByEvents},
             {"ScrollAndRepaintAll", ScrollAndRepaintAll},
             {"ZoomStep", ZoomStep},
