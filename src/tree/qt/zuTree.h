@@ -11,6 +11,8 @@
 
 #include <cstdint>
 
+class QHelpEvent;
+
 namespace korvane {
 
 class TTreeNodeDelegate;
@@ -94,8 +96,10 @@ public:
     /// Scrolls by a number of rows.
     virtual void Scroll(int delta);
 
+    /// Brings nodes, layout and scroll range up to date at once, as a paint does.
+    void EnsureLayout();
+
     void doItemsLayout() override;
-    void setSelectionModel(QItemSelectionModel *selectionModel) override;
 
 protected:
     /// The rows moved against the client area, or the scroll range changed. May run within a layout
@@ -103,9 +107,7 @@ protected:
     virtual void ScrollInfoChanged();
     void CurrentChanged() override;
 
-    bool event(QEvent *event) override;
     bool viewportEvent(QEvent *event) override;
-    void paintEvent(QPaintEvent *event) override;
     void resizeEvent(QResizeEvent *event) override;
     void timerEvent(QTimerEvent *event) override;
     void changeEvent(QEvent *event) override;
@@ -142,14 +144,15 @@ private:
     using QTreeView::setItemDelegate;
     using QTreeView::setModel;
 
-    void DetachModel();
     void AttachModel();
-    void BringViewUpToDate();
+    void ShowExpansion(const TTreeNode_zuSub &node);
     void ShowExpansions(const TTreeNode_zuSub &top);
     void ShowSelection();
-    void ApplyTopRow();
+    void ExpansionByUser(const QModelIndex &index, bool expanded);
     void HandleScrollInfo();
-    int LastTopRow() const;
+    void RowHeightChanged();
+    bool ShowCaptionTip(const QHelpEvent &event);
+    QStyleOptionViewItem viewOptionFor(const QModelIndex &index) const;
 
     TTreeNodeModel *m_model;
     TTreeNodeDelegate *m_delegate;
@@ -161,7 +164,6 @@ private:
     int m_rowHeight = 0;             ///< set by hand; 0 when by default
     mutable int m_autoRowHeight = 0; ///< 0 until measured
     int m_wantedTopRow = -1;         ///< to be applied when the layout is made
-    int m_changesSinceLayout = 0;
     int m_mirroring = 0; ///< the view is being made to follow the tree
     bool m_hideSelection = true;
     bool m_hotTrack = false;

@@ -6,6 +6,7 @@
 
 #include <QAbstractItemModel>
 #include <QIcon>
+#include <QList>
 
 #include <functional>
 
@@ -20,17 +21,18 @@ class TTreeNodeModel : public QAbstractItemModel
     Q_OBJECT
 
 public:
-    /// Called with the caption that the user entered.
+    /// Called with the caption that the user entered; false when it was refused.
     using TEdit = std::function<bool(TTreeNode_zuSub &node, const QString &text)>;
 
     explicit TTreeNodeModel(QObject *parent);
-    ~TTreeNodeModel() override;
 
     /// The root outlives the model's attachment to it. Until attached the model is empty.
-    void Attach(const TTreeNode_zuSub &root);
+    void Attach(TTreeNode_zuSub &root);
     void Detach();
     bool IsAttached() const { return m_root != nullptr; }
     void SetEdit(TEdit edit) { m_edit = std::move(edit); }
+    /// What the entities' image indexes refer to; observed.
+    void SetImages(const QList<QIcon> *images) { m_images = images; }
 
     /// Invalid for nil, for the root and while detached.
     QModelIndex IndexOf(const TTreeNode_zuSub *node) const;
@@ -53,13 +55,13 @@ public:
     using QObject::parent;
 
 private:
-    const TTreeNode_zuSub *NodeOrRoot(const QModelIndex &index) const;
-    void KeepPersistentIndexes();
+    TTreeNode_zuSub *NodeOrRoot(const QModelIndex &index) const;
+    void MovePersistentIndexes();
 
-    const TTreeNode_zuSub *m_root = nullptr;
+    TTreeNode_zuSub *m_root = nullptr;
+    const QList<QIcon> *m_images = nullptr;
     TEdit m_edit;
-    QList<QPersistentModelIndex> m_reordered;
-    QModelIndexList m_before; ///< persistent indexes of a reordering that runs
+    QModelIndexList m_reordered; ///< persistent indexes as they were before a reordering
 };
 
 } // namespace korvane
