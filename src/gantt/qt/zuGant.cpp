@@ -320,6 +320,7 @@ int TzuGant_ComBasic::VerticalOffset() const
 
 void TzuGant_ComBasic::CollectVisibleNodes(std::vector<TVisibleNode> &nodes)
 {
+    m_tree->EnsureLayout();
     const TPoint shift{0, -VerticalOffset()};
     for (const TTreeRow &row : m_tree->VisibleRowEntities()) {
         nodes.push_back({row.Entity, row.Rect.Translated(shift)});

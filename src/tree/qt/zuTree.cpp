@@ -61,8 +61,8 @@ protected:
     void initStyleOption(QStyleOptionViewItem *option, const QModelIndex &index) const override
     {
         QStyledItemDelegate::initStyleOption(option, index);
-        const TzuDataEntity_Tree *entity
-            = TTreeCore::GetDataEntityFromNode(m_tree.m_model->NodeAt(index));
+        const TzuDataEntity_Tree *entity =
+            TTreeCore::GetDataEntityFromNode(m_tree.m_model->NodeAt(index));
         if (entity == nullptr) {
             return;
         }
@@ -105,7 +105,7 @@ TzuTree_ComBasic::TzuTree_ComBasic(QWidget *parent)
         }
     });
     QTreeView::setModel(m_model);
-    m_model->Attach(MutableRootNode());
+    m_model->Attach(RootNode());
     connect(this, &QTreeView::expanded, this,
             [this](const QModelIndex &index) { ExpansionByUser(index, true); });
     connect(this, &QTreeView::collapsed, this,
@@ -363,8 +363,8 @@ void TzuTree_ComBasic::AttachModel()
 {
     const TCountScope mirroring(m_mirroring);
     m_wantedTopRow = Geometry().TopRow;
-    m_model->Attach(MutableRootNode());
-    ShowExpansions(MutableRootNode());
+    m_model->Attach(RootNode());
+    ShowExpansions(RootNode());
     ShowSelection();
 }
 

@@ -164,7 +164,7 @@ private:
     int m_rowHeight = 0;             ///< set by hand; 0 when by default
     mutable int m_autoRowHeight = 0; ///< 0 until measured
     int m_wantedTopRow = -1;         ///< to be applied when the layout is made
-    int m_mirroring = 0; ///< the view is being made to follow the tree
+    int m_mirroring = 0;             ///< the view is being made to follow the tree
     bool m_hideSelection = true;
     bool m_hotTrack = false;
     bool m_toolTips = true;

@@ -34,7 +34,7 @@ TTreeNodeModel::TTreeNodeModel(QObject *parent)
 {
 }
 
-void TTreeNodeModel::Attach(TTreeNode_zuSub &root)
+void TTreeNodeModel::Attach(const TTreeNode_zuSub &root)
 {
     beginResetModel();
     m_root = &root;
@@ -59,11 +59,11 @@ QModelIndex TTreeNodeModel::IndexOf(const TTreeNode_zuSub *node) const
 TTreeNode_zuSub *TTreeNodeModel::NodeAt(const QModelIndex &index) const
 {
     return m_root != nullptr && index.isValid()
-        ? static_cast<TTreeNode_zuSub *>(index.internalPointer())
-        : nullptr;
+               ? static_cast<TTreeNode_zuSub *>(index.internalPointer())
+               : nullptr;
 }
 
-TTreeNode_zuSub *TTreeNodeModel::NodeOrRoot(const QModelIndex &index) const
+const TTreeNode_zuSub *TTreeNodeModel::NodeOrRoot(const QModelIndex &index) const
 {
     return index.isValid() ? NodeAt(index) : m_root;
 }
@@ -175,8 +175,8 @@ QVariant TTreeNodeModel::data(const QModelIndex &index, int role) const
     const TzuDataEntity_Tree *entity = node->Data();
     if (entity == nullptr) {
         return role == Qt::DisplayRole && node->IsPlaceholder()
-            ? QVariant(QStringLiteral("Not initiated"))
-            : QVariant();
+                   ? QVariant(QStringLiteral("Not initiated"))
+                   : QVariant();
     }
     switch (role) {
     case Qt::DisplayRole:
@@ -184,9 +184,9 @@ QVariant TTreeNodeModel::data(const QModelIndex &index, int role) const
         return ToQt(entity->GetText());
     case Qt::DecorationRole:
         return m_images != nullptr && entity->GetImageIndex() >= 0
-                && entity->GetImageIndex() < m_images->size()
-            ? QVariant(m_images->at(entity->GetImageIndex()))
-            : QVariant();
+                       && entity->GetImageIndex() < m_images->size()
+                   ? QVariant(m_images->at(entity->GetImageIndex()))
+                   : QVariant();
     case Qt::FontRole:
         return CaptionFont(*entity);
     default:

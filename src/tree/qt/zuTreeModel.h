@@ -27,7 +27,7 @@ public:
     explicit TTreeNodeModel(QObject *parent);
 
     /// The root outlives the model's attachment to it. Until attached the model is empty.
-    void Attach(TTreeNode_zuSub &root);
+    void Attach(const TTreeNode_zuSub &root);
     void Detach();
     bool IsAttached() const { return m_root != nullptr; }
     void SetEdit(TEdit edit) { m_edit = std::move(edit); }
@@ -55,10 +55,10 @@ public:
     using QObject::parent;
 
 private:
-    TTreeNode_zuSub *NodeOrRoot(const QModelIndex &index) const;
+    const TTreeNode_zuSub *NodeOrRoot(const QModelIndex &index) const;
     void MovePersistentIndexes();
 
-    TTreeNode_zuSub *m_root = nullptr;
+    const TTreeNode_zuSub *m_root = nullptr;
     const QList<QIcon> *m_images = nullptr;
     TEdit m_edit;
     QModelIndexList m_reordered; ///< persistent indexes as they were before a reordering
