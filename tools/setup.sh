@@ -5,10 +5,10 @@ trap 'echo "setup: failed in line $LINENO: $BASH_COMMAND" >&2' ERR
 cd "$(dirname "$0")/.."
 
 missing=()
-while read -r package; do
+for package in $(sed 's/#.*//' tools/packages); do
     status=$(dpkg-query -W -f='${db:Status-Status}' "$package" 2>/dev/null || true)
     [ "$status" = installed ] || missing+=("$package")
-done < <(sed -e 's/#.*//' -e '/^[[:space:]]*$/d' tools/packages)
+done
 
 if [ ${#missing[@]} -eq 0 ]; then
     exit 0
