@@ -19,5 +19,5 @@ struct TGalleryPage
 };
 
 inline const std::array kGalleryPages = {
-    TGalleryPage{"Date scaler", "date-scaler", QSize(1000, 700), &CreateDateScalerPage},
+    TGalleryPage{"Date scaler", "date-scaler", QSize(1000, 590), &CreateDateScalerPage},
 };

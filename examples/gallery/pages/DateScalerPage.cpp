@@ -40,7 +40,7 @@ void AddZooms(QFormLayout &form)
 // Working hours only, with the lunch break in another colour.
 void AddWorkingHours(QFormLayout &form)
 {
-    TzuDateScaler *scaler = AddScaler(form, "No nights", EncodeDate(2026, 3, 2), 3);
+    TzuDateScaler *scaler = AddScaler(form, "No nights", EncodeDate(2026, 3, 2), 2);
     scaler->GetPassList(0) = {.Active = true,
                               .FromTime = EncodeTime(18, 0, 0, 0),
                               .ToTime = EncodeTime(7, 59, 59, 999),
@@ -77,6 +77,7 @@ QWidget *CreateDateScalerPage()
 
     auto *upright = new TzuDateScaler;
     upright->SetHorizontal(false);
+    upright->setFixedWidth(90);
     upright->SetStart(EncodeDate(2026, 3, 2));
     upright->SetStop(EncodeDate(2026, 3, 5));
     layout->addWidget(upright);
