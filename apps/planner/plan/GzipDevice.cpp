@@ -8,6 +8,7 @@ namespace korvane::planner {
 namespace {
 
 constexpr int kInputSize = 64 * 1024;
+constexpr int kOutputSize = 4 * kInputSize; // at most, per read
 constexpr int kGzipWindow = 16 + MAX_WBITS; // 16: expects the gzip header
 
 } // namespace
@@ -49,7 +50,7 @@ qint64 GzipDevice::readData(char *data, qint64 maxSize)
         return -1;
     }
     stream.Z.next_out = reinterpret_cast<Bytef *>(data);
-    stream.Z.avail_out = static_cast<uInt>(std::min<qint64>(maxSize, kInputSize * 4));
+    stream.Z.avail_out = static_cast<uInt>(std::min<qint64>(maxSize, kOutputSize));
     const uInt wanted = stream.Z.avail_out;
     while (stream.Z.avail_out == wanted && wanted > 0 && stream.Current == Stream::State::Reading) {
         if (stream.Z.avail_in == 0) {

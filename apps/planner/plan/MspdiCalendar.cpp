@@ -37,7 +37,7 @@ private:
     std::vector<DayStretch> ReadTimes();
     DayStretch ReadStretch();
     void Apply(const DayRule &rule);
-    FieldReader Fields() const { return {m_builder, m_xml.Line()}; }
+    FieldReader Fields() { return {m_builder, m_xml.Line()}; }
 
     PlanXml &m_xml;
     PlanBuilder &m_builder;

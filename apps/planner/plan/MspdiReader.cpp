@@ -118,11 +118,11 @@ private:
     void ReadResource();
     void ReadAssignment();
     void ReadTimephased(std::int64_t task);
-    FieldReader Fields() const { return {m_builder, m_xml.Line()}; }
+    FieldReader Fields() { return {m_builder, m_xml.Line()}; }
     std::optional<TDateTime> Date() { return Fields().Date(m_xml.Text()); }
 
     PlanXml m_xml;
-    mutable PlanBuilder m_builder;
+    PlanBuilder m_builder;
 };
 
 Plan Parser::Read()

@@ -90,7 +90,7 @@ struct PlanLag
 };
 
 /// Indices into Plan::Tasks. A file may link a task to itself, to its own summary task, or in a
-/// circle; such links are kept (and remarked on).
+/// circle; such links are kept.
 struct PlanLink
 {
     int Predecessor = 0;

@@ -263,9 +263,10 @@ void PlanBuilder::SpanSummaries()
     for (const PendingTimes &pending : m_times) {
         isUndated[pending.Task] = !m_plan.Tasks[pending.Task].Dates;
     }
-    for (auto task = m_plan.Tasks.rbegin(); task != m_plan.Tasks.rend(); ++task) {
-        if (task->Dates && task->Parent != kNoIndex && isUndated[task->Parent]) {
-            Extend(m_plan.Tasks[task->Parent].Dates, *task->Dates);
+    for (std::size_t index = m_plan.Tasks.size(); index-- > 0;) {
+        const PlanTask &task = m_plan.Tasks[index];
+        if (task.Dates && task.Parent != kNoIndex && isUndated[task.Parent]) {
+            Extend(m_plan.Tasks[task.Parent].Dates, *task.Dates);
         }
     }
     for (const PendingTimes &pending : m_times) {

@@ -42,8 +42,8 @@ struct PendingLink
 class PlanBuilder
 {
 public:
-    static constexpr std::size_t kMaxItems = 2'000'000;          ///< of each kind
-    static constexpr qsizetype kMaxCharacters = 128 * (1 << 20); ///< in all names and notes
+    static constexpr std::size_t kMaxItems = 2'000'000;  ///< of each kind
+    static constexpr qsizetype kMaxCharacters = 1 << 27; ///< in all names and notes
     static constexpr qsizetype kMaxNameLength = 1000;
     static constexpr qsizetype kMaxNotesLength = 100'000;
 

@@ -6,7 +6,6 @@
 #include <climits>
 #include <cmath>
 #include <iterator>
-#include <ranges>
 #include <utility>
 
 namespace korvane::planner {
@@ -97,6 +96,22 @@ DayAndMinute Split(TDateTime instant)
 TDateTime Join(int day, double minute)
 {
     return day + minute / kMinutesPerDay;
+}
+
+/// The first of the days first..last-1 from which on the condition holds; `last` when it holds for
+/// none.
+template <typename Condition>
+int FirstDayWhere(int first, int last, Condition holds)
+{
+    while (first < last) {
+        const int middle = first + (last - first) / 2;
+        if (holds(middle)) {
+            last = middle;
+        } else {
+            first = middle + 1;
+        }
+    }
+    return first;
 }
 
 } // namespace
@@ -230,14 +245,14 @@ TDateTime WorkCalendar::FinishAfter(TDateTime start, double minutes) const
     }
     const double target = MinutesBeforeInstant(start) + minutes - kTinyMinutes;
     const int firstDay = Split(start).Day;
-    const auto days = std::views::iota(firstDay, kLastDay);
-    const auto found = std::ranges::partition_point(
-        days, [&](int day) { return double(MinutesBeforeDay(day + 1)) < target; });
-    if (found == days.end()) {
+    const int day = FirstDayWhere(firstDay, kLastDay, [&](int candidate) {
+        return double(MinutesBeforeDay(candidate + 1)) >= target;
+    });
+    if (day == kLastDay) {
         return std::max(start, kLastPlanDate);
     }
-    const double worked = target + kTinyMinutes - double(MinutesBeforeDay(*found));
-    return Join(*found, TimesOf(*found).MinuteAfter(worked));
+    const double worked = target + kTinyMinutes - double(MinutesBeforeDay(day));
+    return Join(day, TimesOf(day).MinuteAfter(worked));
 }
 
 TDateTime WorkCalendar::StartBefore(TDateTime finish, double minutes) const
@@ -249,11 +264,11 @@ TDateTime WorkCalendar::StartBefore(TDateTime finish, double minutes) const
     if (target < 0) {
         return std::min(finish, kFirstPlanDate);
     }
-    const auto days = std::views::iota(kFirstDay, Split(finish).Day + 1);
-    const auto after = std::ranges::partition_point(
-        days, [&](int day) { return double(MinutesBeforeDay(day)) <= target; });
-    // Nothing lies before the first day, so that one at least counts.
-    const int day = kFirstDay + static_cast<int>(after - days.begin()) - 1;
+    // Nothing lies before the first day, so that one at least does not exceed the target.
+    const int day =
+        FirstDayWhere(kFirstDay, Split(finish).Day + 1,
+                      [&](int candidate) { return double(MinutesBeforeDay(candidate)) > target; })
+        - 1;
     return Join(day,
                 TimesOf(day).LastMinuteWith(target - kTinyMinutes - double(MinutesBeforeDay(day))));
 }

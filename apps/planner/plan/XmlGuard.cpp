@@ -149,7 +149,7 @@ bool XmlGuard::FeedTag(char character)
 bool XmlGuard::FeedDeclaration(char character)
 {
     m_declaration[m_declarationLength++] = character;
-    const std::string_view text(m_declaration, m_declarationLength);
+    const std::string_view text(m_declaration.data(), m_declarationLength);
     if (text == "--") {
         m_state = State::Comment;
     } else if (text == "[CDATA[") {

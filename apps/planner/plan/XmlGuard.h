@@ -3,7 +3,7 @@
 
 #include <QIODevice>
 
-#include <cstddef>
+#include <array>
 #include <cstdint>
 
 namespace korvane::planner {
@@ -16,9 +16,9 @@ class XmlGuard final : public QIODevice
 {
 public:
     static constexpr int kMaxDepth = 1000;
-    static constexpr int kMaxAttributes = 200;        ///< in one tag
-    static constexpr qint64 kMaxTag = 1 << 20;        ///< characters
-    static constexpr qint64 kMaxRun = 16 * (1 << 20); ///< characters of one text or comment
+    static constexpr int kMaxAttributes = 200; ///< in one tag
+    static constexpr qint64 kMaxTag = 1 << 20; ///< characters
+    static constexpr qint64 kMaxRun = 1 << 24; ///< characters of one text or comment
 
     /// Opens itself for reading. `source` is observed and has to live as long.
     explicit XmlGuard(QIODevice &source);
@@ -68,7 +68,7 @@ private:
     char m_quote = 0;
     char m_last = 0;
     char m_beforeLast = 0;
-    char m_declaration[8] = {};
+    std::array<char, 8> m_declaration{};
     int m_declarationLength = 0;
     State m_state = State::Text;
     Encoding m_encoding = Encoding::Unknown;
