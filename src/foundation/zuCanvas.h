@@ -144,4 +144,21 @@ private:
     TCanvas &m_canvas;
 };
 
+/// Smooths the shapes drawn on a canvas during the lifetime of the object.
+class TSmoothScope
+{
+public:
+    explicit TSmoothScope(TCanvas &canvas)
+        : m_canvas(canvas)
+    {
+        m_canvas.SetAntialiasing(true);
+    }
+    TSmoothScope(const TSmoothScope &) = delete;
+    TSmoothScope &operator=(const TSmoothScope &) = delete;
+    ~TSmoothScope() { m_canvas.SetAntialiasing(false); }
+
+private:
+    TCanvas &m_canvas;
+};
+
 } // namespace korvane

@@ -32,22 +32,6 @@ TRect Shrunk(const TRect &rect, int by)
     return {rect.Left + by, rect.Top + by, rect.Right - by, rect.Bottom - by};
 }
 
-class TSmoothScope
-{
-public:
-    explicit TSmoothScope(TCanvas &canvas)
-        : m_canvas(canvas)
-    {
-        m_canvas.SetAntialiasing(true);
-    }
-    TSmoothScope(const TSmoothScope &) = delete;
-    TSmoothScope &operator=(const TSmoothScope &) = delete;
-    ~TSmoothScope() { m_canvas.SetAntialiasing(false); }
-
-private:
-    TCanvas &m_canvas;
-};
-
 } // namespace
 
 TRect TzuTimeDraw::W95Safe(const TRect &rect, const TCanvas &canvas)

@@ -69,23 +69,6 @@ void DrawArrow(TCanvas &canvas, const std::array<TPoint, 3> &corners, TButtonSta
     canvas.Line(corners[0], corners[1]);
 }
 
-/// Smooths the shapes drawn during the lifetime of the object.
-class TSmoothScope
-{
-public:
-    explicit TSmoothScope(TCanvas &canvas)
-        : m_canvas(canvas)
-    {
-        m_canvas.SetAntialiasing(true);
-    }
-    TSmoothScope(const TSmoothScope &) = delete;
-    TSmoothScope &operator=(const TSmoothScope &) = delete;
-    ~TSmoothScope() { m_canvas.SetAntialiasing(false); }
-
-private:
-    TCanvas &m_canvas;
-};
-
 void FillRounded(TCanvas &canvas, const TRect &box)
 {
     const TSmoothScope smooth(canvas);

@@ -59,7 +59,7 @@ void TzuDateScaler::CallChange()
 {
     const QPointer<TzuDateScaler> alive(this);
     TDateScalerCore::CallChange();
-    if (alive) {
+    if (alive != nullptr) {
         Q_EMIT changed();
     }
 }
@@ -92,7 +92,7 @@ void TzuDateScaler::mouseMoveEvent(QMouseEvent *event)
 {
     const QPointer<TzuDateScaler> alive(this);
     TzuOffscreenPaint::mouseMoveEvent(event);
-    if (alive) {
+    if (alive != nullptr) {
         SetIndicatorPixel(Horizontal() ? event->pos().x() : event->pos().y());
     }
 }
