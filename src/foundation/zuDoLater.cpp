@@ -45,7 +45,7 @@ public:
     void Add(const TDoLaterCall &call, TObject *parameter);
     void Withdraw(const TDoLaterCall &call);
     void RunAll();
-    void DestroyTarget() { m_transport.Destroy(); }
+    void DestroyTarget() const { m_transport.Destroy(); }
 
 private:
     using ByParameter = std::unordered_map<TObject *, EntryList::iterator>;

@@ -6,12 +6,18 @@ namespace korvane {
 
 void TzuExposable::FreeWheneverPossible()
 {
+    const TzuLifeWatch alive(*this); // a handler that it calls may release the object, too
     CleanForFree();
-    FreeCall(this);
+    if (alive) {
+        FreeCall(this);
+    }
 }
 
 void TzuExposable::FreeCall(TObject *object)
 {
+    if (object == nullptr) {
+        throw std::bad_cast();
+    }
     auto &exposable = dynamic_cast<TzuExposable &>(*object);
     if (exposable.CanDelete()) {
         delete &exposable;

@@ -68,7 +68,7 @@ bool HasHalfDayToken(std::string_view format)
 void AppendNumber(std::string &out, int number, std::size_t digits)
 {
     std::array<char, 12> text{};
-    const auto end = std::to_chars(text.data(), text.data() + text.size(), number).ptr;
+    const auto *end = std::to_chars(text.data(), text.data() + text.size(), number).ptr;
     const auto length = static_cast<std::size_t>(end - text.data());
     out.append(digits - std::min(digits, length), '0');
     out.append(text.data(), length);

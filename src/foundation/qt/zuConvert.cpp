@@ -2,6 +2,8 @@
 
 #include "foundation/zuDateUtils.h"
 
+#include <algorithm>
+
 namespace korvane {
 
 namespace {
@@ -113,8 +115,11 @@ TDateTime FromQt(const QDateTime &value)
     if (!value.isValid()) {
         return 0;
     }
-    const QDate date = value.date();
-    const QTime time = value.time();
+    const QDateTime local = value.toLocalTime();
+    const QDate first(1, 1, 1);
+    const QDate last(9999, 12, 31);
+    const QDate date = std::clamp(local.date(), first, last);
+    const QTime time = local.time();
     return EncodeDate(date.year(), date.month(), date.day())
            + EncodeTime(time.hour(), time.minute(), time.second(), time.msec());
 }

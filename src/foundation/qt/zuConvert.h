@@ -61,7 +61,7 @@ QFont ToQt(const TFont &font);
 TFont FromQt(const QFont &font, const TFont &base = {});
 /// Local time, to the nearest millisecond.
 QDateTime ToQDateTime(TDateTime value);
-/// An invalid date-time gives 0.
+/// An invalid date-time gives 0; dates outside years 1..9999 give the nearest one.
 TDateTime FromQt(const QDateTime &value);
 
 } // namespace korvane

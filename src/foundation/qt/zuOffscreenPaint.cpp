@@ -146,7 +146,7 @@ void TzuOffscreenPaint::Print(QPainter &device, int x, int y, double scaleX, dou
     const QPointer<TzuOffscreenPaint> self(this); // OnAfterPrint may destroy the control
     const auto cleanUp = qScopeGuard([&] {
         device.restore();
-        if (self) {
+        if (!self.isNull()) {
             EndPrint();
             m_printingCanvas = std::move(canvasBefore);
             m_printSize = sizeBefore;
@@ -311,13 +311,19 @@ void TzuOffscreenPaint::BeginCanvas(TPainterCanvas &canvas, QPainter &painter)
 
 void TzuOffscreenPaint::SmashPaint()
 {
+    // In device pixels, so that the copy is a plain one at any device-pixel ratio.
     QPainter *window = m_directCanvas.Painter();
     const double ratio = m_image.devicePixelRatio();
-    const QRectF source(0, 0, (width() - m_reservedRight) * ratio,
-                        (height() - m_reservedBottom) * ratio);
+    m_image.setDevicePixelRatio(1);
+    const QTransform transform = window->transform();
+    window->scale(1 / ratio, 1 / ratio);
     window->setCompositionMode(QPainter::CompositionMode_Source);
-    window->drawImage(QPointF(0, 0), m_image, source);
+    window->drawImage(0, 0, m_image, 0, 0,
+                      static_cast<int>(std::ceil((width() - m_reservedRight) * ratio)),
+                      static_cast<int>(std::ceil((height() - m_reservedBottom) * ratio)));
     window->setCompositionMode(QPainter::CompositionMode_SourceOver);
+    window->setTransform(transform);
+    m_image.setDevicePixelRatio(ratio);
     FillReservedCorner();
 }
 

@@ -108,7 +108,7 @@ void TzuOffscreenPaint::mouseReleaseEvent(QMouseEvent *event)
         && ClientArea().Contains(at)) {
         OnClick(this);
     }
-    if (self) {
+    if (!self.isNull()) {
         OnMouseUp(this, *button, FromQt(event->modifiers()), at.X, at.Y);
     }
 }
@@ -125,7 +125,7 @@ void TzuOffscreenPaint::mouseDoubleClickEvent(QMouseEvent *event)
     if (button == TMouseButton::mbLeft) {
         OnDblClick(this);
     }
-    if (self) {
+    if (!self.isNull()) {
         OnMouseDown(this, *button, FromQt(event->modifiers()), at.X, at.Y);
     }
 }
@@ -135,7 +135,7 @@ void TzuOffscreenPaint::keyPressEvent(QKeyEvent *event)
     int key = event->key();
     const QPointer<TzuOffscreenPaint> self(this);
     OnKeyDown(this, key, FromQt(event->modifiers()));
-    if (self && key != 0) {
+    if (!self.isNull() && key != 0) {
         QFrame::keyPressEvent(event);
     }
 }
@@ -145,7 +145,7 @@ void TzuOffscreenPaint::keyReleaseEvent(QKeyEvent *event)
     int key = event->key();
     const QPointer<TzuOffscreenPaint> self(this);
     OnKeyUp(this, key, FromQt(event->modifiers()));
-    if (self && key != 0) {
+    if (!self.isNull() && key != 0) {
         QFrame::keyReleaseEvent(event);
     }
 }
@@ -155,7 +155,7 @@ void TzuOffscreenPaint::contextMenuEvent(QContextMenuEvent *event)
     bool handled = false;
     const QPointer<TzuOffscreenPaint> self(this);
     OnContextPopup(this, FromQt(event->pos()), handled);
-    if (self && !handled) {
+    if (!self.isNull() && !handled) {
         QFrame::contextMenuEvent(event);
     }
 }

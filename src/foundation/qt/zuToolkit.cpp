@@ -56,7 +56,7 @@ public:
         const QPointer<QObject> self(this);
         ++m_eventDepth;
         event->type() == kRunQueue ? RunQueue() : TDoLater::FreeDoLaterWindow();
-        if (self) {
+        if (!self.isNull()) {
             --m_eventDepth;
         }
         return true;

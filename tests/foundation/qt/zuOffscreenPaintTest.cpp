@@ -190,9 +190,14 @@ TEST_F(OffscreenPaintTest, DrawsAtTheResolutionOfTheDevice)
 TEST_F(OffscreenPaintTest, AnOverlayIsDrawnOverTheImageAndNeverKept)
 {
     Show();
-    m_control.Overlay = [](TCanvas &canvas) { canvas.FillRect({5, 5, 10, 10}, clBlue); };
+    int overlays = 0;
+    m_control.Overlay = [&](TCanvas &canvas) {
+        ++overlays;
+        canvas.FillRect({5, 5, 10, 10}, clBlue);
+    };
     m_control.InvalidateOverlay();
     QCoreApplication::processEvents();
+    EXPECT_EQ(overlays, 1);
     EXPECT_EQ(m_control.Paints, 0) << "the image is still good";
     EXPECT_EQ(Rendered().pixel(7, 7), kBlue);
     m_control.Overlay = nullptr;
