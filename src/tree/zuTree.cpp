@@ -62,7 +62,9 @@ TTreeCore::TTreeCore(ITreeHost &host, ITreeNodeObserver &observer)
 
 TTreeCore::~TTreeCore()
 {
-    DestroyContent();
+    if (!std::exchange(m_destroying, true)) {
+        ReleaseContent();
+    }
 }
 
 // --- bringing the display up to date -------------------------------------------------------------
@@ -102,7 +104,7 @@ void TTreeCore::EnsureDisplayUpToDate()
     m_displayOutOfDate = false;
     AfterUpdateDisplay();
     if (std::exchange(m_currentLost, false)) {
-        CurrentChanged();
+        DoCurrentChanged();
     }
     if (m_display.HasWork()) {
         DisplayOutOfDate(); // handlers changed the content meanwhile
@@ -400,7 +402,7 @@ void TTreeCore::SetCurrentDataEntity_Async(TObject *)
     if (node != m_selectedNode) {
         m_selectedNode = node;
         m_host.SelectNode(node);
-        CurrentChanged();
+        DoCurrentChanged();
     } else if (node != nullptr) {
         m_host.SelectNode(node);
     }
@@ -414,7 +416,7 @@ void TTreeCore::SelectNothingIfDoomed()
     }
     if (node != nullptr) {
         m_selectedNode = nullptr;
-        m_host.SelectNode(nullptr);
+        m_host.LoseCurrent();
         m_currentLost = true;
     }
 }
@@ -423,7 +425,7 @@ void TTreeCore::NodeSelectedByUser(TTreeNode_zuSub *node)
 {
     if (node != m_selectedNode) {
         m_selectedNode = node;
-        CurrentChanged();
+        DoCurrentChanged();
     }
 }
 

@@ -132,8 +132,8 @@ protected:
     }
 
     bool Destroying() const { return m_destroying; }
-    /// Releases the content. Called by the most derived destructor that overrides a handler below,
-    /// while the host can still be called; later calls do nothing.
+    /// Releases the content. To be called by the destructor of the class that is the host, and of
+    /// every class that overrides a handler below; the first call does it.
     void DestroyContent();
     /// Neither while it is being rebuilt nor in this state is the display brought up to date.
     virtual bool RebuildBlocked() const { return m_destroying; }
@@ -151,7 +151,7 @@ protected:
     // Notifications. The entity of Expand and Collapse is nil when there may be many.
     virtual void Expand(TzuDataEntity_Tree *entity);
     virtual void Collapse(TzuDataEntity_Tree *entity);
-    virtual void CurrentChanged() { OnCurrentChanged(this); }
+    virtual void DoCurrentChanged() { OnCurrentChanged(this); }
     virtual void AfterUpdateDisplay() {}
     void DoUpdateTopItem();
 
@@ -185,6 +185,7 @@ private:
     void UpdateDisplay();
     TzuDataList_Tree *NewList(TzuDataEntity_Tree *parent);
     void ReleaseList(TzuDataList_Tree *list);
+    void ReleaseContent();
     void Forget(TzuDataEntity_Tree &entity);
     void ItemLoaded(TzuDataEntity_Tree *entity);
     void ItemMoved(TzuDataEntity_Tree *entity);

@@ -92,9 +92,14 @@ void TTreeCore::ReleaseList(TzuDataList_Tree *list)
 
 void TTreeCore::DestroyContent()
 {
-    if (std::exchange(m_destroying, true)) {
-        return;
+    if (!std::exchange(m_destroying, true)) {
+        m_observer.BeforeRelease();
+        ReleaseContent();
     }
+}
+
+void TTreeCore::ReleaseContent()
+{
     TDoLater::NeverMind(TDoLaterCall::Bind<&TTreeCore::SetCurrentDataEntity_Async>(this));
     m_selectedNode = nullptr;
     m_display.Clear();

@@ -30,6 +30,8 @@ public:
     /// Makes the node the current and only selected one and brings its row into view; nil leaves
     /// nothing selected. The node is shown (TTreeNode_zuSub::IsShown).
     virtual void SelectNode(TTreeNode_zuSub *node) = 0;
+    /// The current node is about to go, and no other becomes current.
+    virtual void LoseCurrent() = 0;
     /// Starts editing the caption in place.
     virtual void EditNode(TTreeNode_zuSub &node) = 0;
 };
@@ -71,6 +73,8 @@ public:
     virtual void NodeChanged(TTreeNode_zuSub &node, TNodeAspect aspect) = 0;
     /// Any number of nodes was expanded or collapsed.
     virtual void AllExpansionsChanged() = 0;
+    /// All nodes are about to go for good. Not called when the tree outlives its observer.
+    virtual void BeforeRelease() = 0;
 };
 
 } // namespace korvane

@@ -37,6 +37,7 @@ public:
         EXPECT_TRUE(node == nullptr || node->IsShown());
         Selected = node;
     }
+    void LoseCurrent() override { Selected = nullptr; }
     void EditNode(TTreeNode_zuSub &node) override { Edited = &node; }
 
     void BeginNodes(int changes) override
@@ -91,6 +92,7 @@ public:
         Captions += aspect == TNodeAspect::Caption ? 1 : 0;
     }
     void AllExpansionsChanged() override {}
+    void BeforeRelease() override { Selected = nullptr; }
 
 private:
     int LastTopRow() const

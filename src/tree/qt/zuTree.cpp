@@ -1,83 +1,50 @@
 #include "tree/qt/zuTree.h"
 
-#include "foundation/qt/zuConvert.h"
 #include "foundation/qt/zuToolkit.h"
 #include "foundation/zuReport.h"
+#include "tree/qt/zuTreeDelegate.h"
 #include "tree/qt/zuTreeModel.h"
 
 #include <QHeaderView>
-#include <QHelpEvent>
-#include <QMouseEvent>
 #include <QScopedValueRollback>
 #include <QScrollBar>
-#include <QStyledItemDelegate>
-#include <QToolTip>
 
+#include <algorithm>
 #include <stdexcept>
+#include <utility>
 
 namespace korvane {
 
 namespace {
 
-/// From this many changes on it is cheaper to show the nodes anew.
-constexpr int kChangesForReset = 64;
-/// Space above and below a caption, in pixels, both together.
-constexpr int kRowPadding = 4;
-
-class TCountScope
-{
-public:
-    explicit TCountScope(int &count)
-        : m_count(count)
-    {
-        ++m_count;
-    }
-    TCountScope(const TCountScope &) = delete;
-    TCountScope &operator=(const TCountScope &) = delete;
-    ~TCountScope() { --m_count; }
-
-private:
-    int &m_count;
-};
+/// Beyond this many changes between two layouts it is cheaper to let the view read all anew: a
+/// change in place costs as much as there are expanded nodes.
+constexpr int kChangesInPlace = 8;
 
 } // namespace
 
-/// Gives every row the tree's height, and selected rows their own image.
-class TTreeNodeDelegate : public QStyledItemDelegate
+/// While it exists the view follows the tree and does not tell it anything.
+class TzuTree_ComBasic::TMirroring
 {
 public:
-    explicit TTreeNodeDelegate(TzuTree_ComBasic &tree)
-        : QStyledItemDelegate(&tree)
-        , m_tree(tree)
+    explicit TMirroring(TzuTree_ComBasic &tree)
+        : m_tree(tree)
+        , m_autoScroll(tree.hasAutoScroll())
     {
+        ++m_tree.m_mirroring;
+        m_tree.setAutoScroll(false); // a restored current row must not scroll the view
     }
-
-    QSize sizeHint(const QStyleOptionViewItem &option, const QModelIndex &index) const override
+    TMirroring(const TMirroring &) = delete;
+    TMirroring &operator=(const TMirroring &) = delete;
+    ~TMirroring()
     {
-        return {QStyledItemDelegate::sizeHint(option, index).width(), m_tree.RowHeight()};
-    }
-
-protected:
-    void initStyleOption(QStyleOptionViewItem *option, const QModelIndex &index) const override
-    {
-        QStyledItemDelegate::initStyleOption(option, index);
-        const TzuDataEntity_Tree *entity =
-            TTreeCore::GetDataEntityFromNode(m_tree.m_model->NodeAt(index));
-        if (entity == nullptr) {
-            return;
-        }
-        const int image = entity->GetSelectedIndex();
-        if ((option->state & QStyle::State_Selected) != 0 && image >= 0
-            && image < m_tree.m_images.size()) {
-            option->icon = m_tree.m_images.at(image);
-        }
-        if (m_tree.m_hotTrack && (option->state & QStyle::State_MouseOver) != 0) {
-            option->font.setUnderline(true);
-        }
+        m_tree.setAutoScroll(m_autoScroll);
+        --m_tree.m_mirroring;
     }
 
 private:
     TzuTree_ComBasic &m_tree;
+    bool m_autoScroll;
 };
 
 TzuTree_ComBasic::TzuTree_ComBasic(QWidget *parent)
@@ -91,13 +58,11 @@ TzuTree_ComBasic::TzuTree_ComBasic(QWidget *parent)
     setUniformRowHeights(true);
     setVerticalScrollMode(ScrollPerItem);
     setEditTriggers(NoEditTriggers);
-    setTextElideMode(Qt::ElideRight);
-    setMouseTracking(true);
-    QTreeView::setItemDelegate(m_delegate);
-    m_model->SetImages(&m_images);
-    m_model->SetEdit([this](TTreeNode_zuSub &node, const QString &text) {
+    header()->setMinimumSectionSize(0);
+    m_model->SetFont(font());
+    m_model->SetEdit([this](TTreeNode_zuSub &node, const std::string &text) {
         try {
-            NodeEditedByUser(node, FromQt(text));
+            NodeEditedByUser(node, text);
             return true;
         } catch (const std::length_error &error) {
             Report(error.what());
@@ -105,11 +70,11 @@ TzuTree_ComBasic::TzuTree_ComBasic(QWidget *parent)
         }
     });
     QTreeView::setModel(m_model);
-    m_model->Attach(RootNode());
+    QTreeView::setItemDelegate(m_delegate);
     connect(this, &QTreeView::expanded, this,
-            [this](const QModelIndex &index) { ExpansionByUser(index, true); });
+            [this](const QModelIndex &index) { NodeToggled(index, true); });
     connect(this, &QTreeView::collapsed, this,
-            [this](const QModelIndex &index) { ExpansionByUser(index, false); });
+            [this](const QModelIndex &index) { NodeToggled(index, false); });
     connect(verticalScrollBar(), &QScrollBar::valueChanged, this,
             &TzuTree_ComBasic::HandleScrollInfo);
     connect(verticalScrollBar(), &QScrollBar::rangeChanged, this,
@@ -118,321 +83,252 @@ TzuTree_ComBasic::TzuTree_ComBasic(QWidget *parent)
 
 TzuTree_ComBasic::~TzuTree_ComBasic()
 {
-    m_model->Detach();
     DestroyContent();
 }
 
-void TzuTree_ComBasic::SetColor(TColor color)
-{
-    if (color == m_color) {
-        return;
-    }
-    m_color = color;
-    QPalette colors = palette();
-    colors.setColor(QPalette::Base, ToQt(color, colors));
-    setPalette(colors);
-}
-
-void TzuTree_ComBasic::SetFont(const TFont &font)
-{
-    if (font == m_font) {
-        return;
-    }
-    m_font = font;
-    setFont(ToQt(font));
-    QPalette colors = palette();
-    colors.setColor(QPalette::Text, ToQt(font.Color, colors));
-    setPalette(colors);
-}
-
-TBorderStyle TzuTree_ComBasic::BorderStyle() const
-{
-    return frameShape() == QFrame::NoFrame ? TBorderStyle::bsNone : TBorderStyle::bsSingle;
-}
-
-void TzuTree_ComBasic::SetBorderStyle(TBorderStyle style)
-{
-    setFrameShape(style == TBorderStyle::bsNone ? QFrame::NoFrame : QFrame::StyledPanel);
-}
-
-TDragMode TzuTree_ComBasic::DragMode() const
-{
-    return dragEnabled() ? TDragMode::dmAutomatic : TDragMode::dmManual;
-}
-
-void TzuTree_ComBasic::SetDragMode(TDragMode mode)
-{
-    setDragEnabled(mode == TDragMode::dmAutomatic);
-}
-
-void TzuTree_ComBasic::SetHideSelection(bool hide)
-{
-    m_hideSelection = hide;
-    viewport()->update();
-}
-
-void TzuTree_ComBasic::SetHotTrack(bool track)
-{
-    m_hotTrack = track;
-    viewport()->update();
-}
-
-bool TzuTree_ComBasic::MultiSelect() const
-{
-    return selectionMode() == ExtendedSelection;
-}
-
-void TzuTree_ComBasic::SetMultiSelect(bool multi)
-{
-    setSelectionMode(multi ? ExtendedSelection : SingleSelection);
-}
-
-void TzuTree_ComBasic::SetRowSelect(bool select)
-{
-    m_rowSelect = select;
-    setAllColumnsShowFocus(select);
-    viewport()->update();
-}
-
-void TzuTree_ComBasic::SetShowButtons(bool show)
-{
-    m_showButtons = show;
-    viewport()->update();
-}
-
-void TzuTree_ComBasic::SetShowLines(bool show)
-{
-    m_showLines = show;
-    viewport()->update();
-}
-
-void TzuTree_ComBasic::SetImages(QList<QIcon> images)
-{
-    m_images = std::move(images);
-    RowHeightChanged();
-}
-
-int TzuTree_ComBasic::RowHeight() const
-{
-    if (m_rowHeight > 0) {
-        return m_rowHeight;
-    }
-    if (m_autoRowHeight == 0) {
-        const int icon = m_images.isEmpty() ? 0 : style()->pixelMetric(QStyle::PM_SmallIconSize);
-        m_autoRowHeight = qMax(fontMetrics().height(), icon) + kRowPadding;
-    }
-    return m_autoRowHeight;
-}
-
-void TzuTree_ComBasic::SetRowHeight(int height)
-{
-    if (height != m_rowHeight) {
-        m_rowHeight = qMax(height, 0);
-        RowHeightChanged();
-    }
-}
-
-void TzuTree_ComBasic::RowHeightChanged()
-{
-    m_autoRowHeight = 0;
-    scheduleDelayedItemsLayout();
-}
-
-TScrollInfo TzuTree_ComBasic::ScrollInfo() const
-{
-    const QScrollBar *bar = verticalScrollBar();
-    return {bar->minimum(), bar->maximum(), bar->pageStep(), bar->value()};
-}
-
-void TzuTree_ComBasic::Scroll(int delta)
-{
-    verticalScrollBar()->setValue(verticalScrollBar()->value() + delta);
-}
-
-void TzuTree_ComBasic::EnsureLayout()
-{
-    EnsureDisplayUpToDate();
-    executeDelayedItemsLayout();
-}
-
-void TzuTree_ComBasic::doItemsLayout()
-{
-    QTreeView::doItemsLayout();
-    if (m_wantedTopRow >= 0) {
-        verticalScrollBar()->setValue(std::exchange(m_wantedTopRow, -1));
-    }
-    HandleScrollInfo();
-}
-
-void TzuTree_ComBasic::HandleScrollInfo()
-{
-    const TScrollInfo info = ScrollInfo();
-    if (info == m_scrollInfo || Destroying()) {
-        return;
-    }
-    m_scrollInfo = info;
-    DoUpdateTopItem();
-    ScrollInfoChanged();
-}
-
-void TzuTree_ComBasic::ScrollInfoChanged() {}
-
-void TzuTree_ComBasic::CurrentChanged()
-{
-    TTreeCore::CurrentChanged();
-}
-
-// ITreeHost
+// --- bringing the view up to date ----------------------------------------------------------------
 
 void TzuTree_ComBasic::InvalidateTree()
 {
     viewport()->update();
-    if (!m_updateTimer.isActive()) {
-        m_updateTimer.start(0, this);
+    if (isVisible()) {
+        PostUpdate();
     }
 }
 
-TTreeGeometry TzuTree_ComBasic::Geometry() const
+/// Updates before the next paint, so that the paint itself changes nothing.
+void TzuTree_ComBasic::PostUpdate()
 {
-    const int top = m_wantedTopRow >= 0 ? m_wantedTopRow : verticalScrollBar()->value();
-    return {top, RowHeight(), viewport()->width(), viewport()->height()};
-}
-
-void TzuTree_ComBasic::SetTopRow(int row)
-{
-    // The range belongs to the layout; while one is due the row waits for it.
-    m_wantedTopRow = row;
-    scheduleDelayedItemsLayout();
-}
-
-void TzuTree_ComBasic::SelectNode(TTreeNode_zuSub *node)
-{
-    const TCountScope mirroring(m_mirroring);
-    const QModelIndex index = m_model->IndexOf(node);
-    if (!index.isValid()) {
-        selectionModel()->clear();
+    if (std::exchange(m_updatePosted, true)) {
         return;
     }
-    selectionModel()->setCurrentIndex(index, QItemSelectionModel::ClearAndSelect
-                                                 | QItemSelectionModel::Rows);
-    scrollTo(index);
+    QMetaObject::invokeMethod(
+        this,
+        [this] {
+            m_updatePosted = false;
+            BringViewUpToDate();
+            DoUpdateTopItem();
+        },
+        Qt::QueuedConnection);
 }
 
-void TzuTree_ComBasic::EditNode(TTreeNode_zuSub &node)
+void TzuTree_ComBasic::BringViewUpToDate()
 {
-    edit(m_model->IndexOf(&node));
+    EnsureDisplayUpToDate();
+    AttachModel();
+    if (std::exchange(m_selectionOutOfDate, false)) {
+        ShowSelection();
+    }
 }
 
-// ITreeNodeObserver
-
-void TzuTree_ComBasic::BeginNodes(int changes)
+void TzuTree_ComBasic::EnsureLayout()
 {
-    ++m_mirroring;
-    if (changes >= kChangesForReset && m_model->IsAttached()) {
+    BringViewUpToDate();
+    executeDelayedItemsLayout();
+}
+
+void TzuTree_ComBasic::AfterUpdateDisplay()
+{
+    HandleScrollInfo();
+}
+
+void TzuTree_ComBasic::DetachModel()
+{
+    if (m_model->IsAttached()) {
+        const TMirroring mirroring(*this);
         m_model->Detach();
     }
 }
 
-void TzuTree_ComBasic::BeforeChange(const TNodeChangeInfo &change)
-{
-    m_model->BeforeChange(change);
-}
-
-void TzuTree_ComBasic::AfterChange(const TNodeChangeInfo &change)
-{
-    m_model->AfterChange(change);
-    if (!m_model->IsAttached() || change.Change != TNodeChange::Insert) {
-        return;
-    }
-    // A parent that was expanded while it had no children is only now expanded in the view.
-    ShowExpansion(*change.Parent);
-    for (int i = 0; i < change.Count; ++i) {
-        ShowExpansions(*change.Parent->Child(change.First + i));
-    }
-}
-
-void TzuTree_ComBasic::EndNodes()
-{
-    if (!m_model->IsAttached()) {
-        AttachModel();
-    }
-    --m_mirroring;
-}
-
 void TzuTree_ComBasic::AttachModel()
 {
-    const TCountScope mirroring(m_mirroring);
-    m_wantedTopRow = Geometry().TopRow;
-    m_model->Attach(RootNode());
-    ShowExpansions(RootNode());
-    ShowSelection();
-}
-
-void TzuTree_ComBasic::ShowExpansion(const TTreeNode_zuSub &node)
-{
-    if (node.Parent() != nullptr && node.Expanded() && node.ChildCount() > 0) {
-        setExpanded(m_model->IndexOf(&node), true);
+    if (m_model->IsAttached() || m_released) {
+        return;
     }
+    const TMirroring mirroring(*this);
+    m_model->Attach(RootNode());
+    ShowStates(RootNode());
+    if (SelectedNode() != nullptr) {
+        selectionModel()->setCurrentIndex(m_model->IndexOf(SelectedNode()),
+                                          QItemSelectionModel::NoUpdate);
+    }
+    m_selectionOutOfDate = false;
 }
 
-void TzuTree_ComBasic::ShowExpansions(const TTreeNode_zuSub &top)
+/// Gives the rows shown below a node their expansion and selection. What lies below collapsed nodes
+/// gets its own when it is shown.
+void TzuTree_ComBasic::ShowStates(const TTreeNode_zuSub &top)
 {
-    ShowExpansion(top);
-    for (const TTreeNode_zuSub *node = top.NextInside(top); node != nullptr;
-         node = node->NextInside(top)) {
-        ShowExpansion(*node);
+    QItemSelection selection;
+    const TTreeNode_zuSub *node = &top;
+    for (int left = top.RowCount() - 1; left > 0; --left) {
+        node = node->NextShown();
+        const bool expands = node->Expanded() && node->ChildCount() > 0;
+        const bool selects = node->Data() != nullptr && node->Data()->GetSelected();
+        if (!expands && !selects) {
+            continue;
+        }
+        const QModelIndex index = m_model->IndexOf(node);
+        if (expands && !isExpanded(index)) {
+            scheduleDelayedItemsLayout(); // with a layout to come the view only notes it
+            expand(index);
+        }
+        if (selects) {
+            selection.append(QItemSelectionRange(index));
+        }
+    }
+    if (!selection.isEmpty()) {
+        selectionModel()->select(selection, QItemSelectionModel::Select);
     }
 }
 
 void TzuTree_ComBasic::ShowSelection()
 {
-    QItemSelection selection;
-    for (const TTreeNode_zuSub *node = RootNode().NextInside(RootNode()); node != nullptr;
-         node = node->NextInside(RootNode())) {
-        if (node->Data() != nullptr && node->Data()->GetSelected()) {
-            const QModelIndex index = m_model->IndexOf(node);
-            selection.append(QItemSelectionRange(index, index));
-        }
+    const TMirroring mirroring(*this);
+    selectionModel()->clearSelection();
+    ShowStates(RootNode());
+    viewport()->update();
+}
+
+void TzuTree_ComBasic::doItemsLayout()
+{
+    if (m_layouting) {
+        QTreeView::doItemsLayout();
+        return;
     }
-    selectionModel()->select(selection, QItemSelectionModel::ClearAndSelect);
-    selectionModel()->setCurrentIndex(m_model->IndexOf(SelectedNode()),
-                                      QItemSelectionModel::NoUpdate);
+    AttachModel();
+    {
+        const QScopedValueRollback layouting(m_layouting, true);
+        QTreeView::doItemsLayout();
+    }
+    m_changesSinceLayout = 0;
+    m_selectionsSinceLayout = 0;
+    ApplyTopRow();
+    HandleScrollInfo();
+}
+
+// --- following the nodes -------------------------------------------------------------------------
+
+void TzuTree_ComBasic::BeginNodes(int changes)
+{
+    m_changesSinceLayout += changes;
+    if (m_changesSinceLayout > kChangesInPlace) {
+        DetachModel();
+    }
+}
+
+void TzuTree_ComBasic::BeforeChange(const TNodeChangeInfo &change)
+{
+    ++m_structure;
+    if (m_model->IsAttached()) {
+        const TMirroring mirroring(*this);
+        m_model->BeforeChange(change);
+    }
+}
+
+void TzuTree_ComBasic::AfterChange(const TNodeChangeInfo &change)
+{
+    if (!m_model->IsAttached()) {
+        return;
+    }
+    const TMirroring mirroring(*this);
+    m_model->AfterChange(change);
+    const TTreeNode_zuSub &parent = *change.Parent;
+    if (change.Change != TNodeChange::Insert || !parent.Expanded() || !parent.IsShown()) {
+        return;
+    }
+    const QModelIndex index = m_model->IndexOf(&parent);
+    if (index.isValid() && !isExpanded(index)) {
+        scheduleDelayedItemsLayout();
+        expand(index);
+        ShowStates(parent);
+        return;
+    }
+    for (int i = 0; i < change.Count; ++i) {
+        ShowInserted(*parent.Child(change.First + i));
+    }
+}
+
+/// The states of a new node and of what is shown below it.
+void TzuTree_ComBasic::ShowInserted(const TTreeNode_zuSub &node)
+{
+    const QModelIndex index = m_model->IndexOf(&node);
+    if (node.Data() != nullptr && node.Data()->GetSelected()) {
+        selectionModel()->select(index, QItemSelectionModel::Select);
+    }
+    if (node.Expanded() && node.ChildCount() > 0) {
+        scheduleDelayedItemsLayout();
+        expand(index);
+        ShowStates(node);
+    }
+}
+
+void TzuTree_ComBasic::EndNodes()
+{
+    viewport()->update();
 }
 
 void TzuTree_ComBasic::NodeChanged(TTreeNode_zuSub &node, TNodeAspect aspect)
 {
-    const QModelIndex index = m_model->IndexOf(&node);
-    if (!index.isValid()) {
+    if (!m_model->IsAttached()) {
         return;
     }
-    const TCountScope mirroring(m_mirroring);
     switch (aspect) {
     case TNodeAspect::Caption:
-        m_model->CaptionChanged(node);
+        RepaintRow(node);
         break;
     case TNodeAspect::Expansion:
-        setExpanded(index, node.Expanded());
+        ShowExpansion(node);
         break;
     case TNodeAspect::Selection:
-        if (node.Data() != nullptr) {
-            selectionModel()->select(index, node.Data()->GetSelected()
-                                                ? QItemSelectionModel::Select
-                                                : QItemSelectionModel::Deselect);
+        if (m_selectionOutOfDate || ++m_selectionsSinceLayout > kChangesInPlace) {
+            m_selectionOutOfDate = true;
+            InvalidateTree();
+        } else {
+            const TMirroring mirroring(*this);
+            const bool selected = node.Data() != nullptr && node.Data()->GetSelected();
+            selectionModel()->select(m_model->IndexOf(&node), selected
+                                                                  ? QItemSelectionModel::Select
+                                                                  : QItemSelectionModel::Deselect);
         }
         break;
     }
 }
 
-void TzuTree_ComBasic::AllExpansionsChanged()
+void TzuTree_ComBasic::ShowExpansion(TTreeNode_zuSub &node)
 {
-    const TCountScope mirroring(m_mirroring);
-    m_model->Detach();
-    AttachModel();
+    const TMirroring mirroring(*this);
+    const QModelIndex index = m_model->IndexOf(&node);
+    const bool expands = node.Expanded() && node.ChildCount() > 0 && node.IsShown();
+    const bool collapses = !node.Expanded();
+    if (isExpanded(index) ? collapses : expands) {
+        if (++m_changesSinceLayout > kChangesInPlace) {
+            scheduleDelayedItemsLayout();
+        }
+        setExpanded(index, node.Expanded());
+    }
+    if (expands) {
+        ShowStates(node);
+    }
+    HandleScrollInfo();
 }
 
-// What the user does
+void TzuTree_ComBasic::AllExpansionsChanged()
+{
+    DetachModel();
+    viewport()->update();
+    HandleScrollInfo();
+}
 
-void TzuTree_ComBasic::ExpansionByUser(const QModelIndex &index, bool expanded)
+void TzuTree_ComBasic::BeforeRelease()
+{
+    m_released = true;
+    DetachModel();
+}
+
+// --- what the user does --------------------------------------------------------------------------
+
+void TzuTree_ComBasic::NodeToggled(const QModelIndex &index, bool expanded)
 {
     TTreeNode_zuSub *node = m_model->NodeAt(index);
     if (m_mirroring == 0 && node != nullptr) {
@@ -447,148 +343,140 @@ void TzuTree_ComBasic::currentChanged(const QModelIndex &current, const QModelIn
         return;
     }
     TTreeNode_zuSub *node = m_model->NodeAt(current);
-    NodeSelectedByUser(node);
-    if (m_autoExpand && node != nullptr && node->ChildCount() > 0) {
-        setExpanded(current, true);
+    if (m_autoExpand && node != nullptr && node->Data() != nullptr) {
+        node->Data()->SetExpanded(true);
     }
+    NodeSelectedByUser(node);
 }
 
 void TzuTree_ComBasic::selectionChanged(const QItemSelection &selected,
                                         const QItemSelection &deselected)
 {
     QTreeView::selectionChanged(selected, deselected);
-    if (m_mirroring > 0) {
-        return;
+    if (m_mirroring == 0) {
+        MarkSelected(deselected, false);
+        MarkSelected(selected, true);
     }
-    const auto mark = [this](const QItemSelection &selection, bool on) {
-        const QModelIndexList indexes = selection.indexes();
-        for (const QModelIndex &index : indexes) {
-            if (TTreeNode_zuSub *node = m_model->NodeAt(index)) {
-                NodeMarkedByUser(*node, on);
-            }
-        }
+}
+
+void TzuTree_ComBasic::MarkSelected(const QItemSelection &selection, bool selected)
+{
+    const unsigned structure = m_structure;
+    const auto unchanged = [this, structure] {
+        m_selectionOutOfDate = m_selectionOutOfDate || structure != m_structure;
+        return structure == m_structure; // no handler changed the nodes
     };
-    mark(deselected, false);
-    mark(selected, true);
-}
-
-void TzuTree_ComBasic::mousePressEvent(QMouseEvent *event)
-{
-    if (event->button() == Qt::RightButton && m_rightClickSelect) {
-        setCurrentIndex(indexAt(event->position().toPoint()));
+    for (const QItemSelectionRange &range : selection) {
+        if (!unchanged() || !range.isValid()) {
+            return;
+        }
+        const TTreeNode_zuSub *parent =
+            range.parent().isValid() ? m_model->NodeAt(range.parent()) : &RootNode();
+        for (int row = range.top(); row <= range.bottom() && unchanged(); ++row) {
+            NodeMarkedByUser(*parent->Child(row), selected);
+        }
     }
-    QTreeView::mousePressEvent(event);
 }
 
-// Painting and layout
-
-bool TzuTree_ComBasic::viewportEvent(QEvent *event)
+bool TzuTree_ComBasic::edit(const QModelIndex &index, EditTrigger trigger, QEvent *event)
 {
-    if (event->type() == QEvent::Paint) {
-        EnsureLayout();
-    } else if (event->type() == QEvent::ToolTip) {
-        return ShowCaptionTip(*static_cast<QHelpEvent *>(event));
+    const TTreeNode_zuSub *node = m_model->NodeAt(index);
+    if ((trigger & editTriggers()) == 0 && trigger != AllEditTriggers) {
+        return QTreeView::edit(index, trigger, event);
     }
-    return QTreeView::viewportEvent(event);
+    return node != nullptr && node->Data() != nullptr && node->Data()->GetCanEdit()
+           && QTreeView::edit(index, trigger, event);
 }
 
-bool TzuTree_ComBasic::ShowCaptionTip(const QHelpEvent &event)
-{
-    const QModelIndex index = indexAt(event.pos());
-    const QString caption = index.data().toString();
-    const QRect row = visualRect(index);
-    const int needed = m_delegate->sizeHint(viewOptionFor(index), index).width();
-    if (!m_toolTips || !index.isValid() || needed <= row.width()) {
-        QToolTip::hideText();
-        return true;
-    }
-    QToolTip::showText(event.globalPos(), caption, viewport(), row);
-    return true;
-}
+// --- current node and rows -----------------------------------------------------------------------
 
-QStyleOptionViewItem TzuTree_ComBasic::viewOptionFor(const QModelIndex & /*index*/) const
+void TzuTree_ComBasic::SelectNode(TTreeNode_zuSub *node)
 {
-    QStyleOptionViewItem option;
-    initViewItemOption(&option);
-    return option;
-}
-
-void TzuTree_ComBasic::timerEvent(QTimerEvent *event)
-{
-    if (event->timerId() != m_updateTimer.timerId()) {
-        QTreeView::timerEvent(event);
+    AttachModel();
+    const bool autoScroll = hasAutoScroll();
+    setAutoScroll(false); // it would search for the row
+    selectionModel()->setCurrentIndex(m_model->IndexOf(node), QItemSelectionModel::ClearAndSelect
+                                                                  | QItemSelectionModel::Rows);
+    setAutoScroll(autoScroll);
+    if (node == nullptr || SelectedNode() != node) {
         return;
     }
-    m_updateTimer.stop();
-    EnsureLayout();
+    const int row = node->Row();
+    const int top = Geometry().TopRow;
+    if (row < top) {
+        SetTopRow(row);
+    } else if (row >= top + PageRows()) {
+        SetTopRow(row - PageRows() + 1);
+    }
 }
 
-void TzuTree_ComBasic::resizeEvent(QResizeEvent *event)
+void TzuTree_ComBasic::LoseCurrent()
 {
-    QTreeView::resizeEvent(event);
+    if (m_model->IsAttached()) {
+        const TMirroring mirroring(*this);
+        selectionModel()->setCurrentIndex({}, QItemSelectionModel::NoUpdate);
+    }
+}
+
+void TzuTree_ComBasic::EditNode(TTreeNode_zuSub &node)
+{
+    AttachModel();
+    edit(m_model->IndexOf(&node), AllEditTriggers, nullptr);
+}
+
+int TzuTree_ComBasic::PageRows() const
+{
+    return std::max(1, viewport()->height() / RowHeight());
+}
+
+int TzuTree_ComBasic::LastTopRow() const
+{
+    return std::max(0, RootNode().RowCount() - 1 - PageRows());
+}
+
+TTreeGeometry TzuTree_ComBasic::Geometry() const
+{
+    const int top = m_wantedTopRow >= 0 ? m_wantedTopRow : verticalScrollBar()->value();
+    return {std::clamp(top, 0, LastTopRow()), RowHeight(), viewport()->width(),
+            viewport()->height()};
+}
+
+void TzuTree_ComBasic::SetTopRow(int row)
+{
+    m_wantedTopRow = std::clamp(row, 0, LastTopRow());
+    ApplyTopRow();
     HandleScrollInfo();
 }
 
-void TzuTree_ComBasic::changeEvent(QEvent *event)
+/// A row beyond the present range waits for the layout.
+void TzuTree_ComBasic::ApplyTopRow()
 {
-    QTreeView::changeEvent(event);
-    if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange) {
-        RowHeightChanged();
+    if (m_wantedTopRow >= 0 && verticalScrollBar()->maximum() == LastTopRow()) {
+        verticalScrollBar()->setValue(std::exchange(m_wantedTopRow, -1));
     }
 }
 
-void TzuTree_ComBasic::drawBranches(QPainter *painter, const QRect &rect,
-                                    const QModelIndex &index) const
+TScrollInfo TzuTree_ComBasic::ScrollInfo() const
 {
-    if (m_showButtons || m_showLines) {
-        QTreeView::drawBranches(painter, rect, index);
+    return {0, LastTopRow(), PageRows(), Geometry().TopRow};
+}
+
+void TzuTree_ComBasic::HandleScrollInfo()
+{
+    const TScrollInfo info = ScrollInfo();
+    if (m_released || info == m_scrollInfo) {
+        return;
     }
+    m_scrollInfo = info;
+    ScrollInfoChanged();
+    PostUpdate();
 }
 
-void TzuTree_ComBasic::initViewItemOption(QStyleOptionViewItem *option) const
+void TzuTree_ComBasic::Scroll(int delta)
 {
-    QTreeView::initViewItemOption(option);
-    option->showDecorationSelected = m_rowSelect;
-    if (m_hideSelection && !hasFocus()) {
-        option->state &= ~QStyle::State_Active;
-    }
-}
-
-// TzuTree
-
-TzuTree::~TzuTree()
-{
-    DestroyContent();
-}
-
-void TzuTree::_InsertItem(TzuDataEntity_Tree *entity)
-{
-    TzuTree_ComBasic::_InsertItem(entity);
-    Q_EMIT entityInserted(entity);
-}
-
-void TzuTree::_DeleteItem(TzuDataEntity_Tree *entity)
-{
-    Q_EMIT entityDeleted(entity);
-    TzuTree_ComBasic::_DeleteItem(entity);
-}
-
-void TzuTree::Expand(TzuDataEntity_Tree *entity)
-{
-    TzuTree_ComBasic::Expand(entity);
-    Q_EMIT entityExpanded(entity);
-}
-
-void TzuTree::Collapse(TzuDataEntity_Tree *entity)
-{
-    TzuTree_ComBasic::Collapse(entity);
-    Q_EMIT entityCollapsed(entity);
-}
-
-void TzuTree::CurrentChanged()
-{
-    TzuTree_ComBasic::CurrentChanged();
-    Q_EMIT currentEntityChanged(GetDataEntityFromNode(SelectedNode()));
+    EnsureDisplayUpToDate();
+    const std::int64_t row = std::int64_t{Geometry().TopRow} + delta;
+    SetTopRow(static_cast<int>(std::clamp<std::int64_t>(row, 0, LastTopRow())));
 }
 
 } // namespace korvane

@@ -4,22 +4,17 @@
 #include "foundation/zuCanvas.h"
 #include "tree/zuTree.h"
 
-#include <QBasicTimer>
-#include <QIcon>
-#include <QList>
 #include <QTreeView>
 
 #include <cstdint>
-
-class QHelpEvent;
 
 namespace korvane {
 
 class TTreeNodeDelegate;
 class TTreeNodeModel;
+class TzuImageList;
 
 enum class TBorderStyle : std::uint8_t { bsNone, bsSingle };
-enum class TDragMode : std::uint8_t { dmManual, dmAutomatic };
 
 /// The vertical scroll range in rows: the first row shown is Position, Min <= Position <= Max, and
 /// Page rows are shown whole.
@@ -46,15 +41,14 @@ public:
     explicit TzuTree_ComBasic(QWidget *parent = nullptr);
     ~TzuTree_ComBasic() override;
 
+    /// A system colour follows the palette.
     TColor Color() const { return m_color; }
     void SetColor(TColor color);
-    const TFont &Font() const { return m_font; }
-    /// The colour of the font is that of the captions.
+    /// Its colour is that of the captions.
+    TFont Font() const;
     void SetFont(const TFont &font);
     TBorderStyle BorderStyle() const;
     void SetBorderStyle(TBorderStyle style);
-    TDragMode DragMode() const;
-    void SetDragMode(TDragMode mode);
     QCursor Cursor() const { return viewport()->cursor(); }
     void SetCursor(const QCursor &cursor) { viewport()->setCursor(cursor); }
     /// Whether the selection is shown only while the tree has the focus.
@@ -84,14 +78,15 @@ public:
     /// In pixels per level.
     int Indent() const { return indentation(); }
     void SetIndent(int indent) { setIndentation(indent); }
-    /// What the entities' image indexes refer to.
-    const QList<QIcon> &Images() const { return m_images; }
-    void SetImages(QList<QIcon> images);
+    /// What the entities' image indexes refer to; observed. Nil shows no images.
+    const TzuImageList *Images() const { return m_images; }
+    void SetImages(const TzuImageList *images);
 
     /// In pixels; by default what the font and the icons need.
     int RowHeight() const;
     /// 0 returns to the default.
     void SetRowHeight(int height);
+    /// As of the last update of the display.
     TScrollInfo ScrollInfo() const;
     /// Scrolls by a number of rows.
     virtual void Scroll(int delta);
@@ -103,18 +98,22 @@ public:
 
 protected:
     /// The rows moved against the client area, or the scroll range changed. May run within a layout
-    /// or a paint: only note it and repaint.
-    virtual void ScrollInfoChanged();
-    void CurrentChanged() override;
+    /// or a paint: only note it and ask for a repaint.
+    virtual void ScrollInfoChanged() {}
+    void AfterUpdateDisplay() override;
 
+    bool event(QEvent *event) override;
     bool viewportEvent(QEvent *event) override;
+    void paintEvent(QPaintEvent *event) override;
     void resizeEvent(QResizeEvent *event) override;
-    void timerEvent(QTimerEvent *event) override;
     void changeEvent(QEvent *event) override;
     void mousePressEvent(QMouseEvent *event) override;
+    bool edit(const QModelIndex &index, EditTrigger trigger, QEvent *event) override;
     void currentChanged(const QModelIndex &current, const QModelIndex &previous) override;
     void selectionChanged(const QItemSelection &selected,
                           const QItemSelection &deselected) override;
+    void drawRow(QPainter *painter, const QStyleOptionViewItem &option,
+                 const QModelIndex &index) const override;
     void drawBranches(QPainter *painter, const QRect &rect,
                       const QModelIndex &index) const override;
     void initViewItemOption(QStyleOptionViewItem *option) const override;
@@ -127,6 +126,7 @@ private:
     TTreeGeometry Geometry() const override;
     void SetTopRow(int row) override;
     void SelectNode(TTreeNode_zuSub *node) override;
+    void LoseCurrent() override;
     void EditNode(TTreeNode_zuSub &node) override;
 
     // ITreeNodeObserver
@@ -136,6 +136,7 @@ private:
     void EndNodes() override;
     void NodeChanged(TTreeNode_zuSub &node, TNodeAspect aspect) override;
     void AllExpansionsChanged() override;
+    void BeforeRelease() override;
 
     // Not to be used from outside: the tree would not hear of it.
     using QTreeView::collapseAll;
@@ -144,34 +145,51 @@ private:
     using QTreeView::setItemDelegate;
     using QTreeView::setModel;
 
+    class TMirroring;
+
+    void DetachModel();
     void AttachModel();
-    void ShowExpansion(const TTreeNode_zuSub &node);
-    void ShowExpansions(const TTreeNode_zuSub &top);
+    void BringViewUpToDate();
+    void ShowStates(const TTreeNode_zuSub &top);
+    void ShowInserted(const TTreeNode_zuSub &node);
+    void ShowExpansion(TTreeNode_zuSub &node);
     void ShowSelection();
-    void ExpansionByUser(const QModelIndex &index, bool expanded);
+    void MarkSelected(const QItemSelection &selection, bool selected);
+    void NodeToggled(const QModelIndex &index, bool expanded);
+    void RepaintRow(const TTreeNode_zuSub &node);
+    void ApplyTopRow();
     void HandleScrollInfo();
-    void RowHeightChanged();
-    bool ShowCaptionTip(const QHelpEvent &event);
-    QStyleOptionViewItem viewOptionFor(const QModelIndex &index) const;
+    void PostUpdate();
+    int PageRows() const;
+    int LastTopRow() const;
+    int DefaultRowHeight() const;
+    void DrawLines(QPainter &painter, const QRect &rect, const QModelIndex &index) const;
+    bool ShowElidedCaption(const QPoint &at, const QPoint &globalAt);
 
     TTreeNodeModel *m_model;
     TTreeNodeDelegate *m_delegate;
-    QBasicTimer m_updateTimer;
-    QList<QIcon> m_images;
-    TFont m_font;
+    const TzuImageList *m_images = nullptr;
     TColor m_color = clWindow;
+    TColor m_fontColor = clWindowText;
     TScrollInfo m_scrollInfo;
     int m_rowHeight = 0;             ///< set by hand; 0 when by default
     mutable int m_autoRowHeight = 0; ///< 0 until measured
-    int m_wantedTopRow = -1;         ///< to be applied when the layout is made
-    int m_mirroring = 0;             ///< the view is being made to follow the tree
-    bool m_hideSelection = true;
+    int m_wantedTopRow = -1;         ///< to be applied once the layout is made
+    int m_changesSinceLayout = 0;
+    int m_selectionsSinceLayout = 0;
+    int m_mirroring = 0;      ///< the view is being made to follow the tree
+    unsigned m_structure = 0; ///< counts the changes to the nodes
+    bool m_layouting = false;
+    bool m_updatePosted = false;
+    bool m_released = false;
+    bool m_selectionOutOfDate = false;
+    bool m_hideSelection = false;
     bool m_hotTrack = false;
     bool m_toolTips = true;
     bool m_autoExpand = false;
     bool m_rowSelect = false;
     bool m_showButtons = true;
-    bool m_showLines = true;
+    bool m_showLines = false;
     bool m_rightClickSelect = false;
 };
 
@@ -201,16 +219,18 @@ Q_SIGNALS:
     void entityInserted(korvane::TzuDataEntity_Tree *entity);
     /// The entity is about to go; do not keep it.
     void entityDeleted(korvane::TzuDataEntity_Tree *entity);
-    void entityExpanded(korvane::TzuDataEntity_Tree *entity);
-    void entityCollapsed(korvane::TzuDataEntity_Tree *entity);
-    void currentEntityChanged(korvane::TzuDataEntity_Tree *entity);
+    /// One entity or many.
+    void entityExpanded();
+    void entityCollapsed();
+    /// See GetCurrentDataEntity.
+    void currentEntityChanged();
 
 protected:
     void _InsertItem(TzuDataEntity_Tree *entity) override;
     void _DeleteItem(TzuDataEntity_Tree *entity) override;
     void Expand(TzuDataEntity_Tree *entity) override;
     void Collapse(TzuDataEntity_Tree *entity) override;
-    void CurrentChanged() override;
+    void DoCurrentChanged() override;
 };
 
 } // namespace korvane

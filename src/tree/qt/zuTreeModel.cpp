@@ -3,36 +3,14 @@
 #include "foundation/qt/zuConvert.h"
 #include "tree/zuTreeData.h"
 
-#include <QFont>
-
 namespace korvane {
-
-namespace {
-
-/// The font of a caption that has one of its own, else nothing.
-QVariant CaptionFont(const TzuDataEntity_Tree &entity)
-{
-    const TFontStyles style = entity.GetFontStyle();
-    if (entity.GetFontName().empty() && style == TFontStyles{}) {
-        return {};
-    }
-    QFont font;
-    if (!entity.GetFontName().empty()) {
-        font.setFamily(ToQt(entity.GetFontName()));
-    }
-    font.setBold(style.Bold);
-    font.setItalic(style.Italic);
-    font.setUnderline(style.Underline);
-    font.setStrikeOut(style.StrikeOut);
-    return font;
-}
-
-} // namespace
 
 TTreeNodeModel::TTreeNodeModel(QObject *parent)
     : QAbstractItemModel(parent)
 {
 }
+
+TTreeNodeModel::~TTreeNodeModel() = default;
 
 void TTreeNodeModel::Attach(const TTreeNode_zuSub &root)
 {
@@ -48,9 +26,11 @@ void TTreeNodeModel::Detach()
     endResetModel();
 }
 
+// --- nodes and indexes ---------------------------------------------------------------------------
+
 QModelIndex TTreeNodeModel::IndexOf(const TTreeNode_zuSub *node) const
 {
-    if (m_root == nullptr || node == nullptr || node == m_root) {
+    if (node == nullptr || node == m_root || m_root == nullptr) {
         return {};
     }
     return createIndex(node->Index(), 0, node);
@@ -58,7 +38,7 @@ QModelIndex TTreeNodeModel::IndexOf(const TTreeNode_zuSub *node) const
 
 TTreeNode_zuSub *TTreeNodeModel::NodeAt(const QModelIndex &index) const
 {
-    return m_root != nullptr && index.isValid()
+    return index.isValid() && m_root != nullptr
                ? static_cast<TTreeNode_zuSub *>(index.internalPointer())
                : nullptr;
 }
@@ -66,73 +46,6 @@ TTreeNode_zuSub *TTreeNodeModel::NodeAt(const QModelIndex &index) const
 const TTreeNode_zuSub *TTreeNodeModel::NodeOrRoot(const QModelIndex &index) const
 {
     return index.isValid() ? NodeAt(index) : m_root;
-}
-
-void TTreeNodeModel::BeforeChange(const TNodeChangeInfo &change)
-{
-    if (m_root == nullptr) {
-        return;
-    }
-    const QModelIndex parent = IndexOf(change.Parent);
-    const int last = change.First + change.Count - 1;
-    switch (change.Change) {
-    case TNodeChange::Insert:
-        beginInsertRows(parent, change.First, last);
-        break;
-    case TNodeChange::Remove:
-        beginRemoveRows(parent, change.First, last);
-        break;
-    case TNodeChange::Move:
-        // The destination counts the row that moves when that lies before it.
-        beginMoveRows(parent, change.First, change.First, parent,
-                      change.To > change.First ? change.To + 1 : change.To);
-        break;
-    case TNodeChange::Reorder:
-        Q_EMIT layoutAboutToBeChanged({parent}, VerticalSortHint);
-        m_reordered = persistentIndexList();
-        break;
-    }
-}
-
-void TTreeNodeModel::AfterChange(const TNodeChangeInfo &change)
-{
-    if (m_root == nullptr) {
-        return;
-    }
-    switch (change.Change) {
-    case TNodeChange::Insert:
-        endInsertRows();
-        break;
-    case TNodeChange::Remove:
-        endRemoveRows();
-        break;
-    case TNodeChange::Move:
-        endMoveRows();
-        break;
-    case TNodeChange::Reorder:
-        MovePersistentIndexes();
-        Q_EMIT layoutChanged({IndexOf(change.Parent)}, VerticalSortHint);
-        break;
-    }
-}
-
-void TTreeNodeModel::MovePersistentIndexes()
-{
-    QModelIndexList now;
-    now.reserve(m_reordered.size());
-    for (const QModelIndex &before : std::as_const(m_reordered)) {
-        now.append(IndexOf(NodeAt(before)));
-    }
-    changePersistentIndexList(m_reordered, now);
-    m_reordered.clear();
-}
-
-void TTreeNodeModel::CaptionChanged(const TTreeNode_zuSub &node)
-{
-    const QModelIndex index = IndexOf(&node);
-    if (index.isValid()) {
-        Q_EMIT dataChanged(index, index);
-    }
 }
 
 QModelIndex TTreeNodeModel::index(int row, int column, const QModelIndex &parent) const
@@ -166,6 +79,8 @@ bool TTreeNodeModel::hasChildren(const QModelIndex &parent) const
     return rowCount(parent) > 0;
 }
 
+// --- content -------------------------------------------------------------------------------------
+
 QVariant TTreeNodeModel::data(const QModelIndex &index, int role) const
 {
     const TTreeNode_zuSub *node = NodeAt(index);
@@ -174,30 +89,42 @@ QVariant TTreeNodeModel::data(const QModelIndex &index, int role) const
     }
     const TzuDataEntity_Tree *entity = node->Data();
     if (entity == nullptr) {
-        return role == Qt::DisplayRole && node->IsPlaceholder()
-                   ? QVariant(QStringLiteral("Not initiated"))
-                   : QVariant();
+        return node->IsPlaceholder() && role == Qt::DisplayRole ? QVariant("Not initiated")
+                                                                : QVariant();
     }
     switch (role) {
     case Qt::DisplayRole:
     case Qt::EditRole:
         return ToQt(entity->GetText());
-    case Qt::DecorationRole:
-        return m_images != nullptr && entity->GetImageIndex() >= 0
-                       && entity->GetImageIndex() < m_images->size()
-                   ? QVariant(m_images->at(entity->GetImageIndex()))
-                   : QVariant();
     case Qt::FontRole:
-        return CaptionFont(*entity);
+        return FontOf(*entity);
     default:
         return {};
     }
 }
 
+QVariant TTreeNodeModel::FontOf(const TzuDataEntity_Tree &entity) const
+{
+    const TFontStyles style = entity.GetFontStyle();
+    if (entity.GetFontName().empty() && style == TFontStyles()) {
+        return {};
+    }
+    QFont font = m_font;
+    if (!entity.GetFontName().empty()) {
+        font.setFamilies({ToQt(entity.GetFontName())});
+    }
+    font.setBold(font.bold() || style.Bold);
+    font.setItalic(font.italic() || style.Italic);
+    font.setUnderline(font.underline() || style.Underline);
+    font.setStrikeOut(font.strikeOut() || style.StrikeOut);
+    return font;
+}
+
 bool TTreeNodeModel::setData(const QModelIndex &index, const QVariant &value, int role)
 {
     TTreeNode_zuSub *node = NodeAt(index);
-    return node != nullptr && role == Qt::EditRole && m_edit && m_edit(*node, value.toString());
+    return node != nullptr && role == Qt::EditRole && m_edit
+           && m_edit(*node, FromQt(value.toString()));
 }
 
 Qt::ItemFlags TTreeNodeModel::flags(const QModelIndex &index) const
@@ -206,9 +133,63 @@ Qt::ItemFlags TTreeNodeModel::flags(const QModelIndex &index) const
     if (node == nullptr) {
         return Qt::NoItemFlags;
     }
-    const Qt::ItemFlags shown = Qt::ItemIsEnabled | Qt::ItemIsSelectable;
-    return node->Data() != nullptr && node->Data()->GetCanEdit() ? shown | Qt::ItemIsEditable
-                                                                 : shown;
+    // Whether an entity can be edited is asked when editing is to begin.
+    return node->Data() == nullptr ? Qt::ItemFlags(Qt::ItemIsEnabled)
+                                   : Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemIsEditable;
+}
+
+// --- changes -------------------------------------------------------------------------------------
+
+void TTreeNodeModel::BeforeChange(const TNodeChangeInfo &change)
+{
+    const QModelIndex parent = IndexOf(change.Parent);
+    switch (change.Change) {
+    case TNodeChange::Insert:
+        beginInsertRows(parent, change.First, change.First + change.Count - 1);
+        break;
+    case TNodeChange::Remove:
+        beginRemoveRows(parent, change.First, change.First + change.Count - 1);
+        break;
+    case TNodeChange::Move:
+        beginMoveRows(parent, change.First, change.First, parent,
+                      change.To > change.First ? change.To + 1 : change.To);
+        break;
+    case TNodeChange::Reorder:
+        Q_EMIT layoutAboutToBeChanged({QPersistentModelIndex(parent)}, VerticalSortHint);
+        for (const QModelIndex &index : persistentIndexList()) {
+            if (NodeAt(index)->Parent() == change.Parent) {
+                m_indexesBefore.append(index);
+                m_nodesBefore.push_back(NodeAt(index));
+            }
+        }
+        break;
+    }
+}
+
+void TTreeNodeModel::AfterChange(const TNodeChangeInfo &change)
+{
+    switch (change.Change) {
+    case TNodeChange::Insert:
+        endInsertRows();
+        break;
+    case TNodeChange::Remove:
+        endRemoveRows();
+        break;
+    case TNodeChange::Move:
+        endMoveRows();
+        break;
+    case TNodeChange::Reorder: {
+        QModelIndexList after;
+        for (const TTreeNode_zuSub *node : m_nodesBefore) {
+            after.append(IndexOf(node));
+        }
+        changePersistentIndexList(m_indexesBefore, after);
+        m_indexesBefore.clear();
+        m_nodesBefore.clear();
+        Q_EMIT layoutChanged({QPersistentModelIndex(IndexOf(change.Parent))}, VerticalSortHint);
+        break;
+    }
+    }
 }
 
 } // namespace korvane

@@ -5,34 +5,36 @@
 #include "tree/zuTreeNode.h"
 
 #include <QAbstractItemModel>
-#include <QIcon>
-#include <QList>
+#include <QFont>
 
 #include <functional>
+#include <string>
+#include <vector>
 
 namespace korvane {
 
 /// Presents the nodes below a root. Internal ids are node pointers.
 ///
 /// While it is detached the model is empty; so a burst of changes costs two resets, and nothing
-/// asks for nodes meanwhile.
+/// asks for nodes meanwhile. Changes of captions are not announced: the tree repaints their rows.
 class TTreeNodeModel : public QAbstractItemModel
 {
     Q_OBJECT
 
 public:
-    /// Called with the caption that the user entered; false when it was refused.
-    using TEdit = std::function<bool(TTreeNode_zuSub &node, const QString &text)>;
+    /// Takes the caption that the user entered for a node; false when it was refused.
+    using TEdit = std::function<bool(TTreeNode_zuSub &node, const std::string &text)>;
 
     explicit TTreeNodeModel(QObject *parent);
+    ~TTreeNodeModel() override;
 
-    /// The root outlives the model's attachment to it. Until attached the model is empty.
+    /// The root outlives the attachment. A model begins detached.
     void Attach(const TTreeNode_zuSub &root);
     void Detach();
     bool IsAttached() const { return m_root != nullptr; }
     void SetEdit(TEdit edit) { m_edit = std::move(edit); }
-    /// What the entities' image indexes refer to; observed.
-    void SetImages(const QList<QIcon> *images) { m_images = images; }
+    /// The font of captions that have none of their own.
+    void SetFont(const QFont &font) { m_font = font; }
 
     /// Invalid for nil, for the root and while detached.
     QModelIndex IndexOf(const TTreeNode_zuSub *node) const;
@@ -41,8 +43,8 @@ public:
 
     void BeforeChange(const TNodeChangeInfo &change);
     void AfterChange(const TNodeChangeInfo &change);
-    void CaptionChanged(const TTreeNode_zuSub &node);
 
+    using QObject::parent;
     QModelIndex index(int row, int column, const QModelIndex &parent = {}) const override;
     QModelIndex parent(const QModelIndex &child) const override;
     int rowCount(const QModelIndex &parent = {}) const override;
@@ -52,16 +54,16 @@ public:
     bool setData(const QModelIndex &index, const QVariant &value, int role = Qt::EditRole) override;
     Qt::ItemFlags flags(const QModelIndex &index) const override;
 
-    using QObject::parent;
-
 private:
     const TTreeNode_zuSub *NodeOrRoot(const QModelIndex &index) const;
-    void MovePersistentIndexes();
+    QVariant FontOf(const TzuDataEntity_Tree &entity) const;
 
     const TTreeNode_zuSub *m_root = nullptr;
-    const QList<QIcon> *m_images = nullptr;
     TEdit m_edit;
-    QModelIndexList m_reordered; ///< persistent indexes as they were before a reordering
+    QFont m_font;
+    /// Of a reordering that runs: the children's persistent indexes and their nodes.
+    QModelIndexList m_indexesBefore;
+    std::vector<const TTreeNode_zuSub *> m_nodesBefore;
 };
 
 } // namespace korvane

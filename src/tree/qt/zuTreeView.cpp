@@ -1,0 +1,355 @@
+// Properties, events and drawing of the tree component.
+#include "foundation/qt/zuConvert.h"
+#include "foundation/qt/zuImageList.h"
+#include "tree/qt/zuTree.h"
+#include "tree/qt/zuTreeDelegate.h"
+#include "tree/qt/zuTreeModel.h"
+
+#include <QApplication>
+#include <QHelpEvent>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QToolTip>
+
+#include <algorithm>
+#include <utility>
+
+namespace korvane {
+
+// --- properties ----------------------------------------------------------------------------------
+
+void TzuTree_ComBasic::SetColor(TColor color)
+{
+    if (m_color == color) {
+        return;
+    }
+    m_color = color;
+    QPalette own = palette();
+    const QPalette inherited = QApplication::palette(this);
+    own.setBrush(QPalette::Base,
+                 color == clWindow ? inherited.brush(QPalette::Base) : ToQt(color, inherited));
+    setPalette(own);
+}
+
+TFont TzuTree_ComBasic::Font() const
+{
+    TFont result = FromQt(font());
+    result.Color = m_fontColor;
+    return result;
+}
+
+void TzuTree_ComBasic::SetFont(const TFont &font)
+{
+    if (font == Font()) {
+        return;
+    }
+    m_fontColor = font.Color;
+    setFont(ToQt(font));
+    QPalette own = palette();
+    const QPalette inherited = QApplication::palette(this);
+    own.setBrush(QPalette::Text, font.Color == clWindowText ? inherited.brush(QPalette::Text)
+                                                            : ToQt(font.Color, inherited));
+    setPalette(own);
+}
+
+TBorderStyle TzuTree_ComBasic::BorderStyle() const
+{
+    return frameShape() == NoFrame ? TBorderStyle::bsNone : TBorderStyle::bsSingle;
+}
+
+void TzuTree_ComBasic::SetBorderStyle(TBorderStyle style)
+{
+    setFrameShape(style == TBorderStyle::bsNone ? NoFrame : StyledPanel);
+}
+
+void TzuTree_ComBasic::SetHideSelection(bool hide)
+{
+    if (m_hideSelection != hide) {
+        m_hideSelection = hide;
+        viewport()->update();
+    }
+}
+
+void TzuTree_ComBasic::SetHotTrack(bool track)
+{
+    if (m_hotTrack != track) {
+        m_hotTrack = track;
+        viewport()->setMouseTracking(true);
+        viewport()->setAttribute(Qt::WA_Hover);
+        viewport()->update();
+    }
+}
+
+bool TzuTree_ComBasic::MultiSelect() const
+{
+    return selectionMode() == ExtendedSelection;
+}
+
+void TzuTree_ComBasic::SetMultiSelect(bool multi)
+{
+    if (MultiSelect() != multi) {
+        setSelectionMode(multi ? ExtendedSelection : SingleSelection);
+    }
+}
+
+void TzuTree_ComBasic::SetRowSelect(bool select)
+{
+    if (m_rowSelect != select) {
+        m_rowSelect = select;
+        viewport()->update();
+    }
+}
+
+void TzuTree_ComBasic::SetShowButtons(bool show)
+{
+    if (m_showButtons != show) {
+        m_showButtons = show;
+        setRootIsDecorated(m_showButtons || m_showLines);
+        viewport()->update();
+    }
+}
+
+void TzuTree_ComBasic::SetShowLines(bool show)
+{
+    if (m_showLines != show) {
+        m_showLines = show;
+        setRootIsDecorated(m_showButtons || m_showLines);
+        viewport()->update();
+    }
+}
+
+void TzuTree_ComBasic::SetImages(const TzuImageList *images)
+{
+    if (m_images == images) {
+        return;
+    }
+    m_images = images;
+    m_autoRowHeight = 0;
+    scheduleDelayedItemsLayout();
+}
+
+int TzuTree_ComBasic::RowHeight() const
+{
+    if (m_rowHeight > 0) {
+        return m_rowHeight;
+    }
+    if (m_autoRowHeight == 0) {
+        m_autoRowHeight = DefaultRowHeight();
+    }
+    return m_autoRowHeight;
+}
+
+int TzuTree_ComBasic::DefaultRowHeight() const
+{
+    QStyleOptionViewItem option;
+    initViewItemOption(&option);
+    option.features |= QStyleOptionViewItem::HasDisplay;
+    option.text = QStringLiteral("Ag");
+    option.fontMetrics = QFontMetrics(option.font);
+    if (m_images != nullptr) {
+        option.features |= QStyleOptionViewItem::HasDecoration;
+        option.decorationSize = {m_images->Size().Width, m_images->Size().Height};
+    }
+    const int height =
+        style()->sizeFromContents(QStyle::CT_ItemViewItem, &option, QSize(), this).height();
+    return std::max(height, 1);
+}
+
+void TzuTree_ComBasic::SetRowHeight(int height)
+{
+    if (m_rowHeight != std::max(height, 0)) {
+        m_rowHeight = std::max(height, 0);
+        scheduleDelayedItemsLayout();
+        HandleScrollInfo();
+    }
+}
+
+// --- events --------------------------------------------------------------------------------------
+
+bool TzuTree_ComBasic::event(QEvent *event)
+{
+    if (event->type() == QEvent::KeyPress || event->type() == QEvent::Show) {
+        BringViewUpToDate();
+    }
+    return QTreeView::event(event);
+}
+
+bool TzuTree_ComBasic::viewportEvent(QEvent *event)
+{
+    if (event->isInputEvent()) {
+        BringViewUpToDate();
+    }
+    if (event->type() == QEvent::ToolTip) {
+        const auto *help = static_cast<QHelpEvent *>(event);
+        BringViewUpToDate();
+        if (m_toolTips && ShowElidedCaption(help->pos(), help->globalPos())) {
+            return true;
+        }
+    }
+    return QTreeView::viewportEvent(event);
+}
+
+bool TzuTree_ComBasic::ShowElidedCaption(const QPoint &at, const QPoint &globalAt)
+{
+    const QModelIndex index = indexAt(at);
+    if (!index.isValid()) {
+        return false;
+    }
+    QStyleOptionViewItem option;
+    initViewItemOption(&option);
+    const QRect rect = visualRect(index);
+    if (m_delegate->CaptionWidth(option, index) <= rect.width()) {
+        return false;
+    }
+    QToolTip::showText(globalAt, index.data().toString().toHtmlEscaped(), viewport(), rect);
+    return true;
+}
+
+void TzuTree_ComBasic::paintEvent(QPaintEvent *event)
+{
+    BringViewUpToDate();
+    QTreeView::paintEvent(event);
+}
+
+void TzuTree_ComBasic::resizeEvent(QResizeEvent *event)
+{
+    QTreeView::resizeEvent(event);
+    HandleScrollInfo();
+}
+
+void TzuTree_ComBasic::changeEvent(QEvent *event)
+{
+    if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange) {
+        m_autoRowHeight = 0;
+        m_model->SetFont(font());
+    }
+    QTreeView::changeEvent(event);
+    if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange) {
+        HandleScrollInfo();
+    }
+}
+
+void TzuTree_ComBasic::mousePressEvent(QMouseEvent *event)
+{
+    if (event->button() == Qt::RightButton && !m_rightClickSelect) {
+        event->accept(); // the menu comes without a change of the selection
+        return;
+    }
+    QTreeView::mousePressEvent(event);
+}
+
+void TzuTree_ComBasic::RepaintRow(const TTreeNode_zuSub &node)
+{
+    const TTreeGeometry geometry = Geometry();
+    const int row = node.Row();
+    if (row >= geometry.TopRow && row - geometry.TopRow <= geometry.Height / geometry.RowHeight) {
+        viewport()->update(0, (row - geometry.TopRow) * geometry.RowHeight, geometry.Width,
+                           geometry.RowHeight);
+    }
+}
+
+// --- drawing -------------------------------------------------------------------------------------
+
+void TzuTree_ComBasic::initViewItemOption(QStyleOptionViewItem *option) const
+{
+    QTreeView::initViewItemOption(option);
+    option->showDecorationSelected = m_rowSelect;
+}
+
+void TzuTree_ComBasic::drawRow(QPainter *painter, const QStyleOptionViewItem &option,
+                               const QModelIndex &index) const
+{
+    if (!m_hideSelection || hasFocus()) {
+        QTreeView::drawRow(painter, option, index);
+        return;
+    }
+    QStyleOptionViewItem unselected = option;
+    unselected.palette.setBrush(QPalette::Highlight, Qt::transparent);
+    unselected.palette.setBrush(QPalette::HighlightedText, option.palette.text());
+    QTreeView::drawRow(painter, unselected, index);
+}
+
+void TzuTree_ComBasic::drawBranches(QPainter *painter, const QRect &rect,
+                                    const QModelIndex &index) const
+{
+    if (m_showLines) {
+        DrawLines(*painter, rect, index);
+    }
+    if (m_showButtons) {
+        QTreeView::drawBranches(painter, rect, index);
+    }
+}
+
+/// Dotted lines from each node to its parent and to the next sibling, one column per level.
+void TzuTree_ComBasic::DrawLines(QPainter &painter, const QRect &rect,
+                                 const QModelIndex &index) const
+{
+    const auto hasNext = [](const TTreeNode_zuSub &node) {
+        return node.Index() + 1 < node.Parent()->ChildCount();
+    };
+    const TTreeNode_zuSub *node = m_model->NodeAt(index);
+    if (node == nullptr || indentation() <= 0) {
+        return;
+    }
+    QColor color = palette().color(QPalette::Text);
+    color.setAlphaF(0.4F);
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing, false);
+    painter.setPen(QPen(color, 1, Qt::DotLine));
+    int x = rect.right() + 1 - indentation() / 2;
+    const int middle = rect.center().y();
+    painter.drawLine(x, middle, rect.right(), middle);
+    painter.drawLine(x, rect.top(), x, hasNext(*node) ? rect.bottom() : middle);
+    for (node = node->Parent(); node->Parent() != nullptr; node = node->Parent()) {
+        x -= indentation();
+        if (hasNext(*node)) {
+            painter.drawLine(x, rect.top(), x, rect.bottom());
+        }
+    }
+    painter.restore();
+}
+
+// --- the component proper ------------------------------------------------------------------------
+
+TzuTree::~TzuTree()
+{
+    DestroyContent();
+}
+
+void TzuTree::_InsertItem(TzuDataEntity_Tree *entity)
+{
+    const TzuLifeWatch entityLives(*entity);
+    TzuTree_ComBasic::_InsertItem(entity);
+    if (entityLives) {
+        Q_EMIT entityInserted(entity);
+    }
+}
+
+void TzuTree::_DeleteItem(TzuDataEntity_Tree *entity)
+{
+    const TzuLifeWatch entityLives(*entity);
+    Q_EMIT entityDeleted(entity);
+    if (entityLives) {
+        TzuTree_ComBasic::_DeleteItem(entity);
+    }
+}
+
+void TzuTree::Expand(TzuDataEntity_Tree *entity)
+{
+    TzuTree_ComBasic::Expand(entity);
+    Q_EMIT entityExpanded();
+}
+
+void TzuTree::Collapse(TzuDataEntity_Tree *entity)
+{
+    TzuTree_ComBasic::Collapse(entity);
+    Q_EMIT entityCollapsed();
+}
+
+void TzuTree::DoCurrentChanged()
+{
+    TzuTree_ComBasic::DoCurrentChanged();
+    Q_EMIT currentEntityChanged();
+}
+
+} // namespace korvane
