@@ -12,6 +12,7 @@
 
 #include <array>
 #include <memory>
+#include <utility>
 #include <vector>
 
 namespace korvane {
@@ -203,8 +204,9 @@ private:
     std::unique_ptr<TzuDataList3lev> m_store;
     std::unique_ptr<TGantRowList> m_rows;
     std::array<TFont, 3> m_itemFonts;
-    std::vector<TVisibleNode> m_visibleNodes;       ///< kept for its capacity
-    std::vector<TzuDataEntity_Link *> m_drawnLinks; ///< links at items on screen, in list order
+    std::vector<TVisibleNode> m_visibleNodes; ///< kept for its capacity
+    /// Links at items on screen, with their index in the link list, in list order.
+    std::vector<std::pair<int, TzuDataEntity_Link *>> m_drawnLinks;
     TzuDataEntity_Spanbar *m_active = nullptr;
     const TImageList *m_imageList = nullptr;
     TOnStyleSet m_onStyleSet;

@@ -177,7 +177,7 @@ void TGantCore::DrawShape(TzuDataEntity_Spanbar &item, const TRect &rect, TCanva
 void TGantCore::RenderLinks()
 {
     CollectLinksOnScreen();
-    for (TzuDataEntity_Link *link : m_drawnLinks) {
+    for (const auto &[index, link] : m_drawnLinks) {
         RenderLink(*link);
     }
     m_drawnLinks.clear();
@@ -194,13 +194,13 @@ void TGantCore::CollectLinksOnScreen()
                 const auto *item = static_cast<const TzuDataEntity_Spanbar *>(items->GetLoaded(i));
                 for (TzuDataEntity_Link *link : item->Links()) {
                     if (link->EnterPass(m_linkPass)) {
-                        m_drawnLinks.push_back(link);
+                        m_drawnLinks.emplace_back(link->ListIndex(), link);
                     }
                 }
             }
         }
     }
-    std::ranges::sort(m_drawnLinks, {}, &TzuDataEntity_Link::ListIndex);
+    std::ranges::sort(m_drawnLinks);
 }
 
 TLinkEnd TGantCore::LinkEndOf(const TzuDataEntity_Spanbar &item) const
