@@ -26,6 +26,7 @@ struct FakeTreeView : ITreeHost, ITreeNodeObserver
     TTreeGeometry Geometry() const override { return Shown; }
     void SetTopRow(int row) override { Shown.TopRow = row; }
     void SelectNode(TTreeNode_zuSub *) override {}
+    void LoseCurrent() override {}
     void EditNode(TTreeNode_zuSub &) override {}
     void BeginNodes(int) override {}
     void BeforeChange(const TNodeChangeInfo &) override {}
@@ -33,6 +34,7 @@ struct FakeTreeView : ITreeHost, ITreeNodeObserver
     void EndNodes() override {}
     void NodeChanged(TTreeNode_zuSub &, TNodeAspect) override {}
     void AllExpansionsChanged() override {}
+    void BeforeRelease() override {}
 };
 
 /// Counts requests and answers with its fields.
