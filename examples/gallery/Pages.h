@@ -9,6 +9,8 @@
 
 /// Each page is a widget that the caller owns.
 QWidget *CreateDateScalerPage();
+QWidget *CreateTreePage();
+QWidget *CreateGanttPage();
 
 struct TGalleryPage
 {
@@ -20,4 +22,6 @@ struct TGalleryPage
 
 inline const std::array kGalleryPages = {
     TGalleryPage{"Date scaler", "date-scaler", QSize(1000, 590), &CreateDateScalerPage},
+    TGalleryPage{"Tree", "tree", QSize(1000, 480), &CreateTreePage},
+    TGalleryPage{"Gantt chart", "gantt", QSize(1200, 600), &CreateGanttPage},
 };

@@ -17,6 +17,7 @@ int main(int argc, char **argv)
     auto &link = gant.AddLink();
     link.SetFirst(addBar(design, 10, 15));
     link.SetSecond(addBar(gant.AddRootDataEntityTree("Build"), 16, 26));
+    gant.resize(900, 300);
     gant.show();
     return QApplication::exec();
 }
