@@ -161,8 +161,8 @@ TzuDataEntity_Tree::TCaptionFont &TzuDataEntity_Tree::CaptionFont()
 
 void TzuDataEntity_Tree::CaptionChanged()
 {
-    if (m_node != nullptr) {
-        Tree()->m_observer.NodeChanged(*m_node, TNodeAspect::Caption);
+    if (TTreeCore *tree = m_node != nullptr ? Tree() : nullptr) {
+        tree->m_observer.NodeChanged(*m_node, TNodeAspect::Caption);
     }
 }
 
@@ -209,8 +209,8 @@ TTreeCore *TzuDataEntity_Tree::Tree() const
 
 void TzuDataEntity_Tree::EditText()
 {
-    if (m_node != nullptr) {
-        Tree()->m_host.EditNode(*m_node);
+    if (TTreeCore *tree = m_node != nullptr ? Tree() : nullptr) {
+        tree->m_host.EditNode(*m_node);
     }
 }
 

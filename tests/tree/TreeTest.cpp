@@ -9,6 +9,10 @@ namespace {
 
 struct TreeTest : testing::Test
 {
+    // What handlers note; they may still be called while the tree is released.
+    std::vector<std::string> Log;
+    int Fired = 0;
+
     FakeTreeHost Host;
     TestTree Tree{Host};
 
@@ -245,12 +249,11 @@ TEST_F(TreeTest, SiblingsFollowTheComparisonWhileThereIsOne)
 
 TEST_F(TreeTest, ItemsThatWereOnlyAnnouncedAreLoadedWhenTheyAreDisplayed)
 {
-    int loaded = 0;
     Tree.OnLoadItem = [&](TObject *, TzuDataEntity_Tree *entity) {
-        entity->SetText(std::to_string(loaded++));
+        entity->SetText(std::to_string(Fired++));
     };
     Tree.DataList()->AddUnloaded(3);
-    EXPECT_EQ(loaded, 0);
+    EXPECT_EQ(Fired, 0);
     EXPECT_EQ(Tree.Nodes(), "0 1 2");
     Root(1)->ChildList()->AddUnloaded(2);
     EXPECT_EQ(Tree.Nodes(), "0 1(3 4) 2");
@@ -406,9 +409,8 @@ TEST_F(TreeTest, ExpandingAnEntityWithoutNodeBringsTheDisplayUpToDateAtOnce)
 
 TEST_F(TreeTest, TheUsersExpansionIsStoredAndAnnouncedOnce)
 {
-    std::vector<std::string> log;
-    Tree.OnExpanded = [&](TObject *, auto *entity) { log.push_back("+" + entity->GetText()); };
-    Tree.OnCollapsed = [&](TObject *, auto *entity) { log.push_back("-" + entity->GetText()); };
+    Tree.OnExpanded = [&](TObject *, auto *entity) { Log.push_back("+" + entity->GetText()); };
+    Tree.OnCollapsed = [&](TObject *, auto *entity) { Log.push_back("-" + entity->GetText()); };
     TzuDataEntity_Tree *a = Tree.Add("a");
     Tree.Add("b", a);
     Tree.EnsureDisplayUpToDate();
@@ -418,7 +420,7 @@ TEST_F(TreeTest, TheUsersExpansionIsStoredAndAnnouncedOnce)
     }
     a->SetExpanded(true);
     a->SetExpanded(false);
-    EXPECT_EQ(log, (std::vector<std::string>{"+a", "-a"}));
+    EXPECT_EQ(Log, (std::vector<std::string>{"+a", "-a"}));
 }
 
 // --- current entity ------------------------------------------------------------------------------
@@ -427,8 +429,7 @@ TEST_F(TreeTest, TheCurrentEntityChangesWhenTheDeferredCallRuns)
 {
     AddRows(3);
     TzuDataEntity_Tree *deep = Tree.Add("deep", Root(1));
-    int changes = 0;
-    Tree.OnCurrentChanged = [&](TObject *) { ++changes; };
+    Tree.OnCurrentChanged = [&](TObject *) { ++Fired; };
     Tree.SetCurrentDataEntity(Root(0));
     EXPECT_EQ(Tree.GetCurrentDataEntity(), nullptr);
     TDoLater::DoAllNow();
@@ -443,7 +444,7 @@ TEST_F(TreeTest, TheCurrentEntityChangesWhenTheDeferredCallRuns)
     Tree.SetCurrentDataEntity(nullptr);
     TDoLater::DoAllNow();
     EXPECT_EQ(Tree.GetCurrentDataEntity(), nullptr);
-    EXPECT_EQ(changes, 3);
+    EXPECT_EQ(Fired, 3);
 }
 
 TEST_F(TreeTest, NothingIsSelectedAfterTheSelectedEntityWentAway)
@@ -466,12 +467,12 @@ TEST_F(TreeTest, NothingIsSelectedAfterTheSelectedEntityWentAway)
         Tree.SetCurrentDataEntity(entity);
         TDoLater::DoAllNow();
         EXPECT_EQ(Tree.GetCurrentDataEntity(), entity) << c.What;
-        int changes = 0;
-        Tree.OnCurrentChanged = [&](TObject *) { ++changes; };
+        Fired = 0;
+        Tree.OnCurrentChanged = [&](TObject *) { ++Fired; };
         c.Act(parent, entity);
         EXPECT_EQ(Tree.GetCurrentDataEntity(), nullptr) << c.What;
         EXPECT_EQ(Host.Selected, nullptr) << c.What;
-        EXPECT_EQ(changes, 1) << c.What;
+        EXPECT_EQ(Fired, 1) << c.What;
     }
 }
 
@@ -494,36 +495,34 @@ TEST_F(TreeTest, TheViewsSelectionMarksTheEntities)
 {
     AddRows(2);
     Tree.EnsureDisplayUpToDate();
-    std::vector<bool> told;
     Tree.OnSelectionChanged = [&](TObject *, TzuDataList *, TzuDataEntity *entity) {
-        told.push_back(entity->GetSelected());
+        Log.emplace_back(entity->GetSelected() ? "+" : "-");
     };
     Tree.NodeMarkedByUser(*Root(0)->Node(), true);
     Tree.NodeMarkedByUser(*Root(0)->Node(), true);
     Tree.NodeMarkedByUser(*Root(0)->Node(), false);
-    EXPECT_EQ(told, (std::vector{true, false}));
+    EXPECT_EQ(Log, (std::vector<std::string>{"+", "-"}));
 }
 
 // --- top entity ----------------------------------------------------------------------------------
 
 TEST_F(TreeTest, TheTopEntityIsReportedOncePerChange)
 {
-    int reports = 0;
-    Tree.OnTopItemChanged = [&](TObject *) { ++reports; };
+    Tree.OnTopItemChanged = [&](TObject *) { ++Fired; };
     Tree.SetTopItem(nullptr);
-    EXPECT_EQ(reports, 0);
+    EXPECT_EQ(Fired, 0);
     AddRows(20);
     EXPECT_EQ(Tree.GetTopItem(), Root(0));
     Tree.SetTopItem(Root(7));
     EXPECT_EQ(Tree.GetTopItem(), Root(7));
-    EXPECT_EQ(reports, 1);
+    EXPECT_EQ(Fired, 1);
     Tree.SetTopItem(Root(7));
-    EXPECT_EQ(reports, 1);
+    EXPECT_EQ(Fired, 1);
     Tree.SetTopItem(Root(19)); // as far as it goes
     EXPECT_EQ(Tree.GetTopItem(), Root(15));
     Tree.SetTopItem(nullptr);
     EXPECT_EQ(Tree.GetTopItem(), Root(0));
-    EXPECT_EQ(reports, 3);
+    EXPECT_EQ(Fired, 3);
 }
 
 TEST_F(TreeTest, ATopNodeThatCarriesOrIsAPlaceholderIsNoTopEntity)
@@ -561,24 +560,23 @@ TEST_F(TreeTest, TheTopEntityStaysAtTheTopWhileRowsComeAndGoBeforeIt)
 
 TEST_F(TreeTest, InsertingAndDeletingFireInOrderAndReleaseTheWholeBranch)
 {
-    std::vector<std::string> log;
     const auto note = [&](const char *what) {
-        return [&log, what](TObject *, auto *entity) {
-            log.push_back(what + dynamic_cast<TzuDataEntity_Tree &>(*entity).GetText());
+        return [this, what](TObject *, auto *entity) {
+            Log.push_back(what + dynamic_cast<TzuDataEntity_Tree &>(*entity).GetText());
         };
     };
     Tree.OnInsertItem = note("insert ");
     Tree.OnDeleteItem_Tree = note("tree ");
     Tree.OnDeleteItem = note("plain ");
     Tree.OnContentChanged = [&](TObject *, TzuDataList *list) {
-        log.push_back("content " + std::to_string(list->Count()));
+        Log.push_back("content " + std::to_string(list->Count()));
     };
     TzuDataEntity_Tree *a = Tree.Add("a");
     Tree.Add("b", a);
     Tree.Add("c", a);
     Tree.EnsureDisplayUpToDate();
     Tree.RemoveDataEntity(a);
-    EXPECT_EQ(log, (std::vector<std::string>{"insert ", "content 1", "insert ", "content 1",
+    EXPECT_EQ(Log, (std::vector<std::string>{"insert ", "content 1", "insert ", "content 1",
                                              "insert ", "content 2", "tree a", "plain a", "tree c",
                                              "plain c", "content 1", "tree b", "plain b",
                                              "content 0", "content 0"}));
@@ -616,20 +614,19 @@ TEST_F(TreeTest, HandlersMayChangeTheContentInTheMiddleOfAnything)
 
 TEST_F(TreeTest, AnEditedCaptionAndAPushedEntityAreReported)
 {
-    std::vector<std::string> log;
-    Tree.OnValueChanged = [&](TObject *, auto *e) { log.push_back("value " + e->GetText()); };
-    Tree.OnInfoPush = [&](TObject *, auto *) { log.emplace_back("push"); };
-    Tree.OnChangeDataEntity = [&](TObject *, auto *) { log.emplace_back("change"); };
+    Tree.OnValueChanged = [&](TObject *, auto *e) { Log.push_back("value " + e->GetText()); };
+    Tree.OnInfoPush = [&](TObject *, auto *) { Log.emplace_back("push"); };
+    Tree.OnChangeDataEntity = [&](TObject *, auto *) { Log.emplace_back("change"); };
     Tree.OnBeforeCanEditItem = [&](TObject *, auto *e) { e->SetCanEdit(false); };
-    Tree.OnVisibleChanged = [&](TObject *, auto *) { log.emplace_back("visible"); };
+    Tree.OnVisibleChanged = [&](TObject *, auto *) { Log.emplace_back("visible"); };
     TzuDataEntity_Tree *a = Tree.Add("a");
-    log.clear();
+    Log.clear();
     Tree.EnsureDisplayUpToDate();
     Tree.NodeEditedByUser(*a->Node(), "a");
     Tree.NodeEditedByUser(*a->Node(), "b");
     a->DoInfoPush();
     a->SetVisible(false);
-    EXPECT_EQ(log, (std::vector<std::string>{"value b", "push", "change", "visible"}));
+    EXPECT_EQ(Log, (std::vector<std::string>{"value b", "push", "change", "visible"}));
     EXPECT_FALSE(a->GetCanEdit());
     a->EditText();
     EXPECT_EQ(Host.Edited, a->Node());
