@@ -57,6 +57,7 @@ TzuTree_ComBasic::TzuTree_ComBasic(QWidget *parent)
     setHeaderHidden(true);
     setUniformRowHeights(true);
     setVerticalScrollMode(ScrollPerItem);
+    setSelectionBehavior(SelectItems);
     setEditTriggers(NoEditTriggers);
     header()->setMinimumSectionSize(0);
     m_model->SetFont(font());

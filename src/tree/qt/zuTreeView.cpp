@@ -16,6 +16,13 @@
 
 namespace korvane {
 
+namespace {
+
+/// Least room above and below a caption, both together, in pixels.
+constexpr int kCaptionPadding = 4;
+
+} // namespace
+
 // --- properties ----------------------------------------------------------------------------------
 
 void TzuTree_ComBasic::SetColor(TColor color)
@@ -96,6 +103,7 @@ void TzuTree_ComBasic::SetRowSelect(bool select)
 {
     if (m_rowSelect != select) {
         m_rowSelect = select;
+        setSelectionBehavior(select ? SelectRows : SelectItems);
         viewport()->update();
     }
 }
@@ -152,7 +160,7 @@ int TzuTree_ComBasic::DefaultRowHeight() const
     }
     const int height =
         style()->sizeFromContents(QStyle::CT_ItemViewItem, &option, QSize(), this).height();
-    return std::max(height, 1);
+    return std::max(height, option.fontMetrics.height() + kCaptionPadding);
 }
 
 void TzuTree_ComBasic::SetRowHeight(int height)
@@ -272,6 +280,9 @@ void TzuTree_ComBasic::drawRow(QPainter *painter, const QStyleOptionViewItem &op
 void TzuTree_ComBasic::drawBranches(QPainter *painter, const QRect &rect,
                                     const QModelIndex &index) const
 {
+    if (!m_rowSelect && selectionModel()->isSelected(index)) {
+        painter->fillRect(rect, palette().base()); // some styles select this part as well
+    }
     if (m_showLines) {
         DrawLines(*painter, rect, index);
     }
@@ -299,7 +310,9 @@ void TzuTree_ComBasic::DrawLines(QPainter &painter, const QRect &rect,
     int x = rect.right() + 1 - indentation() / 2;
     const int middle = rect.center().y();
     painter.drawLine(x, middle, rect.right(), middle);
-    painter.drawLine(x, rect.top(), x, hasNext(*node) ? rect.bottom() : middle);
+    const bool isFirstRoot = node->Level() == 0 && node->Index() == 0;
+    painter.drawLine(x, isFirstRoot ? middle : rect.top(), x,
+                     hasNext(*node) ? rect.bottom() : middle);
     for (node = node->Parent(); node->Parent() != nullptr; node = node->Parent()) {
         x -= indentation();
         if (hasNext(*node)) {
