@@ -53,6 +53,8 @@ public:
     TGantTree &Tree() { return *m_tree; }
     TzuOffscreenPaint &GantArea() { return *m_area; }
     QScrollBar &VertScrollBar() { return *m_scrollBar; }
+    /// The strip above the tree, as high as the axis. Empty; an application may put widgets in it.
+    QWidget &TreeSpacer() { return *m_treeSpacer; }
 
     /// Appends a node to the top level, and with it a row. Null when a handler removed it.
     TzuDataEntity_Tree *AddRootDataEntityTree(std::string_view text = {});
