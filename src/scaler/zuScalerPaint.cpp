@@ -129,7 +129,8 @@ private:
     {
         if (m_target.Background) {
             TRect behind{at.X, at.Y, at.X + extent.Width, at.Y + extent.Height};
-            if (m_horizontal) { // below the text the ticks go on
+            if (m_horizontal) { // nothing of a tick shows above the text; below it they go on
+                behind.Top = std::min(behind.Top, m_target.Rect.Bottom - kMajorTick);
                 behind.Bottom = std::min(behind.Bottom, m_target.Rect.Bottom - kMinorTick);
             }
             m_target.Canvas.FillRect(behind, *m_target.Background);
