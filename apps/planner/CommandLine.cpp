@@ -1,5 +1,7 @@
 #include "CommandLine.h"
 
+#include "PictureFormat.h"
+#include "plan/PlanDates.h"
 #include "plan/PlanFile.h"
 #include "plan/PlanSummary.h"
 
@@ -7,15 +9,54 @@
 #include <QJsonDocument>
 
 #include <cstdio>
+#include <utility>
 
 namespace korvane::planner {
 
 namespace {
 
+constexpr int kLeastSide = 100;
+constexpr int kGreatestSide = 20'000;
+constexpr double kLeastRatio = 0.25;
+constexpr double kGreatestRatio = 8;
+constexpr double kMostPixels = 4e8;
+
+struct Options
+{
+    QCommandLineOption Summary{QStringLiteral("summary"),
+                               QStringLiteral("Print the plan's figures as JSON and exit.")};
+    QCommandLineOption Render{
+        QStringLiteral("render"),
+        QStringLiteral("Draw the plan into a .png, .pdf or .svg file and exit."),
+        QStringLiteral("picture")};
+    QCommandLineOption Size{QStringLiteral("size"),
+                            QStringLiteral("Size of the picture in pixels, by default 1400x900."),
+                            QStringLiteral("WxH")};
+    QCommandLineOption From{QStringLiteral("from"),
+                            QStringLiteral("First date or date-time in the picture (ISO 8601)."),
+                            QStringLiteral("date")};
+    QCommandLineOption To{QStringLiteral("to"),
+                          QStringLiteral("Last date or date-time in the picture (ISO 8601)."),
+                          QStringLiteral("date")};
+    QCommandLineOption Ratio{QStringLiteral("dpr"),
+                             QStringLiteral("Device pixels per pixel of a .png picture."),
+                             QStringLiteral("ratio")};
+    QCommandLineOption Dark{QStringLiteral("dark"), QStringLiteral("Use dark colours.")};
+};
+
 void PrintLine(std::FILE *stream, const QByteArray &text)
 {
     std::fwrite(text.constData(), 1, static_cast<std::size_t>(text.size()), stream);
     std::fputc('\n', stream);
+}
+
+std::optional<QSize> ParseSize(const QString &text)
+{
+    const QStringList sides = text.toLower().split(u'x');
+    const QSize size(sides.value(0).toInt(), sides.value(1).toInt());
+    const auto fits = [](int side) { return side >= kLeastSide && side <= kGreatestSide; };
+    return sides.size() == 2 && fits(size.width()) && fits(size.height()) ? std::optional(size)
+                                                                          : std::nullopt;
 }
 
 } // namespace
@@ -28,12 +69,14 @@ CommandLine::CommandLine(const QStringList &arguments)
                                  QStringLiteral("[file]"));
     const QCommandLineOption help = parser.addHelpOption();
     const QCommandLineOption version = parser.addVersionOption();
-    const QCommandLineOption summary(QStringLiteral("summary"),
-                                     QStringLiteral("Print the plan's figures as JSON and exit."));
-    parser.addOption(summary);
+    const Options options;
+    parser.addOptions({options.Summary, options.Render, options.Size, options.From, options.To,
+                       options.Ratio, options.Dark});
 
     const bool isParsed = parser.parse(arguments);
-    m_helpText = parser.helpText();
+    m_helpText =
+        parser.helpText().replace(QLatin1String("<executable_name>"), QLatin1String("planner"));
+    m_dark = parser.isSet(options.Dark);
     const QStringList files = parser.positionalArguments();
     m_fileName = files.value(0);
     if (!isParsed) {
@@ -44,7 +87,10 @@ CommandLine::CommandLine(const QStringList &arguments)
         m_action = Action::PrintVersion;
     } else if (files.size() > 1) {
         m_action = Fail(QStringLiteral("only one file can be opened"));
-    } else if (parser.isSet(summary)) {
+    } else if (parser.isSet(options.Render)) {
+        m_action = m_fileName.isEmpty() ? Fail(QStringLiteral("--render needs a file"))
+                                        : ReadRequest(parser);
+    } else if (parser.isSet(options.Summary)) {
         m_action = m_fileName.isEmpty() ? Fail(QStringLiteral("--summary needs a file"))
                                         : Action::PrintSummary;
     }
@@ -56,12 +102,67 @@ CommandLine::Action CommandLine::Fail(const QString &error)
     return Action::ReportError;
 }
 
+CommandLine::Action CommandLine::ReadRequest(const QCommandLineParser &parser)
+{
+    const Options options;
+    m_request.Picture = parser.value(options.Render);
+    if (!PictureFormatOf(m_request.Picture)) {
+        return Fail(QStringLiteral("--render needs a .png, .pdf or .svg file to write"));
+    }
+    if (parser.isSet(options.Size)) {
+        const auto size = ParseSize(parser.value(options.Size));
+        if (!size) {
+            return Fail(QStringLiteral("--size needs WIDTHxHEIGHT, each from %1 to %2")
+                            .arg(kLeastSide)
+                            .arg(kGreatestSide));
+        }
+        m_request.Size = *size;
+    }
+    if (parser.isSet(options.Ratio)) {
+        m_request.Ratio = parser.value(options.Ratio).toDouble();
+        if (!(m_request.Ratio >= kLeastRatio && m_request.Ratio <= kGreatestRatio)) {
+            return Fail(QStringLiteral("--dpr needs a number from %1 to %2")
+                            .arg(kLeastRatio)
+                            .arg(kGreatestRatio));
+        }
+    }
+    const double pixels = static_cast<double>(m_request.Size.width()) * m_request.Size.height()
+                          * m_request.Ratio * m_request.Ratio;
+    return pixels > kMostPixels ? Fail(QStringLiteral("the picture would be too large"))
+                                : ReadRange(parser);
+}
+
+CommandLine::Action CommandLine::ReadRange(const QCommandLineParser &parser)
+{
+    const Options options;
+    const std::pair<const QCommandLineOption *, std::optional<TDateTime> *> ends[] = {
+        {&options.From, &m_request.From}, {&options.To, &m_request.To}};
+    for (const auto &[option, end] : ends) {
+        if (parser.isSet(*option)) {
+            *end = ParseIsoDateTime(parser.value(*option));
+            if (!*end || !IsPlanDate(**end)) {
+                return Fail(QStringLiteral("--%1 needs a date like 2026-11-02, from 1900 to 4000")
+                                .arg(option->names().value(0)));
+            }
+        }
+    }
+    if (m_request.From && m_request.To && *m_request.From >= *m_request.To) {
+        return Fail(QStringLiteral("--from must lie before --to"));
+    }
+    return Action::RenderPicture;
+}
+
+void PrintError(const QString &line)
+{
+    PrintLine(stderr, "planner: " + line.toLocal8Bit());
+}
+
 ExitCode PrintSummary(const QString &fileName)
 {
     NoProgress progress;
     const PlanResult result = LoadPlan(fileName, PlanReaders::Builtin(), progress);
     if (result.Status != PlanStatus::Loaded) {
-        PrintLine(stderr, "planner: " + ErrorLine(fileName, result.Error).toLocal8Bit());
+        PrintError(ErrorLine(fileName, result.Error));
         return ExitCode::UnusableFile;
     }
     PrintLine(stdout, QJsonDocument(Summarize(result.Value)).toJson(QJsonDocument::Compact));

@@ -1,15 +1,31 @@
 // What the planner is asked to do when it is started.
 #pragma once
 
+#include "foundation/zuTypes.h"
+
+#include <QSize>
 #include <QString>
 #include <QStringList>
 
 #include <optional>
 
+class QCommandLineParser;
+
 namespace korvane::planner {
 
 /// Exit codes of the planner.
 enum class ExitCode : int { Ok = 0, UnusableFile = 1, WrongUsage = 2 };
+
+/// What --render is asked for.
+struct RenderRequest
+{
+    QString Picture; ///< file to write; its suffix tells the format
+    QSize Size{1400, 900};
+    double Ratio = 1; ///< device pixels per pixel, for PNG
+    /// The ends of the time shown; by default the plan's, with a margin. From < To.
+    std::optional<TDateTime> From;
+    std::optional<TDateTime> To;
+};
 
 /// The parsed command line. Needs no application object, so that it can be parsed before it is
 /// known whether a display is wanted.
@@ -19,6 +35,7 @@ public:
     enum class Action : std::uint8_t {
         ShowWindow,
         PrintSummary,
+        RenderPicture,
         PrintHelp,
         PrintVersion,
         ReportError, ///< Error() says what is wrong with the command line
@@ -30,19 +47,29 @@ public:
     Action GetAction() const { return m_action; }
     /// Empty when no file is named, which only ShowWindow allows.
     const QString &FileName() const { return m_fileName; }
+    /// Filled for RenderPicture.
+    const RenderRequest &Request() const { return m_request; }
+    /// Whether dark colours are asked for rather than the system's.
+    bool Dark() const { return m_dark; }
     /// One line.
     const QString &Error() const { return m_error; }
     const QString &HelpText() const { return m_helpText; }
 
 private:
     Action Fail(const QString &error);
+    Action ReadRequest(const QCommandLineParser &parser);
+    Action ReadRange(const QCommandLineParser &parser);
 
     Action m_action = Action::ShowWindow;
     QString m_fileName;
+    RenderRequest m_request;
+    bool m_dark = false;
     QString m_error;
     QString m_helpText;
 };
 
+/// Prints "planner: " and the line on standard error.
+void PrintError(const QString &line);
 /// Prints the plan's figures as JSON on standard output, or one line on standard error.
 ExitCode PrintSummary(const QString &fileName);
 

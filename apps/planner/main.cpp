@@ -1,7 +1,11 @@
 // The planner: opens project plans and shows them.
 #include "CommandLine.h"
+#include "MainWindow.h"
+#include "PictureFormat.h"
+#include "RenderCommand.h"
+#include "Theme.h"
 
-#include <QCoreApplication>
+#include <QApplication>
 
 #include <cstdio>
 
@@ -9,24 +13,80 @@ using namespace korvane::planner;
 
 namespace {
 
-int Run(const CommandLine &commandLine)
+/// Whether there is anything that a window could come to; always true where that cannot be told.
+bool HasDisplay()
+{
+#if defined(Q_OS_UNIX) && !defined(Q_OS_DARWIN)
+    for (const char *variable : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"}) {
+        if (!qEnvironmentVariableIsEmpty(variable)) {
+            return true;
+        }
+    }
+    return false;
+#else
+    return true;
+#endif
+}
+
+void ApplyTheme(const CommandLine &commandLine)
+{
+    if (commandLine.Dark()) {
+        QApplication::setPalette(DarkPalette());
+    }
+}
+
+ExitCode Render(int argc, char **argv, const CommandLine &commandLine)
+{
+    // The same picture everywhere, with a display or without.
+    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) {
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    }
+    // Widgets draw their own details as finely as the picture is.
+    if (PictureFormatOf(commandLine.Request().Picture) == PictureFormat::Png) {
+        qputenv("QT_SCALE_FACTOR", QByteArray::number(commandLine.Request().Ratio));
+    }
+    // What the toolkit has to say about a missing desktop is of no interest here.
+    qInstallMessageHandler([](QtMsgType, const QMessageLogContext &, const QString &) {});
+    const QApplication application(argc, argv);
+    ApplyTheme(commandLine);
+    return RenderPlan(commandLine.FileName(), commandLine.Request());
+}
+
+int ShowWindow(int argc, char **argv, const CommandLine &commandLine)
+{
+    if (!HasDisplay()) {
+        PrintError(QStringLiteral("there is no display; --render and --summary need none"));
+        return static_cast<int>(ExitCode::WrongUsage);
+    }
+    const QApplication application(argc, argv);
+    ApplyTheme(commandLine);
+    MainWindow window;
+    window.show();
+    if (!commandLine.FileName().isEmpty()) {
+        window.Open(commandLine.FileName());
+    }
+    return QApplication::exec();
+}
+
+int Run(int argc, char **argv, const CommandLine &commandLine)
 {
     switch (commandLine.GetAction()) {
     case CommandLine::Action::PrintSummary:
         return static_cast<int>(PrintSummary(commandLine.FileName()));
+    case CommandLine::Action::RenderPicture:
+        return static_cast<int>(Render(argc, argv, commandLine));
     case CommandLine::Action::PrintHelp:
         std::fputs(qPrintable(commandLine.HelpText()), stdout);
         return static_cast<int>(ExitCode::Ok);
     case CommandLine::Action::PrintVersion:
-        std::printf("planner %s\n", qPrintable(QCoreApplication::applicationVersion()));
+        std::printf("planner %s\n", KORVANE_VERSION);
         return static_cast<int>(ExitCode::Ok);
     case CommandLine::Action::ShowWindow:
-        std::fputs("planner: only --summary is available\n", stderr);
-        return static_cast<int>(ExitCode::WrongUsage);
+        return ShowWindow(argc, argv, commandLine);
     case CommandLine::Action::ReportError:
         break;
     }
-    std::fprintf(stderr, "planner: %s\n", qPrintable(commandLine.Error()));
+    PrintError(commandLine.Error());
     return static_cast<int>(ExitCode::WrongUsage);
 }
 
@@ -34,8 +94,12 @@ int Run(const CommandLine &commandLine)
 
 int main(int argc, char **argv)
 {
-    const QCoreApplication application(argc, argv);
+    QCoreApplication::setOrganizationName(QStringLiteral("Korvane"));
     QCoreApplication::setApplicationName(QStringLiteral("planner"));
     QCoreApplication::setApplicationVersion(QStringLiteral(KORVANE_VERSION));
-    return Run(CommandLine(QCoreApplication::arguments()));
+    QStringList arguments;
+    for (int i = 0; i < argc; ++i) {
+        arguments.append(QString::fromLocal8Bit(argv[i]));
+    }
+    return Run(argc, argv, CommandLine(arguments));
 }

@@ -10,6 +10,12 @@ std::span<const PlanAssignment> Plan::AssignmentsOf(int task) const
     return {range.begin(), range.end()};
 }
 
+const WorkCalendar &Plan::ProjectCalendar() const
+{
+    static const WorkCalendar kOffice;
+    return Calendar == kNoIndex ? kOffice : Calendars.at(static_cast<std::size_t>(Calendar)).Times;
+}
+
 std::optional<PlanSpan> Plan::Range() const
 {
     std::optional<PlanSpan> range;

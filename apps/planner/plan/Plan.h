@@ -137,6 +137,8 @@ struct Plan
     PlanRemarks Remarks;
 
     std::span<const PlanAssignment> AssignmentsOf(int task) const;
+    /// The project's calendar; office hours when it names none.
+    const WorkCalendar &ProjectCalendar() const;
     /// From the first start to the last finish of all tasks, derived dates included.
     std::optional<PlanSpan> Range() const;
 };

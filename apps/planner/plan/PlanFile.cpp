@@ -71,7 +71,11 @@ PlanResult ReadContent(QIODevice &content, const QString &fileName, const PlanRe
         return {PlanStatus::Canceled, {}, {}};
     }
     if (const IPlanReader *reader = readers.Find(head, fileName)) {
-        return reader->Read(content, progress);
+        PlanResult result = reader->Read(content, progress);
+        if (result.Value.Name.trimmed().isEmpty()) {
+            result.Value.Name = QFileInfo(fileName).completeBaseName();
+        }
+        return result;
     }
     return Refused(QStringLiteral("not a plan of a known format"));
 }

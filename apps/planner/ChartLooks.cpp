@@ -1,0 +1,82 @@
+#include "ChartLooks.h"
+
+#include "foundation/qt/zuConvert.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace korvane::planner {
+
+namespace {
+
+/// `share` of `color`, the rest `base`.
+QColor Mix(const QColor &color, const QColor &base, double share)
+{
+    const auto mix = [share](int a, int b) { return qRound(a * share + b * (1 - share)); };
+    return {mix(color.red(), base.red()), mix(color.green(), base.green()),
+            mix(color.blue(), base.blue())};
+}
+
+QColor WithAlpha(QColor color, double alpha)
+{
+    color.setAlphaF(static_cast<float>(alpha));
+    return color;
+}
+
+/// Relative luminance, 0 = black to 1 = white.
+double Luminance(const QColor &color)
+{
+    const auto linear = [](double component) {
+        return component <= 0.03928 ? component / 12.92
+                                    : std::pow((component + 0.055) / 1.055, 2.4);
+    };
+    return 0.2126 * linear(color.redF()) + 0.7152 * linear(color.greenF())
+           + 0.0722 * linear(color.blueF());
+}
+
+} // namespace
+
+ChartLooks::ChartLooks(const QPalette &palette)
+{
+    const QColor base = palette.color(QPalette::Active, QPalette::Base);
+    const QColor text = palette.color(QPalette::Active, QPalette::Text);
+    const QColor accent = palette.color(QPalette::Active, QPalette::Highlight);
+    const QColor amber(0xE0, 0x8A, 0x1E);
+    m_dark = Luminance(base) < Luminance(text);
+
+    Back = FromQt(base);
+    Header = FromQt(palette.color(QPalette::Active, QPalette::Window));
+    Text = FromQt(text);
+    MutedText = FromQt(Mix(text, base, 0.66));
+    Task = FromQt(Mix(accent, base, m_dark ? 0.62 : 0.5));
+    Summary = FromQt(Mix(text, base, m_dark ? 0.3 : 0.34));
+    Milestone = FromQt(Mix(amber, base, 0.9));
+    Link = FromQt(Mix(text, base, m_dark ? 0.55 : 0.5));
+    Grid = WithAlpha(text, m_dark ? 0.13 : 0.09);
+    FineGrid = WithAlpha(text, m_dark ? 0.05 : 0.04);
+    DayOff = WithAlpha(text, m_dark ? 0.06 : 0.045);
+    Now = QColor(0xD9, 0x3A, 0x3A);
+}
+
+TColor ChartLooks::Done(TColor color) const
+{
+    const QColor open = ToQt(color, {}).toHsl();
+    const float lightness = open.lightnessF() * (m_dark ? 1.25F : 0.78F);
+    return FromQt(QColor::fromHslF(std::max(open.hslHueF(), 0.0F), open.hslSaturationF(),
+                                   std::min(lightness, 1.0F)));
+}
+
+bool NeedsLightText(std::initializer_list<TColor> colors)
+{
+    double darkest = 1;
+    double lightest = 0;
+    for (const TColor color : colors) {
+        const double luminance = Luminance(ToQt(color, {}));
+        darkest = std::min(darkest, luminance);
+        lightest = std::max(lightest, luminance);
+    }
+    // The contrast of white text on the lightest colour, of black text on the darkest.
+    return 1.05 / (lightest + 0.05) > (darkest + 0.05) / 0.05;
+}
+
+} // namespace korvane::planner

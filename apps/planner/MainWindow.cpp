@@ -1,0 +1,217 @@
+#include "MainWindow.h"
+
+#include "LoadProgress.h"
+#include "Picture.h"
+#include "PlanChart.h"
+#include "PlanLoader.h"
+#include "RecentFiles.h"
+#include "RemarksPanel.h"
+#include "foundation/qt/zuConvert.h"
+#include "foundation/zuFormat.h"
+#include "plan/PlanFile.h"
+
+#include <QAction>
+#include <QCloseEvent>
+#include <QDir>
+#include <QDropEvent>
+#include <QFileInfo>
+#include <QLabel>
+#include <QMessageBox>
+#include <QMimeData>
+#include <QSettings>
+#include <QStackedWidget>
+#include <QStatusBar>
+#include <QToolButton>
+
+namespace korvane::planner {
+
+namespace {
+
+constexpr QSize kDefaultSize(1280, 800);
+
+/// The first file among what is dragged; empty when there is none.
+QString DraggedFile(const QMimeData &data)
+{
+    for (const QUrl &url : data.urls()) {
+        if (url.isLocalFile()) {
+            return url.toLocalFile();
+        }
+    }
+    return {};
+}
+
+QLabel *NewWelcome()
+{
+    auto *welcome = new QLabel(MainWindow::tr("Open a plan with Ctrl+O, or drop a file here."));
+    welcome->setAlignment(Qt::AlignCenter);
+    welcome->setForegroundRole(QPalette::PlaceholderText);
+    QFont font = welcome->font();
+    font.setPointSizeF(font.pointSizeF() * 1.3);
+    welcome->setFont(font);
+    return welcome;
+}
+
+} // namespace
+
+MainWindow::MainWindow(QWidget *parent)
+    : QMainWindow(parent)
+    , m_pages(new QStackedWidget(this))
+    , m_chart(new PlanChart)
+    , m_loader(new PlanLoader(this))
+    , m_remarks(new RemarksPanel(this))
+{
+    setWindowTitle(tr("Planner"));
+    setAcceptDrops(true);
+    m_pages->addWidget(NewWelcome());
+    m_pages->addWidget(m_chart);
+    setCentralWidget(m_pages);
+    addDockWidget(Qt::BottomDockWidgetArea, m_remarks);
+    m_remarks->hide();
+    MakeStatusBar();
+    MakeMenus();
+    connect(m_loader, &PlanLoader::finished, this,
+            [this](const QString &fileName, const auto &result) { LoadEnded(fileName, *result); });
+    connect(m_loader, &PlanLoader::progressed, m_progress, &LoadProgress::SetProgress);
+    connect(m_progress, &LoadProgress::cancelRequested, this, &MainWindow::CancelLoad);
+    connect(m_chart, &PlanChart::pointedAt, this, &MainWindow::ShowInstant);
+    connect(m_chart, &PlanChart::pointerLeft, m_instant, &QLabel::clear);
+    RestoreLayout();
+}
+
+MainWindow::~MainWindow() = default;
+
+void MainWindow::MakeStatusBar()
+{
+    m_instant = new QLabel(this);
+    m_progress = new LoadProgress(this);
+    m_counts = new QLabel(this);
+    m_remarksButton = new QToolButton(this);
+    m_remarksButton->setAutoRaise(true);
+    m_remarksButton->hide();
+    connect(m_remarksButton, &QToolButton::clicked, this,
+            [this] { m_remarks->setVisible(!m_remarks->isVisible()); });
+    statusBar()->addWidget(m_instant, 1);
+    statusBar()->addWidget(m_progress);
+    m_progress->hide();
+    statusBar()->addPermanentWidget(m_counts);
+    statusBar()->addPermanentWidget(m_remarksButton);
+    m_remarksButton->hide();
+}
+
+void MainWindow::RestoreLayout()
+{
+    const QSettings settings;
+    if (!restoreGeometry(settings.value(QStringLiteral("geometry")).toByteArray())) {
+        resize(kDefaultSize);
+    }
+}
+
+void MainWindow::Open(const QString &fileName)
+{
+    const QString path = QFileInfo(fileName).absoluteFilePath();
+    m_progress->Begin(path);
+    m_loader->Start(path);
+}
+
+void MainWindow::CancelLoad()
+{
+    m_loader->Cancel();
+    m_progress->End();
+}
+
+void MainWindow::LoadEnded(const QString &fileName, PlanResult &result)
+{
+    m_progress->End();
+    if (result.Status == PlanStatus::Loaded) {
+        ShowPlan(fileName, std::move(result.Value));
+        RecentFiles::Add(fileName);
+    } else {
+        const QString name = QFileInfo(fileName).fileName();
+        RecentFiles::Remove(fileName);
+        ShowError(tr("%1 cannot be opened.").arg(name), ErrorLine(name, result.Error));
+    }
+}
+
+void MainWindow::ShowPlan(const QString &fileName, Plan plan)
+{
+    const QFileInfo info(fileName);
+    const QString title = plan.Name.simplified();
+    setWindowTitle(title.isEmpty() || title == info.completeBaseName()
+                       ? tr("%1 – Planner").arg(info.fileName())
+                       : tr("%1 (%2) – Planner").arg(title, info.fileName()));
+    setWindowFilePath(fileName);
+    m_fileName = fileName;
+    m_remarks->SetRemarks(plan.Remarks);
+    m_remarksButton->setText(m_remarks->CountText());
+    m_remarksButton->setVisible(!m_remarks->CountText().isEmpty());
+    ShowCounts(plan);
+    m_pages->setCurrentWidget(m_chart);
+    m_chart->SetPlan(std::move(plan));
+    for (QAction *action : m_planActions) {
+        action->setEnabled(true);
+    }
+}
+
+void MainWindow::ShowError(const QString &text, const QString &details)
+{
+    auto *box = new QMessageBox(QMessageBox::Warning, tr("Planner"), text, QMessageBox::Ok, this);
+    box->setAttribute(Qt::WA_DeleteOnClose);
+    box->setTextFormat(Qt::PlainText);
+    box->setInformativeText(details);
+    box->open();
+}
+
+void MainWindow::ShowInstant(TDateTime instant)
+{
+    constexpr TDateTime kSecondsScale = 1.0 / (24 * 60 * 10);
+    m_instant->setText(ToQt(FormatDateTime(
+        m_chart->Scale() < kSecondsScale ? "ddd d mmm yyyy  hh:nn:ss" : "ddd d mmm yyyy  hh:nn",
+        instant)));
+}
+
+void MainWindow::ShowCounts(const Plan &plan)
+{
+    const auto milestones =
+        std::ranges::count_if(plan.Tasks, [](const PlanTask &task) { return task.Milestone; });
+    QStringList parts = {tr("%1 tasks").arg(plan.Tasks.size()), tr("%1 milestones").arg(milestones),
+                         tr("%1 links").arg(plan.Links.size()),
+                         tr("%1 resources").arg(plan.Resources.size())};
+    if (const auto range = plan.Range()) {
+        parts.append(ToQt(FormatDateTime("d mmm yyyy", range->Start)) + QStringLiteral(" – ")
+                     + ToQt(FormatDateTime("d mmm yyyy", range->Finish)));
+    }
+    m_counts->setText(parts.join(QStringLiteral("   ")));
+}
+
+void MainWindow::SavePictureTo(const QString &fileName)
+{
+    if (const auto error = SavePicture(*m_chart, fileName, devicePixelRatioF())) {
+        const QString name = QFileInfo(fileName).fileName();
+        ShowError(tr("%1 cannot be written.").arg(name), ErrorLine(name, {0, *error}));
+    }
+}
+
+void MainWindow::dragEnterEvent(QDragEnterEvent *event)
+{
+    if (!DraggedFile(*event->mimeData()).isEmpty()) {
+        event->acceptProposedAction();
+    }
+}
+
+void MainWindow::dropEvent(QDropEvent *event)
+{
+    const QString fileName = DraggedFile(*event->mimeData());
+    if (!fileName.isEmpty()) {
+        event->acceptProposedAction();
+        Open(fileName);
+    }
+}
+
+void MainWindow::closeEvent(QCloseEvent *event)
+{
+    CancelLoad();
+    QSettings().setValue(QStringLiteral("geometry"), saveGeometry());
+    event->accept();
+}
+
+} // namespace korvane::planner

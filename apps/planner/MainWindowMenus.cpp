@@ -1,0 +1,165 @@
+// Menus and dialogs of the planner's window.
+#include "MainWindow.h"
+#include "PictureFormat.h"
+#include "PlanChart.h"
+#include "RecentFiles.h"
+#include "RemarksPanel.h"
+#include "foundation/zuDateUtils.h"
+#include "plan/PlanFile.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QFileDialog>
+#include <QMenu>
+#include <QMenuBar>
+#include <QMessageBox>
+
+namespace korvane::planner {
+
+namespace {
+
+constexpr int kPanPart = 4; ///< share of the area's width that one step goes on
+
+QString Row(const QString &keys, const QString &text)
+{
+    return QStringLiteral("<tr><td><b>%1</b>&nbsp;&nbsp;&nbsp;</td><td>%2</td></tr>")
+        .arg(keys.toHtmlEscaped(), text.toHtmlEscaped());
+}
+
+void OpenBox(QMessageBox *box)
+{
+    box->setAttribute(Qt::WA_DeleteOnClose);
+    box->open();
+}
+
+} // namespace
+
+template <typename Function>
+QAction *MainWindow::AddAction(QMenu &menu, const QString &text,
+                               const QList<QKeySequence> &shortcuts, Function function)
+{
+    QAction *action = menu.addAction(text);
+    action->setShortcuts(shortcuts);
+    connect(action, &QAction::triggered, this, function);
+    return action;
+}
+
+void MainWindow::MakeMenus()
+{
+    MakeFileMenu();
+    MakeViewMenu();
+    MakeHelpMenu();
+    for (QAction *action : m_planActions) {
+        action->setEnabled(false);
+    }
+}
+
+void MainWindow::MakeFileMenu()
+{
+    QMenu &menu = *menuBar()->addMenu(tr("&File"));
+    AddAction(menu, tr("&Open..."), {QKeySequence::Open}, &MainWindow::ChooseFile);
+    auto *recent = new RecentFiles(*menu.addMenu(tr("Open &recent")), this);
+    connect(recent, &RecentFiles::chosen, this, &MainWindow::Open);
+    AddAction(menu, tr("Open the &sample plan"), {},
+              [this] { Open(QStringLiteral(":/samples/observatory.xml")); });
+    m_planActions +=
+        AddAction(menu, tr("Re&load"), {QKeySequence(Qt::Key_F5)}, [this] { Open(m_fileName); });
+    menu.addSeparator();
+    m_planActions += AddAction(menu, tr("Save as &picture..."), {QKeySequence(tr("Ctrl+E"))},
+                               &MainWindow::ChoosePicture);
+    menu.addSeparator();
+    AddAction(menu, tr("&Quit"), {QKeySequence(tr("Ctrl+Q"))}, &QWidget::close);
+}
+
+void MainWindow::MakeViewMenu()
+{
+    QMenu &menu = *menuBar()->addMenu(tr("&View"));
+    const auto add = [&](const QString &text, const QList<QKeySequence> &shortcuts, auto function) {
+        m_planActions += AddAction(menu, text, shortcuts, function);
+    };
+    const auto step = [this] { return m_chart->GantArea().width() / kPanPart; };
+    add(tr("&Fit the plan"), {QKeySequence(tr("Ctrl+0"))}, [this] { m_chart->FitPlan(); });
+    add(tr("Zoom &in"), {QKeySequence(tr("Ctrl++")), QKeySequence(tr("Ctrl+="))},
+        [this] { m_chart->ZoomIn(); });
+    add(tr("Zoom &out"), {QKeySequence(tr("Ctrl+-"))}, [this] { m_chart->ZoomOut(); });
+    menu.addSeparator();
+    add(tr("Go to &today"), {QKeySequence(tr("Ctrl+T"))}, [this] { m_chart->GoTo(Now()); });
+    add(tr("&Earlier"), {QKeySequence(tr("Alt+Left"))}, [this, step] { m_chart->Pan(-step()); });
+    add(tr("&Later"), {QKeySequence(tr("Alt+Right"))}, [this, step] { m_chart->Pan(step()); });
+    menu.addSeparator();
+    add(tr("E&xpand all"), {QKeySequence(tr("Ctrl+Shift+Right"))},
+        [this] { m_chart->Tree().FullExpand(); });
+    add(tr("&Collapse all"), {QKeySequence(tr("Ctrl+Shift+Left"))},
+        [this] { m_chart->Tree().FullCollapse(); });
+    menu.addSeparator();
+    QAction *remarks = m_remarks->toggleViewAction();
+    remarks->setText(tr("&Remarks"));
+    menu.addAction(remarks);
+}
+
+void MainWindow::MakeHelpMenu()
+{
+    QMenu &menu = *menuBar()->addMenu(tr("&Help"));
+    AddAction(menu, tr("&Keys and wheel"), {QKeySequence::HelpContents},
+              &MainWindow::ShowShortcuts);
+    AddAction(menu, tr("&About the planner"), {}, &MainWindow::ShowAbout);
+    AddAction(menu, tr("About &Qt"), {}, [] { QApplication::aboutQt(); });
+}
+
+void MainWindow::ChooseFile()
+{
+    auto *dialog = new QFileDialog(this, tr("Open a plan"), QFileInfo(m_fileName).path(),
+                                   PlanReaders::Builtin().DialogFilter());
+    dialog->setAttribute(Qt::WA_DeleteOnClose);
+    dialog->setFileMode(QFileDialog::ExistingFile);
+    connect(dialog, &QFileDialog::fileSelected, this, &MainWindow::Open);
+    dialog->open();
+}
+
+void MainWindow::ChoosePicture()
+{
+    const QFileInfo plan(m_fileName);
+    auto *dialog =
+        new QFileDialog(this, tr("Save as picture"), plan.path() + u'/' + plan.completeBaseName(),
+                        PictureDialogFilter());
+    dialog->setAttribute(Qt::WA_DeleteOnClose);
+    dialog->setAcceptMode(QFileDialog::AcceptSave);
+    dialog->setDefaultSuffix(QStringLiteral("png"));
+    connect(dialog, &QFileDialog::filterSelected, dialog, [dialog](const QString &filter) {
+        dialog->setDefaultSuffix(filter.section(QStringLiteral("(*."), 1).chopped(1));
+    });
+    connect(dialog, &QFileDialog::fileSelected, this, &MainWindow::SavePictureTo);
+    dialog->open();
+}
+
+void MainWindow::ShowShortcuts()
+{
+    QString rows;
+    for (const QAction *top : menuBar()->actions()) {
+        for (const QAction *action : top->menu()->actions()) {
+            if (!action->shortcut().isEmpty()) {
+                rows += Row(action->shortcut().toString(QKeySequence::NativeText),
+                            action->text().remove(u'&').remove(QStringLiteral("...")));
+            }
+        }
+    }
+    rows += Row(tr("Wheel"), tr("Scroll the rows"));
+    rows += Row(tr("Ctrl + wheel"), tr("Zoom about the pointer"));
+    rows += Row(tr("Shift + wheel"), tr("Earlier or later"));
+    OpenBox(new QMessageBox(QMessageBox::NoIcon, tr("Keys and wheel"),
+                            QStringLiteral("<table>%1</table>").arg(rows), QMessageBox::Close,
+                            this));
+}
+
+void MainWindow::ShowAbout()
+{
+    OpenBox(new QMessageBox(
+        QMessageBox::NoIcon, tr("About the planner"),
+        tr("<h3>Planner %1</h3><p>Shows project plans as Gantt charts: project XML files (.xml, "
+           ".xml.gz) and GanttProject files (.gan).</p><p>Built with Korvane, a library of visual "
+           "components for planning and scheduling.</p>")
+            .arg(QStringLiteral(KORVANE_VERSION)),
+        QMessageBox::Close, this));
+}
+
+} // namespace korvane::planner

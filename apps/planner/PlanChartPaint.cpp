@@ -1,0 +1,187 @@
+// What the chart draws besides bars and links: days off, names, the present.
+#include "PlanChart.h"
+#include "foundation/qt/zuConvert.h"
+
+#include <QPainter>
+
+#include <cmath>
+#include <limits>
+
+namespace korvane::planner {
+
+namespace {
+
+constexpr int kLabelPadding = 5;
+constexpr int kOutsideGap = 10;
+/// How far lines to what is scrolled away lead out of the area.
+constexpr int kBeyond = 100;
+
+/// The painter behind the canvas of a chart's area; null while only measuring.
+QPainter *PainterOf(TCanvas &canvas)
+{
+    return dynamic_cast<TPainterCanvas &>(canvas).Painter();
+}
+
+} // namespace
+
+void PlanChart::PaintBackground(const TRect &rect, TCanvas &canvas)
+{
+    DefaultBackGround(rect, canvas);
+    PaintGrid(rect, canvas);
+    ShadeDaysOff(rect, canvas);
+    PlaceLabels(rect, canvas);
+}
+
+void PlanChart::PaintForeground(const TRect &rect, TCanvas &canvas)
+{
+    canvas.SetFont(FontTimeItemStyle(kMutedLabel));
+    for (const OutsideLabel &label : m_outsideLabels) {
+        // Links and the grid pass behind the name.
+        canvas.FillRect(label.Rect, m_looks.Back);
+        ShadeDaysOff(label.Rect, canvas);
+        canvas.TextOut({label.Rect.Left, label.Rect.Top}, Items(label.Task).Node->GetText());
+    }
+    PaintNow(rect, canvas);
+}
+
+void PlanChart::PaintGrid(const TRect &rect, TCanvas &canvas) const
+{
+    QPainter *painter = PainterOf(canvas);
+    if (painter == nullptr) {
+        return;
+    }
+    for (const TScaleMarkList *marks :
+         {&DateScaler().PrimaryMarks(), &DateScaler().SecondaryMarks()}) {
+        for (const TScaleMark &mark : *marks) {
+            const int x = DateScaler().DateToPixel(mark.Date);
+            painter->fillRect(x, rect.Top, 1, rect.Height(),
+                              mark.IsMajor ? m_looks.Grid : m_looks.FineGrid);
+        }
+    }
+    for (const TGantRow *row : GantRows().RowsOnScreen()) {
+        painter->fillRect(rect.Left, row->GetRect().Bottom - 1, rect.Width(), 1, m_looks.Grid);
+    }
+}
+
+/// The bar as the link meets it. One that is scrolled away lies above or below the area, on the
+/// side where its row is: rows stand in the order of the tasks.
+LinkEnd PlanChart::EndOf(const TzuDataEntity_Spanbar &bar, const TzuDataEntity_Spanbar &other)
+{
+    const TRect area = FromQt(GantArea().rect());
+    const TGantRow &row = *bar.GetRow();
+    const TPixelSpan extent = row.XStartStopFromDataEntity(bar);
+    const int y = TaskOf(bar) < TaskOf(other) ? -kBeyond : area.Height() + kBeyond;
+    TRect rect = row.RectFromDataEntity(bar).value_or(TRect{extent.From, y, extent.To, y + 1});
+    rect.Left = std::clamp(rect.Left, area.Left - kBeyond, area.Right + kBeyond);
+    rect.Right = std::clamp(rect.Right, area.Left - kBeyond, area.Right + kBeyond);
+    rect.Top += bar.InsetTop();
+    rect.Bottom -= bar.InsetBottom();
+    return {rect, bar.FixedSize() > 0};
+}
+
+void PlanChart::PaintLink(const TzuDataEntity_Link &link, TCanvas &canvas)
+{
+    const auto *planLink = static_cast<const PlanLink *>(link.GetUserReference());
+    const LinkRoute route(planLink->Type, EndOf(*link.First(), *link.Second()),
+                          EndOf(*link.Second(), *link.First()));
+    canvas.SetPen({link.GetColor(), 1, TPenStyle::psSolid});
+    canvas.Polyline(route.Line());
+    canvas.SetBrushColor(link.GetColor());
+    canvas.SetAntialiasing(true);
+    canvas.Polygon(route.ArrowHead());
+    canvas.SetAntialiasing(false);
+}
+
+void PlanChart::ShadeDaysOff(const TRect &rect, TCanvas &canvas) const
+{
+    constexpr double kLeastDayWidth = 4;
+    constexpr double kHoursWidth = 240;
+    const double dayWidth = Scale() > 0 ? 1 / Scale() : 0;
+    QPainter *painter = PainterOf(canvas);
+    if (painter == nullptr || dayWidth < kLeastDayWidth) {
+        return;
+    }
+    const auto shade = [&](TDateTime from, TDateTime to) {
+        const int left = std::max(DateScaler().DateToPixel(from), rect.Left);
+        const int right = std::min(DateScaler().DateToPixel(to), rect.Right);
+        if (left < right) {
+            painter->fillRect(left, rect.Top, right - left, rect.Height(), m_looks.DayOff);
+        }
+    };
+    const WorkCalendar &calendar = m_plan.ProjectCalendar();
+    const TDateTime end = std::min(DateScaler().PixelToDate(rect.Right), Stop());
+    const int lastDay = static_cast<int>(std::ceil(end));
+    TDateTime offSince = std::max(DateScaler().PixelToDate(rect.Left), Start());
+    for (int day = static_cast<int>(std::floor(offSince)); day < lastDay; ++day) {
+        if (dayWidth >= kHoursWidth) {
+            for (const DayStretch &stretch : calendar.TimesOf(day).Stretches()) {
+                shade(offSince, day + stretch.From / double(kMinutesPerDay));
+                offSince = day + stretch.To / double(kMinutesPerDay);
+            }
+        } else if (calendar.IsWorkingDay(day)) {
+            shade(offSince, day);
+            offSince = day + 1;
+        }
+    }
+    shade(offSince, end);
+}
+
+void PlanChart::PlaceLabels(const TRect &rect, TCanvas &canvas)
+{
+    m_outsideLabels.clear();
+    for (TGantRow *row : GantRows().RowsOnScreen()) {
+        const TzuDataList &bars = *row->Layers().GetDataList(kBarLayer);
+        if (bars.LoadedCount() > 0) {
+            PlaceLabel(TaskOf(TimeDataEntity(*bars.GetLoaded(0))), *row, rect, canvas);
+        }
+    }
+}
+
+void PlanChart::PlaceLabel(int index, TGantRow &row, const TRect &area, TCanvas &canvas)
+{
+    const TaskItems &items = Items(index);
+    const std::string &name = items.Node->GetText();
+    const auto bar = row.RectFromDataEntity(*items.Bar);
+    if (!bar || bar->Right <= area.Left || bar->Left >= area.Right) {
+        return;
+    }
+    const TColor open = items.Bar->GetColor();
+    const TColor done = items.Label != items.Bar ? m_looks.Done(open) : open;
+    const int style = NeedsLightText({open, done}) ? kLightLabel : kDarkLabel;
+    canvas.SetFont(FontTimeItemStyle(style));
+    const TSize size = canvas.TextExtent(name);
+    const int top = (bar->Height() - size.Height) / 2;
+    const int shownLeft = std::max(bar->Left, area.Left);
+    const int shownRight = std::min(bar->Right, area.Right);
+    const bool fits = items.Label != nullptr
+                      && shownRight - shownLeft >= size.Width + 2 * kLabelPadding
+                      && bar->Left > std::numeric_limits<int>::min() / 2;
+    if (items.Label != nullptr) {
+        TzuTimeItemTextCollection &texts = items.Label->Texts();
+        TzuTimeItemText &text =
+            texts.GetCount() > 0 ? texts.GetTimeItemText(0) : texts.AddText({}, 0, 0, style);
+        text.SetText(fits ? name : std::string());
+        text.SetStyle(style);
+        // A bar that begins before the area has its name at the area's edge.
+        text.SetPos({shownLeft - bar->Left + kLabelPadding, top - items.Label->InsetTop()});
+    }
+    if (!fits) {
+        const int right = bar->Right + kOutsideGap;
+        const int left = bar->Left - kOutsideGap - size.Width;
+        const bool before = right + size.Width > area.Right && left >= area.Left;
+        const TPoint at{before ? left : right, bar->Top + top};
+        m_outsideLabels.push_back({index, {at.X, at.Y, at.X + size.Width, at.Y + size.Height}});
+    }
+}
+
+void PlanChart::PaintNow(const TRect &rect, TCanvas &canvas) const
+{
+    QPainter *painter = PainterOf(canvas);
+    const int pixel = DateScaler().DateToPixel(m_now);
+    if (painter != nullptr && m_now >= Start() && m_now <= Stop() && pixel >= rect.Left
+        && pixel < rect.Right) {
+        painter->fillRect(pixel, rect.Top, 1, rect.Height(), m_looks.Now);
+    }
+}
+
+} // namespace korvane::planner

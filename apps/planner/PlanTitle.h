@@ -1,0 +1,30 @@
+// Name and dates of a plan, above its outline.
+#pragma once
+
+#include "plan/Plan.h"
+
+#include <QString>
+#include <QWidget>
+
+namespace korvane::planner {
+
+class PlanTitle : public QWidget
+{
+    Q_OBJECT
+
+public:
+    explicit PlanTitle(QWidget *parent = nullptr);
+
+    void SetPlan(const Plan &plan);
+
+protected:
+    void paintEvent(QPaintEvent *event) override;
+
+private:
+    void PaintLine(QPainter &painter, int line, const QString &text) const;
+
+    QString m_name;
+    QString m_dates;
+};
+
+} // namespace korvane::planner

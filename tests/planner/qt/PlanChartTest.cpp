@@ -1,0 +1,207 @@
+#include "AxisLabels.h"
+#include "PlanChart.h"
+#include "SmallPlan.h"
+#include "TaskToolTip.h"
+#include "Theme.h"
+#include "foundation/qt/zuConvert.h"
+
+#include <QApplication>
+#include <QImage>
+
+namespace korvane::planner::test {
+namespace {
+
+class PlanChartTest : public testing::Test
+{
+protected:
+    PlanChartTest()
+    {
+        m_chart.resize(1000, 400);
+        m_chart.SetNow(kMonday + 1000); // out of the way
+        m_chart.SetPlan(SmallPlan());
+        m_chart.show();
+        QApplication::processEvents();
+    }
+
+    QImage Picture() { return m_chart.GantArea().grab().toImage(); }
+    /// What the bar of the task says after a paint; empty when the name stands beside it.
+    std::string NameInBar(int task)
+    {
+        Picture();
+        const TzuDataEntity_Spanbar &bar = *m_chart.BarOf(task);
+        TzuDataList2lev &layers = bar.GetRow()->Layers();
+        for (int layer = 0; layer < layers.Count(); ++layer) {
+            TzuDataList &list = *layers.GetDataList(layer);
+            for (int i = 0; i < list.Count(); ++i) {
+                auto &item = TimeDataEntity(*list.GetItems(i));
+                if (item.HasTexts() && !item.Texts().GetTimeItemText(0).Text().empty()) {
+                    return item.Texts().GetTimeItemText(0).Text();
+                }
+            }
+        }
+        return {};
+    }
+    int ItemsOf(int task)
+    {
+        int count = 0;
+        TzuDataList2lev &layers = m_chart.BarOf(task)->GetRow()->Layers();
+        for (int layer = 0; layer < layers.Count(); ++layer) {
+            count += layers.GetDataList(layer)->Count();
+        }
+        return count;
+    }
+
+    PlanChart m_chart;
+};
+
+TEST_F(PlanChartTest, ShowsTheOutlineAsRowsWithABarPerTask)
+{
+    EXPECT_EQ(m_chart.GantRows().Count(), 5);
+    EXPECT_EQ(m_chart.NodeOf(1)->ParentNode(), m_chart.NodeOf(0));
+    EXPECT_EQ(m_chart.NodeOf(4)->ParentNode(), nullptr);
+    EXPECT_EQ(m_chart.NodeOf(3)->GetText(), "Paint");
+    EXPECT_EQ(m_chart.BarOf(0)->GetStyle(), TSpanbarStyle::sbsSpan);
+    EXPECT_EQ(m_chart.BarOf(1)->GetStyle(), TSpanbarStyle::sbsSquare);
+    EXPECT_EQ(m_chart.BarOf(1)->GetStopDateTime(), kMonday + 10);
+    EXPECT_EQ(m_chart.BarOf(2), nullptr) << "a task without dates";
+    EXPECT_EQ(m_chart.BarOf(4)->GetStyle(), TSpanbarStyle::sbsRomb);
+    EXPECT_GT(m_chart.BarOf(4)->FixedSize(), 8);
+    EXPECT_EQ(ItemsOf(0), 1);
+    EXPECT_EQ(ItemsOf(1), 3) << "bar, finished half, and name";
+    EXPECT_EQ(ItemsOf(3), 3) << "line and two parts";
+}
+
+TEST_F(PlanChartTest, ShowsTheLinksThatHaveTwoBars)
+{
+    ASSERT_EQ(m_chart.GetLinks().Count(), 2);
+    const auto &link = static_cast<const TzuDataEntity_Link &>(*m_chart.GetLinks().GetItems(0));
+    EXPECT_EQ(link.First(), m_chart.BarOf(1));
+    EXPECT_EQ(link.Second(), m_chart.BarOf(3));
+}
+
+TEST_F(PlanChartTest, AnotherPlanReplacesEverything)
+{
+    Plan plan;
+    plan.Tasks = {TaskFrom(QString(300, u'ß') + u'\n', kNoIndex, 500, 501)};
+    m_chart.SetPlan(std::move(plan));
+    EXPECT_EQ(m_chart.GantRows().Count(), 1);
+    EXPECT_EQ(m_chart.GetLinks().Count(), 0);
+    EXPECT_EQ(ToQt(m_chart.NodeOf(0)->GetText()), QString(kMaxTreeText, u'ß'));
+    EXPECT_LT(m_chart.Start(), kMonday + 500);
+    EXPECT_GT(m_chart.Start(), kMonday + 490);
+    m_chart.SetPlan({});
+    EXPECT_EQ(m_chart.GantRows().Count(), 0);
+    EXPECT_LT(m_chart.Start(), m_chart.GetNow());
+    EXPECT_GT(m_chart.Stop(), m_chart.GetNow());
+    Picture();
+}
+
+TEST_F(PlanChartTest, FitsThePlanWithAMargin)
+{
+    m_chart.Show({kMonday + 3, kMonday + 4});
+    m_chart.FitPlan();
+    EXPECT_LT(m_chart.Start(), kMonday);
+    EXPECT_GT(m_chart.Start(), kMonday - 3);
+    EXPECT_GT(m_chart.Stop(), kMonday + 20);
+    EXPECT_LT(m_chart.Stop(), kMonday + 25);
+}
+
+TEST_F(PlanChartTest, ZoomingKeepsTheMiddleAndStaysOnTheAxis)
+{
+    const auto middle = [this] { return (m_chart.Start() + m_chart.Stop()) / 2; };
+    const TDateTime before = middle();
+    const TDateTime pixel = m_chart.Scale();
+    m_chart.ZoomIn();
+    EXPECT_NEAR(middle(), before, pixel);
+    m_chart.ZoomOut();
+    EXPECT_NEAR(middle(), before, pixel);
+    for (int i = 0; i < 100; ++i) {
+        m_chart.ZoomIn();
+    }
+    EXPECT_NEAR(middle(), before, pixel);
+    EXPECT_GT(m_chart.Stop() - m_chart.Start(), 1.0 / kMinutesPerDay);
+    for (int i = 0; i < 100; ++i) {
+        m_chart.ZoomOut();
+    }
+    EXPECT_GE(m_chart.Start(), kFirstPlanDate);
+    EXPECT_LE(m_chart.Stop(), kLastPlanDate);
+    EXPECT_GT(m_chart.Stop() - m_chart.Start(), 100'000);
+    m_chart.GoTo(before);
+    EXPECT_LE(m_chart.Stop(), kLastPlanDate);
+    Picture();
+}
+
+TEST_F(PlanChartTest, NamesStandInTheirBarsOnlyWhereTheyFit)
+{
+    EXPECT_EQ(NameInBar(1), "Dig");
+    EXPECT_EQ(NameInBar(0), "Build");
+    EXPECT_EQ(NameInBar(3), "") << "split";
+    EXPECT_EQ(NameInBar(4), "") << "milestone";
+    m_chart.Show({kMonday - 2000, kMonday + 2000});
+    EXPECT_EQ(NameInBar(1), "");
+    m_chart.Show({kMonday + 5, kMonday + 6});
+    EXPECT_EQ(NameInBar(1), "Dig");
+    const TzuDataEntity_Spanbar &bar = *m_chart.BarOf(1);
+    const int left = bar.GetRow()->RectFromDataEntity(bar)->Left;
+    TzuDataList &names = *bar.GetRow()->Layers().GetDataList(3);
+    auto &name = TimeDataEntity(*names.GetItems(0)).Texts().GetTimeItemText(0);
+    EXPECT_LT(left, -1000);
+    EXPECT_GE(left + name.Pos().X, 0) << "the name begins where the area does";
+    EXPECT_LT(left + name.Pos().X, 20);
+}
+
+TEST_F(PlanChartTest, DaysOffAreShadedWhenDaysAreWideEnough)
+{
+    const auto colorAt = [this](TDateTime instant) {
+        const QImage picture = Picture();
+        return picture.pixelColor(m_chart.DateScaler().DateToPixel(instant), picture.height() - 5);
+    };
+    const TDateTime friday = kMonday + 4.5;
+    EXPECT_NE(colorAt(friday + 1), colorAt(friday));
+    EXPECT_EQ(colorAt(friday + 3), colorAt(friday));
+    m_chart.Show({kMonday - 500, kMonday + 500});
+    EXPECT_EQ(colorAt(friday + 1), colorAt(friday));
+    m_chart.Show({friday - 0.7, friday + 0.7});
+    EXPECT_NE(colorAt(friday - 0.4), colorAt(friday + 0.1)) << "the night, between office hours";
+}
+
+TEST_F(PlanChartTest, FollowsThePalette)
+{
+    const TColor before = m_chart.BarOf(1)->GetColor();
+    m_chart.setPalette(DarkPalette());
+    QApplication::processEvents();
+    EXPECT_NE(m_chart.BarOf(1)->GetColor(), before);
+    const QColor back = Picture().pixelColor(0, Picture().height() - 1);
+    EXPECT_LT(back.lightness(), 64);
+}
+
+TEST_F(PlanChartTest, FindsTheTaskUnderThePointer)
+{
+    Picture();
+    const TzuDataEntity_Spanbar &bar = *m_chart.BarOf(3);
+    const TRect rect = *bar.GetRow()->RectFromDataEntity(bar);
+    const int y = rect.Top + rect.Height() / 2;
+    EXPECT_EQ(m_chart.TaskAt({rect.Left + 5, y}), 3);
+    EXPECT_EQ(m_chart.TaskAt({rect.Left - 20, y}), kNoIndex);
+    EXPECT_EQ(m_chart.TaskAt({rect.Left, 4000}), kNoIndex);
+}
+
+TEST(TaskToolTip, TellsAboutATaskAndEscapesWhatTheFileSays)
+{
+    Plan plan = SmallPlan();
+    plan.Tasks[1].Name = u"<b> & %1"_s;
+    plan.Tasks[1].Notes = u"one\n"_s + QString(1000, u'x');
+    plan.Resources = {{1, u"Ann %2"_s}, {2, u"Bob"_s}};
+    plan.Assignments = {{1, 0, 1}, {1, 1, 0.5}};
+    const QString text = TaskToolTip(plan, 1);
+    for (const QString &part :
+         {u"&lt;b&gt; &amp; %1"_s, u"2 Nov 2026"_s, u"12 Nov 2026"_s, u"8 working days"_s,
+          u"50 %"_s, u"Ann %2, Bob (50 %)"_s, u"one<br/>xxx"_s}) {
+        EXPECT_TRUE(text.contains(part)) << part.toStdString() << " in " << text.toStdString();
+    }
+    EXPECT_LT(text.size(), 900);
+    EXPECT_FALSE(TaskToolTip(plan, 4).contains(u"Finish")) << "a milestone has one date";
+}
+
+} // namespace
+} // namespace korvane::planner::test
