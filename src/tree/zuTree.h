@@ -186,6 +186,7 @@ private:
     TzuDataList_Tree *NewList(TzuDataEntity_Tree *parent);
     void ReleaseList(TzuDataList_Tree *list);
     void ReleaseContent();
+    void ReleaseChildren(TzuDataList_Tree *children);
     void Forget(TzuDataEntity_Tree &entity);
     void ItemLoaded(TzuDataEntity_Tree *entity);
     void ItemMoved(TzuDataEntity_Tree *entity);
@@ -216,6 +217,8 @@ private:
     TzuDataEntity_Tree *m_keptTop = nullptr;
     TTreeNode_zuSub *m_selectedNode = nullptr;
     TMoving m_moving;
+    std::vector<TzuDataList_Tree *> m_waitingLists; ///< of deleted entities, yet to be released
+    int m_deletionDepth = 0;
     int m_autoExpandLevels = -1;
     int m_updateDepth = 0;
     bool m_loadOnDemand = true;

@@ -9,6 +9,9 @@ namespace korvane {
 
 namespace {
 
+/// Deletions within deletions that the stack has to bear.
+constexpr int kMaxDeletionDepth = 256;
+
 TzuDataEntity_Tree *TreeEntity(TzuDataEntity *entity)
 {
     return dynamic_cast<TzuDataEntity_Tree *>(entity);
@@ -106,6 +109,7 @@ void TTreeCore::ReleaseContent()
     if (m_rootList != nullptr) {
         ReleaseList(std::exchange(m_rootList, nullptr));
     }
+    m_waitingLists.clear();
     // What is left belongs to entities that changed over to lists outside of the tree.
     while (m_lists->Count() > 0) {
         auto *list = static_cast<TzuDataList_Tree *>(m_lists->GetDataList(0));
@@ -184,7 +188,7 @@ void TTreeCore::_DeleteItem(TzuDataEntity_Tree *entity)
     }
     m_display.CleanTreeNode(*entity);
     if (TzuDataList_Tree *children = std::exchange(entity->m_childList, nullptr)) {
-        ReleaseList(children);
+        ReleaseChildren(children);
     }
     if (TzuDataList_Tree *list = ListOf(*entity)) {
         list->m_changeExplained = true;
@@ -193,6 +197,39 @@ void TTreeCore::_DeleteItem(TzuDataEntity_Tree *entity)
         }
     }
     DisplayOutOfDate();
+}
+
+/// Deletes the children of an entity that is being deleted. What lies very deep waits until the
+/// outermost deletion is done, by then without parent, for the stack's sake.
+void TTreeCore::ReleaseChildren(TzuDataList_Tree *children)
+{
+    if (m_deletionDepth >= kMaxDeletionDepth) {
+        children->SetParentEntity(nullptr);
+        m_waitingLists.push_back(children);
+        return;
+    }
+    struct TDepth
+    {
+        explicit TDepth(int &depth)
+            : Depth(depth)
+            , IsOutermost(depth == 0)
+        {
+            ++Depth;
+        }
+        TDepth(const TDepth &) = delete;
+        TDepth &operator=(const TDepth &) = delete;
+        ~TDepth() { --Depth; }
+
+        int &Depth;
+        bool IsOutermost;
+    };
+    const TDepth depth(m_deletionDepth);
+    ReleaseList(children);
+    while (depth.IsOutermost && !m_waitingLists.empty()) {
+        TzuDataList_Tree *waiting = m_waitingLists.back();
+        m_waitingLists.pop_back();
+        ReleaseList(waiting);
+    }
 }
 
 /// Lets go of an entity that leaves the tree.

@@ -646,17 +646,24 @@ TEST_F(TreeTest, BeginUpdateHoldsBackTheRequestToRepaint)
     EXPECT_EQ(Host.Invalidations, before + 1);
 }
 
-TEST_F(TreeTest, AThousandLevelsAreBuiltAndReleased)
+TEST_F(TreeTest, VeryDeepTreesAreBuiltAndReleased)
 {
-    TzuDataEntity_Tree *deepest = nullptr;
-    for (int i = 0; i < 1000; ++i) {
-        deepest = Tree.AddDataEntity(deepest);
-        deepest->SetExpanded(true);
+    Tree.OnDeleteItem = [this](TObject *, TzuDataEntity *) { ++Fired; };
+    for (const bool cleared : {true, false}) {
+        TzuDataEntity_Tree *deepest = nullptr;
+        for (int i = 0; i < 20'000; ++i) {
+            deepest = Tree.AddDataEntity(deepest);
+        }
+        EXPECT_EQ(Tree.CountVisible(), 1);
+        Tree.FullExpand();
+        EXPECT_EQ(Tree.GetRow(*deepest), 19'999);
+        if (cleared) {
+            Tree.Clear();
+            EXPECT_EQ(Tree.CountVisible(), 0);
+            EXPECT_EQ(Fired, 20'000);
+            EXPECT_EQ(Tree.DataLists().Count(), 1);
+        }
     }
-    EXPECT_EQ(Tree.CountVisible(), 1000);
-    EXPECT_EQ(Tree.GetRow(*deepest), 999);
-    Tree.Clear();
-    EXPECT_EQ(Tree.CountVisible(), 0);
 }
 
 } // namespace

@@ -41,7 +41,7 @@ public:
     explicit TzuTree_ComBasic(QWidget *parent = nullptr);
     ~TzuTree_ComBasic() override;
 
-    /// A system colour follows the palette.
+    /// System colours are looked up in the application's palette when they are set.
     TColor Color() const { return m_color; }
     void SetColor(TColor color);
     /// Its colour is that of the captions.
