@@ -18,6 +18,7 @@ TzuDateScaler *AddScaler(QFormLayout &form, const QString &caption, TDateTime st
     auto *scaler = new TzuDateScaler;
     scaler->SetHorizontal(true);
     scaler->setFixedHeight(scaler->sizeHint().height());
+    scaler->SetColor(clWindow);
     scaler->SetStart(start);
     scaler->SetStop(start + days);
     form.addRow(caption, scaler);
@@ -76,6 +77,7 @@ QWidget *CreateDateScalerPage()
     AddIndicators(*form);
 
     auto *upright = new TzuDateScaler;
+    upright->SetColor(clWindow);
     upright->SetHorizontal(false);
     upright->setFixedWidth(90);
     upright->SetStart(EncodeDate(2026, 3, 2));
