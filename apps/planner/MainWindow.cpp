@@ -16,6 +16,7 @@
 #include <QDropEvent>
 #include <QFileInfo>
 #include <QLabel>
+#include <QLocale>
 #include <QMessageBox>
 #include <QMimeData>
 #include <QSettings>
@@ -28,6 +29,8 @@ namespace korvane::planner {
 namespace {
 
 constexpr QSize kDefaultSize(1280, 800);
+constexpr int kStatusMargin = 6;
+constexpr int kRemarksHeight = 130;
 
 /// The first file among what is dragged; empty when there is none.
 QString DraggedFile(const QMimeData &data)
@@ -38,6 +41,14 @@ QString DraggedFile(const QMimeData &data)
         }
     }
     return {};
+}
+
+/// "1 task", "1,841 tasks".
+template <typename Count>
+QString CountText(Count count, const QString &noun)
+{
+    return QLocale().toString(static_cast<qlonglong>(count)) + u' ' + noun
+           + (count == 1 ? QString() : QStringLiteral("s"));
 }
 
 QLabel *NewWelcome()
@@ -83,13 +94,16 @@ MainWindow::~MainWindow() = default;
 void MainWindow::MakeStatusBar()
 {
     m_instant = new QLabel(this);
+    m_instant->setContentsMargins(kStatusMargin, 0, 0, 0);
     m_progress = new LoadProgress(this);
     m_counts = new QLabel(this);
     m_remarksButton = new QToolButton(this);
     m_remarksButton->setAutoRaise(true);
     m_remarksButton->hide();
-    connect(m_remarksButton, &QToolButton::clicked, this,
-            [this] { m_remarks->setVisible(!m_remarks->isVisible()); });
+    connect(m_remarksButton, &QToolButton::clicked, this, [this] {
+        m_remarks->setVisible(!m_remarks->isVisible());
+        resizeDocks({m_remarks}, {kRemarksHeight}, Qt::Vertical);
+    });
     statusBar()->addWidget(m_instant, 1);
     statusBar()->addWidget(m_progress);
     m_progress->hide();
@@ -173,9 +187,9 @@ void MainWindow::ShowCounts(const Plan &plan)
 {
     const auto milestones =
         std::ranges::count_if(plan.Tasks, [](const PlanTask &task) { return task.Milestone; });
-    QStringList parts = {tr("%1 tasks").arg(plan.Tasks.size()), tr("%1 milestones").arg(milestones),
-                         tr("%1 links").arg(plan.Links.size()),
-                         tr("%1 resources").arg(plan.Resources.size())};
+    QStringList parts = {
+        CountText(plan.Tasks.size(), tr("task")), CountText(milestones, tr("milestone")),
+        CountText(plan.Links.size(), tr("link")), CountText(plan.Resources.size(), tr("resource"))};
     if (const auto range = plan.Range()) {
         parts.append(ToQt(FormatDateTime("d mmm yyyy", range->Start)) + QStringLiteral(" – ")
                      + ToQt(FormatDateTime("d mmm yyyy", range->Finish)));

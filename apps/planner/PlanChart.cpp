@@ -2,6 +2,7 @@
 
 #include "AxisLabels.h"
 #include "PlanTitle.h"
+#include "PlanTree.h"
 #include "foundation/qt/zuConvert.h"
 #include "foundation/zuDateUtils.h"
 #include "plan/PlanDates.h"
@@ -59,11 +60,11 @@ int InsetOf(const PlanTask &task)
 } // namespace
 
 PlanChart::PlanChart(QWidget *parent)
-    : TzuGant(parent)
-    , m_title(new PlanTitle(&TreeSpacer()))
+    : TzuGant(parent, TConstruction::WithoutParts)
     , m_looks(palette())
     , m_now(Now())
 {
+    InitializeInConstructor();
     setFrameShape(QFrame::NoFrame);
     SetScalerHeight(kScalerHeight);
     SetDefaultLinkStyle(TLinkStyle::tlsUserDraw);
@@ -71,6 +72,7 @@ PlanChart::PlanChart(QWidget *parent)
     SetFirstDayOfWeekScaler(QLocale().firstDayOfWeek() % kDaysPerWeek + 1);
     DateScaler().SetPixelsForModeSwitch(kLeastMarkDistance);
     LabelAxis(DateScaler());
+    m_title = new PlanTitle(&TreeSpacer());
     auto *corner = new QVBoxLayout(&TreeSpacer());
     corner->setContentsMargins(0, 0, 0, 0);
     corner->addWidget(m_title);
@@ -94,6 +96,12 @@ PlanChart::PlanChart(QWidget *parent)
     };
     m_nowTimer.start(kNowInterval, this);
     ApplyLooks();
+}
+
+TGantTree *PlanChart::CreateTree(QWidget *parent)
+{
+    m_tree = new PlanTree(*this, parent);
+    return m_tree;
 }
 
 PlanChart::~PlanChart()

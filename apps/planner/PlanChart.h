@@ -18,6 +18,7 @@ class QWheelEvent;
 namespace korvane::planner {
 
 class PlanTitle;
+class PlanTree;
 
 /// Shows a plan: its outline in the row tree, a bar per task, and the links between them. What is
 /// shown cannot be edited.
@@ -68,6 +69,7 @@ Q_SIGNALS:
     void pointerLeft();
 
 protected:
+    TGantTree *CreateTree(QWidget *parent) override;
     bool eventFilter(QObject *watched, QEvent *event) override;
     void changeEvent(QEvent *event) override;
     void timerEvent(QTimerEvent *event) override;
@@ -136,7 +138,8 @@ private:
     static constexpr double kZoomStep = 1.5;
 
     Plan m_plan;
-    PlanTitle *m_title;
+    PlanTree *m_tree = nullptr; ///< is Tree()
+    PlanTitle *m_title = nullptr;
     std::vector<TaskItems> m_items;            ///< one per task
     std::vector<OutsideLabel> m_outsideLabels; ///< of the paint that runs
     ChartLooks m_looks;

@@ -1,5 +1,6 @@
 // Fonts and colours of the chart.
 #include "PlanChart.h"
+#include "PlanTree.h"
 #include "foundation/qt/zuConvert.h"
 
 #include <QEvent>
@@ -32,6 +33,7 @@ void PlanChart::ApplyFonts()
     font.Color = m_looks.Text;
     Tree().SetFont(font);
     Tree().SetColor(m_looks.Back);
+    m_tree->SetRowLineColor(m_looks.Grid);
     Tree().SetRowHeight(std::max(kLeastRowHeight, QFontMetrics(ToQt(font)).height() + kRowSpare));
 
     font.Size = std::max(7, font.Size - 1);
