@@ -30,6 +30,22 @@ enum class TSpanbarStyle : unsigned char {
     sbsPipe,     ///< cylinder
 };
 
+/// What a mouse gesture in the area does.
+enum class TGantMouseMoveMode : unsigned char {
+    mmNone,
+    mmMove,
+    mmCopy,
+    mmGrowLeft,
+    mmGrowRight,
+    mmDependency,
+};
+
+/// What the next press on an item starts.
+enum class TGantStickyMode : unsigned char {
+    smNone,
+    smDependency, ///< drawing of a link
+};
+
 enum class TLinkStyle : unsigned char {
     tlsDefault,   ///< out, across and in: three segments with an open arrow head
     tlsMSProject, ///< across and down or up: two segments with a filled arrow head
