@@ -480,6 +480,23 @@ void TTreeCore::SetTopItem(TzuDataEntity_Tree *entity)
     }
 }
 
+void TTreeCore::MakeVisible(TzuDataEntity_Tree &entity)
+{
+    EnsureDisplayUpToDate();
+    if (entity.m_node == nullptr) {
+        return;
+    }
+    ExpandAncestors(entity);
+    const TTreeGeometry view = m_host.Geometry();
+    const int page = std::max(view.Height / view.RowHeight, 1);
+    const int row = entity.m_node->Row();
+    const int top = std::clamp(view.TopRow, row - page + 1, row);
+    if (top != view.TopRow) {
+        m_host.SetTopRow(top);
+        DoUpdateTopItem();
+    }
+}
+
 void TTreeCore::DoUpdateTopItem()
 {
     TzuDataEntity_Tree *top = GetTopItem();

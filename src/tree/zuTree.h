@@ -100,6 +100,8 @@ public:
     /// Scrolls the entity's row to the top, expanding what hides it; nil goes back to the first
     /// row.
     void SetTopItem(TzuDataEntity_Tree *entity);
+    /// Expands what hides the entity's row and scrolls as little as shows it whole.
+    void MakeVisible(TzuDataEntity_Tree &entity);
 
     // Events.
     TOnInsertItem OnInsertItem;

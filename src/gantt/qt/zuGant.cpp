@@ -43,7 +43,7 @@ QWidget *AddSpacer(QWidget &holder, QBoxLayout &layout)
 
 TzuGant_ComBasic::TzuGant_ComBasic(QWidget *parent, TConstruction construction)
     : QFrame(parent)
-    , TGantCore(static_cast<IGantHost &>(*this), this)
+    , TGantKeys(static_cast<IGantHost &>(*this), static_cast<IGantInputHost &>(*this), this)
 {
     InstallToolkitServices();
     if (construction == TConstruction::Complete) {

@@ -3,10 +3,11 @@
 
 #include "foundation/qt/zuOffscreenPaint.h"
 #include "gantt/qt/zuGantTree.h"
-#include "gantt/zuGant.h"
+#include "gantt/zuGantKeys.h"
 #include "scaler/qt/zuScaler.h"
 
 #include <QColor>
+#include <QCursor>
 #include <QFrame>
 #include <QString>
 
@@ -36,7 +37,7 @@ using TOnRealignScrollbar = TMethod<void(TzuGant_ComBasic *theGant, int position
 /// Parts are created through virtual factories. A subclass that overrides one constructs its base
 /// with TConstruction::WithoutParts and calls InitializeInConstructor() first thing in its own
 /// constructor.
-class TzuGant_ComBasic : public QFrame, public TGantCore, private IGantHost
+class TzuGant_ComBasic : public QFrame, public TGantKeys, private IGantHost, private IGantInputHost
 {
     Q_OBJECT
 
@@ -101,6 +102,10 @@ public:
     void RefreshOthers(const QWidget *sender);
     void RePaint();
 
+    /// The pointer over the area where it is over nothing that can be dragged.
+    QCursor CursorGantArea() const { return m_areaCursor; }
+    void SetCursorGantArea(const QCursor &cursor);
+
     TOnScalerChange OnScalerChange;
     TOnAlignNeed OnAlignNeed;
     TOnRealignScrollbar OnRealignScrollbar;
@@ -140,6 +145,15 @@ private:
     TPrintScale AreaPrintScale() const override;
     void PrintResizeAreaFont() override;
 
+    // IGantInputHost
+    void FocusArea() override;
+    void SetAreaCursor(TGantCursor cursor) override;
+    void InvalidateOverlay(const TRect &rect) override;
+    void RefreshAroundArea() override;
+    void ScrollRows(int rows) override;
+    void BringRowIntoView(TGantRow &row) override;
+    TGantRow *CurrentRow() override;
+
     QSplitter *m_splitter = nullptr;
     QWidget *m_treeHolder = nullptr;
     QWidget *m_treeSpacer = nullptr;
@@ -149,6 +163,8 @@ private:
     TzuDateScaler *m_scaler = nullptr;
     TGantTree *m_tree = nullptr;
     TzuOffscreenPaint *m_area = nullptr;
+    QCursor m_areaCursor;
+    TGantCursor m_shownCursor = TGantCursor::Area;
     bool m_settingScaleAndTree = false;
 };
 
