@@ -1,6 +1,6 @@
 // How the chart's input rules reach the widgets.
 #include "foundation/qt/zuConvert.h"
-#include "gantt/qt/zuGant.h"
+#include "gantt/qt/zuGantComBasic.h"
 
 #include <QScrollBar>
 

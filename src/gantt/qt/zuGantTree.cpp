@@ -1,7 +1,7 @@
 #include "gantt/qt/zuGantTree.h"
 
 #include "foundation/zuDoLater.h"
-#include "gantt/qt/zuGant.h"
+#include "gantt/qt/zuGantComBasic.h"
 
 #include <QScopedValueRollback>
 #include <QScrollBar>

@@ -1,0 +1,357 @@
+#include "gantt/qt/zuGantComBasic.h"
+
+#include "foundation/qt/zuConvert.h"
+#include "foundation/qt/zuToolkit.h"
+#include "foundation/zuDateUtils.h"
+
+#include <QEvent>
+#include <QHBoxLayout>
+#include <QScopedValueRollback>
+#include <QScrollBar>
+#include <QSplitter>
+#include <QVBoxLayout>
+#include <QWheelEvent>
+
+namespace korvane {
+
+namespace {
+
+constexpr int kScalerHeight = 45;
+constexpr int kTreeWidth = 100;
+constexpr int kScrollWidth = 16;
+constexpr int kDaysAround = 15;
+
+template <typename Layout>
+Layout *TightLayout(QWidget &widget)
+{
+    auto *layout = new Layout(&widget);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(0);
+    return layout;
+}
+
+/// A strip as high as the axis, beside it.
+QWidget *AddSpacer(QWidget &holder, QBoxLayout &layout)
+{
+    auto *spacer = new QWidget(&holder);
+    spacer->setFixedHeight(kScalerHeight);
+    layout.addWidget(spacer);
+    return spacer;
+}
+
+} // namespace
+
+TzuGant_ComBasic::TzuGant_ComBasic(QWidget *parent, TConstruction construction)
+    : QFrame(parent)
+    , TGantKeys(static_cast<IGantHost &>(*this), static_cast<IGantInputHost &>(*this), this)
+{
+    InstallToolkitServices();
+    if (construction == TConstruction::Complete) {
+        InitializeInConstructor();
+    }
+}
+
+TzuGant_ComBasic::~TzuGant_ComBasic()
+{
+    // Handlers that run while the data goes still see all parts.
+    FinalizeData();
+}
+
+void TzuGant_ComBasic::InitializeInConstructor()
+{
+    resize(350, 250);
+    setWindowTitle(QStringLiteral("OffscreenPaint"));
+    InitializeData();
+    CreateParts();
+    HandleTreeAlign();
+}
+
+void TzuGant_ComBasic::CreateParts()
+{
+    m_splitter = new QSplitter(Qt::Horizontal, this);
+    m_splitter->setChildrenCollapsible(false);
+    m_splitter->setHandleWidth(4);
+    m_treeHolder = new QWidget(m_splitter);
+    auto *areaHolder = new QWidget(m_splitter);
+    m_scrollHolder = new QWidget(this);
+    auto *layout = TightLayout<QHBoxLayout>(*this);
+    layout->addWidget(m_splitter, 1);
+    layout->addWidget(m_scrollHolder);
+
+    CreateAreaSide(*areaHolder);
+    CreateScrollSide(*m_scrollHolder);
+    CreateTreeSide(*m_treeHolder);
+
+    // A wider chart gives its width to the area.
+    m_splitter->setStretchFactor(0, 0);
+    m_splitter->setStretchFactor(1, 1);
+    SetTreeWidth(kTreeWidth);
+    setTabOrder(m_tree, m_area);
+    setTabOrder(m_area, m_scaler);
+    connect(m_splitter, &QSplitter::splitterMoved, this, &TzuGant_ComBasic::HandleTreeAlign);
+}
+
+void TzuGant_ComBasic::CreateAreaSide(QWidget &holder)
+{
+    auto *layout = TightLayout<QVBoxLayout>(holder);
+    m_scaler = CreateDateScaler(&holder);
+    m_scaler->SetHorizontal(true);
+    m_scaler->setFixedHeight(kScalerHeight);
+    m_scaler->SetStart(Today() - kDaysAround);
+    m_scaler->SetStop(Today() + kDaysAround);
+    m_scaler->SetTimeFormat("HH:MM:SS");
+    m_scaler->SetDateFormat("YYMMDD");
+    m_scaler->OnChange = TDateScalerCore::TNotify::Bind<&TzuGant_ComBasic::ScaleChanged>(this);
+    layout->addWidget(m_scaler);
+
+    m_area = new TzuOffscreenPaint(&holder);
+    m_area->setFrameShape(QFrame::NoFrame);
+    m_area->SetTabStop(true);
+    m_area->setMouseTracking(true);
+    m_area->OnPaint = [this](TzuOffscreenPaint *) { GantAreaPaint(); };
+    m_area->OnWheelMessage = [this](QWheelEvent &event) { GantAreaWheelScroll(event); };
+    layout->addWidget(m_area, 1);
+}
+
+void TzuGant_ComBasic::CreateScrollSide(QWidget &holder)
+{
+    auto *layout = TightLayout<QVBoxLayout>(holder);
+    m_scrollSpacer = AddSpacer(holder, *layout);
+    m_scrollBar = new QScrollBar(Qt::Vertical, &holder);
+    m_scrollBar->setFocusPolicy(Qt::NoFocus);
+    m_scrollBar->setEnabled(false);
+    layout->addWidget(m_scrollBar, 1);
+    holder.setFixedWidth(qMax(kScrollWidth, m_scrollBar->sizeHint().width()));
+}
+
+void TzuGant_ComBasic::CreateTreeSide(QWidget &holder)
+{
+    auto *layout = TightLayout<QVBoxLayout>(holder);
+    m_treeSpacer = AddSpacer(holder, *layout);
+    m_tree = CreateTree(&holder);
+    m_tree->setFrameShape(QFrame::NoFrame);
+    m_tree->SetVertScrollExternal(m_scrollBar);
+    layout->addWidget(m_tree, 1);
+}
+
+TzuDateScaler *TzuGant_ComBasic::CreateDateScaler(QWidget *parent)
+{
+    return new TzuDateScaler(parent);
+}
+
+TGantTree *TzuGant_ComBasic::CreateTree(QWidget *parent)
+{
+    return new TGantTree(*this, parent);
+}
+
+TzuDataEntity_Tree *TzuGant_ComBasic::AddRootDataEntityTree(std::string_view text)
+{
+    return AddDataEntityTree(nullptr, text);
+}
+
+TzuDataEntity_Tree *TzuGant_ComBasic::AddDataEntityTree(TzuDataEntity_Tree *parent,
+                                                        std::string_view text)
+{
+    TzuDataEntity_Tree *node = m_tree->AddDataEntity(parent);
+    if (node != nullptr && !text.empty()) {
+        node->SetText(text);
+    }
+    return node;
+}
+
+int TzuGant_ComBasic::GetScalerHeight() const
+{
+    return m_scaler->height();
+}
+
+void TzuGant_ComBasic::SetScalerHeight(int pixels)
+{
+    m_treeSpacer->setFixedHeight(pixels);
+    m_scrollSpacer->setFixedHeight(pixels);
+    m_scaler->setFixedHeight(pixels);
+    HandleTreeAlign();
+}
+
+int TzuGant_ComBasic::TreeWidth() const
+{
+    return m_splitter->sizes().value(0);
+}
+
+void TzuGant_ComBasic::SetTreeWidth(int pixels)
+{
+    const int rest = width() - m_scrollHolder->width() - m_splitter->handleWidth() - pixels;
+    m_splitter->setSizes({pixels, qMax(rest, 1)});
+}
+
+QString TzuGant_ComBasic::DateFormat() const
+{
+    return ToQt(m_scaler->TDateScalerCore::DateFormat());
+}
+
+void TzuGant_ComBasic::SetDateFormat(const QString &format)
+{
+    m_scaler->TDateScalerCore::SetDateFormat(FromQt(format));
+}
+
+QString TzuGant_ComBasic::TimeFormat() const
+{
+    return ToQt(m_scaler->TDateScalerCore::TimeFormat());
+}
+
+void TzuGant_ComBasic::SetTimeFormat(const QString &format)
+{
+    m_scaler->TDateScalerCore::SetTimeFormat(FromQt(format));
+}
+
+QFont TzuGant_ComBasic::FontScaler() const
+{
+    return ToQt(m_scaler->TDateScalerCore::TextFont1());
+}
+
+void TzuGant_ComBasic::SetFontScaler(const QFont &font)
+{
+    TDateScalerCore &scaler = *m_scaler;
+    const TFont converted = FromQt(font, scaler.TextFont1());
+    scaler.SetTextFont1(converted);
+    scaler.SetTextFont2(converted);
+    scaler.SetTextFont3(converted);
+}
+
+void TzuGant_ComBasic::SetScaleAndTree(TDateTime start, TDateTime stop, int treeWidth)
+{
+    const QScopedValueRollback setting(m_settingScaleAndTree, true);
+    BeginUpdate();
+    SetTreeWidth(treeWidth);
+    SetStart(start);
+    SetStop(stop);
+    EndUpdate();
+}
+
+void TzuGant_ComBasic::BeginUpdate()
+{
+    m_scaler->BeginUpdate();
+    m_area->BeginUpdate();
+    m_tree->BeginUpdate();
+}
+
+void TzuGant_ComBasic::EndUpdate()
+{
+    m_scaler->EndUpdate();
+    m_area->EndUpdate();
+    m_tree->EndUpdate();
+}
+
+void TzuGant_ComBasic::RefreshOthers(const QWidget *sender)
+{
+    if (sender != m_scaler) {
+        m_scaler->Invalidate();
+    }
+    if (sender != m_tree) {
+        m_tree->viewport()->update();
+    }
+    if (sender != m_area) {
+        InvalidateArea();
+    }
+}
+
+void TzuGant_ComBasic::RePaint()
+{
+    update();
+    RefreshOthers(nullptr);
+}
+
+void TzuGant_ComBasic::HandleTreeAlign()
+{
+    if (m_tree == nullptr) {
+        return;
+    }
+    AlignNeeded();
+    m_tree->ExternalScrollOutOfDate();
+    InvalidateArea();
+}
+
+void TzuGant_ComBasic::AlignNeeded()
+{
+    if (!m_settingScaleAndTree) {
+        OnAlignNeed(this, Start(), Stop(), TreeWidth());
+    }
+}
+
+void TzuGant_ComBasic::ScaleChanged(TObject * /*sender*/)
+{
+    AlignNeeded();
+    if (OnScalerChange) {
+        const TDateTime start = Start();
+        OnScalerChange(this, start, Stop());
+        // Only a moved start stops the stepping; a handler may limit the stop alone and go on.
+        if (Start() != start) {
+            m_scaler->StopStep();
+        }
+    }
+    InvalidateArea();
+}
+
+void TzuGant_ComBasic::RealignScrollbar(const TScrollInfo &info)
+{
+    const bool shown = m_scrollBar->isEnabled();
+    m_scrollHolder->setVisible(shown);
+    OnRealignScrollbar(this, info.Position, info.Min, info.Max, info.Page, shown);
+}
+
+void TzuGant_ComBasic::GantAreaWheelScroll(QWheelEvent &event)
+{
+    m_tree->Scroll(-event.angleDelta().y());
+    event.accept();
+}
+
+void TzuGant_ComBasic::changeEvent(QEvent *event)
+{
+    QFrame::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange && m_area != nullptr) {
+        RePaint();
+    }
+}
+
+int TzuGant_ComBasic::VerticalOffset() const
+{
+    const QPoint origin(0, 0);
+    return m_area->mapTo(this, origin).y() - m_tree->viewport()->mapTo(this, origin).y();
+}
+
+void TzuGant_ComBasic::CollectVisibleNodes(std::vector<TVisibleNode> &nodes)
+{
+    m_tree->EnsureLayout();
+    const TPoint shift{0, -VerticalOffset()};
+    for (const TTreeRow &row : m_tree->VisibleRowEntities()) {
+        nodes.push_back({row.Entity, row.Rect.Translated(shift)});
+    }
+}
+
+void TzuGant_ComBasic::InvalidateArea()
+{
+    if (m_area != nullptr) {
+        m_area->Invalidate();
+    }
+}
+
+TSize TzuGant_ComBasic::AreaSize() const
+{
+    return {m_area->Width(), m_area->Height()};
+}
+
+TCanvas &TzuGant_ComBasic::AreaCanvas()
+{
+    return m_area->GetOffscreenCanvas();
+}
+
+TPrintScale TzuGant_ComBasic::AreaPrintScale() const
+{
+    return {m_area->GetScalex(), m_area->GetScaley()};
+}
+
+void TzuGant_ComBasic::PrintResizeAreaFont()
+{
+    m_area->PrintResizeFont();
+}
+
+} // namespace korvane

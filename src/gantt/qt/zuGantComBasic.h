@@ -1,0 +1,170 @@
+// The behaviour of the Gantt chart control: row tree, date scaler, drawn area and scroll bar.
+#pragma once
+
+#include "foundation/qt/zuOffscreenPaint.h"
+#include "gantt/qt/zuGantTree.h"
+#include "gantt/zuGantKeys.h"
+#include "scaler/qt/zuScaler.h"
+
+#include <QCursor>
+#include <QFrame>
+#include <QString>
+
+#include <string_view>
+
+class QScrollBar;
+class QSplitter;
+
+namespace korvane {
+
+using TOnScalerChange =
+    TMethod<void(TzuGant_ComBasic *theGant, TDateTime theStart, TDateTime theStop)>;
+/// The proportions of the chart have changed: the visible time or the width of the tree, in pixels.
+using TOnAlignNeed =
+    TMethod<void(TzuGant_ComBasic *caller, TDateTime theStart, TDateTime theStop, int theWidth)>;
+/// State of the external scroll bar, in lines of the tree.
+using TOnRealignScrollbar = TMethod<void(TzuGant_ComBasic *theGant, int position, int min, int max,
+                                         int pageSize, bool enabled)>;
+
+/// All behaviour of the Gantt chart control.
+///
+/// The chart arranges a row tree on the left and, right of a splitter, a date scaler above the
+/// drawn area with a vertical scroll bar. The date scaler is the only owner of the visible time; a
+/// spacer of the scaler's height keeps the lines of the tree level with the rows of the area. It
+/// shows the 15 days before and after today until told otherwise.
+///
+/// Parts are created through virtual factories. A subclass that overrides one constructs its base
+/// with TConstruction::WithoutParts and calls InitializeInConstructor() first thing in its own
+/// constructor.
+class TzuGant_ComBasic : public QFrame, public TGantKeys, private IGantHost, private IGantInputHost
+{
+    Q_OBJECT
+
+public:
+    enum class TConstruction { Complete, WithoutParts };
+
+    explicit TzuGant_ComBasic(QWidget *parent = nullptr,
+                              TConstruction construction = TConstruction::Complete);
+    ~TzuGant_ComBasic() override;
+
+    // The parts. Owned by the chart.
+    TzuDateScaler &DateScaler() { return *m_scaler; }
+    const TzuDateScaler &DateScaler() const { return *m_scaler; }
+    TGantTree &Tree() { return *m_tree; }
+    TzuOffscreenPaint &GantArea() { return *m_area; }
+    QScrollBar &VertScrollBar() { return *m_scrollBar; }
+    /// The strip above the tree, as high as the axis. Empty; an application may put widgets in it.
+    QWidget &TreeSpacer() { return *m_treeSpacer; }
+
+    /// Appends a node to the top level, and with it a row. Null when a handler removed it.
+    TzuDataEntity_Tree *AddRootDataEntityTree(std::string_view text = {});
+    /// Appends a node below another.
+    TzuDataEntity_Tree *AddDataEntityTree(TzuDataEntity_Tree *parent, std::string_view text = {});
+    /// Number of lines of the tree, those scrolled away included.
+    int CountVisibleTreeViewItems() { return m_tree->CountVisible(); }
+
+    /// Height of the axis and of the spacers beside it, in pixels.
+    int GetScalerHeight() const;
+    void SetScalerHeight(int pixels);
+    /// Width of the row tree, in pixels.
+    int TreeWidth() const;
+    void SetTreeWidth(int pixels);
+
+    // The time axis.
+    TDateTime Start() const { return m_scaler->GetStart(); }
+    void SetStart(TDateTime start) { m_scaler->SetStart(start); }
+    TDateTime Stop() const { return m_scaler->GetStop(); }
+    void SetStop(TDateTime stop) { m_scaler->SetStop(stop); }
+    /// Days per pixel.
+    double Scale() const { return m_scaler->GetScale(); }
+    void SetScale(double scale) { m_scaler->SetScale(scale); }
+    double Get_ZoomFactor() const { return m_scaler->ZoomFactor(); }
+    void Set_ZoomFactor(double factor) { m_scaler->SetZoomFactor(factor); }
+    QString DateFormat() const;
+    void SetDateFormat(const QString &format);
+    QString TimeFormat() const;
+    void SetTimeFormat(const QString &format);
+    /// 1 = Sunday ... 7 = Saturday.
+    int FirstDayOfWeekScaler() const { return m_scaler->FirstDayOfWeek(); }
+    void SetFirstDayOfWeekScaler(int day) { m_scaler->SetFirstDayOfWeek(day); }
+    /// Font of the axis' labels.
+    QFont FontScaler() const;
+    void SetFontScaler(const QFont &font);
+
+    /// Sets the visible time and the width of the tree without firing OnAlignNeed, so that a saved
+    /// view can be restored.
+    void SetScaleAndTree(TDateTime start, TDateTime stop, int treeWidth);
+    /// Brackets nest; scaler, area and tree refresh once, at the end.
+    void BeginUpdate();
+    void EndUpdate();
+    /// Refreshes scaler, tree and area, each unless it is the sender.
+    void RefreshOthers(const QWidget *sender);
+    void RePaint();
+
+    /// The pointer over the area where it is over nothing that can be dragged.
+    QCursor CursorGantArea() const { return m_areaCursor; }
+    void SetCursorGantArea(const QCursor &cursor);
+
+    TOnScalerChange OnScalerChange;
+    TOnAlignNeed OnAlignNeed;
+    TOnRealignScrollbar OnRealignScrollbar;
+
+protected:
+    /// Creates the parts through the factories.
+    void InitializeInConstructor();
+
+    virtual TzuDateScaler *CreateDateScaler(QWidget *parent);
+    virtual TGantTree *CreateTree(QWidget *parent);
+
+    void changeEvent(QEvent *event) override;
+
+private:
+    friend class TGantTree;
+
+    void CreateParts();
+    void CreateTreeSide(QWidget &holder);
+    void CreateAreaSide(QWidget &holder);
+    void CreateScrollSide(QWidget &holder);
+    void HandleTreeAlign();
+    void AlignNeeded();
+    void ScaleChanged(TObject *sender);
+    void RealignScrollbar(const TScrollInfo &info);
+    void GantAreaWheelScroll(QWheelEvent &event);
+    void InvalidateRows() { InvalidateArea(); }
+    /// Distance from the top of the tree's first line to the top of the area, in pixels.
+    int VerticalOffset() const;
+
+    // IGantHost
+    TDateScalerCore &Scaler() override { return *m_scaler; }
+    const TDateScalerCore &Scaler() const override { return *m_scaler; }
+    void CollectVisibleNodes(std::vector<TVisibleNode> &nodes) override;
+    void InvalidateArea() override;
+    TSize AreaSize() const override;
+    TCanvas &AreaCanvas() override;
+    TPrintScale AreaPrintScale() const override;
+    void PrintResizeAreaFont() override;
+
+    // IGantInputHost
+    void FocusArea() override;
+    void SetAreaCursor(TGantCursor cursor) override;
+    void InvalidateOverlay(const TRect &rect) override;
+    void RefreshAroundArea() override;
+    void ScrollRows(int rows) override;
+    void BringRowIntoView(TGantRow &row) override;
+    TGantRow *CurrentRow() override;
+
+    QSplitter *m_splitter = nullptr;
+    QWidget *m_treeHolder = nullptr;
+    QWidget *m_treeSpacer = nullptr;
+    QWidget *m_scrollHolder = nullptr;
+    QWidget *m_scrollSpacer = nullptr;
+    QScrollBar *m_scrollBar = nullptr;
+    TzuDateScaler *m_scaler = nullptr;
+    TGantTree *m_tree = nullptr;
+    TzuOffscreenPaint *m_area = nullptr;
+    QCursor m_areaCursor;
+    TGantCursor m_shownCursor = TGantCursor::Area;
+    bool m_settingScaleAndTree = false;
+};
+
+} // namespace korvane
