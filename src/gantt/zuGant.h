@@ -157,6 +157,9 @@ protected:
     friend class TGantRow;
     friend class TGantRowList;
 
+    /// The chart as event handlers receive it; may be null.
+    TzuGant_ComBasic *Component() const { return m_component; }
+
     /// Creates lists and controllers through the factories. Called once, from the most derived
     /// constructor that lets its class' factories take part.
     void InitializeData();

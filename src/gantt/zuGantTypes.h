@@ -2,6 +2,7 @@
 #pragma once
 
 #include "foundation/zuCanvas.h"
+#include "foundation/zuInput.h"
 #include "foundation/zuMethod.h"
 #include "foundation/zuTypes.h"
 
@@ -46,6 +47,16 @@ enum class TGantStickyMode : unsigned char {
     smDependency, ///< drawing of a link
 };
 
+/// What one action of the user, with the mouse or the keyboard, does to the data.
+enum class TGantUserChange : unsigned char {
+    ucMove,       ///< items to other times or rows
+    ucCopy,       ///< copies of items
+    ucResize,     ///< one end of items
+    ucDependency, ///< a link, made by OnDependencyAction
+    ucDelete,     ///< items or links
+    ucOther
+};
+
 enum class TLinkStyle : unsigned char {
     tlsDefault,   ///< out, across and in: three segments with an open arrow head
     tlsMSProject, ///< across and down or up: two segments with a filled arrow head
@@ -64,6 +75,28 @@ using TOnInfoPush_Spanbar =
 using TOnGantVirtualLoad = TOnInfoPush_Spanbar;
 using TOnGantVirtualUnLoad =
     TMethod<void(TzuGant_ComBasic *theGant, TzuDataEntity_Spanbar *theDataEntity, bool &canUnload)>;
+
+/// Bracket around everything that one action of the user changes, for applications that can undo.
+/// The end comes also when a handler in between throws. With `changed` false all is as before.
+using TOnBeginUserChange = TMethod<void(TzuGant_ComBasic *theGant, TGantUserChange kind)>;
+using TOnEndUserChange =
+    TMethod<void(TzuGant_ComBasic *theGant, TGantUserChange kind, bool changed)>;
+/// A link was drawn with the mouse from one item to another, or to the same one. The chart makes no
+/// link itself.
+using TOnDependencyAction =
+    TMethod<void(TzuDataEntity_Spanbar *theFirst, TzuDataEntity_Spanbar *theSecond)>;
+/// What a gesture ended on; no object and zeros for none. `theLength` is in days.
+using TOnHintInfo =
+    TMethod<void(TObject *theObject, TDateTime theStart, TDateTime theStop, TDateTime theLength)>;
+/// `theDataEntity` is the item under the pointer, or null.
+using TOnClickGantArea =
+    TMethod<void(TzuGant_ComBasic *theGant, TzuDataEntity_Spanbar *theDataEntity)>;
+using TOnDblClickGantArea = TOnClickGantArea;
+/// Mouse events of the area, in its pixels.
+using TGantMouseButtonEvent =
+    TMethod<void(TzuGant_ComBasic *theGant, TMouseButton button, TShiftState shift, int x, int y)>;
+using TGantMouseMoveEvent =
+    TMethod<void(TzuGant_ComBasic *theGant, TShiftState shift, int x, int y)>;
 
 /// An item was dropped on `newRow` with the given times. The handler does the moving or copying.
 using TOnTimeCopyOrChangeRow =
