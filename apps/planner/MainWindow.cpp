@@ -3,6 +3,7 @@
 #include "LoadProgress.h"
 #include "Picture.h"
 #include "PlanChart.h"
+#include "PlanDocument.h"
 #include "PlanLoader.h"
 #include "RecentFiles.h"
 #include "RemarksPanel.h"
@@ -67,7 +68,8 @@ QLabel *NewWelcome()
 MainWindow::MainWindow(QWidget *parent)
     : QMainWindow(parent)
     , m_pages(new QStackedWidget(this))
-    , m_chart(new PlanChart)
+    , m_document(new PlanDocument(this))
+    , m_chart(new PlanChart(*m_document))
     , m_loader(new PlanLoader(this))
     , m_remarks(new RemarksPanel(this))
 {
@@ -86,6 +88,9 @@ MainWindow::MainWindow(QWidget *parent)
     connect(m_progress, &LoadProgress::cancelRequested, this, &MainWindow::CancelLoad);
     connect(m_chart, &PlanChart::pointedAt, this, &MainWindow::ShowInstant);
     connect(m_chart, &PlanChart::pointerLeft, m_instant, &QLabel::clear);
+    connect(m_document, &PlanDocument::replaced, this, &MainWindow::ShowPlan);
+    connect(m_document, &PlanDocument::fileNameChanged, this, &MainWindow::ShowTitle);
+    connect(m_document, &PlanDocument::modifiedChanged, this, &QWidget::setWindowModified);
     RestoreLayout();
 }
 
@@ -137,7 +142,7 @@ void MainWindow::LoadEnded(const QString &fileName, PlanResult &result)
 {
     m_progress->End();
     if (result.Status == PlanStatus::Loaded) {
-        ShowPlan(fileName, std::move(result.Value));
+        m_document->SetPlan(std::move(result.Value), fileName);
         RecentFiles::Add(fileName);
     } else {
         const QString name = QFileInfo(fileName).fileName();
@@ -146,21 +151,25 @@ void MainWindow::LoadEnded(const QString &fileName, PlanResult &result)
     }
 }
 
-void MainWindow::ShowPlan(const QString &fileName, Plan plan)
+void MainWindow::ShowTitle()
 {
-    const QFileInfo info(fileName);
-    const QString title = plan.Name.simplified();
+    const QFileInfo info(m_document->FileName());
+    const QString title = m_document->GetPlan().Name.simplified();
     setWindowTitle(title.isEmpty() || title == info.completeBaseName()
-                       ? tr("%1 – Planner").arg(info.fileName())
-                       : tr("%1 (%2) – Planner").arg(title, info.fileName()));
-    setWindowFilePath(fileName);
-    m_fileName = fileName;
+                       ? tr("%1[*] – Planner").arg(info.fileName())
+                       : tr("%1 (%2)[*] – Planner").arg(title, info.fileName()));
+    setWindowFilePath(m_document->FileName());
+    setWindowModified(m_document->IsModified());
+}
+
+void MainWindow::ShowPlan()
+{
+    const Plan &plan = m_document->GetPlan();
     m_remarks->SetRemarks(plan.Remarks);
     m_remarksButton->setText(m_remarks->CountText());
     m_remarksButton->setVisible(!m_remarks->CountText().isEmpty());
     ShowCounts(plan);
     m_pages->setCurrentWidget(m_chart);
-    m_chart->SetPlan(std::move(plan));
     for (QAction *action : m_planActions) {
         action->setEnabled(true);
     }

@@ -16,6 +16,7 @@ namespace korvane::planner {
 
 class LoadProgress;
 class PlanChart;
+class PlanDocument;
 class PlanLoader;
 class RecentFiles;
 class RemarksPanel;
@@ -32,6 +33,7 @@ public:
 
     /// Starts to read a file, in place of the one that is being read.
     void Open(const QString &fileName);
+    PlanDocument &Document() { return *m_document; }
     PlanChart &Chart() { return *m_chart; }
     PlanLoader &Loader() { return *m_loader; }
 
@@ -58,7 +60,8 @@ private:
     void MakeStatusBar();
     void LoadEnded(const QString &fileName, PlanResult &result);
     void CancelLoad();
-    void ShowPlan(const QString &fileName, Plan plan);
+    void ShowPlan();
+    void ShowTitle();
     void ShowError(const QString &text, const QString &details);
     void ShowInstant(TDateTime instant);
     void ShowCounts(const Plan &plan);
@@ -66,6 +69,7 @@ private:
     void RestoreLayout();
 
     QStackedWidget *m_pages;
+    PlanDocument *m_document;
     PlanChart *m_chart;
     PlanLoader *m_loader;
     RemarksPanel *m_remarks;
@@ -74,7 +78,6 @@ private:
     QLabel *m_counts = nullptr;
     QToolButton *m_remarksButton = nullptr;
     QList<QAction *> m_planActions; ///< enabled while a plan is shown
-    QString m_fileName;             ///< of the plan shown
 };
 
 } // namespace korvane::planner

@@ -2,6 +2,7 @@
 #include "MainWindow.h"
 #include "PictureFormat.h"
 #include "PlanChart.h"
+#include "PlanDocument.h"
 #include "RecentFiles.h"
 #include "RemarksPanel.h"
 #include "foundation/zuDateUtils.h"
@@ -62,8 +63,8 @@ void MainWindow::MakeFileMenu()
     connect(recent, &RecentFiles::chosen, this, &MainWindow::Open);
     AddAction(menu, tr("Open the &sample plan"), {},
               [this] { Open(QStringLiteral(":/samples/observatory.xml")); });
-    m_planActions +=
-        AddAction(menu, tr("Re&load"), {QKeySequence(Qt::Key_F5)}, [this] { Open(m_fileName); });
+    m_planActions += AddAction(menu, tr("Re&load"), {QKeySequence(Qt::Key_F5)},
+                               [this] { Open(m_document->FileName()); });
     menu.addSeparator();
     m_planActions += AddAction(menu, tr("Save as &picture..."), {QKeySequence(tr("Ctrl+E"))},
                                &MainWindow::ChoosePicture);
@@ -108,8 +109,9 @@ void MainWindow::MakeHelpMenu()
 
 void MainWindow::ChooseFile()
 {
-    auto *dialog = new QFileDialog(this, tr("Open a plan"), QFileInfo(m_fileName).path(),
-                                   PlanReaders::Builtin().DialogFilter());
+    auto *dialog =
+        new QFileDialog(this, tr("Open a plan"), QFileInfo(m_document->FileName()).path(),
+                        PlanReaders::Builtin().DialogFilter());
     dialog->setAttribute(Qt::WA_DeleteOnClose);
     dialog->setFileMode(QFileDialog::ExistingFile);
     connect(dialog, &QFileDialog::fileSelected, this, &MainWindow::Open);
@@ -118,7 +120,7 @@ void MainWindow::ChooseFile()
 
 void MainWindow::ChoosePicture()
 {
-    const QFileInfo plan(m_fileName);
+    const QFileInfo plan(m_document->FileName());
     auto *dialog =
         new QFileDialog(this, tr("Save as picture"), plan.path() + u'/' + plan.completeBaseName(),
                         PictureDialogFilter());

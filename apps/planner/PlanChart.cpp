@@ -1,6 +1,7 @@
 #include "PlanChart.h"
 
 #include "AxisLabels.h"
+#include "PlanDocument.h"
 #include "PlanTitle.h"
 #include "PlanTree.h"
 #include "foundation/qt/zuConvert.h"
@@ -59,8 +60,9 @@ int InsetOf(const PlanTask &task)
 
 } // namespace
 
-PlanChart::PlanChart(QWidget *parent)
+PlanChart::PlanChart(PlanDocument &document, QWidget *parent)
     : TzuGant(parent, TConstruction::WithoutParts)
+    , m_document(document)
     , m_looks(palette())
     , m_now(Now())
 {
@@ -96,6 +98,7 @@ PlanChart::PlanChart(QWidget *parent)
     };
     m_nowTimer.start(kNowInterval, this);
     ApplyLooks();
+    connect(&m_document, &PlanDocument::replaced, this, &PlanChart::ShowPlan);
 }
 
 TGantTree *PlanChart::CreateTree(QWidget *parent)
@@ -110,15 +113,19 @@ PlanChart::~PlanChart()
     Tree().viewport()->removeEventFilter(this);
 }
 
-void PlanChart::SetPlan(Plan plan)
+const Plan &PlanChart::GetPlan() const
+{
+    return m_document.GetPlan();
+}
+
+void PlanChart::ShowPlan()
 {
     BeginUpdate();
     GetLinks().Clear();
     Tree().Clear();
     m_items.clear();
     m_outsideLabels.clear();
-    m_plan = std::move(plan);
-    m_title->SetPlan(m_plan);
+    m_title->SetPlan(GetPlan());
     Fill();
     FitTree();
     FitPlan();
@@ -127,7 +134,7 @@ void PlanChart::SetPlan(Plan plan)
 
 void PlanChart::Fill()
 {
-    m_items.resize(m_plan.Tasks.size());
+    m_items.resize(GetPlan().Tasks.size());
     for (std::size_t task = 0; task < m_items.size(); ++task) {
         AddTask(static_cast<int>(task));
     }
@@ -214,7 +221,7 @@ TzuDataEntity_Spanbar *PlanChart::AddItem(const PlanTask &task, TGantRow *row, i
 
 void PlanChart::AddLinks()
 {
-    for (const PlanLink &link : m_plan.Links) {
+    for (const PlanLink &link : GetPlan().Links) {
         TzuDataEntity_Spanbar *first = Items(link.Predecessor).Bar;
         TzuDataEntity_Spanbar *second = Items(link.Successor).Bar;
         if (first != nullptr && second != nullptr && first != second) {
@@ -235,7 +242,7 @@ void PlanChart::FitTree()
     int wanted = kLeastWidth;
     const std::size_t count = std::min(kMeasured, m_items.size());
     for (std::size_t task = 0; task < count; ++task) {
-        const int indent = m_plan.Tasks.at(task).Level * Tree().Indent();
+        const int indent = GetPlan().Tasks.at(task).Level * Tree().Indent();
         const int width = metrics.horizontalAdvance(ToQt(m_items.at(task).Node->GetText()));
         wanted = std::max(wanted, indent + width + kSpare);
     }
@@ -247,8 +254,8 @@ void PlanChart::FitPlan()
     constexpr double kMarginBefore = 0.03;
     constexpr double kMarginAfter = 0.09; // names stand beside the last bars
     constexpr TDateTime kDaysAround = 15;
-    const PlanSpan range =
-        m_plan.Range().value_or(PlanSpan{DateOf(m_now) - kDaysAround, DateOf(m_now) + kDaysAround});
+    const PlanSpan range = GetPlan().Range().value_or(
+        PlanSpan{DateOf(m_now) - kDaysAround, DateOf(m_now) + kDaysAround});
     const TDateTime length = std::max(range.Finish - range.Start, 1.0);
     Show({range.Start - length * kMarginBefore, range.Start + length * (1 + kMarginAfter)});
 }
@@ -314,7 +321,7 @@ void PlanChart::SetNow(TDateTime now)
 int PlanChart::TaskOf(const TzuDataEntity_Spanbar &item) const
 {
     const auto *task = static_cast<const PlanTask *>(item.GetUserReference());
-    return static_cast<int>(task - m_plan.Tasks.data());
+    return static_cast<int>(task - GetPlan().Tasks.data());
 }
 
 int PlanChart::TaskAt(QPoint areaPoint) const

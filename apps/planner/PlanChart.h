@@ -17,11 +17,12 @@ class QWheelEvent;
 
 namespace korvane::planner {
 
+class PlanDocument;
 class PlanTitle;
 class PlanTree;
 
-/// Shows a plan: its outline in the row tree, a bar per task, and the links between them. What is
-/// shown cannot be edited.
+/// Shows a document's plan: its outline in the row tree, a bar per task, and the links between
+/// them. What is shown cannot be edited. Another plan is shown in its whole length.
 ///
 /// With Ctrl the wheel zooms about the pointer, with Shift it moves along the time.
 class PlanChart : public TzuGant
@@ -29,12 +30,11 @@ class PlanChart : public TzuGant
     Q_OBJECT
 
 public:
-    explicit PlanChart(QWidget *parent = nullptr);
+    /// `document` is observed and has to live as long.
+    explicit PlanChart(PlanDocument &document, QWidget *parent = nullptr);
     ~PlanChart() override;
 
-    const Plan &GetPlan() const { return m_plan; }
-    /// Shows another plan in its whole length.
-    void SetPlan(Plan plan);
+    const Plan &GetPlan() const;
 
     /// Shows the plan's whole length with a margin; without any date the days around today.
     void FitPlan();
@@ -96,12 +96,16 @@ private:
     /// Which of the chart's item fonts a name is drawn in.
     enum LabelStyle : int { kDarkLabel = 1, kLightLabel = 2, kMutedLabel = 3 };
 
-    const PlanTask &Task(int task) const { return m_plan.Tasks.at(static_cast<std::size_t>(task)); }
+    const PlanTask &Task(int task) const
+    {
+        return GetPlan().Tasks.at(static_cast<std::size_t>(task));
+    }
     const TaskItems &Items(int task) const { return m_items.at(static_cast<std::size_t>(task)); }
     /// Of a bar or another item of a task.
     int TaskOf(const TzuDataEntity_Spanbar &item) const;
 
     // Filling, PlanChart.cpp.
+    void ShowPlan();
     void Fill();
     void AddTask(int task);
     void AddBars(const PlanTask &task, TaskItems &items);
@@ -137,7 +141,7 @@ private:
 
     static constexpr double kZoomStep = 1.5;
 
-    Plan m_plan;
+    PlanDocument &m_document;
     PlanTree *m_tree = nullptr; ///< is Tree()
     PlanTitle *m_title = nullptr;
     std::vector<TaskItems> m_items;            ///< one per task

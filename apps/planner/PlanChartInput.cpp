@@ -93,7 +93,7 @@ void PlanChart::HandleToolTip(QHelpEvent &event)
     }
     const TzuDataEntity_Spanbar &bar = *Items(task).Bar;
     const TRect rect = bar.GetRow()->RectFromDataEntity(bar).value_or(TRect{});
-    QToolTip::showText(event.globalPos(), TaskToolTip(m_plan, task), &GantArea(),
+    QToolTip::showText(event.globalPos(), TaskToolTip(GetPlan(), task), &GantArea(),
                        ToQt(rect.Intersected(GantArea().ClientArea())));
 }
 

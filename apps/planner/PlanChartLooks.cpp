@@ -63,7 +63,7 @@ TColor PlanChart::ColorOf(const PlanTask &task) const
 void PlanChart::ColorItems()
 {
     for (std::size_t index = 0; index < m_items.size(); ++index) {
-        const PlanTask &task = m_plan.Tasks.at(index);
+        const PlanTask &task = GetPlan().Tasks.at(index);
         const TaskItems &items = m_items.at(index);
         if (items.Bar == nullptr) {
             continue;

@@ -108,7 +108,7 @@ void PlanChart::ShadeDaysOff(const TRect &rect, TCanvas &canvas) const
             painter->fillRect(left, rect.Top, right - left, rect.Height(), m_looks.DayOff);
         }
     };
-    const WorkCalendar &calendar = m_plan.ProjectCalendar();
+    const WorkCalendar &calendar = GetPlan().ProjectCalendar();
     const TDateTime end = std::min(DateScaler().PixelToDate(rect.Right), Stop());
     const int lastDay = static_cast<int>(std::ceil(end));
     TDateTime offSince = std::max(DateScaler().PixelToDate(rect.Left), Start());

@@ -2,6 +2,7 @@
 
 #include "Picture.h"
 #include "PlanChart.h"
+#include "PlanDocument.h"
 #include "plan/PlanFile.h"
 
 #include <QApplication>
@@ -34,10 +35,11 @@ ExitCode RenderPlan(const QString &fileName, const RenderRequest &request)
         PrintError(ErrorLine(fileName, result.Error));
         return ExitCode::UnusableFile;
     }
-    PlanChart chart;
+    PlanDocument document;
+    PlanChart chart(document);
     chart.resize(request.Size);
     chart.SetScrollBarShown(false);
-    chart.SetPlan(std::move(result.Value));
+    document.SetPlan(std::move(result.Value));
     ShowRange(chart, request);
     // Parts find their places only when they are shown; nothing comes to a screen.
     chart.setAttribute(Qt::WA_DontShowOnScreen);

@@ -1,5 +1,6 @@
 #include "AxisLabels.h"
 #include "PlanChart.h"
+#include "PlanDocument.h"
 #include "SmallPlan.h"
 #include "TaskToolTip.h"
 #include "Theme.h"
@@ -18,7 +19,7 @@ protected:
     {
         m_chart.resize(1000, 400);
         m_chart.SetNow(kMonday + 1000); // out of the way
-        m_chart.SetPlan(SmallPlan());
+        m_document.SetPlan(SmallPlan());
         m_chart.show();
         QApplication::processEvents();
     }
@@ -51,7 +52,8 @@ protected:
         return count;
     }
 
-    PlanChart m_chart;
+    PlanDocument m_document;
+    PlanChart m_chart{m_document};
 };
 
 TEST_F(PlanChartTest, ShowsTheOutlineAsRowsWithABarPerTask)
@@ -83,13 +85,13 @@ TEST_F(PlanChartTest, AnotherPlanReplacesEverything)
 {
     Plan plan;
     plan.Tasks = {TaskFrom(QString(300, u'ß') + u'\n', kNoIndex, 500, 501)};
-    m_chart.SetPlan(std::move(plan));
+    m_document.SetPlan(std::move(plan));
     EXPECT_EQ(m_chart.GantRows().Count(), 1);
     EXPECT_EQ(m_chart.GetLinks().Count(), 0);
     EXPECT_EQ(ToQt(m_chart.NodeOf(0)->GetText()), QString(kMaxTreeText, u'ß'));
     EXPECT_LT(m_chart.Start(), kMonday + 500);
     EXPECT_GT(m_chart.Start(), kMonday + 490);
-    m_chart.SetPlan({});
+    m_document.SetPlan({});
     EXPECT_EQ(m_chart.GantRows().Count(), 0);
     EXPECT_LT(m_chart.Start(), m_chart.GetNow());
     EXPECT_GT(m_chart.Stop(), m_chart.GetNow());
