@@ -37,6 +37,9 @@ TGantCore::~TGantCore()
 void TGantCore::InitializeData()
 {
     WireTimeItemController();
+    m_linkController.OnDeleteItem = TOnDataEntityNotify::Bind<&TGantCore::_OnDeleteItem_Link>(this);
+    m_linkController.OnSelectionChanged =
+        TOnDataListDataEntityNotify::Bind<&TGantCore::_OnSelectionChanged_Link>(this);
     m_links = CreateLinkList();
     m_links->AfterCreate(&m_linkController, EntityClass::Of<TzuDataEntity_Link>());
     m_store = CreateDataList3Lev();
@@ -67,6 +70,8 @@ void TGantCore::WireTimeItemController()
     slots.OnInfoPush = TOnDataEntityNotify::Bind<&TGantCore::_OnInfoPush>(this);
     slots.OnSelectionChanged =
         TOnDataListDataEntityNotify::Bind<&TGantCore::_OnSelectionChanged>(this);
+    slots.OnBeforeChangeOwner = TOnDataEntityNotify::Bind<&TGantCore::_OnBeforeChangeOwner>(this);
+    slots.OnAfterChangeOwner = TOnDataEntityNotify::Bind<&TGantCore::_OnAfterChangeOwner>(this);
     slots.OnBeforeCanEditItem = TOnDataEntityNotify::Bind<&TGantCore::_OnBeforeCanEditItem>(this);
     slots.OnLoadItem = TOnDataEntityNotify::Bind<&TGantCore::_OnVirtualLoadTimeItem>(this);
     slots.OnCanUnload = TOnDataEntityUnloadNotify::Bind<&TGantCore::_OnVirtualUnLoadTimeItem>(this);
@@ -164,9 +169,16 @@ TzuDataEntity_Spanbar *TGantCore::FindSpanbarObjectFromUserReference(const void 
 
 void TGantCore::SetActiveDataEntity(TzuDataEntity_Spanbar *item)
 {
+    Keep(item);
     if (Assign(m_active, item)) {
         m_host.InvalidateArea();
     }
+}
+
+bool TGantCore::Holds(const TzuDataEntity_Spanbar &item) const
+{
+    const TGantRow *row = item.GetRow();
+    return row != nullptr && &row->Gant() == this;
 }
 
 TzuDataEntity_Spanbar *TGantCore::GetDataEntityFromXY(int x, int y) const
@@ -250,6 +262,10 @@ void TGantCore::_OnDeleteItem(TzuDataEntity *item)
 
 void TGantCore::_OnContentChanged(TzuDataList *list)
 {
+    // An item can leave for a list of another chart.
+    if (m_active != nullptr && !Holds(*m_active)) {
+        SetActiveDataEntity(nullptr);
+    }
     m_host.InvalidateArea();
     OnContentChanged_Spanbar(this, list);
 }
@@ -280,6 +296,19 @@ void TGantCore::_OnVirtualLoadTimeItem(TzuDataEntity *item)
 void TGantCore::_OnVirtualUnLoadTimeItem(TzuDataEntity *item, bool &canUnload)
 {
     OnVirtualUnLoad_Spanbar(m_component, &TimeDataEntity(*item), canUnload);
+}
+
+void TGantCore::_OnSelectionChanged_Link(TzuDataList *list, TzuDataEntity *link)
+{
+    m_host.InvalidateArea();
+    OnSelectionChanged_Link(this, list, link);
+}
+
+void TGantCore::_OnItemFreed(const TzuDataEntity_Spanbar *item)
+{
+    if (m_active == item) {
+        m_active = nullptr;
+    }
 }
 
 void TGantCore::_OnTimeItemSyleSet(const TzuTimeItemTextCollection & /*collection*/,

@@ -4,7 +4,7 @@
 #include "data/zuDataEntityPack.h"
 #include "data/zuDataTraveser.h"
 #include "foundation/zuCanvas.h"
-#include "gantt/zuGantData.h"
+#include "gantt/zuGantDataKeeper.h"
 #include "gantt/zuGantLinks.h"
 #include "gantt/zuGantRow.h"
 #include "gantt/zuGantRowList.h"
@@ -51,7 +51,7 @@ public:
 /// The state and the rules of a Gantt chart. Time items lie in layers on rows; links join them.
 ///
 /// A chart is created in two steps: construct, then InitializeData, which calls the factories.
-class TGantCore : public TObject
+class TGantCore : public TObject, protected TGantDataKeeper
 {
 public:
     /// `component` is what event handlers receive as the chart; it may be null.
@@ -140,6 +140,7 @@ public:
     /// May change the item's CanEdit before it is read.
     TOnBeforeCanEditItem OnBeforeCanEditItem_Spanbar;
     TOnInfoPush_Spanbar OnChangeDataEntity_Spanbar;
+    TOnSelectionChanged OnSelectionChanged_Link;
     TOnGantVirtualLoad OnVirtualLoad_Spanbar;
     TOnGantVirtualUnLoad OnVirtualUnLoad_Spanbar;
     TOnTimeCopyOrChangeRow OnTimeChangeRow;
@@ -180,14 +181,20 @@ protected:
     virtual void _OnContentChanged(TzuDataList *list);
     virtual void _OnInfoPush(TzuDataEntity *item);
     virtual void _OnSelectionChanged(TzuDataList *list, TzuDataEntity *item);
+    virtual void _OnBeforeChangeOwner(TzuDataEntity * /*item*/) {}
+    virtual void _OnAfterChangeOwner(TzuDataEntity * /*item*/) {}
     virtual void _OnBeforeCanEditItem(TzuDataEntity *item);
     virtual void _OnVirtualLoadTimeItem(TzuDataEntity *item);
     virtual void _OnVirtualUnLoadTimeItem(TzuDataEntity *item, bool &canUnload);
+    virtual void _OnDeleteItem_Link(TzuDataEntity * /*link*/) {}
+    virtual void _OnSelectionChanged_Link(TzuDataList *list, TzuDataEntity *link);
+    void _OnItemFreed(const TzuDataEntity_Spanbar *item) override;
     void _OnTimeItemSyleSet(const TzuTimeItemTextCollection &collection, TCanvas &canvas,
                             int style);
 
 private:
     void WireTimeItemController();
+    bool Holds(const TzuDataEntity_Spanbar &item) const;
     void DoBackground();
     void DoVerticalPyjamas(const TRect &rect, TCanvas &canvas) const;
     void DrawRowBackgound(const TRect &rect, TCanvas &canvas) const;

@@ -1,11 +1,16 @@
 #include "gantt/zuGantData.h"
 
+#include "gantt/zuGantDataKeeper.h"
+
 #include <utility>
 
 namespace korvane {
 
 TzuDataEntity_Spanbar::~TzuDataEntity_Spanbar()
 {
+    if (m_kept) {
+        TGantDataKeeper::Freed(this);
+    }
     while (m_links != nullptr && !m_links->empty()) {
         const auto slot = static_cast<std::uint32_t>(m_links->size() - 1);
         TzuDataEntity_Link::Detach(m_links->back()->EndAt(this, slot));
@@ -34,6 +39,9 @@ const std::vector<TzuDataEntity_Link *> &TzuDataEntity_Spanbar::Links() const
 
 TzuDataEntity_Link::~TzuDataEntity_Link()
 {
+    if (m_kept) {
+        TGantDataKeeper::Freed(this);
+    }
     Detach(m_first);
     Detach(m_second);
 }

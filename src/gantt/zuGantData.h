@@ -60,6 +60,8 @@ public:
     const std::vector<TzuDataEntity_Link *> &Links() const;
 
 private:
+    friend class TGantDataKeeper;
+    friend class TGantItemSet;
     friend class TzuDataEntity_Link;
 
     TDateTime m_start = 0;
@@ -72,7 +74,9 @@ private:
     int m_fixedSize = 0;
     int m_imageIndex = 0;
     int m_subCol = 0;
+    std::uint32_t m_setSlot = 0; ///< place in the set that holds the item
     TSpanbarStyle m_style = TSpanbarStyle::sbsSquare;
+    bool m_kept = false; ///< keepers are to be told when the item is freed
 };
 
 /// A dependency line between two time items. Never drawn while either end is missing.
@@ -98,6 +102,7 @@ public:
     bool EnterPass(unsigned pass);
 
 private:
+    friend class TGantDataKeeper;
     friend class TzuDataEntity_Spanbar;
 
     /// An end knows its place in the item's links, so that letting go costs the same however many
@@ -117,6 +122,7 @@ private:
     TColor m_color = clBlue;
     unsigned m_pass = 0;
     TLinkStyle m_style = TLinkStyle::tlsDefault;
+    bool m_kept = false;
 };
 
 /// The items of one layer of a row.

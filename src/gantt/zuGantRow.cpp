@@ -154,7 +154,12 @@ TGantRow::YStartStopFromDataEntity(const TzuDataEntity_Spanbar &item) const
     if (!IsOnScreen() || !GetVisible()) {
         return std::nullopt;
     }
-    TPixelSpan span{m_rect.Top + 1, m_rect.Bottom - 1};
+    return YWithin(item, {m_rect.Top, m_rect.Bottom});
+}
+
+TPixelSpan TGantRow::YWithin(const TzuDataEntity_Spanbar &item, TPixelSpan rowY) const
+{
+    TPixelSpan span{rowY.From + 1, rowY.To - 1};
     if (m_useSubCols > 1) {
         span = SubRowSpan(item, span);
     }
@@ -194,12 +199,22 @@ std::optional<TRect> TGantRow::RectFromDataEntity(const TzuDataEntity_Spanbar &i
     if (!y) {
         return std::nullopt;
     }
+    return RectAt(item, *y);
+}
+
+TRect TGantRow::RectFromDataEntity(const TzuDataEntity_Spanbar &item, TPixelSpan rowY) const
+{
+    return RectAt(item, YWithin(item, rowY));
+}
+
+TRect TGantRow::RectAt(const TzuDataEntity_Spanbar &item, TPixelSpan y) const
+{
     const TPixelSpan x = XStartStopFromDataEntity(item);
     // The sum is taken wide: items far beyond the axis have saturated coordinates.
     const auto leastRight = static_cast<std::int64_t>(x.From) + kLeastItemWidth;
     const auto right = std::min<std::int64_t>(std::max<std::int64_t>(x.To, leastRight),
                                               std::numeric_limits<int>::max());
-    return TRect{x.From, y->From, static_cast<int>(right), y->To};
+    return {x.From, y.From, static_cast<int>(right), y.To};
 }
 
 TzuDataEntity_Spanbar *TGantRow::FindDataEntityFromXY(int x, int y)
@@ -231,19 +246,12 @@ TzuDataEntity_Spanbar *TGantRow::FindDataEntityFromX(int x)
 void TGantRow::DrawContent()
 {
     const TRect clip = m_gant.Host().AreaCanvas().ClipRect();
-    for (int layer = std::max(m_drawLayerStart, 0); layer < m_layers->Count(); ++layer) {
-        TzuDataList *items = m_layers->GetDataList(layer);
-        for (int i = 0; i < items->Count(); ++i) {
-            auto *item = static_cast<TzuDataEntity_Spanbar *>(items->GetItems(i));
-            if (item == nullptr || !item->GetVisible()) {
-                continue;
-            }
-            const std::optional<TRect> rect = RectFromDataEntity(*item);
-            if (rect && rect->Left < clip.Right && rect->Right > clip.Left) {
-                m_gant.DrawContent(*item, *rect);
-            }
+    ForEachShown([&](TzuDataEntity_Spanbar &item) {
+        const std::optional<TRect> rect = RectFromDataEntity(item);
+        if (rect && rect->Left < clip.Right && rect->Right > clip.Left) {
+            m_gant.DrawContent(item, *rect);
         }
-    }
+    });
 }
 
 } // namespace korvane

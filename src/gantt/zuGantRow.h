@@ -5,6 +5,7 @@
 #include "gantt/zuGantData.h"
 #include "gantt/zuGantTypes.h"
 
+#include <algorithm>
 #include <array>
 #include <memory>
 #include <optional>
@@ -62,6 +63,14 @@ public:
 
     /// The layer lists, 0-based. Asking for a layer beyond the last appends the layers up to it.
     TzuDataList2lev &Layers() { return *m_layers; }
+    /// Calls `visit` with every item that is drawn, first layer to last, loading what it passes.
+    /// It must leave the layers as they are.
+    template <typename Visit>
+    void ForEachShown(const Visit &visit);
+    /// The layer that holds the item; -1 when none does.
+    int LayerOf(const TzuDataEntity_Spanbar &item) const;
+    /// Sub-row, 0-based, that the item lies in; nothing for an item that spans the row.
+    std::optional<int> SubRowOf(const TzuDataEntity_Spanbar &item) const;
     /// Appends an empty layer.
     TzuDataList_GantRow &AddDataList();
 
@@ -84,6 +93,9 @@ public:
     /// place.
     std::optional<TRect> RectFromDataEntity(const TzuDataEntity_Spanbar &item) const;
 
+    /// The rectangle that an item has when the row lies at `rowY` of the area.
+    TRect RectFromDataEntity(const TzuDataEntity_Spanbar &item, TPixelSpan rowY) const;
+
     /// The topmost visible item at a point of the area, or null.
     TzuDataEntity_Spanbar *FindDataEntityFromXY(int x, int y);
     /// The same at the row's first line of pixels.
@@ -96,10 +108,9 @@ public:
 private:
     friend class TGantRowList;
 
+    TPixelSpan YWithin(const TzuDataEntity_Spanbar &item, TPixelSpan rowY) const;
+    TRect RectAt(const TzuDataEntity_Spanbar &item, TPixelSpan y) const;
     TPixelSpan SubRowSpan(const TzuDataEntity_Spanbar &item, TPixelSpan row) const;
-    /// 0-based; nothing for an item that spans the row.
-    std::optional<int> SubRowOf(const TzuDataEntity_Spanbar &item) const;
-    int LayerOf(const TzuDataEntity_Spanbar &item) const;
     void OnMissingIndex(TzuExposable *list, int index, bool &fixable);
 
     static constexpr int kLayersWithSubRow = 10;
@@ -119,5 +130,19 @@ private:
     bool m_canResize = true;
     bool m_collisionDetection = false;
 };
+
+template <typename Visit>
+void TGantRow::ForEachShown(const Visit &visit)
+{
+    for (int layer = std::max(m_drawLayerStart, 0); layer < m_layers->Count(); ++layer) {
+        TzuDataList *items = m_layers->GetDataList(layer);
+        for (int i = 0; i < items->Count(); ++i) {
+            auto *item = static_cast<TzuDataEntity_Spanbar *>(items->GetItems(i));
+            if (item != nullptr && item->GetVisible()) {
+                visit(*item);
+            }
+        }
+    }
+}
 
 } // namespace korvane

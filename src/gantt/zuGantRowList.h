@@ -32,6 +32,9 @@ public:
     /// Null outside 0..Count()-1.
     TGantRow *GetGantRow(int index) const;
 
+    /// Position among all rows; -1 when it is not one of them.
+    int IndexOf(const TGantRow *row) const { return m_rows.IndexOf(row); }
+
     /// Creates and appends the row of a node; null when the application's handler gives it none.
     TGantRow *AddRow(TzuDataEntity_Tree *treeNode);
     /// Removes and releases the row of a node, if it has one.

@@ -63,6 +63,20 @@ enum class TLinkStyle : unsigned char {
     tlsUserDraw,  ///< drawn by OnUserDrawLinks
 };
 
+/// When a click changes the selection.
+enum class TSelectStep : unsigned char {
+    Press,
+    Release, ///< of a button that was not dragged
+    Drop,    ///< release after a drag, or of another button than the left one
+};
+
+/// What becomes of the items that are to be selected, and of the others.
+enum class TSelectHow : unsigned char {
+    Replace, ///< they alone are selected
+    Add,     ///< they are selected as well
+    Toggle,  ///< they change sides
+};
+
 /// Which links are drawn.
 enum class TLinkShow : unsigned char {
     lsOneEndVisible,   ///< at least one end within the visible rows and time
@@ -70,6 +84,7 @@ enum class TLinkShow : unsigned char {
     lsAlways,          ///< at least one end on a row that is not scrolled away
 };
 
+using TOnGantNotify = TMethod<void(TzuGant_ComBasic *theGant)>;
 using TOnInfoPush_Spanbar =
     TMethod<void(TzuGant_ComBasic *theGant, TzuDataEntity_Spanbar *theDataEntity)>;
 using TOnGantVirtualLoad = TOnInfoPush_Spanbar;

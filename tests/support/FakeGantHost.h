@@ -2,7 +2,7 @@
 // axis of one pixel per hour, and a canvas that records.
 #pragma once
 
-#include "gantt/zuGant.h"
+#include "gantt/zuGantKeys.h"
 #include "scaler/zuScaler.h"
 #include "support/FakeScalerHost.h"
 #include "support/RecordingCanvas.h"
@@ -38,7 +38,7 @@ struct FakeTreeView : ITreeHost, ITreeNodeObserver
 };
 
 /// Counts requests and answers with its fields.
-struct FakeGantHost : IGantHost
+struct FakeGantHost : IGantHost, IGantInputHost
 {
     FakeGantHost(TTreeCore &tree, TDateScalerCore &scaler)
         : Tree(tree)
@@ -67,6 +67,20 @@ struct FakeGantHost : IGantHost
     TCanvas &AreaCanvas() override { return Canvas; }
     TPrintScale AreaPrintScale() const override { return PrintScale; }
     void PrintResizeAreaFont() override { ++ResizedFonts; }
+
+    int Focusings = 0;
+    TGantCursor Cursor = TGantCursor::Area;
+    std::vector<TRect> OverlayRects;
+    int RefreshesAround = 0;
+    int ScrolledRows = 0;
+
+    void FocusArea() override { ++Focusings; }
+    void SetAreaCursor(TGantCursor cursor) override { Cursor = cursor; }
+    void InvalidateOverlay(const TRect &rect) override { OverlayRects.push_back(rect); }
+    void RefreshAroundArea() override { ++RefreshesAround; }
+    void ScrollRows(int rows) override { ScrolledRows += rows; }
+    void BringRowIntoView(TGantRow &row) override { Tree.MakeVisible(*row.TreeNode()); }
+    TGantRow *CurrentRow() override;
 };
 
 /// A tree whose entities get rows, as the control's row tree does it.
@@ -97,16 +111,22 @@ protected:
     }
 };
 
-class TestGant : public TGantCore
+class TestGant : public TGantKeys
 {
 public:
-    explicit TestGant(IGantHost &host)
-        : TGantCore(host, nullptr)
+    explicit TestGant(FakeGantHost &host)
+        : TGantKeys(host, host, nullptr)
     {
         InitializeData();
     }
     ~TestGant() override { FinalizeData(); }
 };
+
+inline TGantRow *FakeGantHost::CurrentRow()
+{
+    auto *node = Tree.GetCurrentDataEntity();
+    return node != nullptr ? dynamic_cast<TGantRow *>(node->Companion()) : nullptr;
+}
 
 /// Everything put together. The axis shows 20 days on 480 pixels: an hour is a pixel.
 struct TestChart
