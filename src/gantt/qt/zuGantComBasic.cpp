@@ -1,6 +1,7 @@
 #include "gantt/qt/zuGantComBasic.h"
 
 #include "foundation/qt/zuConvert.h"
+#include "foundation/qt/zuGraphStuff.h"
 #include "foundation/qt/zuToolkit.h"
 #include "foundation/zuDateUtils.h"
 
@@ -81,6 +82,7 @@ void TzuGant_ComBasic::CreateParts()
     CreateAreaSide(*areaHolder);
     CreateScrollSide(*m_scrollHolder);
     CreateTreeSide(*m_treeHolder);
+    m_hintWindow = new TGraphHintWindow(this);
 
     // A wider chart gives its width to the area.
     m_splitter->setStretchFactor(0, 0);
@@ -266,6 +268,7 @@ void TzuGant_ComBasic::HandleTreeAlign()
         return;
     }
     AlignNeeded();
+    m_hintWindow->SetBoundsRect({1, 1, m_treeSpacer->width(), m_treeSpacer->height()});
     m_tree->ExternalScrollOutOfDate();
     InvalidateArea();
 }

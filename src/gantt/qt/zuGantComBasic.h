@@ -17,6 +17,8 @@ class QSplitter;
 
 namespace korvane {
 
+class TGraphHintWindow;
+
 using TOnScalerChange =
     TMethod<void(TzuGant_ComBasic *theGant, TDateTime theStart, TDateTime theStop)>;
 /// The proportions of the chart have changed: the visible time or the width of the tree, in pixels.
@@ -55,6 +57,8 @@ public:
     QScrollBar &VertScrollBar() { return *m_scrollBar; }
     /// The strip above the tree, as high as the axis. Empty; an application may put widgets in it.
     QWidget &TreeSpacer() { return *m_treeSpacer; }
+    /// Tells what a gesture in the area changes. Its static place is the tree's spacer.
+    TGraphHintWindow &HintWindow() { return *m_hintWindow; }
 
     /// Appends a node to the top level, and with it a row. Null when a handler removed it.
     TzuDataEntity_Tree *AddRootDataEntityTree(std::string_view text = {});
@@ -162,6 +166,7 @@ private:
     TzuDateScaler *m_scaler = nullptr;
     TGantTree *m_tree = nullptr;
     TzuOffscreenPaint *m_area = nullptr;
+    TGraphHintWindow *m_hintWindow = nullptr;
     QCursor m_areaCursor;
     TGantCursor m_shownCursor = TGantCursor::Area;
     bool m_settingScaleAndTree = false;
