@@ -64,6 +64,8 @@ struct PlanTask
     bool Collapsed : 1 = false;
 
     bool IsSummary() const { return MarkedSummary || HasChildren; }
+
+    friend bool operator==(const PlanTask &, const PlanTask &) = default;
 };
 
 enum class PlanLinkType : std::uint8_t {
@@ -97,6 +99,8 @@ struct PlanLink
     int Successor = 0;
     PlanLag Lag;
     PlanLinkType Type = PlanLinkType::FinishToStart;
+
+    friend bool operator==(const PlanLink &, const PlanLink &) = default;
 };
 
 struct PlanResource
@@ -110,6 +114,8 @@ struct PlanAssignment
     int Task = 0;     ///< index into Plan::Tasks
     int Resource = 0; ///< index into Plan::Resources
     double Units = 1; ///< 1 = one resource, full time
+
+    friend bool operator==(const PlanAssignment &, const PlanAssignment &) = default;
 };
 
 struct PlanCalendar

@@ -1,5 +1,7 @@
 #include "plan/PlanLinks.h"
 
+#include "plan/PlanOutline.h"
+
 namespace korvane::planner {
 
 namespace {
@@ -86,6 +88,42 @@ std::vector<int> TasksInCircles(const Plan &plan)
         }
     }
     return tasks;
+}
+
+bool WouldCloseCircle(const Plan &plan, int predecessor, int successor)
+{
+    const Neighbours next(plan, Direction::Forward);
+    std::vector<bool> isReached(plan.Tasks.size());
+    std::vector<bool> isDelayed(plan.Tasks.size()); // as a whole, with its subtasks
+    std::vector<int> open;
+    const auto reach = [&](int task) {
+        if (!isReached[task]) {
+            isReached[task] = true;
+            open.push_back(task);
+        }
+    };
+    const auto delay = [&](int task) {
+        if (isDelayed[task]) {
+            return;
+        }
+        const int end = SubtreeEnd(plan, task);
+        for (int below = task; below < end; ++below) {
+            isDelayed[below] = true;
+            reach(below);
+        }
+    };
+    delay(successor);
+    while (!open.empty()) {
+        const int task = open.back();
+        open.pop_back();
+        for (const int other : next.Of(task)) {
+            delay(other);
+        }
+        if (plan.Tasks[task].Parent != kNoIndex) {
+            reach(plan.Tasks[task].Parent);
+        }
+    }
+    return isReached[predecessor];
 }
 
 } // namespace korvane::planner
