@@ -1,6 +1,6 @@
 #include "gantt/zuGant.h"
 
-#include "scaler/zuScaler.h"
+#include "scaler/zuScalerGestures.h"
 #include "tree/zuTreeData.h"
 
 #include <algorithm>

@@ -17,7 +17,7 @@
 
 namespace korvane {
 
-class TDateScalerCore;
+class TDateScalerGestures;
 
 /// Factors by which painted coordinates grow while printing; 1 on screen.
 struct TPrintScale
@@ -33,8 +33,8 @@ public:
     virtual ~IGantHost() = default;
 
     /// The time axis, the only owner of the visible time.
-    virtual TDateScalerCore &Scaler() = 0;
-    virtual const TDateScalerCore &Scaler() const = 0;
+    virtual TDateScalerGestures &Scaler() = 0;
+    virtual const TDateScalerGestures &Scaler() const = 0;
     /// Brings the row tree up to date and appends its lines on screen, top to bottom.
     virtual void CollectVisibleNodes(std::vector<TVisibleNode> &nodes) = 0;
 

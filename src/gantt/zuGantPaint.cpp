@@ -2,7 +2,7 @@
 #include "foundation/zuRound.h"
 #include "gantt/zuGant.h"
 #include "gantt/zuTimeDraw.h"
-#include "scaler/zuScaler.h"
+#include "scaler/zuScalerGestures.h"
 
 #include <algorithm>
 

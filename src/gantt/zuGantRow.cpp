@@ -2,7 +2,7 @@
 
 #include "foundation/zuRound.h"
 #include "gantt/zuGant.h"
-#include "scaler/zuScaler.h"
+#include "scaler/zuScalerGestures.h"
 #include "tree/zuTreeData.h"
 
 #include <stdexcept>

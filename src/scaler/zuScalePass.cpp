@@ -105,4 +105,22 @@ int TDayPattern::HiddenFor(int millisecond) const
     return kForever;
 }
 
+int TDayPattern::HiddenSince(int millisecond) const
+{
+    const std::size_t first = IndexAt(millisecond);
+    if (!m_segments[first].Info.Hide) {
+        return 0;
+    }
+    const std::size_t count = m_segments.size();
+    for (std::size_t back = 1; back < count; ++back) {
+        const std::size_t index = (first + count - back) % count;
+        if (!m_segments[index].Info.Hide) {
+            const int last =
+                (index + 1 < count ? m_segments[index + 1].From : kMillisecondsPerDay) - 1;
+            return millisecond - last + (index > first ? kMillisecondsPerDay : 0);
+        }
+    }
+    return kForever;
+}
+
 } // namespace korvane

@@ -43,7 +43,7 @@ TPassInfo PassInfoAt(std::span<const TDateScalePass> passes, TDateTime minorStep
 class TDayPattern
 {
 public:
-    /// `HiddenFor` of a day without a visible millisecond.
+    /// Of a day without a visible millisecond.
     static constexpr int kForever = -1;
 
     TDayPattern(std::span<const TDateScalePass> passes, TDateTime minorStep);
@@ -52,6 +52,9 @@ public:
     /// Milliseconds until the first one that is not hidden, possibly on the next day: 0 when that
     /// is the given one, kForever when there is none.
     int HiddenFor(int millisecond) const;
+    /// Milliseconds back to the last one that is not hidden, possibly on the day before: 0 when
+    /// that is the given one, kForever when there is none.
+    int HiddenSince(int millisecond) const;
 
 private:
     struct Segment

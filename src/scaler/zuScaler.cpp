@@ -54,6 +54,14 @@ void TDateScalerCore::SetStop(TDateTime stop)
     RangeChanged();
 }
 
+void TDateScalerCore::SetRange(TDateTime start, TDateTime stop)
+{
+    BeginUpdate();
+    SetStart(start);
+    SetStop(stop);
+    EndUpdate();
+}
+
 double TDateScalerCore::GetScale() const
 {
     const int length = GetScaleLen();
@@ -275,21 +283,10 @@ void TDateScalerCore::EndUpdate()
     }
 }
 
-bool TDateScalerCore::RescaleNotPan(const TShiftState & /*shift*/) const
-{
-    return m_savedShift.Ctrl == m_rescaleWithCtrl;
-}
-
 void TDateScalerCore::EndInteraction()
 {
     m_interaction = {};
     m_host.Refresh();
-}
-
-void TDateScalerCore::StopStep()
-{
-    m_interaction = {};
-    m_changePending = false;
 }
 
 void TDateScalerCore::AnnounceChange()

@@ -2,7 +2,6 @@
 #pragma once
 
 #include "foundation/zuCanvas.h"
-#include "foundation/zuInput.h"
 #include "foundation/zuMethod.h"
 #include "foundation/zuTypes.h"
 #include "scaler/zuScaleMark.h"
@@ -71,6 +70,8 @@ public:
     TDateTime GetStop() const { return m_stop; }
     /// Up to 4000-01-01, and not compared with Start: a range may be empty or inverted.
     void SetStop(TDateTime stop);
+    /// Both at once: one change.
+    void SetRange(TDateTime start, TDateTime stop);
     /// Days per pixel; 0 for an axis without length and for an inverted range.
     double GetScale() const;
     /// Keeps Start and moves Stop; a range below a minute becomes two minutes long.
@@ -114,11 +115,9 @@ public:
     /// The position on the axis that the indicator marks, for example the pointer's.
     int IndicatorPixel() const { return m_indicatorPixel; }
     void SetIndicatorPixel(int pixel);
-    /// Kept for the component that embeds the scaler.
+    /// By what a notch of the wheel multiplies the scale.
     double ZoomFactor() const { return m_zoomFactor; }
     void SetZoomFactor(double factor) { m_zoomFactor = factor; }
-    bool RescaleWithCtrl() const { return m_rescaleWithCtrl; }
-    void SetRescaleWithCtrl(bool on) { m_rescaleWithCtrl = on; }
 
     // Mapping.
 
@@ -188,6 +187,11 @@ public:
     /// Ticks of one row of marks.
     void DrawScaleMarks(TScaleMarkList &marks, const TScaleTarget &target);
     void DrawScaleMarksText(const TScaleMarkList &marks, const TScaleTarget &target, TScaleRow row);
+    /// Distance of a row's labels from the edge where the scroll buttons are, in pixels.
+    int RowOffset(TScaleRow row) const
+    {
+        return (m_horizontal ? 15 : 20) * (row == TScaleRow::Major ? 1 : 2);
+    }
     /// Pixels of the minor and major marks, as last painted.
     const std::vector<int> &MinorPixels() const { return m_minorPixels; }
     const std::vector<int> &MajorPixels() const { return m_majorPixels; }
@@ -208,16 +212,12 @@ public:
     bool ChangePending() const { return m_changePending; }
     /// Delivers a change that PostChange has announced.
     virtual void CallChange();
-    /// Ends any interaction and forgets a pending change.
-    void StopStep();
     /// A zoom drag runs; no change is announced meanwhile.
     bool Interacting() const { return m_interaction.Interacting; }
     /// A mouse button is down on the scaler.
     bool Dragging() const { return m_interaction.Dragging; }
     bool StepUpPressed() const { return m_interaction.StepUpPressed; }
     bool StepDownPressed() const { return m_interaction.StepDownPressed; }
-    /// Whether a drag zooms: decided by the modifiers of the press, not by the argument.
-    bool RescaleNotPan(const TShiftState &shift) const;
 
     /// The visible range has changed: once per paint, from the event loop, never within a zoom
     /// drag.
@@ -236,11 +236,13 @@ protected:
 
     /// Whether anybody listens to the change notification.
     virtual bool HasChangeListener() const { return static_cast<bool>(OnChange); }
-    /// As the release of a mouse button does.
-    void EndInteraction();
+    /// As the release of a mouse button does; a failed computation of marks calls it.
+    virtual void EndInteraction();
+    void ForgetChange() { m_changePending = false; }
+    IDateScalerHost &AxisHost() const { return m_host; }
+    TDayPattern DayPattern() const { return {m_passes, MinorStep()}; }
 
     TInteraction m_interaction;
-    TShiftState m_savedShift; ///< modifiers of the last mouse press
 
 private:
     void SetTextFont(TScalerFont font, const TFont &value);
@@ -290,7 +292,6 @@ private:
     TIndicatorStyle m_indicatorStyle = TIndicatorStyle::isNormal;
     int m_indicatorPixel = kNoIndicator;
     double m_zoomFactor = 0.9;
-    bool m_rescaleWithCtrl = false;
 
     std::array<TDateScalePass, kPassCount> m_passes;
     TScaleStep m_minorStep;

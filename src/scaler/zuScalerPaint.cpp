@@ -221,8 +221,8 @@ void TDateScalerCore::DrawScaleMarksText(const TScaleMarkList &marks, const TSca
                                          TScaleRow row)
 {
     const bool major = row == TScaleRow::Major;
-    const int cross = m_horizontal ? RoundToPixel(m_host.GetScaley() * (major ? 15 : 30))
-                                   : RoundToPixel(m_host.GetScalex() * (major ? 20 : 40));
+    const double enlarged = m_horizontal ? m_host.GetScaley() : m_host.GetScalex();
+    const int cross = RoundToPixel(enlarged * RowOffset(row));
     const int factor = m_horizontal ? target.XFactor : target.YFactor;
     const bool namesInterval = (major ? MajorStep() : MinorStep()) >= kDay;
     TLabelRow labels(target, m_horizontal, cross);

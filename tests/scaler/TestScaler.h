@@ -2,7 +2,7 @@
 #pragma once
 
 #include "foundation/zuDateUtils.h"
-#include "scaler/zuScaler.h"
+#include "scaler/zuScalerGestures.h"
 #include "support/FakeScalerHost.h"
 
 #include <string>
@@ -17,21 +17,14 @@ struct HostHolder
 
 /// Horizontal, 700 pixels long, one week from Monday 2001-01-01. Stands in for the control, so it
 /// may set what the mouse will.
-struct TestScaler : HostHolder, TDateScalerCore
+struct TestScaler : HostHolder, TDateScalerGestures
 {
     TestScaler()
-        : TDateScalerCore(Host)
+        : TDateScalerGestures(Host, Host)
     {
         SetHorizontal(true);
     }
 
-    void SetRange(TDateTime start, TDateTime stop)
-    {
-        BeginUpdate();
-        SetStart(start);
-        SetStop(stop);
-        EndUpdate();
-    }
     void SetLength(int pixels)
     {
         Host.Size.Width = pixels;
@@ -49,8 +42,8 @@ struct TestScaler : HostHolder, TDateScalerCore
         CalcDrawMode();
     }
 
-    using TDateScalerCore::m_interaction;
-    using TDateScalerCore::m_savedShift;
+    using TDateScalerGestures::m_interaction;
+    using TDateScalerGestures::m_savedShift;
 };
 
 /// The text of the error that an action raises; empty when none.

@@ -3,7 +3,7 @@
 #pragma once
 
 #include "gantt/zuGantKeys.h"
-#include "scaler/zuScaler.h"
+#include "scaler/zuScalerGestures.h"
 #include "support/FakeScalerHost.h"
 #include "support/RecordingCanvas.h"
 #include "tree/zuTree.h"
@@ -40,22 +40,22 @@ struct FakeTreeView : ITreeHost, ITreeNodeObserver
 /// Counts requests and answers with its fields.
 struct FakeGantHost : IGantHost, IGantInputHost
 {
-    FakeGantHost(TTreeCore &tree, TDateScalerCore &scaler)
+    FakeGantHost(TTreeCore &tree, TDateScalerGestures &scaler)
         : Tree(tree)
         , Axis(scaler)
     {
     }
 
     TTreeCore &Tree;
-    TDateScalerCore &Axis;
+    TDateScalerGestures &Axis;
     TRecordingCanvas Canvas{{0, 0, 480, 180}};
     TSize Size{480, 180};
     TPrintScale PrintScale;
     int Invalidations = 0;
     int ResizedFonts = 0;
 
-    TDateScalerCore &Scaler() override { return Axis; }
-    const TDateScalerCore &Scaler() const override { return Axis; }
+    TDateScalerGestures &Scaler() override { return Axis; }
+    const TDateScalerGestures &Scaler() const override { return Axis; }
     void CollectVisibleNodes(std::vector<TVisibleNode> &nodes) override
     {
         for (const TTreeRow &row : Tree.VisibleRowEntities()) {
@@ -134,14 +134,14 @@ struct TestChart
     FakeTreeView View;
     FakeRowTree Tree{View};
     FakeScalerHost AxisHost;
-    std::unique_ptr<TDateScalerCore> Axis;
+    std::unique_ptr<TDateScalerGestures> Axis;
     std::unique_ptr<FakeGantHost> Host;
     std::unique_ptr<TestGant> Gant;
 
     TestChart()
     {
         AxisHost.Size = {480, 45};
-        Axis = std::make_unique<TDateScalerCore>(AxisHost);
+        Axis = std::make_unique<TDateScalerGestures>(AxisHost, AxisHost);
         Axis->BeginUpdate();
         Axis->SetHorizontal(true);
         Axis->SetStart(kDayZero);

@@ -139,8 +139,8 @@ private:
     int VerticalOffset() const;
 
     // IGantHost
-    TDateScalerCore &Scaler() override { return *m_scaler; }
-    const TDateScalerCore &Scaler() const override { return *m_scaler; }
+    TDateScalerGestures &Scaler() override { return *m_scaler; }
+    const TDateScalerGestures &Scaler() const override { return *m_scaler; }
     void CollectVisibleNodes(std::vector<TVisibleNode> &nodes) override;
     void InvalidateArea() override;
     TSize AreaSize() const override;

@@ -5,9 +5,9 @@
 #include "foundation/zuReport.h"
 
 #include <QCoreApplication>
+#include <QCursor>
 #include <QEvent>
 #include <QMetaMethod>
-#include <QMouseEvent>
 #include <QPointer>
 
 #include <exception>
@@ -24,24 +24,42 @@ void TPaintedScalerHost::PostChange()
     QCoreApplication::postEvent(&m_control, new QEvent(static_cast<QEvent::Type>(kChangeMessage)));
 }
 
+void TPaintedScalerHost::SetStepTimer(bool on)
+{
+    constexpr int kInterval = 50;
+    if (on) {
+        m_stepTimer.start(kInterval, &m_control);
+    } else {
+        m_stepTimer.stop();
+    }
+}
+
+TPoint TPaintedScalerHost::PointerPosition() const
+{
+    return FromQt(m_control.mapFromGlobal(QCursor::pos()));
+}
+
 TzuDateScaler::TzuDateScaler(QWidget *parent)
     : TzuOffscreenPaint(parent)
     , TPaintedScalerHost(static_cast<TzuOffscreenPaint &>(*this))
-    , TDateScalerCore(static_cast<IDateScalerHost &>(*this))
+    , TDateScalerGestures(static_cast<IDateScalerHost &>(*this),
+                          static_cast<IScalerInputHost &>(*this))
 {
     setMouseTracking(true);
+    SetTabStop(true);
+    grabGesture(Qt::PinchGesture);
 }
 
 void TzuDateScaler::BeginUpdate()
 {
     TzuOffscreenPaint::BeginUpdate();
-    TDateScalerCore::BeginUpdate();
+    TDateScalerGestures::BeginUpdate();
 }
 
 void TzuDateScaler::EndUpdate()
 {
     TzuOffscreenPaint::EndUpdate();
-    TDateScalerCore::EndUpdate();
+    TDateScalerGestures::EndUpdate();
 }
 
 QSize TzuDateScaler::sizeHint() const
@@ -51,14 +69,14 @@ QSize TzuDateScaler::sizeHint() const
 
 bool TzuDateScaler::HasChangeListener() const
 {
-    return TDateScalerCore::HasChangeListener()
+    return TDateScalerGestures::HasChangeListener()
            || isSignalConnected(QMetaMethod::fromSignal(&TzuDateScaler::changed));
 }
 
 void TzuDateScaler::CallChange()
 {
     const QPointer<TzuDateScaler> alive(this);
-    TDateScalerCore::CallChange();
+    TDateScalerGestures::CallChange();
     if (alive != nullptr) {
         Q_EMIT changed();
     }
@@ -69,13 +87,12 @@ void TzuDateScaler::OffscreenPaint()
     DoThePaint(GetOffscreenCanvas(), ClientArea());
 }
 
-bool TzuDateScaler::event(QEvent *event)
+void TzuDateScaler::OverlayPaint(TCanvas &canvas)
 {
-    if (event->type() == static_cast<QEvent::Type>(kChangeMessage)) {
-        CallChange();
-        return true;
+    if (hasFocus()) {
+        canvas.SetBrushColor(clHighlight);
+        canvas.FrameRect(ClientArea());
     }
-    return TzuOffscreenPaint::event(event);
 }
 
 void TzuDateScaler::resizeEvent(QResizeEvent *event)
@@ -86,21 +103,6 @@ void TzuDateScaler::resizeEvent(QResizeEvent *event)
         Report(error.what());
     }
     TzuOffscreenPaint::resizeEvent(event);
-}
-
-void TzuDateScaler::mouseMoveEvent(QMouseEvent *event)
-{
-    const QPointer<TzuDateScaler> alive(this);
-    TzuOffscreenPaint::mouseMoveEvent(event);
-    if (alive != nullptr) {
-        SetIndicatorPixel(Horizontal() ? event->pos().x() : event->pos().y());
-    }
-}
-
-void TzuDateScaler::leaveEvent(QEvent *event)
-{
-    SetIndicatorPixel(kNoIndicator);
-    TzuOffscreenPaint::leaveEvent(event);
 }
 
 QString TzuDateScaler::DateFormatText() const

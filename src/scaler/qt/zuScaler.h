@@ -2,16 +2,20 @@
 #pragma once
 
 #include "foundation/qt/zuOffscreenPaint.h"
-#include "scaler/zuScaler.h"
+#include "scaler/zuScalerGestures.h"
 
+#include <QBasicTimer>
 #include <QDateTime>
 #include <QFont>
 #include <QString>
 
+class QGestureEvent;
+class QNativeGestureEvent;
+
 namespace korvane {
 
 /// Connects a scaler to the painted control that shows it.
-class TPaintedScalerHost : public IDateScalerHost
+class TPaintedScalerHost : public IDateScalerHost, public IScalerInputHost
 {
 public:
     /// The event type that a posted change arrives with.
@@ -32,18 +36,35 @@ public:
     double GetScaley() const override { return m_control.GetScaley(); }
     void PrintResizeFont() override { m_control.PrintResizeFont(); }
 
+    /// The timer's events go to the control.
+    void SetStepTimer(bool on) override;
+    TPoint PointerPosition() const override;
+    void TakeFocus() override { m_control.setFocus(Qt::MouseFocusReason); }
+
 protected:
     ~TPaintedScalerHost() = default;
 
+    bool IsStepTimer(int id) const { return id == m_stepTimer.timerId(); }
+
 private:
     TzuOffscreenPaint &m_control;
+    QBasicTimer m_stepTimer;
 };
 
 /// The time axis of charts and schedules: shows a range of time with two rows of calendar marks.
 ///
+/// Besides the mouse on the scaler itself: the wheel zooms about the pointer; with Shift, and where
+/// it turns sideways, it moves the range. Two fingers zoom about the place between them. With the
+/// keyboard focus, the arrow keys along the axis move by a tenth of it, with Ctrl or Shift and as
+/// PageUp and PageDown by nine tenths; plus and minus zoom about the middle, Home brings the
+/// present to it. Escape takes back a drag, which also ends with the focus, the window or the
+/// mouse.
+///
 /// What goes wrong while the control itself reacts to the window system is reported instead of
 /// thrown.
-class TzuDateScaler : public TzuOffscreenPaint, private TPaintedScalerHost, public TDateScalerCore
+class TzuDateScaler : public TzuOffscreenPaint,
+                      private TPaintedScalerHost,
+                      public TDateScalerGestures
 {
     Q_OBJECT
     Q_PROPERTY(QString DateFormat READ DateFormatText WRITE SetDateFormatText)
@@ -89,12 +110,41 @@ Q_SIGNALS:
 protected:
     bool HasChangeListener() const override;
     void OffscreenPaint() override;
+    void OverlayPaint(TCanvas &canvas) override;
     bool event(QEvent *event) override;
     void resizeEvent(QResizeEvent *event) override;
+    void mousePressEvent(QMouseEvent *event) override;
     void mouseMoveEvent(QMouseEvent *event) override;
+    void mouseReleaseEvent(QMouseEvent *event) override;
+    void mouseDoubleClickEvent(QMouseEvent *event) override;
+    void wheelEvent(QWheelEvent *event) override;
+    void keyPressEvent(QKeyEvent *event) override;
+    void keyReleaseEvent(QKeyEvent *event) override;
+    void enterEvent(QEnterEvent *event) override;
     void leaveEvent(QEvent *event) override;
+    void hideEvent(QHideEvent *event) override;
+    void focusOutEvent(QFocusEvent *event) override;
+    void timerEvent(QTimerEvent *event) override;
+
+    bool ToolkitMouseDown(TMouseButton button, const TShiftState &shift, TPoint at) override;
+    bool ToolkitMouseMove(const TShiftState &shift, TPoint at) override;
+    bool ToolkitMouseUp(TMouseButton button, const TShiftState &shift, TPoint at) override;
 
 private:
+    using TMouseHandler = void (TDateScalerGestures::*)(TMouseButton, const TShiftState &, int,
+                                                        int);
+
+    // Input, zuScalerInput.cpp.
+    void ShowCursor(TScalerCursor shown) override;
+    void PassOn(QMouseEvent &event, TMouseHandler handler);
+    int PixelOf(QPointF position) const;
+    void TurnWheel(const QWheelEvent &event);
+    bool TakesKey(const QKeyEvent &event) const;
+    bool DoKey(const QKeyEvent &event);
+    void CtrlChanged(const QKeyEvent &event);
+    void Pinch(QGestureEvent &event);
+    void NativePinch(const QNativeGestureEvent &event);
+
     QString DateFormatText() const;
     void SetDateFormatText(const QString &text);
     QString TimeFormatText() const;
@@ -117,6 +167,8 @@ private:
     void SetTextQFont2(const QFont &font);
     QFont TextQFont3() const;
     void SetTextQFont3(const QFont &font);
+
+    QMouseEvent *m_mouseEvent = nullptr; ///< on its way through the axis
 };
 
 } // namespace korvane

@@ -1,0 +1,29 @@
+// What the gestures on a time axis ask of the control that shows it.
+#pragma once
+
+#include "foundation/zuTypes.h"
+
+namespace korvane {
+
+/// Shapes of the pointer over the axis; they tell what a drag does.
+enum class TScalerCursor : unsigned char { Button, Zoom, Pan };
+
+class IScalerInputHost
+{
+public:
+    /// Switches the timer that calls TDateScalerGestures::ScrollButtonPressed every 50 ms.
+    virtual void SetStepTimer(bool on) = 0;
+    /// Of the mouse, in client pixels; it may lie outside.
+    virtual TPoint PointerPosition() const = 0;
+    /// Gives the scaler the keyboard focus.
+    virtual void TakeFocus() = 0;
+    virtual void ShowCursor(TScalerCursor cursor) = 0;
+
+protected:
+    IScalerInputHost() = default;
+    IScalerInputHost(const IScalerInputHost &) = default;
+    IScalerInputHost &operator=(const IScalerInputHost &) = default;
+    ~IScalerInputHost() = default;
+};
+
+} // namespace korvane
