@@ -2,17 +2,18 @@
 
 #include "plan/PlanFile.h"
 
-#include <QMetaObject>
+#include <QPointer>
 
 #include <atomic>
 #include <exception>
+#include <mutex>
+#include <thread>
+#include <utility>
 
 namespace korvane::planner {
 
 namespace {
 
-/// Loads that were given up may take a moment to notice; they must not hold up the next one.
-constexpr int kMostWorkers = 16;
 constexpr qint64 kReportSteps = 200;
 constexpr qint64 kReportBytes = 1 << 20; ///< between two reports when the total is not known
 
@@ -27,83 +28,107 @@ PlanResult Read(const QString &fileName, IProgress &progress)
 
 } // namespace
 
+/// One load and its thread. What the thread has to tell waits here until the loader takes it; the
+/// loader is called when the first of it arrives.
 class PlanLoader::Job final : public IProgress
 {
 public:
-    Job(PlanLoader &loader, QString fileName, int serial)
+    struct News
+    {
+        bool Progressed = false;
+        qint64 Done = 0;
+        qint64 Total = 0;
+        std::shared_ptr<PlanResult> Result; ///< once the load has ended
+    };
+
+    Job(PlanLoader &loader, const QString &fileName)
         : m_loader(loader)
-        , m_fileName(std::move(fileName))
-        , m_serial(serial)
+        , m_fileName(fileName)
+        , m_thread([this] { Run(); })
     {
     }
 
     const QString &FileName() const { return m_fileName; }
-    int Serial() const { return m_serial; }
     void Cancel() { m_canceled = true; }
+    bool IsOver() const { return m_over; }
+    News TakeNews()
+    {
+        const std::scoped_lock lock(m_mutex);
+        m_told = false;
+        return std::exchange(m_news, {});
+    }
 
     void Report(qint64 done, qint64 total) override
     {
         const qint64 step = total > 0 ? done * kReportSteps / total : done / kReportBytes;
         if (step != m_step) {
             m_step = step;
-            Post([&loader = m_loader, serial = m_serial, done, total] {
-                if (loader.IsCurrent(serial)) {
-                    Q_EMIT loader.progressed(done, total);
-                }
+            Tell([=](News &news) {
+                news.Progressed = true;
+                news.Done = done;
+                news.Total = total;
             });
         }
     }
     bool IsCanceled() const override { return m_canceled; }
 
+private:
     void Run()
     {
         auto result = std::make_shared<PlanResult>(Read(m_fileName, *this));
-        if (!m_canceled) {
-            Post([&loader = m_loader, serial = m_serial, result = std::move(result)] {
-                loader.Deliver(serial, result);
-            });
+        Tell([&](News &news) { news.Result = std::move(result); });
+        m_over = true;
+    }
+    template <typename Change>
+    void Tell(const Change &change)
+    {
+        bool first = false;
+        {
+            const std::scoped_lock lock(m_mutex);
+            change(m_news);
+            first = !std::exchange(m_told, true);
+        }
+        if (first && !m_canceled) {
+            Q_EMIT m_loader.newsArrived(QPrivateSignal());
         }
     }
 
-private:
-    /// The loader outlives its workers, and takes with it what is still queued when it goes.
-    template <typename Function>
-    void Post(Function function)
-    {
-        QMetaObject::invokeMethod(&m_loader, std::move(function), Qt::QueuedConnection);
-    }
-
     PlanLoader &m_loader;
-    QString m_fileName;
-    int m_serial;
+    const QString m_fileName;
     std::atomic<bool> m_canceled = false;
-    qint64 m_step = -1;
+    std::atomic<bool> m_over = false;
+    qint64 m_step = -1; ///< the thread's own
+    std::mutex m_mutex;
+    News m_news;
+    bool m_told = false;   ///< the loader is still to take the news
+    std::jthread m_thread; ///< the last one: it ends before the rest goes
 };
 
 PlanLoader::PlanLoader(QObject *parent)
     : QObject(parent)
 {
-    m_workers.setMaxThreadCount(kMostWorkers);
+    connect(this, &PlanLoader::newsArrived, this, &PlanLoader::TakeNews, Qt::QueuedConnection);
 }
 
 PlanLoader::~PlanLoader()
 {
     Cancel();
-    m_workers.waitForDone();
+    m_jobs.clear();
 }
 
 void PlanLoader::Start(const QString &fileName)
 {
     Cancel();
-    m_job = std::make_shared<Job>(*this, fileName, ++m_lastSerial);
-    m_workers.start([job = m_job] { job->Run(); });
+    std::erase_if(m_jobs, [](const auto &job) { return job->IsOver(); });
+    m_jobs.push_back(std::make_unique<Job>(*this, fileName));
+    m_job = m_jobs.back().get();
 }
 
 void PlanLoader::Cancel()
 {
     if (m_job != nullptr) {
         m_job->Cancel();
-        m_job.reset();
+        m_job = nullptr;
     }
 }
 
@@ -112,17 +137,21 @@ QString PlanLoader::FileName() const
     return m_job != nullptr ? m_job->FileName() : QString();
 }
 
-bool PlanLoader::IsCurrent(int serial) const
+void PlanLoader::TakeNews()
 {
-    return m_job != nullptr && m_job->Serial() == serial;
-}
-
-void PlanLoader::Deliver(int serial, const std::shared_ptr<PlanResult> &result)
-{
-    if (IsCurrent(serial)) {
+    const Job *job = m_job;
+    if (job == nullptr) {
+        return;
+    }
+    const Job::News news = m_job->TakeNews();
+    const QPointer<PlanLoader> alive(this);
+    if (news.Progressed) {
+        Q_EMIT progressed(news.Done, news.Total);
+    }
+    if (alive && m_job == job && news.Result != nullptr) {
         const QString fileName = m_job->FileName();
-        m_job.reset();
-        Q_EMIT finished(fileName, result);
+        m_job = nullptr;
+        Q_EMIT finished(fileName, news.Result);
     }
 }
 
