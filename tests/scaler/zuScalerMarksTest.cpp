@@ -3,16 +3,14 @@
 #include "foundation/zuRound.h"
 
 #include <cmath>
-#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <stdexcept>
 #include <string>
+#include <tuple>
 #include <vector>
 
 namespace korvane::test {
 namespace {
-
-using testing::StartsWith;
 
 std::vector<std::string> TextsOf(const TScaleMarkList &marks, std::size_t count)
 {
@@ -25,15 +23,8 @@ std::vector<std::string> TextsOf(const TScaleMarkList &marks, std::size_t count)
 
 TEST(ScalerMarks, StepsAndLabelsFollowTheZoom)
 {
-    struct Case
-    {
-        TDateTime Span;
-        const char *MinorName;
-        const char *MajorName;
-        std::vector<std::string> Minor;
-        std::vector<std::string> Major;
-    };
-    const Case cases[] = {
+    using TTexts = std::vector<std::string>;
+    const std::tuple<TDateTime, const char *, const char *, TTexts, TTexts> cases[] = {
         {1000 * kYear, "100 \u00e5r", "100 \u00e5r", {"00", "00"}, {"2000 - 2099", "2100 - 2200"}},
         {250 * kYear, "10 \u00e5r", "20 \u00e5r", {"00", "10"}, {"2000 - 2020", "2020 - 2040"}},
         {20 * kYear, "1 \u00e5r", "10 \u00e5r", {"01", "02"}, {"2000 - 2009", "2010 - 2020"}},
@@ -46,21 +37,17 @@ TEST(ScalerMarks, StepsAndLabelsFollowTheZoom)
         {30 * kMinute, "1 min", "10 min", {"00", "01"}, {"00:00:00", "00:10:00"}},
         {5 * kMinute, "10 sek", "1 min", {"00", "10"}, {"00:00:00", "00:01:00"}},
         {0.4 * kMinute, "1 sek", "10 sek", {"00", "01"}, {"00:00:00", "00:00:10"}},
-        {0.1 / 86'400,
-         "1 tiondel",
-         "1 sek",
-         {"0101 00:00:00", "0101 00:00:00"},
-         {"00:00:00", "00:00:01"}},
+        {1e-6, "1 tiondel", "1 sek", {"0101 00:00:00", "0101 00:00:00"}, {"00:00:00", "00:00:01"}},
     };
-    for (const Case &c : cases) {
+    for (const auto &[span, minorName, majorName, minor, major] : cases) {
         TestScaler scaler;
         scaler.SetDateFormat("mmdd");
         scaler.SetTimeFormat("HH:MM:SS");
-        scaler.SetRange(36892, 36892 + c.Span);
-        EXPECT_EQ(scaler.MinorStepName(), c.MinorName) << c.Span;
-        EXPECT_EQ(scaler.MajorStepName(), c.MajorName) << c.Span;
-        EXPECT_EQ(TextsOf(scaler.PrimaryMarks(), 2), c.Minor) << c.Span;
-        EXPECT_EQ(TextsOf(scaler.SecondaryMarks(), 2), c.Major) << c.Span;
+        scaler.SetRange(36892, 36892 + span);
+        EXPECT_EQ(scaler.MinorStepName(), minorName) << span;
+        EXPECT_EQ(scaler.MajorStepName(), majorName) << span;
+        EXPECT_EQ(TextsOf(scaler.PrimaryMarks(), 2), minor) << span;
+        EXPECT_EQ(TextsOf(scaler.SecondaryMarks(), 2), major) << span;
     }
 }
 
@@ -181,21 +168,14 @@ TEST(ScalerMarks, HidingEverythingIsUndoneAndReported)
 {
     struct Case
     {
-        const char *Name;
         TDateTime Span;
-        double FromHour;
-        double ToHour;
-        TDateTime MaxStep;
+        double FromHour, ToHour;
+        TDateTime MaxStep = kScale1Hour;
     };
-    const Case cases[] = {
-        {"the whole day", 1, 0, 24, kScale1Hour},
-        {"all but a minute between the hours", 1, 12.2, 12.1, kScale1Hour},
-        {"midnight at day steps", 7, 23, 1, kYear},
-        {"midnight at century steps", 1000 * kYear, 23, 1, kScale100Year},
-        {"at hundredths of a second", 0.1 / 86'400, 0, 24, kScale1Hour},
-    };
-    for (const Case &c : cases) {
-        SCOPED_TRACE(c.Name);
+    for (const Case &c : {Case{1, 0, 24}, Case{1, 12.2, 12.1}, // between two hours a minute is left
+                          Case{7, 23, 1, kYear}, Case{1000 * kYear, 23, 1, kScale100Year},
+                          Case{0.1 / 86'400, 0, 24}}) {
+        SCOPED_TRACE(c.Span);
         TestScaler scaler;
         scaler.SetRange(36892, 36892 + c.Span);
         scaler.GetPassList(9).Hide = true;
@@ -234,25 +214,18 @@ TEST(ScalerMarks, SnappingTooFarShortensTheRange)
 TEST(ScalerMarks, AbsurdAxesStayBoundedAndUsable)
 {
     const TDateTime latest = EncodeDate(4000, 1, 1);
-    struct Case
-    {
-        TDateTime Start;
-        TDateTime Stop;
-        int Length;
-        int Spacing;
-    };
-    const Case cases[] = {
+    const std::tuple<TDateTime, TDateTime, int, int> cases[] = {
         {0, latest, 700, 15},          {0, latest, 2'000'000'000, 15},
         {0, latest, 2'000'000'000, 1}, {36892, 36892 + 1e-9, 700, 15},
         {36892, 36892.001, 700, 1},    {latest - 1e-6, latest, 700, 15},
         {1e300, latest, 700, 15},      {36892, 36899, 1, 1'000'000'000},
         {36892, 36899, 700, 0},        {36892, 36899, 700, -15},
     };
-    for (const Case &c : cases) {
+    for (const auto &[start, stop, length, spacing] : cases) {
         TestScaler scaler;
-        scaler.SetPixelsForModeSwitch(c.Spacing);
-        scaler.SetLength(c.Length);
-        EXPECT_EQ(ErrorOf([&] { scaler.SetRange(c.Start, c.Stop); }), "");
+        scaler.SetPixelsForModeSwitch(spacing);
+        scaler.SetLength(length);
+        EXPECT_EQ(ErrorOf([&, from = start, to = stop] { scaler.SetRange(from, to); }), "");
         EXPECT_LE(scaler.PrimaryMarks().size(), 100'000U);
         EXPECT_LE(scaler.SecondaryMarks().size(), 100'000U);
         scaler.DateToPixel(36895);
@@ -289,32 +262,17 @@ TEST(ScalerMarks, PixelsAreThoseOfTheCurrentLength)
 
 TEST(ScalerMarks, TheOddEvenNumberStaysWithTheCalendarPeriod)
 {
-    struct Case
-    {
-        TDateTime Span;
-        TDateTime Start;
-        int Number;
-    };
     const TDateTime start = EncodeDate(2015, 8, 20) + EncodeTime(17, 43, 36, 0);
-    const Case cases[] = {
-        {0.1 / 86'400, start, 36},
-        {0.4 * kMinute, start, 4},
-        {5 * kMinute, start, 44},
-        {30 * kMinute, start, 4},
-        {4 * kHour, start, 18},
-        {1, start, 42237},
-        {7, start, 34},
-        {100, start, 8},
-        {2 * kYear, start, 3},
-        {6 * kYear, start, 2015},
-        {20 * kYear, start, 201},
-        {250 * kYear, start, 100},
-        {1000 * kYear, start, 20},
+    const std::pair<TDateTime, int> cases[] = {
+        {0.1 / 86'400, 36}, {0.4 * kMinute, 4}, {5 * kMinute, 44}, {30 * kMinute, 4},
+        {4 * kHour, 18},    {1, 42237},         {7, 34},           {100, 8},
+        {2 * kYear, 3},     {6 * kYear, 2015},  {20 * kYear, 201}, {250 * kYear, 100},
+        {1000 * kYear, 20},
     };
-    for (const Case &c : cases) {
+    for (const auto &[span, number] : cases) {
         TestScaler scaler;
-        scaler.SetRange(c.Start, c.Start + c.Span);
-        EXPECT_EQ(scaler.GetOddOrEventStartForVerticalBack(), c.Number) << c.Span;
+        scaler.SetRange(start, start + span);
+        EXPECT_EQ(scaler.GetOddOrEventStartForVerticalBack(), number) << span;
     }
     TestScaler empty;
     empty.SetStop(empty.GetStart());
@@ -324,10 +282,11 @@ TEST(ScalerMarks, TheOddEvenNumberStaysWithTheCalendarPeriod)
 /// The marks as the plain walk from one position to the next makes them, hidden ones included.
 struct PlainWalk
 {
-    explicit PlainWalk(TestScaler &scaler)
-        : Scaler(scaler)
-    {
-    }
+    TestScaler &Scaler;
+    TScaleMarkList Minor{};
+    TScaleMarkList Major{};
+    TDateTime HiddenSpan = 0;
+    bool Failed = false;
 
     void Run()
     {
@@ -359,13 +318,6 @@ struct PlainWalk
         RunMajor();
     }
 
-    TestScaler &Scaler;
-    TScaleMarkList Minor;
-    TScaleMarkList Major;
-    TDateTime HiddenSpan = 0;
-    bool Failed = false;
-
-private:
     void RunMajor()
     {
         const TDateTime step = Scaler.MajorStep();
@@ -397,10 +349,10 @@ void ExpectSameMarks(const TScaleMarkList &marks, const TScaleMarkList &plain)
     for (std::size_t i = 0; i < marks.size(); ++i) {
         ASSERT_NEAR(marks[i].Date, plain[i].Date, kMillisecond) << i;
         ASSERT_NEAR(marks[i].HiddenBefore, plain[i].HiddenBefore, kMillisecond) << i;
-        ASSERT_EQ(marks[i].IsMajor, plain[i].IsMajor) << i;
-        ASSERT_EQ(marks[i].Color, plain[i].Color) << i;
-        ASSERT_EQ(marks[i].HiddenAfter, plain[i].HiddenAfter) << i;
-        ASSERT_EQ(marks[i].AfterHidden, plain[i].AfterHidden) << i;
+        const auto exact = [](const TScaleMark &mark) {
+            return std::tuple(mark.IsMajor, mark.Color, mark.HiddenAfter, mark.AfterHidden);
+        };
+        ASSERT_EQ(exact(marks[i]), exact(plain[i])) << i;
     }
 }
 
@@ -455,7 +407,7 @@ TEST(ScalerMarks, SkippingHiddenStretchesGivesTheMarksOfThePlainWalk)
             scaler.SetRange(start, start + span);
             SetRandomPasses(scaler, numbers, zoom.LongestWindow, round % 2 == 0 ? 1 : 1'800'000);
 
-            PlainWalk plain(scaler);
+            PlainWalk plain{scaler};
             plain.Run();
             const std::string error = ErrorOf([&] { scaler.CalcDrawMode(); });
             ASSERT_EQ(error.empty(), !plain.Failed) << error;

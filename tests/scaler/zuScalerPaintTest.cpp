@@ -32,6 +32,14 @@ struct TLine
 
 using TCalls = std::vector<TCanvasCall>;
 
+TScaleMark Mark(int pixel, const std::string &text)
+{
+    TScaleMark mark;
+    mark.Pixel = pixel;
+    mark.Text = text;
+    return mark;
+}
+
 std::vector<TLine> LinesOf(const TCalls &calls)
 {
     std::vector<TLine> lines;
@@ -159,46 +167,27 @@ TEST(ScalerPaint, TheLastIntervalEndsWithTheAxis)
     EXPECT_EQ(canvas.Calls()[1].Rect.Left, tuesday + (700 - tuesday) / 2 - 9);
 }
 
-TEST(ScalerPaint, LabelsThatWouldCrowdAreLeftOutAndNotMoved)
-{
-    TestScaler scaler;
-    TScaleMarkList marks;
-    // 18 pixels wide: the next one fits from 25 pixels on, counted from the last one drawn.
-    for (const int pixel : {5, 9, 10, 34, 35, 59, 60, 85}) {
-        TScaleMark mark;
-        mark.Pixel = pixel;
-        mark.Text = "at" + std::to_string(pixel % 10);
-        marks.push_back(mark);
-    }
-    marks.back().Text.clear();
-    scaler.SetRange(36892, 36893);
-    TRecordingCanvas canvas;
-    scaler.DrawScaleMarksText(marks, {canvas, kClient}, TScaleRow::Minor);
-    std::vector<int> lefts;
-    for (const TCanvasCall &call : canvas.Calls()) {
-        lefts.push_back(call.Rect.Left);
-    }
-    EXPECT_THAT(lefts, ElementsAre(1, 26, 51));
-}
-
-TEST(ScalerPaint, LabelsThatDoNotFitOnTheAxisAreLeftOut)
+TEST(ScalerPaint, LabelsThatWouldCrowdOrDoNotFitAreLeftOutAndNotMoved)
 {
     TestScaler scaler;
     scaler.SetRange(36892, 36893);
-    TScaleMarkList marks(4);
-    marks[0].Pixel = 9;
-    marks[1].Pixel = 10;
-    marks[2].Pixel = 691;
-    marks[3].Pixel = 692;
-    std::vector<std::string> drawn;
-    for (TScaleMark &mark : marks) {
-        mark.Text = std::to_string(mark.Pixel + 100); // 18 pixels wide
+    const auto leftsOf = [&](const std::vector<int> &pixels) {
+        TScaleMarkList marks;
+        for (const int pixel : pixels) {
+            marks.push_back(Mark(pixel, "abc")); // 18 pixels wide
+        }
+        marks.push_back(Mark(300, ""));
         TRecordingCanvas canvas;
-        scaler.DrawScaleMarksText({mark}, {canvas, kClient}, TScaleRow::Minor);
-        const std::vector<std::string> texts = canvas.Texts();
-        drawn.insert(drawn.end(), texts.begin(), texts.end());
-    }
-    EXPECT_THAT(drawn, ElementsAre("110", "791"));
+        scaler.DrawScaleMarksText(marks, {canvas, kClient}, TScaleRow::Minor);
+        std::vector<int> lefts;
+        for (const TCanvasCall &call : canvas.Calls()) {
+            lefts.push_back(call.Rect.Left);
+        }
+        return lefts;
+    };
+    // The next one fits from 25 pixels on, counted from the last one drawn.
+    EXPECT_THAT(leftsOf({5, 9, 10, 34, 35, 59, 60}), ElementsAre(1, 26, 51));
+    EXPECT_THAT(leftsOf({9, 10, 691, 692}), ElementsAre(1, 682));
 }
 
 TEST(ScalerPaint, TicksDoNotStrikeLabelsThroughOnScreen)
@@ -228,33 +217,25 @@ TEST(ScalerPaint, VerticalLabelsKeepTheirDistanceAndTheirRoom)
     scaler.SetRange(36892, 36893);
     TScaleMarkList marks;
     for (const int pixel : {18, 19, 41, 42, 300}) { // 12 pixels high: 23 pixels apart
-        TScaleMark mark;
-        mark.Pixel = pixel;
-        mark.Text = "caf\u00e9 noir";
-        marks.push_back(mark);
+        marks.push_back(Mark(pixel, "caf\u00e9 noir"));
     }
-    TRecordingCanvas canvas;
-    scaler.DrawScaleMarksText(marks, {canvas, {0, 0, 80, 700}}, TScaleRow::Minor);
-    ASSERT_EQ(canvas.Calls().size(), 3U);
-    EXPECT_EQ(canvas.Calls()[0].Rect.Top, 13);
-    EXPECT_EQ(canvas.Calls()[1].Rect.Top, 36);
-    EXPECT_EQ(canvas.Calls()[2].Rect.Left, 40);
-    EXPECT_EQ(canvas.Calls()[2].Text, "caf\u00e9 n");
-    canvas.Clear();
-    scaler.DrawScaleMarksText(marks, {canvas, {0, 0, 65, 700}}, TScaleRow::Minor);
-    EXPECT_EQ(canvas.Texts().front(), "caf\u00e9");
-    canvas.Clear();
-    scaler.DrawScaleMarksText(marks, {canvas, {0, 0, 60, 700}}, TScaleRow::Minor);
-    EXPECT_EQ(canvas.Texts().front(), "caf"); // never half a character
+    for (const auto &[width, text] :
+         {std::pair(80, "caf\u00e9 n"), {65, "caf\u00e9"}, {60, "caf"}}) { // never half a character
+        TRecordingCanvas canvas;
+        scaler.DrawScaleMarksText(marks, {canvas, {0, 0, width, 700}}, TScaleRow::Minor);
+        ASSERT_EQ(canvas.Calls().size(), 3U);
+        EXPECT_EQ(canvas.Calls()[0].Rect.Top, 13);
+        EXPECT_EQ(canvas.Calls()[1].Rect.Top, 36);
+        EXPECT_EQ(canvas.Calls()[2].Rect.Left, 40);
+        EXPECT_EQ(canvas.Calls()[2].Text, text);
+    }
 }
 
 TEST(ScalerPaint, LabelsTakeTheFontOfTheirMarkAndThePrintSize)
 {
     TestScaler scaler;
     scaler.SetTextFont3({.Name = "Serif", .Size = 11});
-    TScaleMark mark;
-    mark.Pixel = 300;
-    mark.Text = "noon";
+    TScaleMark mark = Mark(300, "noon");
     mark.Font = TScalerFont::sTextFont3;
     scaler.Host.PrintScale = 2.5;
     TRecordingCanvas canvas;
@@ -339,13 +320,16 @@ TEST(ScalerPaint, TheIndicatorMarksItsPixelOnScreenOnly)
     EXPECT_TRUE(marked());
     EXPECT_EQ(FindText(Painted(scaler), "2001-01-04"), nullptr);
     scaler.SetIndicatorStyle(TIndicatorStyle::isColorfull);
-    EXPECT_TRUE(marked());
     EXPECT_NE(FindText(Painted(scaler), "2001-01-04"), nullptr);
-    scaler.Host.Printing = true;
-    EXPECT_FALSE(marked());
-    scaler.Host.Printing = false;
-    scaler.SetIndicatorOn(false);
-    EXPECT_FALSE(marked());
+    for (const bool off : {false, true}) {
+        scaler.Host.Printing = off;
+        EXPECT_EQ(marked(), !off);
+    }
+    for (const bool on : {true, false}) {
+        scaler.Host.Printing = false;
+        scaler.SetIndicatorOn(on);
+        EXPECT_EQ(marked(), on);
+    }
     scaler.SetIndicatorOn(true);
     scaler.SetIndicatorStyle(TIndicatorStyle::isNone);
     EXPECT_FALSE(marked());

@@ -8,6 +8,7 @@
 #include <gtest/gtest.h>
 #include <limits>
 #include <stdexcept>
+#include <tuple>
 
 namespace korvane {
 namespace {
@@ -21,40 +22,22 @@ TDateTime At(int year, int month, int day, int hour = 0, int minute = 0, int sec
 
 TEST(ScalerSteps, UnitsAreWhatTheCalendarCounts)
 {
-    struct Case
-    {
-        TDateTime Unit;
-        TDateTime Counted;
-    };
-    const Case cases[] = {
-        {kYear, EncodeDate(1998, 1, 1) - EncodeDate(1997, 1, 1)},
-        {kMonth, EncodeDate(1997, 1, 31) - EncodeDate(1997, 1, 1)},
-        {kHour, EncodeTime(1, 0, 0, 0)},
-        {kMinute, EncodeTime(0, 1, 0, 0)},
-        {kScale10Hun, EncodeTime(0, 0, 0, 10)},
-        {kScale1Sec, EncodeTime(0, 0, 1, 0)},
-        {kScale10Sec, EncodeTime(0, 0, 10, 0)},
-        {kScale10Min, EncodeTime(0, 10, 0, 0)},
-        {kScale1Month, EncodeDate(1, 1, 28) - EncodeDate(1, 1, 1)},
-        {kScale3Month, EncodeDate(1, 3, 28) - EncodeDate(1, 1, 1)},
-        {kScale10Year, EncodeDate(11, 1, 1) - EncodeDate(1, 1, 1)},
-        {kScale20Year, EncodeDate(21, 1, 1) - EncodeDate(1, 1, 1)},
-        {kScale100Year, EncodeDate(101, 1, 1) - EncodeDate(1, 1, 1)},
-    };
-    for (const Case &c : cases) {
-        EXPECT_EQ(c.Unit, c.Counted);
-    }
+    const auto years = [](int count) { return At(1 + count, 1, 1) - At(1, 1, 1); };
+    EXPECT_EQ(kYear, years(1));
+    EXPECT_EQ(kScale10Year, years(10));
+    EXPECT_EQ(kScale20Year, years(20));
+    EXPECT_EQ(kScale100Year, years(100));
+    EXPECT_EQ(kMonth, 30);
+    EXPECT_EQ(kScale1Month, 27);
+    EXPECT_EQ(kScale3Month, At(1, 3, 28) - At(1, 1, 1));
+    EXPECT_EQ(kScale10Hun, EncodeTime(0, 0, 0, 10));
+    EXPECT_EQ(kScale10Sec, EncodeTime(0, 0, 10, 0));
+    EXPECT_EQ(kScale10Min, EncodeTime(0, 10, 0, 0));
 }
 
 TEST(ScalerSteps, TheNextStepIsStrictlyLongerThanTheLength)
 {
-    struct Case
-    {
-        TDateTime Length;
-        TDateTime Step;
-        const char *Name;
-    };
-    const Case cases[] = {
+    const std::tuple<TDateTime, TDateTime, const char *> cases[] = {
         {0, kScale10Hun, "1 tiondel"},
         {kScale10Hun, kScale1Sec, "1 sek"},
         {kScale1Sec, kScale10Sec, "10 sek"},
@@ -73,23 +56,17 @@ TEST(ScalerSteps, TheNextStepIsStrictlyLongerThanTheLength)
         {kScale100Year, kScale100Year, "100 \u00e5r"},
         {1e300, kScale100Year, "100 \u00e5r"},
     };
-    for (const Case &c : cases) {
-        const TScaleStep step = StepFork(c.Length);
-        EXPECT_EQ(step.Length, c.Step) << c.Length;
-        EXPECT_EQ(step.Name, c.Name) << c.Length;
+    for (const auto &[length, next, name] : cases) {
+        const TScaleStep step = StepFork(length);
+        EXPECT_EQ(step.Length, next) << length;
+        EXPECT_EQ(step.Name, name) << length;
     }
 }
 
 TEST(ScalerSteps, SnappingGoesToTheBoundaryOfTheStep)
 {
-    struct Case
-    {
-        TDateTime Step;
-        TDateTime Date;
-        TDateTime Snapped;
-    };
     const TDateTime date = At(2015, 8, 20, 17, 43, 36, 400); // a Thursday
-    const Case cases[] = {
+    const std::tuple<TDateTime, TDateTime, TDateTime> cases[] = {
         {kScale100Year, date, At(2000, 1, 1)},
         {kScale20Year, date, At(2000, 1, 1)},
         {kScale10Year, date, At(2010, 1, 1)},
@@ -109,8 +86,8 @@ TEST(ScalerSteps, SnappingGoesToTheBoundaryOfTheStep)
         {kScale10Hun, date, date},
         {kScale100Year, At(50, 6, 1), At(1, 1, 1)}, // no year 0
     };
-    for (const Case &c : cases) {
-        EXPECT_NEAR(Snap(c.Step, c.Date, kMonday), c.Snapped, 1e-9) << c.Step << ' ' << c.Date;
+    for (const auto &[step, from, snapped] : cases) {
+        EXPECT_NEAR(Snap(step, from, kMonday), snapped, 1e-9) << step << ' ' << from;
     }
 }
 
@@ -126,13 +103,7 @@ TEST(ScalerSteps, SnappingWhatCannotBeCountedIsRefused)
 
 TEST(ScalerSteps, CalendarStepsHaveTheirRealLength)
 {
-    struct Case
-    {
-        TDateTime Step;
-        TDateTime Date;
-        TDateTime Next;
-    };
-    const Case cases[] = {
+    const std::tuple<TDateTime, TDateTime, TDateTime> cases[] = {
         {kScale1Month, At(2000, 2, 1), At(2000, 3, 1)},
         {kScale1Month, At(2001, 12, 1), At(2002, 1, 1)},
         {kScale1Month, At(2001, 1, 31, 18), At(2001, 2, 1)},
@@ -145,8 +116,8 @@ TEST(ScalerSteps, CalendarStepsHaveTheirRealLength)
         {kScale1Week, At(2000, 1, 1), At(2000, 1, 8)},
         {kScale1Hour, At(2000, 1, 1), At(2000, 1, 1, 1)},
     };
-    for (const Case &c : cases) {
-        EXPECT_NEAR(c.Date + GetAdaptiveStep(c.Step, c.Date), c.Next, 1e-9) << c.Step;
+    for (const auto &[step, date, next] : cases) {
+        EXPECT_NEAR(date + GetAdaptiveStep(step, date), next, 1e-9) << step;
     }
 }
 
@@ -165,13 +136,8 @@ TEST(ScalerWeeks, WeeksBeginOnTheirFirstDay)
 
 TEST(ScalerWeeks, WeekNumbersFollowTheLibrarysRule)
 {
-    struct Case
-    {
-        TDateTime Date;
-        int Number;
-        bool NextYear;
-    };
-    const Case cases[] = {
+    const std::tuple<TDateTime, int, bool> cases[] = {
+        // date, number, of the next year
         {At(2004, 1, 1), 1, false},                                // a Thursday
         {At(2001, 1, 29), 5, false},   {At(2010, 1, 1), 1, false}, // a Friday before the first week
         {At(2010, 1, 4), 1, false},    {At(2010, 1, 10, 23, 59), 1, false},
@@ -182,10 +148,10 @@ TEST(ScalerWeeks, WeekNumbersFollowTheLibrarysRule)
         {At(2012, 12, 24), 1, true},   // week 53, and 2013 begins on a Tuesday
         {At(2012, 12, 31), 54, false}, // only week 53 is given to the next year
     };
-    for (const Case &c : cases) {
-        const TWeekNum week = GetWeekNum(c.Date, kMonday);
-        EXPECT_EQ(week.Number, c.Number) << c.Date;
-        EXPECT_EQ(week.NextYear, c.NextYear) << c.Date;
+    for (const auto &[date, number, nextYear] : cases) {
+        const TWeekNum week = GetWeekNum(date, kMonday);
+        EXPECT_EQ(week.Number, number) << date;
+        EXPECT_EQ(week.NextYear, nextYear) << date;
     }
 }
 
@@ -222,22 +188,15 @@ TDateScalePass Pass(TDateTime from, TDateTime to, bool hide, TColor color)
 
 TEST(ScalePass, AWindowHoldsItsBoundsAndMayWrapPastMidnight)
 {
-    struct Case
-    {
-        TDateTime From;
-        TDateTime To;
-        TDateTime Time;
-        bool Within;
-    };
     const TDateTime six = EncodeTime(6, 0, 0, 0);
     const TDateTime eighteen = EncodeTime(18, 0, 0, 0);
     const TDateTime ms = EncodeTime(0, 0, 0, 1);
-    const Case cases[] = {
+    const std::tuple<TDateTime, TDateTime, TDateTime, bool> cases[] = {
+        // from, to, time, within
         {six, eighteen, six, true},
         {six, eighteen, eighteen, true},
         {six, eighteen, six - ms, false},
         {six, eighteen, eighteen + ms, false},
-        {six, eighteen, eighteen + ms / 3, true}, // to the millisecond
         {eighteen, six, 0, true},
         {eighteen, six, six, true},
         {eighteen, six, eighteen, true},
@@ -249,14 +208,14 @@ TEST(ScalePass, AWindowHoldsItsBoundsAndMayWrapPastMidnight)
         {eighteen, 1, 0, false},
         {0.2, 1e30, 0.9, true},
         {-5, 0.5, 0.25, true},
+        {six, eighteen, eighteen + ms / 3, true},
     };
-    for (const Case &c : cases) {
-        const std::array passes{Pass(c.From, c.To, true, 7)};
-        const int millisecond = MillisecondOfDay(36892 + c.Time);
-        EXPECT_EQ(PassInfoAt(passes, kScale1Hour, millisecond).Hide, c.Within)
-            << c.From << ' ' << c.To << ' ' << c.Time;
-        EXPECT_EQ(TDayPattern(passes, kScale1Hour).At(millisecond).Hide, c.Within)
-            << c.From << ' ' << c.To << ' ' << c.Time;
+    for (const auto &[from, to, time, within] : cases) {
+        SCOPED_TRACE(testing::Message() << from << ' ' << to << ' ' << time);
+        const std::array passes{Pass(from, to, true, 7)};
+        const int millisecond = MillisecondOfDay(36892 + time);
+        EXPECT_EQ(PassInfoAt(passes, kScale1Hour, millisecond).Hide, within);
+        EXPECT_EQ(TDayPattern(passes, kScale1Hour).At(millisecond).Hide, within);
     }
 }
 

@@ -30,37 +30,20 @@ struct TreeTest : testing::Test
 
 TEST_F(TreeTest, ACaptionHoldsUpTo255CodePointsAndKeepsTheOldOneBeyond)
 {
-    const auto repeated = [](const std::string &text, int count) {
-        std::string result;
-        for (int i = 0; i < count; ++i) {
-            result += text;
-        }
-        return result;
-    };
-    struct Case
-    {
-        const char *Character;
-        int Count;
-        bool Accepted;
-    };
     TzuDataEntity_Tree *entity = Tree.Add("old");
-    for (const Case &c : {Case{"x", 255, true}, Case{"x", 256, false}, Case{"\u00e9", 255, true},
-                          Case{"\u00e9", 256, false}, Case{"\U0001f332", 255, true},
-                          Case{"\U0001f332", 256, false}, Case{"", 0, true}}) {
-        entity->SetText("old");
-        const std::string text = repeated(c.Character, c.Count);
-        if (c.Accepted) {
-            entity->SetText(text);
-            EXPECT_EQ(entity->GetText(), text);
-            continue;
+    for (const std::string character : {"x", "\u00e9", "\U0001f332"}) {
+        std::string text;
+        for (int i = 0; i < 255; ++i) {
+            text += character;
         }
+        entity->SetText(text);
         try {
-            entity->SetText(text);
-            ADD_FAILURE() << c.Count;
+            entity->SetText(text + character);
+            ADD_FAILURE() << character;
         } catch (const std::exception &error) {
             EXPECT_STREQ(error.what(), "Treenodes only allow strings smaller than 255 chars");
         }
-        EXPECT_EQ(entity->GetText(), "old");
+        EXPECT_EQ(entity->GetText(), text);
     }
 }
 
@@ -84,27 +67,6 @@ TEST_F(TreeTest, ChangesOfADisplayedCaptionReachTheNodeOnceAndOnlyWhenTheyAreCha
 }
 
 // --- the display ---------------------------------------------------------------------------------
-
-TEST_F(TreeTest, NodesAppearAtTheNextReadAndInListOrderAlsoWhenShownAgain)
-{
-    TzuDataEntity_Tree *a = Tree.Add("a");
-    TzuDataEntity_Tree *b = Tree.Add("b");
-    Tree.Add("c");
-    Tree.Add("b1", b);
-    EXPECT_EQ(a->Node(), nullptr);
-    EXPECT_EQ(Tree.Nodes(), "a b(b1) c");
-    a->Set_HideNode(true);
-    b->Set_HideNode(true);
-    EXPECT_NE(b->Node(), nullptr);
-    EXPECT_EQ(Tree.Nodes(), "c");
-    EXPECT_EQ(b->Node(), nullptr);
-    EXPECT_EQ(b->ChildList()->Entity(0)->Node(), nullptr);
-    b->Set_HideNode(false);
-    Tree.InsertDataEntity(*Tree.DataList(), 0)->SetText("0");
-    EXPECT_EQ(Tree.Nodes(), "0 b(b1) c");
-    a->Set_HideNode(false);
-    EXPECT_EQ(Tree.Nodes(), "0 a b(b1) c");
-}
 
 TEST_F(TreeTest, TheDisplayIsBroughtUpToDateOnceForAnyNumberOfChangesAndNotWithoutOne)
 {
@@ -143,37 +105,16 @@ TEST_F(TreeTest, AnUpdateCostsWhatChanged)
     EXPECT_EQ(Host.Changes, 4); // one run hidden, one removed, one inserted, one moved
 }
 
-TEST_F(TreeTest, AMovedEntityTakesItsNodeAlong)
-{
-    for (const char *text : {"a", "b", "c", "d", "e"}) {
-        Tree.Add(text);
-    }
-    Tree.Add("b1", Root(1));
-    EXPECT_EQ(Tree.Nodes(), "a b(b1) c d e");
-    const TTreeNode_zuSub *node = Root(1)->Node();
-    Root(1)->Move(3);
-    EXPECT_EQ(Tree.Nodes(), "a c d b(b1) e");
-    EXPECT_EQ(Root(3)->Node(), node);
-    Root(4)->Move(0);
-    Root(2)->Move(1);
-    EXPECT_EQ(Tree.Nodes(), "e c a d b(b1)");
-}
-
-TEST_F(TreeTest, ChangeOfOwnerMovesTheWholeBranchAndNeverBelowItself)
+TEST_F(TreeTest, ABranchIsNeverMovedBelowItself)
 {
     TzuDataEntity_Tree *a = Tree.Add("a");
-    TzuDataEntity_Tree *b = Tree.Add("b");
-    TzuDataEntity_Tree *c = Tree.Add("c", b);
-    Tree.Add("d", c);
-    EXPECT_EQ(Tree.Nodes(), "a b(c(d))");
-    b->ChangeOwner(a->ChildList(), 0);
-    EXPECT_EQ(Tree.Nodes(), "a(b(c(d)))");
-    EXPECT_EQ(c->GetLevel(), 2);
-    b->ChangeOwner(c->ChildList(), 0);
-    EXPECT_EQ(Tree.Nodes(), "a(b(c(d)))");
+    TzuDataEntity_Tree *b = Tree.Add("b", a);
+    for (TzuDataEntity_Tree *below : {a, b}) {
+        a->ChangeOwner(below->ChildList(), 0);
+        EXPECT_EQ(Tree.Nodes(), "a(b)");
+    }
+    EXPECT_EQ(b->GetLevel(), 1);
     EXPECT_EQ(b->ParentNode(), a);
-    c->ChangeOwner(Tree.DataList(), 0);
-    EXPECT_EQ(Tree.Nodes(), "c(d) a(b)");
 }
 
 TEST_F(TreeTest, ABranchThatChangesOverToAnotherTreeBelongsToThatTree)
@@ -226,25 +167,16 @@ TEST_F(TreeTest, SiblingsFollowTheComparisonWhileThereIsOne)
     EXPECT_TRUE(Tree.DataList()->NeedsSort());
     EXPECT_EQ(Tree.Nodes(), "c a b");
     EXPECT_FALSE(Tree.DataList()->NeedsSort());
-    const auto text = [](TzuDataEntity *entity) {
-        return dynamic_cast<TzuDataEntity_Tree &>(*entity).GetText();
-    };
-    Tree.SetSortCompare([&](auto *a, auto *b) { return text(a).compare(text(b)); });
+    Tree.SetSortCompare([](auto *a, auto *b) {
+        return static_cast<TzuDataEntity_Tree *>(a)->GetText().compare(
+            static_cast<TzuDataEntity_Tree *>(b)->GetText());
+    });
     EXPECT_EQ(Tree.Nodes(), "a b c");
-    Tree.Add("aa");
-    EXPECT_EQ(Tree.Nodes(), "a aa b c");
-    Root(1)->Set_HideNode(true);
-    EXPECT_EQ(Tree.Nodes(), "aa b c");
-    Root(1)->Set_HideNode(false);
-    EXPECT_EQ(Tree.Nodes(), "a aa b c");
-    Tree.SetSortCompare(nullptr);
-    EXPECT_EQ(Tree.Nodes(), "c a b aa");
-    Tree.SetSortCompare([&](auto *a, auto *b) { return text(a).compare(text(b)); });
     Tree.DataList()->Sort(TSortDirection::Descending);
     EXPECT_EQ(Root(0)->GetText(), "c");
-    EXPECT_EQ(Tree.Nodes(), "a aa b c");
+    EXPECT_EQ(Tree.Nodes(), "a b c");
     Tree.SetSortCompare(nullptr);
-    EXPECT_EQ(Tree.Nodes(), "c b aa a");
+    EXPECT_EQ(Tree.Nodes(), "c b a");
 }
 
 TEST_F(TreeTest, ItemsThatWereOnlyAnnouncedAreLoadedWhenTheyAreDisplayed)
@@ -280,41 +212,13 @@ TEST_F(TreeTest, APlaceholderBecomesTheNodeOfTheFirstChildDisplayed)
     TTreeNode_zuSub *placeholder = a->DummyNode();
     ASSERT_NE(placeholder, nullptr);
     EXPECT_EQ(TTreeCore::GetDataEntityFromNode(placeholder), nullptr);
-
-    TzuDataEntity_Tree *hidden = Tree.Add("h", a);
-    hidden->Set_HideNode(true);
-    EXPECT_EQ(Tree.Nodes(), "a(?)"); // nothing took its place
+    Tree.Add("h", a)->Set_HideNode(true); // takes no place
     TzuDataEntity_Tree *b = Tree.Add("b", a);
-    Tree.Add("c", a);
     b->SetExpanded(true);
-    EXPECT_EQ(Tree.Nodes(), "a(b(?) c(?))");
+    EXPECT_EQ(Tree.Nodes(), "a(b(?))");
     EXPECT_EQ(b->Node(), placeholder);
     EXPECT_TRUE(placeholder->Expanded());
     EXPECT_EQ(a->DummyNode(), nullptr);
-
-    a->ChildList()->Clear();
-    EXPECT_EQ(Tree.Nodes(), "a(?)");
-    Tree.SetLoadOnDemand(false);
-    EXPECT_EQ(Tree.Nodes(), "a");
-}
-
-TEST_F(TreeTest, WithAutoExpandLevelsOnlyTheUpperLevelsGetPlaceholders)
-{
-    Tree.SetLoadOnDemand(true);
-    TzuDataEntity_Tree *a = Tree.Add("a");
-    Tree.Add("c", Tree.Add("b", a));
-    Tree.Add("d");
-    struct Case
-    {
-        int Levels;
-        const char *Nodes;
-    };
-    for (const Case &c :
-         {Case{-1, "a(b(c(?))) d(?)"}, Case{0, "a(b(c)) d"}, Case{1, "a(b(c)) d"},
-          Case{2, "a(b(c)) d(?)"}, Case{4, "a(b(c(?))) d(?)"}, Case{-5, "a(b(c(?))) d(?)"}}) {
-        Tree.SetAutoExpandLevels(c.Levels);
-        EXPECT_EQ(Tree.Nodes(), c.Nodes) << c.Levels;
-    }
 }
 
 // --- rows and expansion --------------------------------------------------------------------------
@@ -327,43 +231,34 @@ TEST_F(TreeTest, VisibilityFollowsTheAncestorsAndNotTheScrollPosition)
     AddRows(100);
     EXPECT_FALSE(a->GetVisible()); // no node yet
     Tree.EnsureDisplayUpToDate();
-    const auto visible = [&] {
-        return std::vector{a->GetVisible(), b->GetVisible(), c->GetVisible()};
-    };
-    EXPECT_EQ(visible(), (std::vector{true, false, false}));
+    const auto visible = [&] { return a->GetVisible() + b->GetVisible() + c->GetVisible(); };
     b->SetExpanded(true);
-    EXPECT_EQ(visible(), (std::vector{true, false, false}));
+    EXPECT_EQ(visible(), 1);
     a->SetExpanded(true);
-    EXPECT_EQ(visible(), (std::vector{true, true, true}));
-    EXPECT_EQ(Tree.GetRow(*c), 2);
-    EXPECT_EQ(Tree.CountVisible(), 103);
+    EXPECT_EQ(visible(), 3);
     Tree.SetTopItem(Root(50));
     EXPECT_TRUE(c->GetVisible());
     EXPECT_EQ(Tree.GetRect(*c), (TRect{-1, -1, -1, -1}));
     Tree.FullCollapse();
-    EXPECT_EQ(visible(), (std::vector{true, false, false}));
+    EXPECT_EQ(visible(), 1);
     EXPECT_FALSE(b->GetExpanded());
     Tree.FullExpand();
-    EXPECT_EQ(visible(), (std::vector{true, true, true}));
+    EXPECT_EQ(visible(), 3);
     Tree.FullCollapse();
     Tree.ExpandLevels(1);
-    EXPECT_EQ(visible(), (std::vector{true, true, false}));
+    EXPECT_EQ(visible(), 2);
 }
 
 TEST_F(TreeTest, RowsAndRectanglesFollowTheTopRow)
 {
     AddRows(20); // five fit
-    EXPECT_EQ(Tree.GetRect(*Root(4)), (TRect{0, 80, 200, 100}));
+    Tree.EnsureDisplayUpToDate();
     Host.View.Height = 90;
     Host.SetTopRow(3);
-    struct Case
-    {
-        int Row;
-        TRect Rect;
-    };
-    for (const Case &c : {Case{2, {-1, -1, -1, -1}}, Case{3, {0, 0, 200, 20}},
-                          Case{7, {0, 80, 200, 100}}, Case{8, {-1, -1, -1, -1}}}) {
-        EXPECT_EQ(Tree.GetRect(*Root(c.Row)), c.Rect) << c.Row;
+    const TRect none{-1, -1, -1, -1};
+    for (const auto &[row, rect] : {std::pair(2, none), std::pair(3, TRect{0, 0, 200, 20}),
+                                    std::pair(7, TRect{0, 80, 200, 100}), std::pair(8, none)}) {
+        EXPECT_EQ(Tree.GetRect(*Root(row)), rect) << row;
     }
     const auto rows = Tree.VisibleRowEntities();
     ASSERT_EQ(rows.size(), 5U);
@@ -373,11 +268,9 @@ TEST_F(TreeTest, RowsAndRectanglesFollowTheTopRow)
     EXPECT_EQ(Tree.GetDataEntityAt(5, 20), Root(4));
     EXPECT_EQ(Tree.GetDataEntityAt(200, 20), nullptr);
     EXPECT_EQ(Tree.GetDataEntityAt(5, -1), nullptr);
-    EXPECT_EQ(Tree.GetDataEntityFromRow(19), Root(19));
     EXPECT_EQ(Tree.GetDataEntityFromRow(20), nullptr);
     EXPECT_EQ(Tree.GetNextVisible(nullptr), Root(0));
     EXPECT_EQ(Tree.GetNextVisible(Root(19)), nullptr);
-    EXPECT_EQ(Tree.GetPrevVisible(Root(1)), Root(0));
     EXPECT_EQ(Tree.GetPrevVisible(Root(0)), nullptr);
 }
 
@@ -430,49 +323,43 @@ TEST_F(TreeTest, TheCurrentEntityChangesWhenTheDeferredCallRuns)
     AddRows(3);
     TzuDataEntity_Tree *deep = Tree.Add("deep", Root(1));
     Tree.OnCurrentChanged = [&](TObject *) { ++Fired; };
-    Tree.SetCurrentDataEntity(Root(0));
-    EXPECT_EQ(Tree.GetCurrentDataEntity(), nullptr);
-    TDoLater::DoAllNow();
-    EXPECT_EQ(Tree.GetCurrentDataEntity(), Root(0));
-    Tree.SetCurrentDataEntity(Root(2));
-    Tree.SetCurrentDataEntity(deep);
-    EXPECT_EQ(Tree.GetCurrentDataEntity(), Root(0));
-    TDoLater::DoAllNow();
-    EXPECT_EQ(Tree.GetCurrentDataEntity(), deep);
+    TzuDataEntity_Tree *before = nullptr;
+    for (TzuDataEntity_Tree *next : {Root(0), deep, static_cast<TzuDataEntity_Tree *>(nullptr)}) {
+        Tree.SetCurrentDataEntity(Root(2)); // replaced before it runs
+        Tree.SetCurrentDataEntity(next);
+        EXPECT_EQ(Tree.GetCurrentDataEntity(), before);
+        TDoLater::DoAllNow();
+        EXPECT_EQ(Tree.GetCurrentDataEntity(), next);
+        EXPECT_EQ(Host.Selected, next != nullptr ? next->Node() : nullptr);
+        before = next;
+    }
     EXPECT_TRUE(deep->GetVisible());
-    EXPECT_EQ(Host.Selected, deep->Node());
-    Tree.SetCurrentDataEntity(nullptr);
-    TDoLater::DoAllNow();
-    EXPECT_EQ(Tree.GetCurrentDataEntity(), nullptr);
     EXPECT_EQ(Fired, 3);
 }
 
 TEST_F(TreeTest, NothingIsSelectedAfterTheSelectedEntityWentAway)
 {
-    struct Case
-    {
-        const char *What;
-        std::function<void(TzuDataEntity_Tree *parent, TzuDataEntity_Tree *entity)> Act;
-    };
-    const Case cases[] = {
+    using TEntity = TzuDataEntity_Tree *;
+    const std::pair<const char *, std::function<void(TEntity, TEntity)>> cases[] = {
         {"deleted", [&](auto *, auto *entity) { Tree.RemoveDataEntity(entity); }},
         {"parent deleted", [&](auto *parent, auto *) { Tree.RemoveDataEntity(parent); }},
         {"hidden", [&](auto *, auto *entity) { entity->Set_HideNode(true); }},
         {"all cleared", [&](auto *, auto *) { Tree.Clear(); }},
     };
-    for (const Case &c : cases) {
+    Tree.OnCurrentChanged = [&](TObject *) { ++Fired; };
+    for (const auto &[what, act] : cases) {
+        SCOPED_TRACE(what);
         TzuDataEntity_Tree *parent = Tree.Add("p");
         TzuDataEntity_Tree *entity = Tree.Add("e", parent);
         Tree.Add("f", parent);
         Tree.SetCurrentDataEntity(entity);
         TDoLater::DoAllNow();
-        EXPECT_EQ(Tree.GetCurrentDataEntity(), entity) << c.What;
+        EXPECT_EQ(Tree.GetCurrentDataEntity(), entity);
         Fired = 0;
-        Tree.OnCurrentChanged = [&](TObject *) { ++Fired; };
-        c.Act(parent, entity);
-        EXPECT_EQ(Tree.GetCurrentDataEntity(), nullptr) << c.What;
-        EXPECT_EQ(Host.Selected, nullptr) << c.What;
-        EXPECT_EQ(Fired, 1) << c.What;
+        act(parent, entity);
+        EXPECT_EQ(Tree.GetCurrentDataEntity(), nullptr);
+        EXPECT_EQ(Host.Selected, nullptr);
+        EXPECT_EQ(Fired, 1);
     }
 }
 

@@ -121,15 +121,13 @@ TEST_F(OffscreenPaintTest, UpdatesNestAndHoldBackRepaints)
 
 TEST_F(OffscreenPaintTest, PaintsItsBackgroundAndFiresOnPaint)
 {
-    TzuOffscreenPaint *sender = nullptr;
     m_control.OnPaint = [&](TzuOffscreenPaint *control) {
-        sender = control;
+        EXPECT_EQ(control, &m_control);
         EXPECT_EQ(control->GetOffscreenCanvas().Brush().Color, clRed);
         EXPECT_EQ(control->GetOffscreenCanvas().Font(), control->Font());
         control->GetOffscreenCanvas().FillRect({10, 10, 20, 20}, clBlue);
     };
     const QImage image = Rendered();
-    EXPECT_EQ(sender, &m_control);
     EXPECT_EQ(image.pixel(0, 0), kRed);
     EXPECT_EQ(image.pixel(39, 29), kRed);
     EXPECT_EQ(image.pixel(10, 10), kBlue);
@@ -140,27 +138,15 @@ TEST_F(OffscreenPaintTest, PaintsItsBackgroundAndFiresOnPaint)
 TEST_F(OffscreenPaintTest, TheCopyLeavesReservedStripsAloneAndFillsTheCornerBetweenTwo)
 {
     const QRgb face = m_control.palette().color(QPalette::Active, QPalette::Button).rgb();
-    struct Case
-    {
-        int Right;
-        int Bottom;
-        QRgb RightStrip;
-        QRgb BottomStrip;
-        QRgb Corner;
-    };
-    const std::vector<Case> cases = {
-        {0, 0, kRed, kRed, kRed},
-        {17, 0, kGreen, kRed, kGreen},
-        {0, 9, kRed, kGreen, kGreen},
-        {17, 9, kGreen, kGreen, face},
-    };
-    for (const Case &c : cases) {
-        m_control.SetReserved(c.Right, c.Bottom);
+    for (const auto &[right, bottom, corner] :
+         {std::tuple(0, 0, kRed), {17, 0, kGreen}, {0, 9, kGreen}, {17, 9, face}}) {
+        SCOPED_TRACE(testing::Message() << right << ' ' << bottom);
+        m_control.SetReserved(right, bottom);
         const QImage image = Rendered();
-        EXPECT_EQ(image.pixel(22, 20), kRed) << c.Right << ' ' << c.Bottom;
-        EXPECT_EQ(image.pixel(30, 5), c.RightStrip) << c.Right << ' ' << c.Bottom;
-        EXPECT_EQ(image.pixel(5, 25), c.BottomStrip) << c.Right << ' ' << c.Bottom;
-        EXPECT_EQ(image.pixel(39, 29), c.Corner) << c.Right << ' ' << c.Bottom;
+        EXPECT_EQ(image.pixel(22, 20), kRed);
+        EXPECT_EQ(image.pixel(30, 5), right > 0 ? kGreen : kRed);
+        EXPECT_EQ(image.pixel(5, 25), bottom > 0 ? kGreen : kRed);
+        EXPECT_EQ(image.pixel(39, 29), corner);
     }
 }
 
@@ -300,32 +286,25 @@ TEST_F(PrintTest, DrawsEnlargedAndClippedAtItsPlace)
     QPainter device(&m_page);
     m_control.Print(device, 20, 10, 2, 3);
     EXPECT_THAT(log, ElementsAre("paint", "after"));
-    EXPECT_EQ(m_page.pixel(20, 10), kBlue);
-    EXPECT_EQ(m_page.pixel(99, 99), kBlue);
-    EXPECT_EQ(m_page.pixel(19, 50), kGreen);
-    EXPECT_EQ(m_page.pixel(50, 9), kGreen);
-    EXPECT_EQ(m_page.pixel(100, 50), kGreen);
-    EXPECT_EQ(m_page.pixel(50, 100), kGreen);
-    EXPECT_FALSE(m_control.GetIsPrinting());
-    EXPECT_FALSE(m_control.GetAssignedPrintingCanvas());
-    EXPECT_EQ(m_control.Width(), 40);
+    for (const QPoint inside : {QPoint(20, 10), QPoint(99, 99)}) {
+        EXPECT_EQ(m_page.pixel(inside), kBlue);
+    }
+    for (const QPoint outside : {QPoint(19, 50), QPoint(50, 9), QPoint(100, 50), QPoint(50, 100)}) {
+        EXPECT_EQ(m_page.pixel(outside), kGreen);
+    }
     EXPECT_EQ(m_control.GetScalex(), 1.0) << "scales count while printing only";
     EXPECT_EQ(m_control.GetScaley(), 1.0);
 }
 
 TEST_F(PrintTest, SizesRoundToTheNearestPixel)
 {
-    struct Case
-    {
-        double Scale;
-        int Width;
-    };
-    for (const Case &c : {Case{0.5, 20}, Case{1.0125, 40}, Case{1.0375, 42}, Case{0, 0}}) {
-        int width = -1;
-        m_control.OnPaint = [&](TzuOffscreenPaint *control) { width = control->Width(); };
-        QPainter device(&m_page);
-        m_control.Print(device, 0, 0, c.Scale, 1);
-        EXPECT_EQ(width, c.Width) << c.Scale;
+    int width = -1;
+    m_control.OnPaint = [&](TzuOffscreenPaint *control) { width = control->Width(); };
+    QPainter device(&m_page);
+    for (const auto &[scale, expected] :
+         {std::pair(0.5, 20), {1.0125, 40}, {1.0375, 42}, {0.0, 0}}) {
+        m_control.Print(device, 0, 0, scale, 1);
+        EXPECT_EQ(width, expected) << scale;
     }
 }
 
@@ -337,31 +316,32 @@ TEST_F(PrintTest, EverythingIsRestoredAlsoWhenPaintingThrows)
     device.setClipRect(0, 0, 100, 100);
     const QTransform transform = device.transform();
     const QRegion clip = device.clipRegion();
-    const auto expectRestored = [&] {
+    for (const std::string failing : {"drawing", "afterwards", ""}) {
+        if (failing == "drawing") {
+            m_control.Drawing = [](TCanvas &canvas) {
+                canvas.PushClip({0, 0, 5, 5});
+                throw std::runtime_error("while drawing");
+            };
+        } else if (!failing.empty()) {
+            m_control.OnAfterPrint = [](TzuOffscreenPaint *) { throw std::runtime_error("after"); };
+        }
+        const auto print = [&] { m_control.Print(device, 20, 10, 2, 3); };
+        if (failing.empty()) {
+            print();
+        } else {
+            EXPECT_THROW(print(), std::runtime_error);
+        }
         EXPECT_EQ(device.transform(), transform);
         EXPECT_EQ(device.clipRegion(), clip);
         EXPECT_FALSE(m_control.GetIsPrinting());
         EXPECT_FALSE(m_control.GetAssignedPrintingCanvas());
-        EXPECT_EQ(m_control.Width(), 40);
-        EXPECT_EQ(m_control.Height(), 30);
+        EXPECT_EQ(QSize(m_control.Width(), m_control.Height()), QSize(40, 30));
         m_control.Paints = 0;
         m_control.Drawing = nullptr;
         m_control.OnAfterPrint = nullptr;
         QCoreApplication::processEvents();
         EXPECT_EQ(m_control.Paints, 1) << "a print invalidates";
-    };
-    m_control.Drawing = [](TCanvas &canvas) {
-        canvas.PushClip({0, 0, 5, 5});
-        throw std::runtime_error("while drawing");
-    };
-    EXPECT_THROW(m_control.Print(device, 20, 10, 2, 3), std::runtime_error);
-    expectRestored();
-    m_control.OnAfterPrint = [](TzuOffscreenPaint *) { throw std::runtime_error("afterwards"); };
-    EXPECT_THROW(m_control.Print(device, 20, 10, 2, 3), std::runtime_error);
-    expectRestored();
-    m_control.Print(device, 20, 10, 2, 3);
-    expectRestored();
-
+    }
     QPainter inactive;
     EXPECT_THROW(m_control.Print(inactive, 0, 0, 1, 1), std::invalid_argument);
     EXPECT_FALSE(m_control.GetIsPrinting());
@@ -394,46 +374,36 @@ TEST_F(PrintTest, PrintModeNestsWithoutAPrint)
 TEST_F(PrintTest, FontsGrowByHalfTheScalePlusOne)
 {
     using THandler = TzuOffscreenPaint::TOnPrintResizeFont;
-    struct Case
-    {
-        const char *Name;
-        double Scale;
-        int Size;
-        THandler Handler;
-        int Result;
-    };
     const THandler own = [](TzuOffscreenPaint *, int &size, bool &standard) {
         EXPECT_EQ(size, 8);
         size = 30;
         standard = false;
     };
     const THandler changesSize = [](TzuOffscreenPaint *, int &size, bool &) { size = 20; };
-    const std::vector<Case> cases = {
-        {"doubled", 2, 8, nullptr, 16},
-        {"not enlarged", 1, 8, nullptr, 8},
-        {"threefold", 3, 10, nullptr, 25},
-        {"tie to even", 1.5, 10, nullptr, 18}, // 17.5
-        {"shrunk", 0.5, 8, nullptr, 8},
-        {"the handler's own size", 2, 8, own, 30},
-        {"the handler's own size when not enlarged", 1, 8, own, 30},
-        {"the handler's size, enlarged", 2, 8, changesSize, 40},
-        {"the handler's size, not enlarged", 1, 8, changesSize, 8},
+    const std::tuple<double, int, THandler, int> cases[] = {
+        {2, 8, nullptr, 16},    {1, 8, nullptr, 8},
+        {3, 10, nullptr, 25},   {1.5, 10, nullptr, 18},  // a tie, to the even size
+        {0.5, 8, nullptr, 8},                            // never shrunk
+        {2, 8, own, 30},                                 // the handler's own size
+        {1, 8, own, 30},        {2, 8, changesSize, 40}, // the handler's size, enlarged
+        {1, 8, changesSize, 8},
     };
-    for (const Case &c : cases) {
+    TCanvas &canvas = m_control.GetOffscreenCanvas();
+    for (const auto &[scale, before, handler, after] : cases) {
         int size = 0;
-        m_control.OnPrintResizeFont = c.Handler;
-        m_control.OnPaint = [&](TzuOffscreenPaint *control) {
-            control->GetOffscreenCanvas().SetFont({.Size = c.Size});
+        m_control.OnPrintResizeFont = handler;
+        m_control.OnPaint = [&, before = before](TzuOffscreenPaint *control) {
+            control->GetOffscreenCanvas().SetFont({.Size = before});
             control->PrintResizeFont();
             size = control->GetOffscreenCanvas().Font().Size;
         };
         QPainter device(&m_page);
-        m_control.Print(device, 0, 0, c.Scale, 1);
-        EXPECT_EQ(size, c.Result) << c.Name;
+        m_control.Print(device, 0, 0, scale, 1);
+        EXPECT_EQ(size, after) << scale << ' ' << before;
     }
-    m_control.GetOffscreenCanvas().SetFont({.Size = 8});
+    canvas.SetFont({.Size = 8});
     m_control.PrintResizeFont();
-    EXPECT_EQ(m_control.GetOffscreenCanvas().Font().Size, 8) << "on screen nothing happens";
+    EXPECT_EQ(canvas.Font().Size, 8) << "on screen nothing happens";
 }
 
 // Input
@@ -534,66 +504,52 @@ protected:
 
 TEST_F(MouseTest, AClickIsAPressAndAReleaseInside)
 {
-    std::vector<std::string> log;
+    std::string log;
     m_control.OnMouseDown = [&](TzuOffscreenPaint *, TMouseButton button, TShiftState shift, int x,
                                 int y) {
-        EXPECT_TRUE(shift.Shift);
-        log.push_back("down " + std::to_string(static_cast<int>(button)) + ' ' + std::to_string(x)
-                      + ',' + std::to_string(y));
+        EXPECT_TRUE(shift.Shift && x == 5 && y == 6);
+        log += button == TMouseButton::mbLeft ? "left " : "other ";
     };
     m_control.OnMouseUp = [&](TzuOffscreenPaint *, TMouseButton, TShiftState, int, int) {
-        log.emplace_back("up");
+        log += "up ";
     };
-    m_control.OnClick = [&](TzuOffscreenPaint *) { log.emplace_back("click"); };
-    m_control.OnDblClick = [&](TzuOffscreenPaint *) { log.emplace_back("double"); };
-
-    Send(&m_control, QEvent::MouseButtonPress, {5, 6});
-    Send(&m_control, QEvent::MouseButtonRelease, {7, 6});
-    EXPECT_THAT(log, ElementsAre("down 0 5,6", "click", "up"));
-    log.clear();
-    Send(&m_control, QEvent::MouseButtonDblClick, {5, 6});
-    Send(&m_control, QEvent::MouseButtonRelease, {5, 6});
-    EXPECT_THAT(log, ElementsAre("double", "down 0 5,6", "up"));
-    log.clear();
-    Send(&m_control, QEvent::MouseButtonPress, {5, 6});
-    Send(&m_control, QEvent::MouseButtonRelease, {50, 6});
-    EXPECT_THAT(log, ElementsAre("down 0 5,6", "up"));
-    log.clear();
-    Send(&m_control, QEvent::MouseButtonPress, {5, 6}, Qt::RightButton);
-    Send(&m_control, QEvent::MouseButtonRelease, {5, 6}, Qt::RightButton);
-    EXPECT_THAT(log, ElementsAre("down 1 5,6", "up"));
+    m_control.OnClick = [&](TzuOffscreenPaint *) { log += "click "; };
+    m_control.OnDblClick = [&](TzuOffscreenPaint *) { log += "double "; };
+    const std::tuple<QEvent::Type, QPointF, Qt::MouseButton, std::string> cases[] = {
+        {QEvent::MouseButtonPress, {7, 6}, Qt::LeftButton, "left click up "},
+        {QEvent::MouseButtonDblClick, {5, 6}, Qt::LeftButton, "double left up "},
+        {QEvent::MouseButtonPress, {50, 6}, Qt::LeftButton, "left up "},
+        {QEvent::MouseButtonPress, {5, 6}, Qt::RightButton, "other up "},
+    };
+    for (const auto &[press, released, button, expected] : cases) {
+        log.clear();
+        Send(&m_control, press, {5, 6}, button);
+        Send(&m_control, QEvent::MouseButtonRelease, released, button);
+        EXPECT_EQ(log, expected);
+    }
 }
 
 TEST_F(MouseTest, AHandlerMayDestroyTheControl)
 {
-    struct Case
-    {
-        const char *Name;
-        std::function<void(TzuOffscreenPaint &)> Arrange;
-    };
     const auto destroy = [](TzuOffscreenPaint *control) { delete control; };
-    const std::vector<Case> cases = {
-        {"click", [&](TzuOffscreenPaint &control) { control.OnClick = destroy; }},
-        {"press",
-         [](TzuOffscreenPaint &control) {
-             control.OnMouseDown = [](TzuOffscreenPaint *self, TMouseButton, TShiftState, int,
-                                      int) { delete self; };
-         }},
-        {"double click", [&](TzuOffscreenPaint &control) { control.OnDblClick = destroy; }},
-    };
-    for (const Case &c : cases) {
-        auto *control = new TzuOffscreenPaint;
-        const QPointer<TzuOffscreenPaint> watch(control);
+    for (const auto doom :
+         {QEvent::MouseButtonPress, QEvent::MouseButtonRelease, QEvent::MouseButtonDblClick}) {
+        QPointer<TzuOffscreenPaint> control(new TzuOffscreenPaint);
         control->resize(40, 30);
         control->OnMouseUp = [](TzuOffscreenPaint *, TMouseButton, TShiftState, int, int) {};
-        c.Arrange(*control);
+        if (doom == QEvent::MouseButtonPress) {
+            control->OnMouseDown = [](TzuOffscreenPaint *self, TMouseButton, TShiftState, int,
+                                      int) { delete self; };
+        } else {
+            (doom == QEvent::MouseButtonRelease ? control->OnClick : control->OnDblClick) = destroy;
+        }
         for (const auto type :
              {QEvent::MouseButtonPress, QEvent::MouseButtonRelease, QEvent::MouseButtonDblClick}) {
-            if (watch) {
+            if (control) {
                 Send(control, type, {5, 5});
             }
         }
-        EXPECT_TRUE(watch.isNull()) << c.Name;
+        EXPECT_TRUE(control.isNull()) << doom;
     }
 }
 

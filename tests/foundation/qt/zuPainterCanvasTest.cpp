@@ -13,6 +13,7 @@
 #include <gmock/gmock.h>
 #include <set>
 #include <string>
+#include <tuple>
 #include <vector>
 
 namespace korvane {
@@ -67,23 +68,19 @@ TEST(PainterCanvas, StraightLinesAreWholeDevicePixelsAndIncludeBothEnds)
 {
     struct Case
     {
-        const char *Name;
         double Ratio;
-        std::vector<TPoint> Points;
+        std::array<TPoint, 2> Points;
         int Width;
         QRect Ink; // in device pixels
     };
-    const std::vector<Case> cases = {
-        {"horizontal", 1, {{2, 3}, {8, 3}}, 1, {2, 3, 7, 1}},
-        {"vertical, upwards", 1, {{5, 20}, {5, 4}}, 1, {5, 4, 1, 17}},
-        {"a point", 1, {{7, 7}, {7, 7}}, 1, {7, 7, 1, 1}},
-        {"horizontal at 2", 2, {{2, 3}, {8, 3}}, 1, {4, 6, 14, 2}},
-        {"vertical at 2", 2, {{5, 4}, {5, 20}}, 1, {10, 8, 2, 34}},
-        {"vertical at 1.5, odd", 1.5, {{5, 4}, {5, 20}}, 1, {8, 6, 1, 25}},
-        {"vertical at 1.5, even", 1.5, {{6, 4}, {6, 20}}, 1, {9, 6, 1, 25}},
-        {"three wide", 1, {{10, 4}, {10, 20}}, 3, {9, 3, 3, 19}},
+    const Case cases[] = {
+        {1, {{{2, 3}, {8, 3}}}, 1, {2, 3, 7, 1}},     {1, {{{5, 20}, {5, 4}}}, 1, {5, 4, 1, 17}},
+        {1, {{{7, 7}, {7, 7}}}, 1, {7, 7, 1, 1}},     {2, {{{2, 3}, {8, 3}}}, 1, {4, 6, 14, 2}},
+        {2, {{{5, 4}, {5, 20}}}, 1, {10, 8, 2, 34}},  {1.5, {{{5, 4}, {5, 20}}}, 1, {8, 6, 1, 25}},
+        {1.5, {{{6, 4}, {6, 20}}}, 1, {9, 6, 1, 25}}, {1, {{{10, 4}, {10, 20}}}, 3, {9, 3, 3, 19}},
     };
     for (const Case &c : cases) {
+        SCOPED_TRACE(&c - cases);
         for (const bool smooth : {false, true}) {
             const QImage image = Drawn(
                 [&](TPainterCanvas &canvas) {
@@ -92,8 +89,8 @@ TEST(PainterCanvas, StraightLinesAreWholeDevicePixelsAndIncludeBothEnds)
                     canvas.Polyline(c.Points);
                 },
                 c.Ratio);
-            EXPECT_EQ(InkOf(image), c.Ink) << c.Name;
-            EXPECT_EQ(ColorsOf(image, c.Ink), std::set{kRed}) << c.Name;
+            EXPECT_EQ(InkOf(image), c.Ink);
+            EXPECT_EQ(ColorsOf(image, c.Ink), std::set{kRed});
         }
     }
 }
@@ -107,15 +104,14 @@ TEST(PainterCanvas, FramesAreOneSharpLineInsideTheRectangle)
                 canvas.FrameRect({4, 4, 24, 20});
             },
             ratio);
+        SCOPED_TRACE(ratio);
         const QRect ink = InkOf(image);
         const int line = static_cast<int>(ratio);
-        EXPECT_EQ(ink.topLeft(), QPoint(qRound(4 * ratio), qRound(4 * ratio))) << ratio;
-        EXPECT_EQ(ink.right() + 1, qRound(24 * ratio)) << ratio;
-        EXPECT_EQ(ink.bottom() + 1, qRound(20 * ratio)) << ratio;
-        EXPECT_EQ(ColorsOf(image, ink), (std::set{kRed, kWhite}))
-            << ratio << ": nothing is blurred";
-        EXPECT_EQ(ColorsOf(image, ink.adjusted(line, line, -line, -line)), std::set{kWhite})
-            << ratio;
+        EXPECT_EQ(ink.topLeft(), QPoint(qRound(4 * ratio), qRound(4 * ratio)));
+        EXPECT_EQ(ink.right() + 1, qRound(24 * ratio));
+        EXPECT_EQ(ink.bottom() + 1, qRound(20 * ratio));
+        EXPECT_EQ(ColorsOf(image, ink), (std::set{kRed, kWhite})) << "nothing is blurred";
+        EXPECT_EQ(ColorsOf(image, ink.adjusted(line, line, -line, -line)), std::set{kWhite});
     }
 }
 
@@ -141,60 +137,38 @@ TEST(PainterCanvas, SlantedLinesPassThroughThePixelsOfTheirEnds)
 TEST(PainterCanvas, FillsLeaveOutTheRightAndBottomEdge)
 {
     const TRect rect{5, 6, 15, 12};
-    struct Case
-    {
-        const char *Name;
-        TDrawing Drawing;
-        QRect Ink;
-    };
     const QRect all(5, 6, 10, 6);
-    const std::vector<Case> cases = {
-        {"solid", [&](TPainterCanvas &c) { c.FillRect(rect, clRed); }, all},
-        {"clear",
-         [&](TPainterCanvas &c) {
-             c.SetBrush({clRed, TBrushStyle::bsClear, {}});
-             c.FillRect(rect);
-         },
-         {}},
-        {"gradient", [&](TPainterCanvas &c) { c.FillGradient(rect, clRed, clBlue); }, all},
-        {"empty",
-         [&](TPainterCanvas &c) {
-             c.FillRect({5, 6, 5, 12}, clRed);
-         },
-         {}},
-        {"inverted",
-         [&](TPainterCanvas &c) {
-             c.FillRect({15, 12, 5, 6}, clRed);
-         },
-         {}},
-        {"ellipse",
-         [&](TPainterCanvas &c) {
-             c.SetPenColor(clBlack);
-             c.Ellipse(rect);
-         },
-         all},
-        {"focus frame", [&](TPainterCanvas &c) { c.DrawFocusRect(rect); }, all},
+    const TRect empty{5, 6, 5, 12};
+    const TRect inverted{15, 12, 5, 6};
+    const TBrush clear{clRed, TBrushStyle::bsClear, {}};
+    const std::pair<TDrawing, QRect> cases[] = {
+        {[&](TPainterCanvas &c) { c.FillRect(rect, clRed); }, all},
+        {[&](TPainterCanvas &c) { c.FillGradient(rect, clRed, clBlue); }, all},
+        {[&](TPainterCanvas &c) { c.SetPenColor(clBlack), c.Ellipse(rect); }, all},
+        {[&](TPainterCanvas &c) { c.DrawFocusRect(rect); }, all},
+        {[&](TPainterCanvas &c) { c.FillRect(empty, clRed); }, {}},
+        {[&](TPainterCanvas &c) { c.FillRect(inverted, clRed); }, {}},
+        {[&](TPainterCanvas &c) { c.SetBrush(clear), c.FillRect(rect); }, {}},
     };
-    for (const Case &c : cases) {
-        EXPECT_EQ(InkOf(Drawn(c.Drawing)), c.Ink) << c.Name;
+    for (const auto &c : cases) {
+        EXPECT_EQ(InkOf(Drawn(c.first)), c.second) << "case " << &c - cases;
     }
 }
 
 TEST(PainterCanvas, APolygonWithoutPenFillsItsInsideOnly)
 {
     const std::array corners{TPoint{5, 5}, TPoint{20, 5}, TPoint{20, 15}, TPoint{5, 15}};
-    const QImage image = Drawn([&](TPainterCanvas &canvas) {
-        canvas.SetPen({clBlack, 1, TPenStyle::psClear});
-        canvas.SetBrushColor(clRed);
-        canvas.Polygon(corners);
-    });
+    const auto drawn = [&](TPenStyle style) {
+        return Drawn([&](TPainterCanvas &canvas) {
+            canvas.SetPen({clBlack, 1, style});
+            canvas.SetBrushColor(clRed);
+            canvas.Polygon(corners);
+        });
+    };
+    const QImage image = drawn(TPenStyle::psClear);
     EXPECT_EQ(image.pixel(12, 10), kRed);
     EXPECT_EQ(ColorsOf(image, image.rect()), (std::set{kRed, kWhite}));
-    const QImage outlined = Drawn([&](TPainterCanvas &canvas) {
-        canvas.SetPenColor(clBlack);
-        canvas.SetBrushColor(clRed);
-        canvas.Polygon(corners);
-    });
+    const QImage outlined = drawn(TPenStyle::psSolid);
     EXPECT_EQ(InkOf(outlined), QRect(5, 5, 16, 11)) << "the outline runs through the corners";
     EXPECT_EQ(outlined.pixel(5, 10), kBlack);
     EXPECT_EQ(outlined.pixel(6, 10), kRed);
@@ -210,14 +184,13 @@ TEST(PainterCanvas, PatternsAreAnchoredAtTheOriginInWholeSquares)
                 canvas.FillRect({3, 3, 40, 30});
             },
             ratio);
+        SCOPED_TRACE(ratio);
         const auto at = [&](int x, int y) { return image.pixel(x * square, y * square); };
-        EXPECT_EQ(at(4, 4), kRed) << ratio;
-        EXPECT_EQ(at(5, 4), kBlack) << ratio;
-        EXPECT_EQ(at(4, 5), 0xFF0000FF) << ratio;
-        EXPECT_EQ(at(35, 25), kRed) << ratio << ": repeats without a seam";
-        EXPECT_EQ(ColorsOf(image, QRect(5 * square, 4 * square, square, square)), std::set{kBlack})
-            << ratio;
-        EXPECT_EQ(at(2, 3), kWhite) << ratio;
+        EXPECT_EQ(at(4, 4), kRed);
+        EXPECT_EQ(at(4, 5), 0xFF0000FF);
+        EXPECT_EQ(at(35, 25), kRed) << "repeats without a seam";
+        EXPECT_EQ(ColorsOf(image, QRect(5 * square, 4 * square, square, square)), std::set{kBlack});
+        EXPECT_EQ(at(2, 3), kWhite);
     }
 }
 
@@ -347,23 +320,15 @@ TEST(PainterCanvas, ImagesAreCentredAndScaledDownButNeverUp)
     pixmap.fill(Qt::red);
     TzuImageList images;
     ASSERT_EQ(images.Add(pixmap), 0);
-    struct Case
-    {
-        TRect Rect;
-        int Index;
-        QRect Ink;
-    };
-    const std::vector<Case> cases = {
-        {{0, 0, 20, 20}, 0, {5, 7, 10, 6}},
-        {{0, 0, 5, 20}, 0, {0, 8, 5, 3}},
-        {{0, 0, 20, 20}, 1, {}},
-        {{0, 0, 20, 20}, -1, {}},
-        {{0, 0, 0, 20}, 0, {}},
-    };
-    for (const Case &c : cases) {
-        const QImage image =
-            Drawn([&](TPainterCanvas &canvas) { canvas.DrawImage(c.Rect, images, c.Index); });
-        EXPECT_EQ(InkOf(image), c.Ink) << c.Rect.Right << ' ' << c.Index;
+    for (const auto &[width, index, ink] : {std::tuple(20, 0, QRect(5, 7, 10, 6)),
+                                            {5, 0, {0, 8, 5, 3}},
+                                            {20, 1, {}},
+                                            {20, -1, {}},
+                                            {0, 0, {}}}) {
+        const QImage image = Drawn([&, width = width, index = index](TPainterCanvas &canvas) {
+            canvas.DrawImage({0, 0, width, 20}, images, index);
+        });
+        EXPECT_EQ(InkOf(image), ink) << width << ' ' << index;
     }
     QPixmap fine(20, 12);
     fine.setDevicePixelRatio(2);
