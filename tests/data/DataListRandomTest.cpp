@@ -61,9 +61,8 @@ public:
         case 0:
         case 1:
         case 2:
-            return Do("insert", AnyIndex(), [](auto &side, int i) { return side.Insert(i), 0; });
         case 3:
-            return Do("append", List().Count(),
+            return Do("insert", Below(4) == 0 ? List().Count() : AnyIndex(),
                       [](auto &side, int i) { return side.Insert(i), 0; });
         case 4:
             return Do("delete", AnyIndex(), [](auto &side, int i) { return side.Delete(i), 0; });

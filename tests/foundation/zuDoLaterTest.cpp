@@ -82,15 +82,14 @@ TEST_F(DoLaterTest, TellsCallsApartByCodeAndByObject)
     Counter first;
     Counter second;
     const auto run = TDoLaterCall::Bind<&Counter::Run>(&first);
+    const auto runSecond = TDoLaterCall::Bind<&Counter::Run>(&second);
+    const auto other = TDoLaterCall::Bind<&Counter::RunOther>(&first);
     EXPECT_TRUE(TDoLater::CompareMethodPointer(run, TDoLaterCall::Bind<&Counter::Run>(&first)));
-    EXPECT_FALSE(TDoLater::CompareMethodPointer(run, TDoLaterCall::Bind<&Counter::Run>(&second)));
-    EXPECT_FALSE(
-        TDoLater::CompareMethodPointer(run, TDoLaterCall::Bind<&Counter::RunOther>(&first)));
-
-    TDoLater::DoLater(run);
-    TDoLater::DoLater(TDoLaterCall::Bind<&Counter::Run>(&second));
-    TDoLater::DoLater(TDoLaterCall::Bind<&Counter::RunOther>(&first));
-    TDoLater::DoLater(TDoLaterCall::Bind<&Counter::Run>(&first));
+    EXPECT_FALSE(TDoLater::CompareMethodPointer(run, runSecond));
+    EXPECT_FALSE(TDoLater::CompareMethodPointer(run, other));
+    for (const auto &call : {run, runSecond, other, TDoLaterCall::Bind<&Counter::Run>(&first)}) {
+        TDoLater::DoLater(call);
+    }
     TDoLater::DoAllNow();
     EXPECT_EQ(first.Runs, 1);
     EXPECT_EQ(first.OtherRuns, 1);

@@ -57,70 +57,52 @@ TEST(GanttProjectReader, CountsWorkingDaysByTheFilesCalendar)
 {
     const QByteArray week = "<default-week id='1' sun='1' mon='0' tue='0' wed='0' thu='0' fri='0' "
                             "sat='1'/>";
-    struct Case
-    {
-        QByteArray Calendars;
-        QByteArray Start;
-        QByteArray Duration;
-        std::string Finish;
-    };
-    // 2026-11-06 is a Friday.
-    const Case cases[] = {
-        {"", "2026-11-06", "1", "2026-11-07T00:00:00"},
-        {"", "2026-11-06", "2", "2026-11-10T00:00:00"},
-        {"<day-types>" + week + "</day-types>", "2026-11-06", "2", "2026-11-10T00:00:00"},
-        {"<day-types><calendar id='1'>" + week + "</calendar></day-types>", "2026-11-06", "2",
-         "2026-11-10T00:00:00"},
-        {"<day-types>" + week + "<only-show-weekends value='true'/></day-types>", "2026-11-06", "2",
-         "2026-11-08T00:00:00"},
-        {"<default-week fri='1' sat='0'/>", "2026-11-05", "3", "2026-11-10T00:00:00"},
-        {"<date year='2026' month='11' date='9' type='HOLIDAY'/>", "2026-11-06", "2",
-         "2026-11-11T00:00:00"},
-        {"<date year='' month='11' date='9' type='HOLIDAY'/>", "2026-11-06", "2",
-         "2026-11-11T00:00:00"},
+    const QByteArray friday = "2026-11-06";
+    const std::pair<QByteArray, std::string> calendars[] = {
+        // two days of work from Friday on
+        {"", "2026-11-10"},
+        {"<day-types>" + week + "</day-types>", "2026-11-10"},
+        {"<day-types><calendar id='1'>" + week + "</calendar></day-types>", "2026-11-10"},
+        {"<day-types>" + week + "<only-show-weekends value='true'/></day-types>", "2026-11-08"},
+        {"<default-week fri='1' sat='0'/>", "2026-11-10"},
+        {"<date year='2026' month='11' date='9' type='HOLIDAY'/>", "2026-11-11"},
+        {"<date year='' month='11' date='9' type='HOLIDAY'/>", "2026-11-11"},
         {"<date year='' month='11' date='9' type='HOLIDAY'/>"
          "<date year='2026' month='11' date='9' type='WORKING_DAY'><![CDATA[once]]></date>",
-         "2026-11-06", "2", "2026-11-10T00:00:00"},
-        {"<date year='2026' month='11' date='7' type='WORKING_DAY'/>", "2026-11-06", "2",
-         "2026-11-08T00:00:00"},
-        {"<date year='2026' month='11' date='9' type='NEUTRAL'/>", "2026-11-06", "2",
-         "2026-11-10T00:00:00"},
-        {"<date year='2026' month='2' date='30' type='HOLIDAY'/>", "2026-11-06", "2",
-         "2026-11-10T00:00:00"},
-        {"<default-week sun='1' mon='1' tue='1' wed='1' thu='1' fri='1' sat='1'/>", "2026-11-06",
-         "2", "2026-11-08T00:00:00"},
-        {"", "2026-11-06", "0", "2026-11-06T00:00:00"},
-        {"", "2026-11-06", "-3", "2026-11-06T00:00:00"},
-        {"", "2026-11-06", "1e30", "4000-01-01T00:00:00"},
-        {"", "2026-11-06", "long", "2026-11-06T00:00:00"},
+         "2026-11-10"},
+        {"<date year='2026' month='11' date='7' type='WORKING_DAY'/>", "2026-11-08"},
+        {"<date year='2026' month='11' date='9' type='NEUTRAL'/>", "2026-11-10"},
+        {"<date year='2026' month='2' date='30' type='HOLIDAY'/>", "2026-11-10"},
+        {"<default-week sun='1' mon='1' tue='1' wed='1' thu='1' fri='1' sat='1'/>", "2026-11-08"},
     };
-    for (const Case &expected : cases) {
-        EXPECT_EQ(FinishOf(expected.Calendars, expected.Start, expected.Duration), expected.Finish)
-            << expected.Calendars.toStdString() << expected.Duration.toStdString();
+    for (const auto &[calendar, finish] : calendars) {
+        EXPECT_EQ(FinishOf(calendar, friday, "2"), finish + "T00:00:00") << calendar.data();
+    }
+    const std::pair<QByteArray, std::string> durations[] = {
+        {"1", "2026-11-07"},    {"0", friday.data()},    {"-3", friday.data()},
+        {"1e30", "4000-01-01"}, {"long", friday.data()},
+    };
+    for (const auto &[duration, finish] : durations) {
+        EXPECT_EQ(FinishOf("", friday, duration), finish + "T00:00:00") << duration.data();
     }
 }
 
 TEST(GanttProjectReader, LinksLeadFromTheTaskInWhichTheyStand)
 {
-    struct Case
-    {
-        QByteArray Type;
-        PlanLinkType Expected;
-    };
-    const Case cases[] = {
+    const std::pair<QByteArray, PlanLinkType> cases[] = {
         {"type='1'", PlanLinkType::StartToStart},   {"type='2'", PlanLinkType::FinishToStart},
         {"type='3'", PlanLinkType::FinishToFinish}, {"type='4'", PlanLinkType::StartToFinish},
         {"type='9'", PlanLinkType::FinishToStart},  {"", PlanLinkType::FinishToStart},
     };
-    for (const Case &expected : cases) {
+    for (const auto &[type, expected] : cases) {
         const Plan plan = Loaded<GanttProjectReader>(
-            Project("", "<task id='0' start='2026-11-02' duration='1'><depend id='8' "
-                            + expected.Type + " difference='-2' hardness='Strong'/></task>"
+            Project("", "<task id='0' start='2026-11-02' duration='1'><depend id='8' " + type
+                            + " difference='-2' hardness='Strong'/></task>"
                             + "<task id='8' start='2026-11-03' duration='1'/>"));
         ASSERT_EQ(plan.Links.size(), 1U);
         EXPECT_EQ(plan.Links[0].Predecessor, 0);
         EXPECT_EQ(plan.Links[0].Successor, 1);
-        EXPECT_EQ(plan.Links[0].Type, expected.Expected) << expected.Type.toStdString();
+        EXPECT_EQ(plan.Links[0].Type, expected) << type.toStdString();
         EXPECT_EQ(plan.Links[0].Lag, (PlanLag{-2.0 * 1440, PlanLagUnit::WorkingMinutes}));
     }
 }

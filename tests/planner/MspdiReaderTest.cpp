@@ -114,39 +114,37 @@ TEST(MspdiReader, LeavesOutBlankRowsAndTheProjectsOwnTask)
 
 TEST(MspdiReader, TellsLinkTypesAndLagsApart)
 {
-    struct Case
-    {
-        QByteArray Fields;
-        PlanLinkType Type;
-        PlanLag Lag;
-    };
     using enum PlanLinkType;
     using enum PlanLagUnit;
-    const Case cases[] = {
-        {"<Type>0</Type>", FinishToFinish, {0, WorkingMinutes}},
-        {"<Type>1</Type>", FinishToStart, {0, WorkingMinutes}},
-        {"<Type>2</Type>", StartToFinish, {0, WorkingMinutes}},
-        {"<Type>3</Type>", StartToStart, {0, WorkingMinutes}},
-        {"", FinishToStart, {0, WorkingMinutes}},
-        {"<LinkLag>4800</LinkLag><LagFormat>7</LagFormat>", FinishToStart, {480, WorkingMinutes}},
-        {"<LagFormat>9</LagFormat><LinkLag>-24000</LinkLag>",
-         FinishToStart,
-         {-2400, WorkingMinutes}},
-        {"<LinkLag>14400</LinkLag><LagFormat>8</LagFormat>", FinishToStart, {1440, ElapsedMinutes}},
-        {"<LinkLag>600</LinkLag><LagFormat>38</LagFormat>", FinishToStart, {60, ElapsedMinutes}},
-        {"<LinkLag>600</LinkLag><LagFormat>39</LagFormat>", FinishToStart, {60, WorkingMinutes}},
-        {"<LinkLag>-75</LinkLag><LagFormat>19</LagFormat>", FinishToStart, {-75, Percent}},
-        {"<LinkLag>50</LinkLag><LagFormat>51</LagFormat>", FinishToStart, {50, Percent}},
-        {"<LinkLag>50</LinkLag><LagFormat>20</LagFormat>", FinishToStart, {50, ElapsedPercent}},
-        {"<LinkLag>600</LinkLag><LagFormat>21</LagFormat>", FinishToStart, {60, WorkingMinutes}},
+    const auto linkOf = [](const QByteArray &fields) {
+        const Plan plan = Loaded<MspdiReader>(Tasks(Task(1, Link("2", fields)) + Task(2, "")));
+        EXPECT_EQ(plan.Links.at(0).Predecessor, 1);
+        return plan.Links.at(0);
     };
-    for (const Case &expected : cases) {
-        const Plan plan =
-            Loaded<MspdiReader>(Tasks(Task(1, Link("2", expected.Fields)) + Task(2, "")));
-        ASSERT_EQ(plan.Links.size(), 1U) << expected.Fields.toStdString();
-        EXPECT_EQ(plan.Links[0].Predecessor, 1);
-        EXPECT_EQ(plan.Links[0].Type, expected.Type) << expected.Fields.toStdString();
-        EXPECT_EQ(plan.Links[0].Lag, expected.Lag) << expected.Fields.toStdString();
+    const std::pair<QByteArray, PlanLinkType> types[] = {
+        {"0", FinishToFinish}, {"1", FinishToStart}, {"2", StartToFinish}, {"3", StartToStart}};
+    for (const auto &[number, type] : types) {
+        EXPECT_EQ(linkOf("<Type>" + number + "</Type>").Type, type);
+    }
+    EXPECT_EQ(linkOf("").Type, FinishToStart);
+    EXPECT_EQ(linkOf("").Lag, (PlanLag{0, WorkingMinutes}));
+    const std::tuple<int, int, PlanLag> lags[] = {
+        // amount and format as they stand in the file
+        {4800, 7, {480, WorkingMinutes}},
+        {-24000, 9, {-2400, WorkingMinutes}},
+        {14400, 8, {1440, ElapsedMinutes}},
+        {600, 38, {60, ElapsedMinutes}},
+        {600, 39, {60, WorkingMinutes}},
+        {-75, 19, {-75, Percent}},
+        {50, 51, {50, Percent}},
+        {50, 20, {50, ElapsedPercent}},
+        {600, 21, {60, WorkingMinutes}},
+    };
+    for (const auto &[amount, format, lag] : lags) {
+        const QByteArray first = "<LinkLag>" + QByteArray::number(amount) + "</LinkLag>";
+        const QByteArray second = "<LagFormat>" + QByteArray::number(format) + "</LagFormat>";
+        EXPECT_EQ(linkOf(first + second).Lag, lag) << amount << ' ' << format;
+        EXPECT_EQ(linkOf(second + first).Lag, lag) << amount << ' ' << format;
     }
 }
 
@@ -246,32 +244,25 @@ TEST(MspdiReader, SummaryTasksWithoutDatesSpanTheirSubtasks)
 
 TEST(MspdiReader, UsesTheProjectsCalendar)
 {
-    const QByteArray day = "<WeekDay><DayType>%1</DayType><DayWorking>1</DayWorking><WorkingTimes>"
-                           "<WorkingTime><FromTime>%2</FromTime><ToTime>%3</ToTime></WorkingTime>"
-                           "</WorkingTimes></WeekDay>";
-    QByteArray saturday = day;
-    saturday.replace("%1", "7").replace("%2", "20:00:00").replace("%3", "00:00:00");
+    const auto off = [](const QByteArray &from, const QByteArray &to) {
+        return "<DayWorking>0</DayWorking><TimePeriod><FromDate>" + from + "T00:00:00</FromDate>"
+               + "<ToDate>" + to + "T23:59:00</ToDate></TimePeriod>";
+    };
+    const QByteArray calendars =
+        "<Calendar><UID>4</UID><IsBaseCalendar>1</IsBaseCalendar></Calendar>"
+        "<Calendar><UID>5</UID><IsBaseCalendar>1</IsBaseCalendar><WeekDays>"
+        "<WeekDay><DayType>7</DayType><DayWorking>1</DayWorking><WorkingTimes><WorkingTime>"
+        "<FromTime>20:00:00</FromTime><ToTime>00:00:00</ToTime></WorkingTime></WorkingTimes>"
+        "</WeekDay><WeekDay><DayType>0</DayType>"
+        + off("2026-11-09", "2026-11-10")
+        + "</WeekDay></WeekDays><Exceptions><Exception><Type>1</Type>"
+        + off("2026-11-12", "2026-11-12") + "</Exception><Exception><Type>6</Type>"
+        + off("2026-11-01", "2027-11-12")
+        + "</Exception></Exceptions></Calendar>"
+          "<Calendar><UID>6</UID><BaseCalendarUID>5</BaseCalendarUID></Calendar>";
     const Plan plan = Loaded<MspdiReader>(
-        kOpen
-        + QByteArray("<CalendarUID>5</CalendarUID><Calendars>"
-                     "<Calendar><UID>4</UID><IsBaseCalendar>1</IsBaseCalendar></Calendar>"
-                     "<Calendar><UID>5</UID><IsBaseCalendar>1</IsBaseCalendar><WeekDays>")
-        + saturday
-        + "<WeekDay><DayType>0</DayType><DayWorking>0</DayWorking><TimePeriod>"
-          "<FromDate>2026-11-09T00:00:00</FromDate><ToDate>2026-11-10T23:59:00</ToDate></"
-          "TimePeriod>"
-          "</WeekDay></WeekDays><Exceptions>"
-          "<Exception><Type>1</Type><DayWorking>0</DayWorking><TimePeriod>"
-          "<FromDate>2026-11-12T00:00:00</FromDate><ToDate>2026-11-12T23:59:00</ToDate></"
-          "TimePeriod>"
-          "</Exception>"
-          "<Exception><Type>6</Type><DayWorking>0</DayWorking><TimePeriod>"
-          "<FromDate>2026-11-01T00:00:00</FromDate><ToDate>2027-11-12T23:59:00</ToDate></"
-          "TimePeriod>"
-          "</Exception></Exceptions></Calendar>"
-          "<Calendar><UID>6</UID><BaseCalendarUID>5</BaseCalendarUID></Calendar></Calendars><Tasks>"
-        + Task(1, "<Start>2026-11-06T13:00:00</Start><Duration>PT20H0M0S</Duration>")
-        + "</Tasks></Project>");
+        Tasks(Task(1, "<Start>2026-11-06T13:00:00</Start><Duration>PT20H0M0S</Duration>"),
+              "<CalendarUID>5</CalendarUID><Calendars>" + calendars + "</Calendars>"));
     EXPECT_EQ(plan.Calendars.size(), 2U);
     EXPECT_EQ(plan.Calendar, 1);
     // Friday afternoon 4 h, Saturday evening 4 h, Wednesday 8 h, not Thursday, Friday morning 4 h.

@@ -4,9 +4,6 @@
 #include "plan/PlanSummary.h"
 
 #include <QDir>
-#include <QHash>
-#include <QSet>
-#include <QXmlStreamReader>
 
 namespace korvane::planner::test {
 namespace {
@@ -31,81 +28,59 @@ QByteArray ContentOf(const QString &path)
     return GzipDevice(file).readAll();
 }
 
-/// All elements of a name with the texts of their children and the links inside: a plain count that
-/// shares nothing with the readers.
-struct Element
+/// What stands between the tags of a field, where it first occurs.
+QString Field(const QByteArray &element, const QByteArray &name)
 {
-    QHash<QString, QString> Fields;
-    QStringList Predecessors;
-};
+    const qsizetype at = element.indexOf("<" + name + ">") + name.size() + 2;
+    const qsizetype end = element.indexOf("</" + name + ">");
+    return end < 0 ? QString() : QString::fromUtf8(element.mid(at, end - at));
+}
 
-std::vector<Element> ElementsOf(const QByteArray &text, const QString &list, const QString &name)
+/// The elements of a name that count, each as the text from its tag on.
+QByteArrayList ElementsOf(const QByteArray &text, const QByteArray &name)
 {
-    std::vector<Element> elements;
-    QStringList path;
-    QXmlStreamReader xml(text);
-    while (!xml.atEnd()) {
-        xml.readNext();
-        if (xml.isStartElement()) {
-            path.append(xml.name().toString());
-            if (path.size() == 3 && path[1] == list && path[2] == name) {
-                elements.emplace_back();
-            }
-        } else if (xml.isEndElement()) {
-            path.removeLast();
-        } else if (xml.isCharacters() && path.size() >= 4 && path[1] == list && path[2] == name) {
-            if (path.size() == 4) {
-                elements.back().Fields[path[3]] += xml.text();
-            } else if (path[3] == u"PredecessorLink" && path[4] == u"PredecessorUID") {
-                elements.back().Predecessors.append(xml.text().toString());
-            }
+    QByteArrayList elements;
+    for (qsizetype at = 0; (at = text.indexOf("<" + name + ">", at)) >= 0; ++at) {
+        const QByteArray element = text.mid(at, text.indexOf("</" + name + ">", at) - at);
+        if (Field(element, "IsNull") != u"1" && Field(element, "UID") != u"0") {
+            elements.append(element);
         }
     }
     return elements;
 }
 
-bool IsCounted(const Element &element)
-{
-    return element.Fields[u"IsNull"_s] != u"1" && element.Fields[u"UID"_s] != u"0";
-}
-
+/// A plain count that shares nothing with the readers.
 QJsonObject PlainCount(const QByteArray &text)
 {
-    int milestones = 0;
-    int summaries = 0;
+    const QByteArrayList tasks = ElementsOf(text, "Task");
+    const auto marked = [&](const QByteArray &field) {
+        return std::ranges::count_if(tasks, [&](auto &task) { return Field(task, field) == u"1"; });
+    };
+    const auto sorted = [&](const QByteArray &field) {
+        QStringList texts{QString()};
+        for (const QByteArray &task : tasks) {
+            texts.append(Field(task, field));
+        }
+        texts.removeAll(QString());
+        texts.sort();
+        return texts;
+    };
+    const QStringList uids = sorted("UID");
     int links = 0;
-    QSet<QString> uids;
-    QStringList starts;
-    QStringList finishes;
-    std::vector<Element> tasks = ElementsOf(text, u"Tasks"_s, u"Task"_s);
-    std::erase_if(tasks, [](const Element &task) { return !IsCounted(task); });
-    for (const Element &task : tasks) {
-        uids.insert(task.Fields[u"UID"_s]);
-        milestones += task.Fields[u"Milestone"_s] == u"1" ? 1 : 0;
-        summaries += task.Fields[u"Summary"_s] == u"1" ? 1 : 0;
-        starts.append(task.Fields[u"Start"_s]);
-        finishes.append(task.Fields[u"Finish"_s]);
-    }
-    for (const Element &task : tasks) {
-        for (const QString &predecessor : task.Predecessors) {
-            links += uids.contains(predecessor) ? 1 : 0;
+    for (const QByteArray &task : tasks) {
+        for (const QByteArray &link : ElementsOf(task, "PredecessorLink")) {
+            links += std::ranges::binary_search(uids, Field(link, "PredecessorUID")) ? 1 : 0;
         }
     }
-    starts.removeAll(QString());
-    finishes.removeAll(QString());
-    const auto resources = ElementsOf(text, u"Resources"_s, u"Resource"_s);
-    const auto orNull = [](const QStringList &texts, auto least) {
-        return texts.isEmpty() ? QJsonValue() : QJsonValue(*least(texts.begin(), texts.end()));
-    };
-    return {
-        {u"tasks"_s, qint64(tasks.size())},
-        {u"milestones"_s, milestones},
-        {u"summaries"_s, summaries},
-        {u"links"_s, links},
-        {u"resources"_s, qint64(std::ranges::count_if(resources, IsCounted))},
-        {u"start"_s, orNull(starts, [](auto a, auto b) { return std::min_element(a, b); })},
-        {u"finish"_s, orNull(finishes, [](auto a, auto b) { return std::max_element(a, b); })},
-    };
+    const QStringList starts = sorted("Start");
+    const QStringList finishes = sorted("Finish");
+    return {{u"tasks"_s, qint64(tasks.size())},
+            {u"milestones"_s, qint64(marked("Milestone"))},
+            {u"summaries"_s, qint64(marked("Summary"))},
+            {u"links"_s, links},
+            {u"resources"_s, qint64(ElementsOf(text, "Resource").size())},
+            {u"start"_s, starts.isEmpty() ? QJsonValue() : starts.front()},
+            {u"finish"_s, finishes.isEmpty() ? QJsonValue() : finishes.back()}};
 }
 
 class PlanData : public testing::Test

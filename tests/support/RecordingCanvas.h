@@ -71,44 +71,14 @@ inline std::ostream &operator<<(std::ostream &out, TCanvasOp op)
     return out << kNames[static_cast<std::size_t>(op)];
 }
 
-inline void PrintColor(std::ostream &out, const char *label, TColor color)
-{
-    const auto flags = out.flags();
-    out << ' ' << label << '=' << std::hex << color;
-    out.flags(flags);
-}
-
 inline std::ostream &operator<<(std::ostream &out, const TCanvasCall &call)
 {
-    out << call.Op << ' ' << call.Rect;
+    out << call.Op << ' ' << call.Rect << " clip=" << call.Clip << std::hex
+        << " pen=" << call.Pen.Color << " brush=" << call.Brush.Color << std::dec;
     for (const TPoint &point : call.Points) {
         out << ' ' << point;
     }
-    switch (call.Op) {
-    case TCanvasOp::Text:
-        out << " \"" << call.Text << "\" " << call.Font.Name << ' ' << call.Font.Size
-            << (call.Font.Bold ? " bold" : "") << (call.Font.Italic ? " italic" : "");
-        PrintColor(out, "color", call.Font.Color);
-        break;
-    case TCanvasOp::Image:
-        out << " index=" << call.ImageIndex;
-        break;
-    case TCanvasOp::Polyline:
-        PrintColor(out, "pen", call.Pen.Color);
-        break;
-    case TCanvasOp::Polygon:
-    case TCanvasOp::Ellipse:
-        PrintColor(out, "pen", call.Pen.Color);
-        PrintColor(out, "brush", call.Brush.Color);
-        break;
-    case TCanvasOp::FillGradient:
-        PrintColor(out, "top", call.Brush.Color);
-        PrintColor(out, "bottom", call.BottomColor);
-        break;
-    default:
-        PrintColor(out, "brush", call.Brush.Color);
-    }
-    return out << (call.Antialiased ? " smooth" : "") << " clip=" << call.Clip;
+    return out << " \"" << call.Text << "\" " << call.Font.Name << ' ' << call.Font.Size;
 }
 
 inline std::size_t CodePointCount(std::string_view utf8)

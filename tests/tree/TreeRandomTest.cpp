@@ -102,7 +102,11 @@ public:
     explicit RandomTree(unsigned seed)
         : m_random(seed)
     {
-        Tree.AfterUpdate = [this] { m_walk.Walk(*Tree.DataList()); };
+        Tree.AfterUpdate = [this] {
+            m_walk.Walk(*Tree.DataList());
+            std::erase_if(m_nodes,
+                          [this](auto &n) { return m_walk.Displayed.count(n.first) == 0; });
+        };
         Tree.OnDeleteItem_Tree = [this](TObject *, TzuDataEntity_Tree *entity) {
             m_all.erase(std::find(m_all.begin(), m_all.end(), entity));
             m_nodes.erase(entity);
@@ -118,41 +122,27 @@ public:
 
     void Step()
     {
-        switch (Below(16)) {
-        case 0:
-        case 1:
-        case 2:
-        case 3:
-        case 4:
+        const int what = Below(16);
+        if (what < 5) {
             Add();
-            break;
-        case 5:
-        case 6:
-            if (TzuDataEntity_Tree *entity = Any(); entity != nullptr && Below(2) == 0) {
-                Tree.RemoveDataEntity(entity);
+        } else if (what < 7) {
+            if (Below(2) == 0) {
+                With([&](TzuDataEntity_Tree &entity) { Tree.RemoveDataEntity(&entity); });
             }
-            break;
-        case 7:
-        case 8:
+        } else if (what < 9) {
             With([&](TzuDataEntity_Tree &entity) { entity.Set_HideNode(Below(3) == 0); });
-            break;
-        case 9:
-        case 10:
+        } else if (what < 11) {
             With([&](TzuDataEntity_Tree &entity) { entity.SetExpanded(Below(3) != 0); });
-            break;
-        case 11:
+        } else if (what == 11) {
             With([&](TzuDataEntity_Tree &entity) { entity.Move(Below(ListOf(entity).Count())); });
-            break;
-        case 12:
+        } else if (what == 12) {
             ChangeOwner();
-            break;
-        case 13:
+        } else if (what == 13) {
             With([&](TzuDataEntity_Tree &entity) {
                 ListOf(entity).Sort(Below(2) == 0 ? TSortDirection::Ascending
                                                   : TSortDirection::Descending);
             });
-            break;
-        default:
+        } else {
             Rarely();
         }
     }

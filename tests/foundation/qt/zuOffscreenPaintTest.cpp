@@ -534,22 +534,25 @@ TEST_F(MouseTest, AHandlerMayDestroyTheControl)
     const auto destroy = [](TzuOffscreenPaint *control) { delete control; };
     for (const auto doom :
          {QEvent::MouseButtonPress, QEvent::MouseButtonRelease, QEvent::MouseButtonDblClick}) {
-        QPointer<TzuOffscreenPaint> control(new TzuOffscreenPaint);
+        auto *control = new TzuOffscreenPaint;
+        const QPointer<TzuOffscreenPaint> watch(control);
         control->resize(40, 30);
         control->OnMouseUp = [](TzuOffscreenPaint *, TMouseButton, TShiftState, int, int) {};
         if (doom == QEvent::MouseButtonPress) {
             control->OnMouseDown = [](TzuOffscreenPaint *self, TMouseButton, TShiftState, int,
                                       int) { delete self; };
+        } else if (doom == QEvent::MouseButtonRelease) {
+            control->OnClick = destroy;
         } else {
-            (doom == QEvent::MouseButtonRelease ? control->OnClick : control->OnDblClick) = destroy;
+            control->OnDblClick = destroy;
         }
         for (const auto type :
              {QEvent::MouseButtonPress, QEvent::MouseButtonRelease, QEvent::MouseButtonDblClick}) {
-            if (control) {
+            if (watch) {
                 Send(control, type, {5, 5});
             }
         }
-        EXPECT_TRUE(control.isNull()) << doom;
+        EXPECT_TRUE(watch.isNull()) << doom;
     }
 }
 
