@@ -134,7 +134,7 @@ private:
 
     // Input, PlanChartInput.cpp.
     bool HandleWheel(QWheelEvent &event);
-    void ScrollRows(int turn);
+    void TurnRows(int turn);
     void HandleToolTip(QHelpEvent &event);
     void PointAt(int pixel);
     void PointerLeft();

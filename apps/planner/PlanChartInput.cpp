@@ -67,14 +67,14 @@ bool PlanChart::HandleWheel(QWheelEvent &event)
     } else if (std::abs(turn.x()) > std::abs(turn.y())) {
         Pan(-turn.x());
     } else {
-        ScrollRows(turn.y());
+        TurnRows(turn.y());
     }
     event.accept();
     return true;
 }
 
 /// `turn` is in eighths of a degree; what is less than a row is kept for the next turn.
-void PlanChart::ScrollRows(int turn)
+void PlanChart::TurnRows(int turn)
 {
     if (turn * m_wheelRest < 0) {
         m_wheelRest = 0;

@@ -114,7 +114,7 @@ public:
     int CurrentRowHeight() const { return m_currentRowHeight; }
 
     /// Draws the whole area on the host's canvas.
-    void GantAreaPaint();
+    virtual void GantAreaPaint();
     /// The tile of the background: 2 by 2 pixels, back and pyjamas colour as a checkerboard.
     TBrush BackgroundBrush() const;
     /// The background that OnUserDrawBackground replaces; handlers may call it and draw on top.
@@ -189,6 +189,8 @@ protected:
     virtual void _OnDeleteItem_Link(TzuDataEntity * /*link*/) {}
     virtual void _OnSelectionChanged_Link(TzuDataList *list, TzuDataEntity *link);
     void _OnItemFreed(const TzuDataEntity_Spanbar *item) override;
+    /// The part of an item's rectangle that is drawn.
+    TRect InsetRect(const TzuDataEntity_Spanbar &item, const TRect &rect) const;
     void _OnTimeItemSyleSet(const TzuTimeItemTextCollection &collection, TCanvas &canvas,
                             int style);
 
@@ -203,7 +205,6 @@ private:
     void RenderLink(TzuDataEntity_Link &link);
     TLinkEnd LinkEndOf(const TzuDataEntity_Spanbar &item) const;
     void DrawShape(TzuDataEntity_Spanbar &item, const TRect &rect, TCanvas &canvas);
-    TRect InsetRect(const TzuDataEntity_Spanbar &item, const TRect &rect) const;
     TRect AreaRect() const;
 
     IGantHost &m_host;

@@ -52,6 +52,8 @@ public:
 
     /// The texts drawn inside the item. The collection is allocated when first asked for.
     TzuTimeItemTextCollection &Texts();
+    /// The same without allocating it; null when there is none.
+    const TzuTimeItemTextCollection *TextsIfAny() const { return m_texts.get(); }
     bool HasTexts() const { return m_texts != nullptr && m_texts->GetCount() > 0; }
 
     /// The row that the item lies on. The item must be in a row's list.

@@ -1,16 +1,105 @@
 // What the mouse does in the area of a Gantt chart.
 #pragma once
 
+#include "foundation/zuGraphStuff.h"
+#include "gantt/zuGantAutoScroll.h"
+#include "gantt/zuGantHint.h"
+#include "gantt/zuGantOutline.h"
 #include "gantt/zuGantSelection.h"
+
+#include <memory>
+#include <vector>
 
 namespace korvane {
 
-/// Adds the mouse gestures to the chart.
+/// Adds the mouse gestures to the chart: moving and copying the selected items, resizing one,
+/// drawing a dependency from one item to another, and selecting with a rubber band.
+///
+/// A left press on an item that can be edited begins a gesture, one beside all items a rubber band
+/// (Shift adds, Ctrl toggles). It becomes a drag once the mouse is 4 pixels away from the press;
+/// released before, it was a click and changes nothing but the selection. While it runs, outlines
+/// above the area show what a release would give, snapped times and target rows included; items
+/// change once, at the release. Escape and CancelGesture end it without a change, as does the press
+/// of another button, the deletion of the item pressed on, and whatever takes the mouse away.
+///
+/// - Sideways, an item of a move needs 4 pixels to change its times; up and down it needs half a
+///   row to change its row, so that an unsteady hand does neither by mistake.
+/// - The row pressed on permits moves in time, other rows and resizing for the whole gesture; an
+///   item whose own row forbids one of them, or that cannot be edited, stays as it is.
+/// - A move without an offset in time keeps the times as they are, unsnapped. A move to another row
+///   keeps them too, unless MoveInTimeWhenMoveRow; a copy always takes both offsets.
+/// - When a handler of a row change or a copy makes a new item, the selection moves on to that.
+/// - Past the edges of the area axis and rows scroll, the faster the farther away the mouse is, and
+///   the press point moves with them. With StartDragWhenTimeMoveOutside a move or copy that leaves
+///   the whole control, on whichever side, ends there without a change and goes on as the toolkit's
+///   drag and drop.
+///
+/// Handlers of the mouse events may also destroy the chart; those of changes may not.
 class TGantGestures : public TGantSelection
 {
 public:
-    using TGantSelection::TGantSelection;
+    TGantGestures(IGantHost &host, IGantInputHost &inputHost, TzuGant_ComBasic *component);
+    ~TGantGestures() override;
 
+    TGantMouseMoveMode GetMouseMoveMode() const { return m_mode; }
+    TGantStickyMode StickyMode() const { return m_stickyMode; }
+    /// Decides what the next left press on an item starts; every press resets it.
+    void SetStickyMode(TGantStickyMode mode) { m_stickyMode = mode; }
+    /// Whether a button went down in the area and has not been released.
+    bool MouseIsDown() const { return m_mouseDown; }
+    /// Whether a press or a drag is waiting for its release.
+    bool GestureRunning() const { return m_mouseDown && (m_mode != kNoMode || m_rubber); }
+    /// The item found at the last press; null when there was none or it is gone.
+    TzuDataEntity_Spanbar *ItemUnderMouse() const { return m_itemUnderMouse; }
+    /// The offset of the last finished gesture, in pixels.
+    TPoint LastDelta() const { return m_lastDelta; }
+
+    /// Whether a move to another row also moves in time.
+    bool MoveInTimeWhenMoveRow() const { return m_moveInTimeWhenMoveRow; }
+    void SetMoveInTimeWhenMoveRow(bool on) { m_moveInTimeWhenMoveRow = on; }
+    /// Whether moves by more than 12 hours become moves by whole days. Applied after snapping.
+    bool MoveOver12Then24() const { return m_moveOver12Then24; }
+    void SetMoveOver12Then24(bool on) { m_moveOver12Then24 = on; }
+    /// Whether items dragged out of the control go on as drag and drop.
+    bool StartDragWhenTimeMoveOutside() const { return m_startDragOutside; }
+    void SetStartDragWhenTimeMoveOutside(bool on) { m_startDragOutside = on; }
+    /// The grid of gestures. Its ScreenSnap is kept at the time that 3 pixels cover.
+    TSnapHandler &SnapHandler() { return m_snap; }
+
+    // Events of the area, in its pixels.
+    void GantAreaMouseDown(TMouseButton button, const TShiftState &shift, int x, int y);
+    void GantAreaMouseMove(const TShiftState &shift, int x, int y);
+    void GantAreaMouseUp(TMouseButton button, const TShiftState &shift, int x, int y);
+    void GantAreaMouseLeave();
+    /// Of the left button; the press that goes with it follows.
+    void OnGADblClick();
+    /// The tick of the timer that the host runs while asked to.
+    void GestureTick();
+    void GantAreaPaint() override;
+    /// Draws the outlines of the running gesture; they never become part of the area's picture.
+    void GantAreaPaintOverlay(TCanvas &canvas);
+
+    /// Ends a running gesture; items stay as they are, a rubber band's selection is taken back.
+    void CancelGesture();
+    /// Stops scrolling past the edges until the mouse moves again.
+    void StopAutoScroll();
+    /// Whether a point lies on one of the item's grips, the outermost 3 columns on either side; the
+    /// left one counts first. Sets the item's rectangle, and whether it is the left grip.
+    virtual bool InGrowArea(const TzuDataEntity_Spanbar &item, int x, int y, TRect &rect,
+                            bool &isLeft) const;
+    /// Moves or copies the selected items by an offset in pixels.
+    void HandleMoveOfSelected(TPoint delta, bool copy);
+    /// The text that a hint shows now: that of the running gesture.
+    TGantHint HintWantsNewText();
+
+    TOnClickGantArea OnClickGantArea;
+    TOnClickGantArea OnRightClickGantArea;
+    TOnDblClickGantArea OnDblClickGantArea;
+    TOnDependencyAction OnDependencyAction;
+    TOnHintInfo OnHintInfo;
+    TGantMouseButtonEvent OnGantAreaMouseDown;
+    TGantMouseMoveEvent OnGantAreaMouseMove;
+    TGantMouseButtonEvent OnGantAreaMouseUp;
     TOnBeginUserChange OnBeginUserChange;
     TOnEndUserChange OnEndUserChange;
 
@@ -21,11 +110,107 @@ protected:
     template <typename Body>
     void AsUserChange(TGantUserChange kind, const Body &body);
 
+    /// Draws the outline of one item.
+    virtual void DrawOutline(const TRect &rect, TCanvas &canvas);
+
+    void _OnInsertItem(TzuDataEntity *item) override;
+    void _OnDeleteItem(TzuDataEntity *item) override;
+    void _OnItemFreed(const TzuDataEntity_Spanbar *item) override;
+
 private:
+    static constexpr auto kNoMode = TGantMouseMoveMode::mmNone;
+
+    /// Where an item would come to lie.
+    struct TDrop
+    {
+        TDateTime Start = 0;
+        TDateTime Stop = 0;
+        TGantRow *Row = nullptr;
+    };
+    class TWork;
+
     void BeginUserChange(TGantUserChange kind);
     void EndUserChange(TGantUserChange kind, bool changed);
 
+    bool IsMove() const;
+    bool IsGrow() const;
+    void BeginGesture(const TShiftState &shift, TPoint at);
+    void EndGesture();
+    void ReleaseGesture(TMouseButton button, const TShiftState &shift, TPoint at);
+    void TellHintInfo() const;
+    void Forget(const TzuDataEntity_Spanbar *item);
+
+    // While the mouse moves.
+    void Drag();
+    void HandOverToDragAndDrop();
+    void UpdateBand();
+    bool PastThreshold(TPoint at) const;
+    TPoint OffsetTo(TPoint at);
+    TPoint Permitted(TPoint delta, const TGantRow *originRow) const;
+    TGantRow *OriginRow() const;
+    void DoScaleStartStopAdjust(int x);
+    void AdjustRowScroll(int y);
+    void StartOrStopTimer();
+    void FollowScrolling();
+    void TakeDownScrolling();
+    void Hover(TPoint at);
+    TGantCursor CursorAt(TPoint at) const;
+    TGantCursor CursorOfGesture() const;
+    TSelectHow BandRule() const;
+    TRect BandRect() const;
+    TGantFeedback Feedback();
+    void AddOutlinesOfSelected(std::vector<TRect> &frames);
+    std::vector<TzuDataEntity_Spanbar *> SelectedOnRowsShownAt(int dy) const;
+    void ShowFeedback(TGantFeedback feedback);
+    void InvalidateFeedback();
+    void ShowHint();
+
+    // What a drop gives.
+    void UpdateScreenSnap();
+    TDrop DropOf(const TzuDataEntity_Spanbar &item, TPoint delta, bool copy);
+    TDrop GrownTimes(const TzuDataEntity_Spanbar &item, TPoint delta);
+    TGantRow *TargetRow(const TzuDataEntity_Spanbar &item, TGantRow &row, int dy) const;
+    int LineHeight(const TGantRow &row) const;
+    TDateTime TimeShift(int pixel, int pixels) const;
+    void HandleDependencyChange(int x, int y);
+    void HandleGrow(TPoint delta);
+    bool MoveItem(TzuDataEntity_Spanbar &item, TPoint delta);
+    bool CopyItem(TzuDataEntity_Spanbar &item, TPoint delta);
+    bool MoveItemToRow(TzuDataEntity_Spanbar &item, TGantRow &row, const TDrop &drop);
+
+    TSnapHandler m_snap;
+    TAutoScroll m_autoScroll;
+    TGantFeedback m_feedback;
+    std::shared_ptr<const bool> m_life; ///< expires with the chart
+    TzuDataEntity_Spanbar *m_itemUnderMouse = nullptr;
+    TzuDataEntity_Spanbar *m_gestureItem = nullptr;  ///< that a dependency or a resizing is about
+    TzuDataEntity_Spanbar *m_insertedItem = nullptr; ///< by the handler of a copy or row change
+    TWork *m_work = nullptr;                         ///< innermost of those that run
+    TPoint m_downPoint;                              ///< moves with axis and rows
+    TPoint m_delta;
+    TPoint m_lastDelta;
+    TPoint m_mouse; ///< where the last event happened
+    TRect m_growOrigRect;
+    TShiftState m_downShift;
+    TDateTime m_downTime = 0;   ///< under the press
+    TDateTime m_anchorTime = 0; ///< under the press of the gesture
+    // The axis and the rows that m_downPoint belongs to.
+    TDateTime m_seenStart = 0;
+    TDateTime m_seenStop = 0;
+    int m_seenRowScroll = 0;
     int m_userChanges = 0; ///< nesting of AsUserChange
+    TGantMouseMoveMode m_mode = kNoMode;
+    TGantStickyMode m_stickyMode = TGantStickyMode::smNone;
+    bool m_mouseDown = false;
+    bool m_rubber = false; ///< a press beside all items
+    bool m_bandBegun = false;
+    bool m_dragging = false; ///< the press has become a drag
+    bool m_movedInTime = false;
+    bool m_movedInRows = false;
+    bool m_timerOn = false;
+    bool m_moveInTimeWhenMoveRow = false;
+    bool m_moveOver12Then24 = false;
+    bool m_startDragOutside = false;
 };
 
 template <typename Body>

@@ -136,11 +136,16 @@ void TGantRow::SetNodeRect(const TRect &nodeRect)
 
 TPixelSpan TGantRow::XStartStopFromDataEntity(const TzuDataEntity_Spanbar &item) const
 {
+    return XSpan(item, item.GetStartDateTime(), item.GetStopDateTime());
+}
+
+TPixelSpan TGantRow::XSpan(const TzuDataEntity_Spanbar &item, TDateTime start, TDateTime stop) const
+{
     const TDateScalerCore &scaler = m_gant.Host().Scaler();
     TPixelSpan span;
-    span.From = scaler.DateToPixel(item.GetStartDateTime());
+    span.From = scaler.DateToPixel(start);
     if (item.IsResizable()) {
-        span.To = scaler.DateToPixel(item.GetStopDateTime());
+        span.To = scaler.DateToPixel(stop);
     } else {
         span.From -= item.FixedSize() / 2;
         span.To = span.From + item.FixedSize();
@@ -195,21 +200,23 @@ int TGantRow::LayerOf(const TzuDataEntity_Spanbar &item) const
 
 std::optional<TRect> TGantRow::RectFromDataEntity(const TzuDataEntity_Spanbar &item) const
 {
-    const std::optional<TPixelSpan> y = YStartStopFromDataEntity(item);
-    if (!y) {
+    if (!IsOnScreen() || !GetVisible()) {
         return std::nullopt;
     }
-    return RectAt(item, *y);
+    return RectAt(item, {m_rect.Top, m_rect.Bottom}, item.GetStartDateTime(),
+                  item.GetStopDateTime());
 }
 
 TRect TGantRow::RectFromDataEntity(const TzuDataEntity_Spanbar &item, TPixelSpan rowY) const
 {
-    return RectAt(item, YWithin(item, rowY));
+    return RectAt(item, rowY, item.GetStartDateTime(), item.GetStopDateTime());
 }
 
-TRect TGantRow::RectAt(const TzuDataEntity_Spanbar &item, TPixelSpan y) const
+TRect TGantRow::RectAt(const TzuDataEntity_Spanbar &item, TPixelSpan rowY, TDateTime start,
+                       TDateTime stop) const
 {
-    const TPixelSpan x = XStartStopFromDataEntity(item);
+    const TPixelSpan y = YWithin(item, rowY);
+    const TPixelSpan x = XSpan(item, start, stop);
     // The sum is taken wide: items far beyond the axis have saturated coordinates.
     const auto leastRight = static_cast<std::int64_t>(x.From) + kLeastItemWidth;
     const auto right = std::min<std::int64_t>(std::max<std::int64_t>(x.To, leastRight),

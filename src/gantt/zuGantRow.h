@@ -95,6 +95,9 @@ public:
 
     /// The rectangle that an item has when the row lies at `rowY` of the area.
     TRect RectFromDataEntity(const TzuDataEntity_Spanbar &item, TPixelSpan rowY) const;
+    /// The same at other times.
+    TRect RectAt(const TzuDataEntity_Spanbar &item, TPixelSpan rowY, TDateTime start,
+                 TDateTime stop) const;
 
     /// The topmost visible item at a point of the area, or null.
     TzuDataEntity_Spanbar *FindDataEntityFromXY(int x, int y);
@@ -108,8 +111,8 @@ public:
 private:
     friend class TGantRowList;
 
+    TPixelSpan XSpan(const TzuDataEntity_Spanbar &item, TDateTime start, TDateTime stop) const;
     TPixelSpan YWithin(const TzuDataEntity_Spanbar &item, TPixelSpan rowY) const;
-    TRect RectAt(const TzuDataEntity_Spanbar &item, TPixelSpan y) const;
     TPixelSpan SubRowSpan(const TzuDataEntity_Spanbar &item, TPixelSpan row) const;
     void OnMissingIndex(TzuExposable *list, int index, bool &fixable);
 

@@ -48,6 +48,7 @@ struct FakeGantHost : IGantHost, IGantInputHost
 
     TTreeCore &Tree;
     TDateScalerGestures &Axis;
+    FakeTreeView *View = nullptr; ///< of the tree
     TRecordingCanvas Canvas{{0, 0, 480, 180}};
     TSize Size{480, 180};
     TPrintScale PrintScale;
@@ -78,7 +79,41 @@ struct FakeGantHost : IGantHost, IGantInputHost
     void SetAreaCursor(TGantCursor cursor) override { Cursor = cursor; }
     void InvalidateOverlay(const TRect &rect) override { OverlayRects.push_back(rect); }
     void RefreshAroundArea() override { ++RefreshesAround; }
-    void ScrollRows(int rows) override { ScrolledRows += rows; }
+    void ScrollRows(int rows) override
+    {
+        ScrolledRows += rows;
+        const int last = std::max(0, Tree.CountVisible() - View->Shown.Height / LineHeight());
+        View->Shown.TopRow = std::clamp(View->Shown.TopRow + rows, 0, last);
+    }
+    int ScrolledRowPixels() const override { return View->Shown.TopRow * LineHeight(); }
+    TRect ChartRect() const override { return {-100, -45, Size.Width + 16, Size.Height}; }
+    std::optional<int> RowTop(const TGantRow &row) const override
+    {
+        const int line = Tree.GetRow(*row.TreeNode());
+        return line < 0 ? std::nullopt : std::optional((line - View->Shown.TopRow) * LineHeight());
+    }
+    TGantRow *RowAtHeight(int y) const override
+    {
+        const int fromBeginning = y + ScrolledRowPixels();
+        auto *node =
+            fromBeginning < 0 ? nullptr : Tree.GetDataEntityFromRow(fromBeginning / LineHeight());
+        return node != nullptr ? dynamic_cast<TGantRow *>(node->Companion()) : nullptr;
+    }
+    int LineHeight() const { return View->Shown.RowHeight; }
+
+    bool Timer = false;
+    TGantHint Hint;
+    TPoint HintAt;
+    std::vector<TGantDragData> Drags;
+
+    void SetGestureTimer(bool on) override { Timer = on; }
+    void ShowGestureHint(const TGantHint &hint, TPoint at) override
+    {
+        Hint = hint;
+        HintAt = at;
+    }
+    void HideGestureHint() override { Hint = {}; }
+    void StartItemDrag(const TGantDragData &data) override { Drags.push_back(data); }
     void BringRowIntoView(TGantRow &row) override { Tree.MakeVisible(*row.TreeNode()); }
     TGantRow *CurrentRow() override;
 };
@@ -148,6 +183,7 @@ struct TestChart
         Axis->SetStop(kDayZero + 20);
         Axis->EndUpdate();
         Host = std::make_unique<FakeGantHost>(Tree, *Axis);
+        Host->View = &View;
         Gant = std::make_unique<TestGant>(*Host);
         Tree.Gant = Gant.get();
     }

@@ -185,7 +185,10 @@ void TzuOffscreenPaint::OffscreenPaint()
     OnPaint(this);
 }
 
-void TzuOffscreenPaint::OverlayPaint(TCanvas & /*canvas*/) {}
+void TzuOffscreenPaint::OverlayPaint(TCanvas &canvas)
+{
+    OnOverlayPaint(this, canvas);
+}
 
 void TzuOffscreenPaint::SetReserved(int right, int bottom)
 {

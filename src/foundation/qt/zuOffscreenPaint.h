@@ -37,6 +37,7 @@ class TzuOffscreenPaint : public QFrame
 
 public:
     using TNotifyEvent = TMethod<void(TzuOffscreenPaint *sender)>;
+    using TOverlayPaintEvent = TMethod<void(TzuOffscreenPaint *sender, TCanvas &canvas)>;
     using TMouseButtonEvent = TMethod<void(TzuOffscreenPaint *sender, TMouseButton button,
                                            TShiftState shift, int x, int y)>;
     using TMouseMoveEvent =
@@ -112,7 +113,8 @@ public:
     /// scale plus one, so that text grows more slowly than the drawing.
     void PrintResizeFont();
 
-    TNotifyEvent OnPaint; ///< fired by OffscreenPaint unless a subclass overrides it
+    TNotifyEvent OnPaint;              ///< fired by OffscreenPaint unless a subclass overrides it
+    TOverlayPaintEvent OnOverlayPaint; ///< fired by OverlayPaint unless a subclass overrides it
     TNotifyEvent OnAfterPrint;
     TWheelMessageEvent OnWheelMessage; ///< every wheel event, after the control's own handling
     TOnPrintResizeFont OnPrintResizeFont;
@@ -136,6 +138,7 @@ protected:
     /// Copies the image to the window, except for the reserved strips.
     virtual void SmashPaint();
     /// Draws what lies above the image for now, such as the outline of a gesture; it is never kept.
+    /// The base fires OnOverlayPaint.
     virtual void OverlayPaint(TCanvas &canvas);
 
     /// Strips at the right and bottom edge that child scroll bars cover and the copy leaves alone,

@@ -4,6 +4,7 @@
 #include "foundation/qt/zuGraphStuff.h"
 #include "foundation/qt/zuToolkit.h"
 #include "foundation/zuDateUtils.h"
+#include "gantt/qt/zuGantAreaInput.h"
 
 #include <QEvent>
 #include <QHBoxLayout>
@@ -111,6 +112,7 @@ void TzuGant_ComBasic::CreateAreaSide(QWidget &holder)
     m_area->SetTabStop(true);
     m_area->setMouseTracking(true);
     m_area->OnPaint = [this](TzuOffscreenPaint *) { GantAreaPaint(); };
+    m_input = std::make_unique<TGantAreaInput>(*this, *m_area);
     m_area->OnWheelMessage = [this](QWheelEvent &event) { GantAreaWheelScroll(event); };
     layout->addWidget(m_area, 1);
 }
@@ -289,6 +291,7 @@ void TzuGant_ComBasic::ScaleChanged(TObject * /*sender*/)
         // Only a moved start stops the stepping; a handler may limit the stop alone and go on.
         if (Start() != start) {
             m_scaler->StopStep();
+            StopAutoScroll();
         }
     }
     InvalidateArea();
@@ -303,7 +306,9 @@ void TzuGant_ComBasic::RealignScrollbar(const TScrollInfo &info)
 
 void TzuGant_ComBasic::GantAreaWheelScroll(QWheelEvent &event)
 {
-    m_tree->Scroll(-event.angleDelta().y());
+    if (!m_input->WheelOverAxis(event)) {
+        m_tree->Scroll(-event.angleDelta().y());
+    }
     event.accept();
 }
 

@@ -10,13 +10,17 @@
 #include <QFrame>
 #include <QString>
 
+#include <memory>
+#include <optional>
 #include <string_view>
 
+class QDrag;
 class QScrollBar;
 class QSplitter;
 
 namespace korvane {
 
+class TGantAreaInput;
 class TGraphHintWindow;
 
 using TOnScalerChange =
@@ -27,6 +31,11 @@ using TOnAlignNeed =
 /// State of the external scroll bar, in lines of the tree.
 using TOnRealignScrollbar = TMethod<void(TzuGant_ComBasic *theGant, int position, int min, int max,
                                          int pageSize, bool enabled)>;
+
+using TOnGantAreaStartDrag = TMethod<void(TzuGant_ComBasic *theGant, QDrag &drag)>;
+/// Positions of the events are in area pixels.
+using TOnGantAreaDragOver = TMethod<void(TzuGant_ComBasic *theGant, QDragMoveEvent &event)>;
+using TOnGantAreaDragDrop = TMethod<void(TzuGant_ComBasic *theGant, QDropEvent &event)>;
 
 /// All behaviour of the Gantt chart control.
 ///
@@ -112,6 +121,13 @@ public:
     TOnScalerChange OnScalerChange;
     TOnAlignNeed OnAlignNeed;
     TOnRealignScrollbar OnRealignScrollbar;
+    /// Items are about to be carried out of the chart. The handler may change what is offered; with
+    /// no data set there is no drag.
+    TOnGantAreaStartDrag OnGantAreaStartDrag;
+    /// Something is dragged over the area; the handler accepts it or not. Without a handler
+    /// everything is accepted, if there is one of OnGantAreaDragDrop.
+    TOnGantAreaDragOver OnGantAreaDragOver;
+    TOnGantAreaDragDrop OnGantAreaDragDrop;
 
 protected:
     /// Creates the parts through the factories.
@@ -123,6 +139,7 @@ protected:
     void changeEvent(QEvent *event) override;
 
 private:
+    friend class TGantAreaInput;
     friend class TGantTree;
 
     void CreateParts();
@@ -153,9 +170,17 @@ private:
     void SetAreaCursor(TGantCursor cursor) override;
     void InvalidateOverlay(const TRect &rect) override;
     void RefreshAroundArea() override;
+    TRect ChartRect() const override;
     void ScrollRows(int rows) override;
+    int ScrolledRowPixels() const override;
     void BringRowIntoView(TGantRow &row) override;
     TGantRow *CurrentRow() override;
+    std::optional<int> RowTop(const TGantRow &row) const override;
+    TGantRow *RowAtHeight(int y) const override;
+    void SetGestureTimer(bool on) override;
+    void ShowGestureHint(const TGantHint &hint, TPoint at) override;
+    void HideGestureHint() override;
+    void StartItemDrag(const TGantDragData &items) override;
 
     QSplitter *m_splitter = nullptr;
     QWidget *m_treeHolder = nullptr;
@@ -169,6 +194,7 @@ private:
     TGraphHintWindow *m_hintWindow = nullptr;
     QCursor m_areaCursor;
     TGantCursor m_shownCursor = TGantCursor::Area;
+    std::unique_ptr<TGantAreaInput> m_input;
     bool m_settingScaleAndTree = false;
 };
 

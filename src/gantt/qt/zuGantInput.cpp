@@ -1,5 +1,7 @@
 // How the chart's input rules reach the widgets.
 #include "foundation/qt/zuConvert.h"
+#include "foundation/qt/zuGraphStuff.h"
+#include "gantt/qt/zuGantAreaInput.h"
 #include "gantt/qt/zuGantComBasic.h"
 
 #include <QScrollBar>
@@ -61,6 +63,11 @@ void TzuGant_ComBasic::RefreshAroundArea()
     RefreshOthers(m_area);
 }
 
+TRect TzuGant_ComBasic::ChartRect() const
+{
+    return FromQt(rect().translated(-m_area->mapTo(this, QPoint())));
+}
+
 void TzuGant_ComBasic::ScrollRows(int rows)
 {
     m_scrollBar->setValue(m_scrollBar->value() + rows);
@@ -71,6 +78,49 @@ void TzuGant_ComBasic::BringRowIntoView(TGantRow &row)
     if (row.TreeNode() != nullptr) {
         m_tree->MakeVisible(*row.TreeNode());
     }
+}
+
+int TzuGant_ComBasic::ScrolledRowPixels() const
+{
+    return m_tree->ScrollInfo().Position * m_tree->RowHeight();
+}
+
+std::optional<int> TzuGant_ComBasic::RowTop(const TGantRow &row) const
+{
+    const int line = row.TreeNode() != nullptr ? m_tree->GetRow(*row.TreeNode()) : -1;
+    if (line < 0) {
+        return std::nullopt;
+    }
+    return line * m_tree->RowHeight() - ScrolledRowPixels() - VerticalOffset();
+}
+
+TGantRow *TzuGant_ComBasic::RowAtHeight(int y) const
+{
+    const int fromBeginning = y + ScrolledRowPixels() + VerticalOffset();
+    return fromBeginning < 0 ? nullptr
+                             : GantRows().FindRowFromTreeNode(
+                                 m_tree->GetDataEntityFromRow(fromBeginning / m_tree->RowHeight()));
+}
+
+void TzuGant_ComBasic::SetGestureTimer(bool on)
+{
+    m_input->SetTimer(on);
+}
+
+void TzuGant_ComBasic::ShowGestureHint(const TGantHint &hint, TPoint at)
+{
+    m_hintWindow->ShowMoveInfo(ToQt(hint[0]), ToQt(hint[1]), ToQt(hint[2]),
+                               m_area->mapToGlobal(ToQt(at)));
+}
+
+void TzuGant_ComBasic::HideGestureHint()
+{
+    m_hintWindow->DoHide();
+}
+
+void TzuGant_ComBasic::StartItemDrag(const TGantDragData &items)
+{
+    m_input->StartItemDrag(items);
 }
 
 TGantRow *TzuGant_ComBasic::CurrentRow()

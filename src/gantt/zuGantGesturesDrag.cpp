@@ -1,0 +1,407 @@
+// Gestures while the mouse moves: outlines, hints, the pointer's shape and scrolling.
+#include "gantt/zuGantGestures.h"
+#include "scaler/zuScalerGestures.h"
+
+#include <algorithm>
+#include <cstdlib>
+#include <limits>
+
+namespace korvane {
+
+namespace {
+
+/// How far the mouse goes from the press, on either axis, before it drags.
+constexpr int kDragDistance = 4;
+/// Press points that scrolled away stay in a range in which offsets do not overflow.
+constexpr int kFarAway = std::numeric_limits<int>::max() / 8;
+/// Above this number of outlines the area around all is drawn again instead of each.
+constexpr std::size_t kManyOutlines = 16;
+
+} // namespace
+
+bool TGantGestures::PastThreshold(TPoint at) const
+{
+    return std::abs(at.X - m_downPoint.X) >= kDragDistance
+           || std::abs(at.Y - m_downPoint.Y) >= kDragDistance;
+}
+
+/// The offset of the gesture. Moves leave out an axis that the mouse has not really moved along.
+TPoint TGantGestures::OffsetTo(TPoint at)
+{
+    TPoint delta{at.X - m_downPoint.X, at.Y - m_downPoint.Y};
+    if (IsMove()) {
+        const int halfRow = std::max(CurrentRowHeight() / 2, kDragDistance);
+        m_movedInTime = m_movedInTime || std::abs(delta.X) >= kDragDistance;
+        m_movedInRows = m_movedInRows || std::abs(delta.Y) >= halfRow;
+        delta.X = m_movedInTime ? delta.X : 0;
+        delta.Y = m_movedInRows ? delta.Y : 0;
+    }
+    return delta;
+}
+
+TGantRow *TGantGestures::OriginRow() const
+{
+    return InputHost().RowAtHeight(m_downPoint.Y);
+}
+
+TPoint TGantGestures::Permitted(TPoint delta, const TGantRow *originRow) const
+{
+    if (originRow == nullptr) {
+        return delta;
+    }
+    if ((IsMove() && !originRow->TimeItems_CanMove())
+        || (IsGrow() && !originRow->TimeItems_CanResize())) {
+        delta.X = 0;
+    }
+    if (IsMove() && !originRow->TimeItems_CanChangeRow()) {
+        delta.Y = 0;
+    }
+    return delta;
+}
+
+void TGantGestures::Drag()
+{
+    FollowScrolling();
+    if (!m_dragging) {
+        if (!PastThreshold(m_mouse)) {
+            return;
+        }
+        m_dragging = true;
+    }
+    if (m_startDragOutside && IsMove() && !InputHost().ChartRect().Contains(m_mouse)) {
+        HandOverToDragAndDrop();
+        return;
+    }
+    m_delta = Permitted(OffsetTo(m_mouse), OriginRow());
+    DoScaleStartStopAdjust(m_mouse.X);
+    AdjustRowScroll(m_mouse.Y);
+    if (m_rubber) {
+        UpdateBand();
+        if (!GestureRunning()) { // a handler of the selection has ended it
+            return;
+        }
+    }
+    ShowFeedback(Feedback());
+    InputHost().SetAreaCursor(CursorOfGesture());
+    ShowHint();
+}
+
+void TGantGestures::UpdateBand()
+{
+    if (!m_bandBegun) {
+        m_bandBegun = true;
+        BeginSelectInRect();
+    }
+    SelectInRect(BandRect(), BandRule());
+}
+
+void TGantGestures::HandOverToDragAndDrop()
+{
+    const TGantDragData data = DragDataOf(SelectedItems(), m_mode == TGantMouseMoveMode::mmCopy);
+    CancelGesture();
+    InputHost().StartItemDrag(data);
+}
+
+TSelectHow TGantGestures::BandRule() const
+{
+    if (m_downShift.Ctrl) {
+        return TSelectHow::Toggle;
+    }
+    return m_downShift.Shift ? TSelectHow::Add : TSelectHow::Replace;
+}
+
+TRect TGantGestures::BandRect() const
+{
+    return {std::min(m_downPoint.X, m_mouse.X), std::min(m_downPoint.Y, m_mouse.Y),
+            std::max(m_downPoint.X, m_mouse.X) + 1, std::max(m_downPoint.Y, m_mouse.Y) + 1};
+}
+
+// --- scrolling -----------------------------------------------------------------------------------
+
+void TGantGestures::DoScaleStartStopAdjust(int x)
+{
+    const TGantRow *row = OriginRow();
+    const bool fixed =
+        row != nullptr
+        && ((IsMove() && !row->TimeItems_CanMove()) || (IsGrow() && !row->TimeItems_CanResize()));
+    m_autoScroll.SetBeyondX(fixed ? 0 : PixelsBeyond(x, Host().AreaSize().Width));
+    StartOrStopTimer();
+}
+
+void TGantGestures::AdjustRowScroll(int y)
+{
+    const TGantRow *row = OriginRow();
+    const bool fixed = IsGrow() || (IsMove() && row != nullptr && !row->TimeItems_CanChangeRow());
+    m_autoScroll.SetBeyondY(fixed ? 0 : PixelsBeyond(y, Host().AreaSize().Height));
+    StartOrStopTimer();
+}
+
+void TGantGestures::StopAutoScroll()
+{
+    m_autoScroll.Stop();
+    StartOrStopTimer();
+}
+
+void TGantGestures::StartOrStopTimer()
+{
+    if (m_timerOn != m_autoScroll.IsRunning()) {
+        m_timerOn = m_autoScroll.IsRunning();
+        InputHost().SetGestureTimer(m_timerOn);
+    }
+}
+
+void TGantGestures::GestureTick()
+{
+    if (!GestureRunning()) {
+        StopAutoScroll();
+        return;
+    }
+    const TAutoScrollStep step = m_autoScroll.Tick();
+    if (step.Pixels != 0) {
+        Host().Scaler().PanPixels(step.Pixels);
+    }
+    if (step.Rows != 0) {
+        InputHost().ScrollRows(step.Rows);
+    }
+    if (step.Pixels == 0 && step.Rows == 0) {
+        return;
+    }
+    Host().InvalidateArea();
+    UpdateRects();
+    if (GestureRunning()) {
+        Drag();
+    }
+}
+
+void TGantGestures::TakeDownScrolling()
+{
+    m_seenStart = Host().Scaler().GetStart();
+    m_seenStop = Host().Scaler().GetStop();
+    m_seenRowScroll = InputHost().ScrolledRowPixels();
+}
+
+/// Moves the press point with the axis and the rows.
+void TGantGestures::FollowScrolling()
+{
+    const TDateScalerCore &scaler = Host().Scaler();
+    if (scaler.GetStart() != m_seenStart || scaler.GetStop() != m_seenStop) {
+        m_downPoint.X = std::clamp(scaler.DateToPixel(m_anchorTime), -kFarAway, kFarAway);
+        if (IsGrow() && m_gestureItem != nullptr) {
+            const TPixelSpan x = m_gestureItem->GetRow()->XStartStopFromDataEntity(*m_gestureItem);
+            m_growOrigRect.Left = x.From;
+            m_growOrigRect.Right = x.To;
+        }
+    }
+    const int scrolled = InputHost().ScrolledRowPixels() - m_seenRowScroll;
+    m_downPoint.Y = std::clamp(m_downPoint.Y - scrolled, -kFarAway, kFarAway);
+    TakeDownScrolling();
+}
+
+void TGantGestures::GantAreaPaint()
+{
+    TGantSelection::GantAreaPaint();
+    if (GestureRunning() && m_dragging) {
+        FollowScrolling();
+        m_delta = Permitted(OffsetTo(m_mouse), OriginRow());
+        m_feedback = Feedback(); // the overlay is drawn after the area anyway
+    }
+}
+
+// --- outlines ------------------------------------------------------------------------------------
+
+TGantFeedback TGantGestures::Feedback()
+{
+    TGantFeedback feedback;
+    UpdateScreenSnap();
+    if (IsMove()) {
+        AddOutlinesOfSelected(feedback.Frames);
+    } else if (IsGrow() && m_gestureItem != nullptr) {
+        TGantRow *row = m_gestureItem->GetRow();
+        const TDrop drop = GrownTimes(*m_gestureItem, m_delta);
+        if (const auto top = InputHost().RowTop(*row)) {
+            feedback.Frames.push_back(InsetRect(
+                *m_gestureItem, row->RectAt(*m_gestureItem, {*top, *top + LineHeight(*row)},
+                                            drop.Start, drop.Stop)));
+        }
+    } else if (m_mode == TGantMouseMoveMode::mmDependency) {
+        feedback.HasArrow = true;
+        feedback.ArrowFrom = m_downPoint;
+        feedback.ArrowTo = m_mouse;
+        if (const auto *target = GetDataEntityFromXY(m_mouse.X, m_mouse.Y)) {
+            feedback.Frames.push_back(InsetRect(
+                *target, target->GetRow()->RectFromDataEntity(*target).value_or(TRect{})));
+        }
+    } else if (m_rubber) {
+        feedback.Band = BandRect();
+    }
+    return feedback;
+}
+
+void TGantGestures::AddOutlinesOfSelected(std::vector<TRect> &frames)
+{
+    const bool copy = m_mode == TGantMouseMoveMode::mmCopy;
+    const TRect area{0, 0, Host().AreaSize().Width, Host().AreaSize().Height};
+    for (const TzuDataEntity_Spanbar *item : SelectedOnRowsShownAt(m_delta.Y)) {
+        const TDrop drop = DropOf(*item, m_delta, copy);
+        const auto top = InputHost().RowTop(*drop.Row);
+        if (!top) {
+            continue;
+        }
+        const TGantRow *row = item->GetRow();
+        const TRect rect = InsetRect(
+            *item, row->RectAt(*item, {*top, *top + LineHeight(*row)}, drop.Start, drop.Stop));
+        if (rect.Intersects(area)) {
+            frames.push_back(rect);
+        }
+    }
+}
+
+/// The selected items of all rows that an offset brings into the area. Costs what is on these.
+std::vector<TzuDataEntity_Spanbar *> TGantGestures::SelectedOnRowsShownAt(int dy) const
+{
+    std::vector<TzuDataEntity_Spanbar *> items;
+    const int height = std::max(CurrentRowHeight(), 1);
+    const int bottom = Host().AreaSize().Height + height;
+    // Rows that the offset moves away may hold items that stay, because their row forbids it.
+    const auto collect = [&](int from, int to) {
+        for (int y = from; y < to;) {
+            TGantRow *row = InputHost().RowAtHeight(y);
+            const auto top = row != nullptr ? InputHost().RowTop(*row) : std::nullopt;
+            y = std::max(y + 1, top ? *top + LineHeight(*row) : y + height);
+            for (int layer = 0; row != nullptr && layer < row->Layers().Count(); ++layer) {
+                const TzuDataList *list = row->Layers().GetDataList(layer);
+                for (int i = list->SelectedCount() > 0 ? list->FirstSelected()
+                                                       : list->LoadedCount();
+                     i < list->LoadedCount(); ++i) {
+                    auto *item = static_cast<TzuDataEntity_Spanbar *>(list->GetLoaded(i));
+                    if (item->GetSelected() && item->GetVisible()) {
+                        items.push_back(item);
+                    }
+                }
+            }
+        }
+    };
+    collect(-dy - height, bottom - dy);
+    return items;
+}
+
+void TGantGestures::ShowFeedback(TGantFeedback feedback)
+{
+    if (feedback == m_feedback) {
+        return;
+    }
+    InvalidateFeedback();
+    m_feedback = std::move(feedback);
+    InvalidateFeedback();
+}
+
+void TGantGestures::InvalidateFeedback()
+{
+    if (m_feedback.Frames.size() > kManyOutlines || m_feedback.HasArrow) {
+        InputHost().InvalidateOverlay(m_feedback.Bounds());
+        return;
+    }
+    for (const TRect &frame : m_feedback.Frames) {
+        InputHost().InvalidateOverlay(TGantOutlineDraw::BoundsOfFrame(frame));
+    }
+    if (!m_feedback.Band.IsEmpty()) {
+        InputHost().InvalidateOverlay(m_feedback.Band);
+    }
+}
+
+void TGantGestures::GantAreaPaintOverlay(TCanvas &canvas)
+{
+    for (const TRect &frame : m_feedback.Frames) {
+        DrawOutline(frame, canvas);
+    }
+    if (!m_feedback.Band.IsEmpty()) {
+        TGantOutlineDraw::RubberBand(m_feedback.Band, canvas);
+    }
+    if (m_feedback.HasArrow) {
+        TGantOutlineDraw::Arrow(m_feedback.ArrowFrom, m_feedback.ArrowTo, canvas);
+    }
+}
+
+void TGantGestures::DrawOutline(const TRect &rect, TCanvas &canvas)
+{
+    TGantOutlineDraw::Frame(rect, canvas);
+}
+
+// --- pointer and hint ----------------------------------------------------------------------------
+
+void TGantGestures::Hover(TPoint at)
+{
+    InputHost().SetAreaCursor(CursorAt(at));
+}
+
+TGantCursor TGantGestures::CursorAt(TPoint at) const
+{
+    TzuDataEntity_Spanbar *item = GetDataEntityFromXY(at.X, at.Y);
+    if (item == nullptr) {
+        return TGantCursor::Area;
+    }
+    const TzuLifeWatch lives(*item);
+    if (!item->GetCanEdit() || !lives || item->GetRow() == nullptr) {
+        return TGantCursor::Area;
+    }
+    if (m_stickyMode == TGantStickyMode::smDependency) {
+        return TGantCursor::Link;
+    }
+    TRect rect;
+    bool isLeft = false;
+    const bool onGrip = item->IsResizable() && item->GetRow()->TimeItems_CanResize()
+                        && InGrowArea(*item, at.X, at.Y, rect, isLeft);
+    return onGrip ? TGantCursor::Resize : TGantCursor::Area;
+}
+
+TGantCursor TGantGestures::CursorOfGesture() const
+{
+    const TGantRow *row = OriginRow();
+    switch (m_mode) {
+    case TGantMouseMoveMode::mmMove:
+    case TGantMouseMoveMode::mmCopy:
+        if (row != nullptr && !row->TimeItems_CanMove() && !row->TimeItems_CanChangeRow()) {
+            return TGantCursor::Forbidden;
+        }
+        return m_mode == TGantMouseMoveMode::mmCopy ? TGantCursor::Copy : TGantCursor::Move;
+    case TGantMouseMoveMode::mmGrowLeft:
+    case TGantMouseMoveMode::mmGrowRight:
+        return row != nullptr && !row->TimeItems_CanResize() ? TGantCursor::Forbidden
+                                                             : TGantCursor::Resize;
+    case TGantMouseMoveMode::mmDependency:
+        return GetDataEntityFromXY(m_mouse.X, m_mouse.Y) != nullptr ? TGantCursor::Link
+                                                                    : TGantCursor::Forbidden;
+    case TGantMouseMoveMode::mmNone:
+        break;
+    }
+    return TGantCursor::Area;
+}
+
+void TGantGestures::ShowHint()
+{
+    const TGantHint hint = HintWantsNewText();
+    if (hint != TGantHint{}) {
+        InputHost().ShowGestureHint(hint, m_mouse);
+    } else {
+        InputHost().HideGestureHint();
+    }
+}
+
+TGantHint TGantGestures::HintWantsNewText()
+{
+    if (!m_dragging || !GestureRunning()) {
+        return {};
+    }
+    if (m_mode == TGantMouseMoveMode::mmDependency) {
+        return HintOfDependency(m_gestureItem, GetDataEntityFromXY(m_mouse.X, m_mouse.Y));
+    }
+    if (m_itemUnderMouse == nullptr) {
+        return {};
+    }
+    const TDrop drop =
+        IsGrow() ? GrownTimes(*m_itemUnderMouse, m_delta)
+                 : DropOf(*m_itemUnderMouse, m_delta, m_mode == TGantMouseMoveMode::mmCopy);
+    return HintOfTimes(drop.Start, drop.Stop);
+}
+
+} // namespace korvane
