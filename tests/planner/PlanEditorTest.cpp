@@ -243,9 +243,9 @@ TEST_F(PlanEditorTest, RefusesWhatThePlanCannotBe)
               }),
               "Tasks must lie between the years 1900 and 3999.");
     EXPECT_EQ(RefusalOf([&] { m_editor.Rename(1, u" \n"_s); }), "A task needs a name.");
-    EXPECT_EQ(RefusalOf([&] { m_editor.MoveTo(0, 2, kNoIndex); }),
+    EXPECT_EQ(RefusalOf([&] { m_editor.MoveTo(std::array{0}, 2, kNoIndex); }),
               "'S' cannot become a subtask of itself.");
-    EXPECT_EQ(RefusalOf([&] { m_editor.MoveTo(1, 3, kNoIndex); }),
+    EXPECT_EQ(RefusalOf([&] { m_editor.MoveTo(std::array{1}, 3, kNoIndex); }),
               "'A' cannot become a subtask of 'B': they are linked.");
     EXPECT_EQ(RefusalOf([&] {
                   m_editor.Indent(std::array{5, 1});
@@ -319,9 +319,9 @@ TEST_F(PlanEditorTest, TheOutlineCanBeRearranged)
              return m_editor.MoveDown(std::array{0, 1});
          },
          "B S .T .M .A .D C"},
-        {[&] { return m_editor.MoveTo(1, 0, kNoIndex); }, "B .S ..T ..M ..A ..D C"},
-        {[&] { return m_editor.MoveTo(4, kNoIndex, 6); }, "B .S ..T ..M ..D A C"},
-        {[&] { return m_editor.MoveTo(1, kNoIndex, 0); }, "S .T .M .D B A C"},
+        {[&] { return m_editor.MoveTo(std::array{1}, 0, kNoIndex); }, "B .S ..T ..M ..A ..D C"},
+        {[&] { return m_editor.MoveTo(std::array{4}, kNoIndex, 6); }, "B .S ..T ..M ..D A C"},
+        {[&] { return m_editor.MoveTo(std::array{1}, kNoIndex, 0); }, "S .T .M .D B A C"},
         {[&] {
              return m_editor.Insert(0, 2, u"N"_s, PlanSpan{kDay, kDay + 1});
          },
@@ -509,7 +509,7 @@ private:
     {
         const int before = Task();
         const bool isLast = Below(2) == 0;
-        return m_editor.MoveTo(Task(), isLast ? before : m_plan.Tasks[before].Parent,
+        return m_editor.MoveTo(Tasks(), isLast ? before : m_plan.Tasks[before].Parent,
                                isLast ? kNoIndex : before);
     }
 

@@ -70,7 +70,8 @@ public:
     /// Copies stand behind their originals and so many days later, with copies of their subtasks
     /// and of the links and assignments among them.
     PlanChange Duplicate(std::span<const int> tasks, TDateTime days);
-    PlanChange MoveTo(int task, int parent, int before);
+    /// In their order, below `parent` and before its subtask `before`, as for Insert.
+    PlanChange MoveTo(std::span<const int> tasks, int parent, int before);
     /// Makes each the last subtask of the task before it.
     PlanChange Indent(std::span<const int> tasks);
     /// Places each behind its summary task.
@@ -89,6 +90,19 @@ public:
     static QString WhyNotLinked(const Plan &plan, int predecessor, int successor);
 
 private:
+    /// Tells where tasks stand after one was moved.
+    struct TaskMove
+    {
+        int From = 0;
+        int Count = 0;
+        int To = 0;
+
+        int operator()(int task) const
+        {
+            return task == kNoIndex ? kNoIndex : IndexAfterMove(From, Count, To, task);
+        }
+    };
+
     /// Runs the steps, and takes them back when they throw.
     template <typename Steps>
     PlanChange Edit(Steps steps);
@@ -102,7 +116,7 @@ private:
     void ApplyShift(int task, TDateTime days);
     /// Copies of the tasks with all below them; tells where the copy of each task is to stand.
     TaskRows Copies(std::span<const int> tops, TDateTime days, std::vector<int> &copyOf) const;
-    void ApplyMove(int task, int parent, int before);
+    TaskMove ApplyMove(int task, int parent, int before);
     void CheckMove(int task, int parent) const;
     void CheckRoom(std::size_t count) const;
     void MoveEach(std::span<const int> tasks);

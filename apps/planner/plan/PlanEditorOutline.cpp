@@ -189,7 +189,7 @@ void PlanEditor::CheckMove(int task, int parent) const
     }
 }
 
-void PlanEditor::ApplyMove(int task, int parent, int before)
+PlanEditor::TaskMove PlanEditor::ApplyMove(int task, int parent, int before)
 {
     const int oldParent = m_plan.Tasks.at(task).Parent;
     const int end = SubtreeEnd(m_plan, task);
@@ -202,14 +202,11 @@ void PlanEditor::ApplyMove(int task, int parent, int before)
             parent == kNoIndex ? static_cast<int>(m_plan.Tasks.size()) : SubtreeEnd(m_plan, parent);
     }
     if (parent == oldParent && at >= task && at <= end) {
-        return;
+        return {};
     }
     const int count = end - task;
-    const int to = at > task ? at - count : at;
-    const auto moved = [=](int index) {
-        return index == kNoIndex ? kNoIndex : IndexAfterMove(task, count, to, index);
-    };
-    Do(SubtreeMove{task, to, moved(parent)});
+    const TaskMove moved{task, count, at > task ? at - count : at};
+    Do(SubtreeMove{task, moved.To, moved(parent)});
     for (int &index : m_change.TasksAfter) {
         index = moved(index);
     }
@@ -217,6 +214,7 @@ void PlanEditor::ApplyMove(int task, int parent, int before)
         const std::array parents{moved(oldParent), moved(parent)};
         Refresh(parents);
     }
+    return moved;
 }
 
 /// Begins an edit that moves the tasks one after the other.
@@ -226,11 +224,24 @@ void PlanEditor::MoveEach(std::span<const int> tasks)
     m_change.TasksAfter = m_change.TasksBefore;
 }
 
-PlanChange PlanEditor::MoveTo(int task, int parent, int before)
+PlanChange PlanEditor::MoveTo(std::span<const int> tasks, int parent, int before)
 {
     return Edit([&] {
-        MoveEach({&task, 1});
-        ApplyMove(task, parent, before);
+        MoveEach(tasks);
+        const auto isMoved = [this](int task) {
+            return std::ranges::find(m_change.TasksBefore, task) != m_change.TasksBefore.end();
+        };
+        // Those that are moved themselves cannot be what others stand before.
+        int newParent = parent;
+        int next = before;
+        while (next != kNoIndex && isMoved(next)) {
+            next = NextSibling(m_plan, next);
+        }
+        for (const int &task : m_change.TasksAfter) { // follows what moves
+            const TaskMove moved = ApplyMove(task, newParent, next);
+            newParent = moved(newParent);
+            next = moved(next);
+        }
     });
 }
 
