@@ -4,6 +4,7 @@
 #include "Picture.h"
 #include "PlanChart.h"
 #include "PlanDocument.h"
+#include "PlanEdits.h"
 #include "PlanLoader.h"
 #include "RecentFiles.h"
 #include "RemarksPanel.h"
@@ -32,6 +33,7 @@ namespace {
 constexpr QSize kDefaultSize(1280, 800);
 constexpr int kStatusMargin = 6;
 constexpr int kRemarksHeight = 130;
+constexpr int kReasonTime = 8000; // milliseconds
 
 /// The first file among what is dragged; empty when there is none.
 QString DraggedFile(const QMimeData &data)
@@ -70,6 +72,7 @@ MainWindow::MainWindow(QWidget *parent)
     , m_pages(new QStackedWidget(this))
     , m_document(new PlanDocument(this))
     , m_chart(new PlanChart(*m_document))
+    , m_edits(new PlanEdits(*m_document, *m_chart, this))
     , m_loader(new PlanLoader(this))
     , m_remarks(new RemarksPanel(this))
 {
@@ -78,6 +81,7 @@ MainWindow::MainWindow(QWidget *parent)
     m_pages->addWidget(NewWelcome());
     m_pages->addWidget(m_chart);
     setCentralWidget(m_pages);
+    m_chart->SetEdits(m_edits);
     addDockWidget(Qt::BottomDockWidgetArea, m_remarks);
     m_remarks->hide();
     MakeStatusBar();
@@ -91,6 +95,10 @@ MainWindow::MainWindow(QWidget *parent)
     connect(m_document, &PlanDocument::replaced, this, &MainWindow::ShowPlan);
     connect(m_document, &PlanDocument::fileNameChanged, this, &MainWindow::ShowTitle);
     connect(m_document, &PlanDocument::modifiedChanged, this, &QWidget::setWindowModified);
+    connect(m_document, &PlanDocument::changed, this,
+            [this] { ShowCounts(m_document->GetPlan()); });
+    connect(m_edits, &PlanEdits::refused, this,
+            [this](const QString &reason) { statusBar()->showMessage(reason, kReasonTime); });
     RestoreLayout();
 }
 

@@ -17,6 +17,7 @@ namespace korvane::planner {
 class LoadProgress;
 class PlanChart;
 class PlanDocument;
+class PlanEdits;
 class PlanLoader;
 class RecentFiles;
 class RemarksPanel;
@@ -34,6 +35,7 @@ public:
     /// Starts to read a file, in place of the one that is being read.
     void Open(const QString &fileName);
     PlanDocument &Document() { return *m_document; }
+    PlanEdits &Edits() { return *m_edits; }
     PlanChart &Chart() { return *m_chart; }
     PlanLoader &Loader() { return *m_loader; }
 
@@ -46,6 +48,7 @@ private:
     // Menus, MainWindowMenus.cpp.
     void MakeMenus();
     void MakeFileMenu();
+    void MakeEditMenu();
     void MakeViewMenu();
     void MakeHelpMenu();
     /// Adds an action that runs a method of the window or a lambda.
@@ -71,6 +74,7 @@ private:
     QStackedWidget *m_pages;
     PlanDocument *m_document;
     PlanChart *m_chart;
+    PlanEdits *m_edits;
     PlanLoader *m_loader;
     RemarksPanel *m_remarks;
     LoadProgress *m_progress = nullptr;

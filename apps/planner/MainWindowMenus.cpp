@@ -1,4 +1,5 @@
 // Menus and dialogs of the planner's window.
+#include "EditActions.h"
 #include "MainWindow.h"
 #include "PictureFormat.h"
 #include "PlanChart.h"
@@ -14,6 +15,7 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QMessageBox>
+#include <QStatusBar>
 
 namespace korvane::planner {
 
@@ -48,6 +50,7 @@ QAction *MainWindow::AddAction(QMenu &menu, const QString &text,
 void MainWindow::MakeMenus()
 {
     MakeFileMenu();
+    MakeEditMenu();
     MakeViewMenu();
     MakeHelpMenu();
     for (QAction *action : m_planActions) {
@@ -70,6 +73,14 @@ void MainWindow::MakeFileMenu()
                                &MainWindow::ChoosePicture);
     menu.addSeparator();
     AddAction(menu, tr("&Quit"), {QKeySequence(tr("Ctrl+Q"))}, &QWidget::close);
+}
+
+void MainWindow::MakeEditMenu()
+{
+    auto *actions =
+        new EditActions(*menuBar()->addMenu(tr("&Edit")), *m_document, *m_edits, *m_chart);
+    connect(actions, &EditActions::hinted, this,
+            [this](const QString &text) { statusBar()->showMessage(text); });
 }
 
 void MainWindow::MakeViewMenu()

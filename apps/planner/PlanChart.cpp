@@ -23,40 +23,7 @@ namespace {
 constexpr int kDaysPerWeek = 7;
 constexpr int kLeastMarkDistance = 24; // pixels, for labels of two digits
 constexpr int kScalerHeight = 44;
-constexpr int kTaskInset = 3;
-constexpr int kSummaryInset = 4;
-constexpr int kMilestoneInset = 3;
 constexpr int kNowInterval = 20'000; // milliseconds
-
-/// What a tree caption may hold of a name.
-std::string Caption(const QString &name)
-{
-    const QString line = name.simplified();
-    if (line.size() <= kMaxTreeText) {
-        return FromQt(line);
-    }
-    const auto codePoints = line.toUcs4();
-    return FromQt(QString::fromUcs4(reinterpret_cast<const char32_t *>(codePoints.constData()),
-                                    std::min<qsizetype>(codePoints.size(), kMaxTreeText)));
-}
-
-bool IsShownAsMilestone(const PlanTask &task)
-{
-    return task.Milestone && !task.HasChildren;
-}
-
-bool IsPartlyDone(const PlanTask &task)
-{
-    return task.PercentComplete > 0 && task.PercentComplete < 100 && !IsShownAsMilestone(task);
-}
-
-int InsetOf(const PlanTask &task)
-{
-    if (IsShownAsMilestone(task)) {
-        return kMilestoneInset;
-    }
-    return task.IsSummary() ? kSummaryInset : kTaskInset;
-}
 
 } // namespace
 
@@ -88,6 +55,8 @@ PlanChart::PlanChart(PlanDocument &document, QWidget *parent)
     OnUserDrawForeground = [this](auto *, const TRect &rect, TCanvas &canvas) {
         PaintForeground(rect, canvas);
     };
+    OnUserDrawTime = [this](auto *, TzuDataEntity_Spanbar *bar, TCanvas &canvas,
+                            const TRect &rect) { PaintTask(*bar, canvas, rect); };
     OnUserDrawLinks = [this](auto *, TzuDataEntity_Link *link, TCanvas &canvas, TPoint, TPoint) {
         PaintLink(*link, canvas);
     };
@@ -98,7 +67,9 @@ PlanChart::PlanChart(PlanDocument &document, QWidget *parent)
     };
     m_nowTimer.start(kNowInterval, this);
     ApplyLooks();
+    ConnectGestures();
     connect(&m_document, &PlanDocument::replaced, this, &PlanChart::ShowPlan);
+    connect(&m_document, &PlanDocument::changed, this, &PlanChart::ShowDates);
 }
 
 TGantTree *PlanChart::CreateTree(QWidget *parent)
@@ -124,8 +95,10 @@ void PlanChart::ShowPlan()
     GetLinks().Clear();
     Tree().Clear();
     m_items.clear();
+    m_lines.clear();
+    m_expansions.clear();
     m_outsideLabels.clear();
-    m_title->SetPlan(GetPlan());
+    ShowDates();
     Fill();
     FitTree();
     FitPlan();
@@ -134,103 +107,28 @@ void PlanChart::ShowPlan()
 
 void PlanChart::Fill()
 {
-    m_items.resize(GetPlan().Tasks.size());
+    const Plan &plan = GetPlan();
+    m_items.resize(plan.Tasks.size());
+    for (auto &items : m_items) {
+        items = std::make_unique<TaskItems>();
+    }
+    NumberTasks(0);
     for (std::size_t task = 0; task < m_items.size(); ++task) {
-        AddTask(static_cast<int>(task));
+        AddNode(static_cast<int>(task));
     }
-    AddLinks();
-    ColorItems();
-}
-
-void PlanChart::AddTask(int index)
-{
-    const PlanTask &task = Task(index);
-    TaskItems &items = m_items.at(static_cast<std::size_t>(index));
-    TzuDataEntity_Tree *parent = task.Parent == kNoIndex ? nullptr : Items(task.Parent).Node;
-    items.Node = AddDataEntityTree(parent, Caption(task.Name));
-    items.Node->SetExpanded(task.HasChildren && !task.Collapsed);
-    if (task.IsSummary()) {
-        items.Node->SetFontStyle({.Bold = true});
+    m_lines.resize(plan.Links.size());
+    for (auto &line : m_lines) {
+        line = std::make_unique<LinkItems>();
     }
-    if (task.Dates) {
-        AddBars(task, items);
+    NumberLinks(0);
+    for (std::size_t link = 0; link < m_lines.size(); ++link) {
+        AddLine(static_cast<int>(link));
     }
 }
 
-void PlanChart::AddBars(const PlanTask &task, TaskItems &items)
+void PlanChart::ShowDates()
 {
-    TGantRow *row = GantRows().FindRowFromTreeNode(items.Node);
-    if (IsShownAsMilestone(task)) {
-        const PlanSpan reached{task.Dates->Finish, task.Dates->Finish};
-        items.Bar = AddItem(task, row, kBarLayer, reached);
-        items.Bar->SetStyle(TSpanbarStyle::sbsRomb);
-        items.Bar->SetFixedSize(Tree().RowHeight() - 2 * kMilestoneInset - 2);
-        return;
-    }
-    items.Bar = AddItem(task, row, kBarLayer, *task.Dates);
-    if (task.IsSummary()) {
-        items.Bar->SetStyle(TSpanbarStyle::sbsSpan);
-    } else if (!task.Parts.empty()) {
-        items.Bar->SetStyle(TSpanbarStyle::sbsLine);
-        for (const PlanSpan &part : task.Parts) {
-            AddItem(task, row, kPartLayer, part);
-        }
-        AddDone(task, row, task.Parts);
-        return;
-    }
-    items.Label = items.Bar;
-    if (IsPartlyDone(task)) {
-        AddDone(task, row, {&*task.Dates, 1});
-        // An item for the name alone, above the bars that it may lie across.
-        items.Label = AddItem(task, row, kLabelLayer, *task.Dates);
-        items.Label->SetStyle(TSpanbarStyle::sbsUser);
-    }
-}
-
-/// Bars over the finished share of the parts, counted from the first one on.
-void PlanChart::AddDone(const PlanTask &task, TGantRow *row, std::span<const PlanSpan> parts)
-{
-    if (!IsPartlyDone(task)) {
-        return;
-    }
-    TDateTime done = 0;
-    for (const PlanSpan &part : parts) {
-        done += (part.Finish - part.Start) * task.PercentComplete / 100;
-    }
-    for (const PlanSpan &part : parts) {
-        const TDateTime length = std::min(done, part.Finish - part.Start);
-        if (length > 0) {
-            AddItem(task, row, kDoneLayer, {part.Start, part.Start + length});
-        }
-        done -= length;
-    }
-}
-
-TzuDataEntity_Spanbar *PlanChart::AddItem(const PlanTask &task, TGantRow *row, int layer,
-                                          const PlanSpan &span)
-{
-    TzuDataEntity_Spanbar *item = AddSpanbarToGantRow(row, layer);
-    item->SetStartDateTime(span.Start);
-    item->SetStopDateTime(span.Finish);
-    item->SetInsetTop(InsetOf(task));
-    item->SetInsetBottom(InsetOf(task));
-    item->SetCanEdit(false);
-    item->SetUserReference(const_cast<PlanTask *>(&task)); // only ever read, in TaskOf
-    return item;
-}
-
-void PlanChart::AddLinks()
-{
-    for (const PlanLink &link : GetPlan().Links) {
-        TzuDataEntity_Spanbar *first = Items(link.Predecessor).Bar;
-        TzuDataEntity_Spanbar *second = Items(link.Successor).Bar;
-        if (first != nullptr && second != nullptr && first != second) {
-            TzuDataEntity_Link &line = AddLink();
-            line.SetFirst(first);
-            line.SetSecond(second);
-            line.SetUserReference(const_cast<PlanLink *>(&link)); // only ever read, in PaintLink
-        }
-    }
+    m_title->SetPlan(GetPlan());
 }
 
 void PlanChart::FitTree()
@@ -243,7 +141,7 @@ void PlanChart::FitTree()
     const std::size_t count = std::min(kMeasured, m_items.size());
     for (std::size_t task = 0; task < count; ++task) {
         const int indent = GetPlan().Tasks.at(task).Level * Tree().Indent();
-        const int width = metrics.horizontalAdvance(ToQt(m_items.at(task).Node->GetText()));
+        const int width = metrics.horizontalAdvance(ToQt(m_items.at(task)->Node->GetText()));
         wanted = std::max(wanted, indent + width + kSpare);
     }
     SetTreeWidth(std::min(wanted, std::max(kLeastWidth, width() / 3)));
@@ -316,12 +214,6 @@ void PlanChart::SetNow(TDateTime now)
         m_now = now;
         GantArea().Invalidate();
     }
-}
-
-int PlanChart::TaskOf(const TzuDataEntity_Spanbar &item) const
-{
-    const auto *task = static_cast<const PlanTask *>(item.GetUserReference());
-    return static_cast<int>(task - GetPlan().Tasks.data());
 }
 
 int PlanChart::TaskAt(QPoint areaPoint) const

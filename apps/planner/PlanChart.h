@@ -4,12 +4,14 @@
 #include "ChartLooks.h"
 #include "LinkRoute.h"
 #include "gantt/qt/zuGant.h"
-#include "plan/Plan.h"
+#include "plan/PlanEditor.h"
 
 #include <QBasicTimer>
 
+#include <memory>
 #include <optional>
 #include <span>
+#include <unordered_map>
 #include <vector>
 
 class QHelpEvent;
@@ -18,14 +20,20 @@ class QWheelEvent;
 namespace korvane::planner {
 
 class PlanDocument;
+class PlanEdits;
 class PlanTitle;
 class PlanTree;
 
 /// Shows a document's plan: its outline in the row tree, a bar per task, and the links between
-/// them. What is shown cannot be edited. Another plan is shown in its whole length.
+/// them. Another plan is shown in its whole length. As the watcher of edits the chart follows the
+/// plan at the cost of what has changed; selection, expansion and scroll position stay.
+///
+/// What the user does in area and tree is handed to the edits. Bars are moved and resized, summary
+/// bars only moved; rows are changed in the tree. With Ctrl a drag copies the task below the
+/// original. A chart without edits only shows.
 ///
 /// With Ctrl the wheel zooms about the pointer, with Shift it moves along the time.
-class PlanChart : public TzuGant
+class PlanChart : public TzuGant, public IPlanWatcher
 {
     Q_OBJECT
 
@@ -35,6 +43,8 @@ public:
     ~PlanChart() override;
 
     const Plan &GetPlan() const;
+    /// Lets the user edit the plans to come; observed.
+    void SetEdits(PlanEdits *edits);
 
     /// Shows the plan's whole length with a margin; without any date the days around today.
     void FitPlan();
@@ -62,7 +72,31 @@ public:
     const TzuDataEntity_Spanbar *BarOf(int task) const { return Items(task).Bar; }
     const TzuDataEntity_Tree *NodeOf(int task) const { return Items(task).Node; }
 
+    /// Those of the selected bars; without any the one of the tree's current row. Ascending.
+    std::vector<int> SelectedTasks();
+    std::vector<int> SelectedPlanLinks() const;
+    /// Selects the tasks and, when none of them is in view, scrolls to the first one.
+    void SelectTasks(const std::vector<int> &tasks);
+    /// Whether a drag from one bar to another links the tasks, instead of moving the first one.
+    void SetLinking(bool on);
+    bool IsLinking() const { return m_linking; }
+    /// Begins to edit the task's name in the tree.
+    void EditName(int task);
+
+    // IPlanWatcher
+    void TaskChanged(int task) override;
+    void TasksInserted(std::span<const int> tasks) override;
+    void TasksRemoved(std::span<const int> tasks) override;
+    void SubtreeMoved(int from, int count, int to) override;
+    void LinkChanged(int link) override;
+    void LinksInserted(std::span<const int> links) override;
+    void LinksRemoved(std::span<const int> links) override;
+
 Q_SIGNALS:
+    /// What SelectedTasks and SelectedPlanLinks give has changed.
+    void selectionChanged();
+    /// A task was double-clicked.
+    void taskActivated(int task);
     /// The instant under the pointer has changed.
     void pointedAt(double instant);
     /// The pointer has left the area.
@@ -75,12 +109,21 @@ protected:
     void timerEvent(QTimerEvent *event) override;
 
 private:
+    /// What shows a task. Node and bar refer to it, so that they need not be told when tasks
+    /// before theirs come and go.
     struct TaskItems
     {
+        int Task = kNoIndex;
+        std::int64_t Uid = kNoUid;
         TzuDataEntity_Tree *Node = nullptr;
-        TzuDataEntity_Spanbar *Bar = nullptr; ///< spans the task; links end at it
-        /// Carries the name where it fits into the bar; null where it never does.
-        TzuDataEntity_Spanbar *Label = nullptr;
+        TzuDataEntity_Spanbar *Bar = nullptr; ///< the task in full; links end at it
+    };
+
+    /// What shows a link, null while one of its tasks has no bar.
+    struct LinkItems
+    {
+        int Link = kNoIndex;
+        TzuDataEntity_Link *Line = nullptr;
     };
 
     /// A name that did not fit into its bar.
@@ -90,9 +133,6 @@ private:
         TRect Rect;
     };
 
-    /// What lies on a row, lowest first. Split tasks have parts, over a bar that is a mere line.
-    enum Layer : int { kBarLayer, kPartLayer, kDoneLayer, kLabelLayer };
-
     /// Which of the chart's item fonts a name is drawn in.
     enum LabelStyle : int { kDarkLabel = 1, kLightLabel = 2, kMutedLabel = 3 };
 
@@ -100,20 +140,47 @@ private:
     {
         return GetPlan().Tasks.at(static_cast<std::size_t>(task));
     }
-    const TaskItems &Items(int task) const { return m_items.at(static_cast<std::size_t>(task)); }
-    /// Of a bar or another item of a task.
-    int TaskOf(const TzuDataEntity_Spanbar &item) const;
+    const TaskItems &Items(int task) const { return *m_items.at(static_cast<std::size_t>(task)); }
+    static int TaskOf(const TzuDataEntity &barOrNode);
+    /// What a tree caption may hold of a name.
+    static std::string Caption(const QString &name);
+    static bool IsShownAsMilestone(const PlanTask &task)
+    {
+        return task.Milestone && !task.HasChildren;
+    }
+    static bool IsPartlyDone(const PlanTask &task)
+    {
+        return task.PercentComplete > 0 && task.PercentComplete < 100 && !task.IsSummary()
+               && !IsShownAsMilestone(task);
+    }
+    static int LinkOf(const TzuDataEntity_Link &line);
 
     // Filling, PlanChart.cpp.
     void ShowPlan();
     void Fill();
-    void AddTask(int task);
-    void AddBars(const PlanTask &task, TaskItems &items);
-    void AddDone(const PlanTask &task, TGantRow *row, std::span<const PlanSpan> parts);
-    TzuDataEntity_Spanbar *AddItem(const PlanTask &task, TGantRow *row, int layer,
-                                   const PlanSpan &span);
-    void AddLinks();
     void FitTree();
+    void ShowDates();
+
+    // Items, PlanChartItems.cpp.
+    TzuDataList_Tree &ChildrenOf(int parent);
+    int PlaceAmongSiblings(int task) const;
+    void AddNode(int task);
+    void UpdateNode(int task);
+    void UpdateBar(int task);
+    void FillBar(const PlanTask &task, TzuDataEntity_Spanbar &bar) const;
+    void AddBarOf(int task);
+    void RemoveBarOf(int task);
+    void AddLine(int link);
+    void NumberTasks(int first);
+    void NumberLinks(int first);
+
+    // Editing, PlanChartEdit.cpp.
+    void ConnectGestures();
+    void GestureEnded(TGantUserChange kind, bool changed);
+    void AreaSelectionChanged();
+    void TreeSelectionChanged();
+    void NameEdited(TzuDataEntity_Tree &node);
+    void ShowTask(const std::vector<int> &tasks);
 
     // Looks, PlanChartLooks.cpp.
     void ApplyLooks();
@@ -128,6 +195,7 @@ private:
     void PlaceLabels(const TRect &rect, TCanvas &canvas);
     void PlaceLabel(int task, TGantRow &row, const TRect &area, TCanvas &canvas);
     void PaintGrid(const TRect &rect, TCanvas &canvas) const;
+    void PaintTask(const TzuDataEntity_Spanbar &bar, TCanvas &canvas, const TRect &rect) const;
     void PaintLink(const TzuDataEntity_Link &link, TCanvas &canvas);
     LinkEnd EndOf(const TzuDataEntity_Spanbar &bar, const TzuDataEntity_Spanbar &other);
     void PaintNow(const TRect &rect, TCanvas &canvas) const;
@@ -144,7 +212,15 @@ private:
     PlanDocument &m_document;
     PlanTree *m_tree = nullptr; ///< is Tree()
     PlanTitle *m_title = nullptr;
-    std::vector<TaskItems> m_items;            ///< one per task
+    PlanEdits *m_edits = nullptr;
+    std::vector<std::unique_ptr<TaskItems>> m_items;     ///< one per task
+    std::vector<std::unique_ptr<LinkItems>> m_lines;     ///< one per link
+    std::vector<TaskDates> m_draggedDates;               ///< of the gesture that runs
+    std::vector<TaskDates> m_copiedDates;                ///< of the gesture that runs
+    std::unordered_map<std::int64_t, bool> m_expansions; ///< of tasks removed, by UID
+    bool m_linking = false;
+    bool m_inGesture = false;
+    bool m_selecting = false;                  ///< area and tree are being brought in step
     std::vector<OutsideLabel> m_outsideLabels; ///< of the paint that runs
     ChartLooks m_looks;
     TDateTime m_now;

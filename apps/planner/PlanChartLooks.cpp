@@ -62,25 +62,15 @@ TColor PlanChart::ColorOf(const PlanTask &task) const
 
 void PlanChart::ColorItems()
 {
-    for (std::size_t index = 0; index < m_items.size(); ++index) {
-        const PlanTask &task = GetPlan().Tasks.at(index);
-        const TaskItems &items = m_items.at(index);
-        if (items.Bar == nullptr) {
-            continue;
-        }
-        const TColor open = ColorOf(task);
-        const TColor done = m_looks.Done(open);
-        TzuDataList2lev &layers = items.Bar->GetRow()->Layers();
-        for (int layer = 0; layer < layers.Count(); ++layer) {
-            const TzuDataList &list = *layers.GetDataList(layer);
-            for (int i = 0; i < list.LoadedCount(); ++i) {
-                const bool isDone = layer == kDoneLayer || task.PercentComplete >= 100;
-                TimeDataEntity(*list.GetLoaded(i)).SetColor(isDone ? done : open);
-            }
+    for (const auto &items : m_items) {
+        if (items->Bar != nullptr) {
+            FillBar(Task(items->Task), *items->Bar);
         }
     }
-    for (int i = 0; i < GetLinks().LoadedCount(); ++i) {
-        static_cast<TzuDataEntity_Link *>(GetLinks().GetLoaded(i))->SetColor(m_looks.Link);
+    for (const auto &line : m_lines) {
+        if (line->Line != nullptr) {
+            line->Line->SetColor(m_looks.Link);
+        }
     }
     GantArea().Invalidate();
 }

@@ -1,6 +1,7 @@
 // What the chart draws besides bars and links: days off, names, the present.
 #include "PlanChart.h"
 #include "foundation/qt/zuConvert.h"
+#include "gantt/zuTimeDraw.h"
 
 #include <QPainter>
 
@@ -79,10 +80,44 @@ LinkEnd PlanChart::EndOf(const TzuDataEntity_Spanbar &bar, const TzuDataEntity_S
     return {rect, bar.FixedSize() > 0};
 }
 
+/// Split and partly done tasks: a line from start to finish, the parts over it, and over these what
+/// is done, counted from the first part on.
+void PlanChart::PaintTask(const TzuDataEntity_Spanbar &bar, TCanvas &canvas,
+                          const TRect &rect) const
+{
+    const PlanTask &task = Task(TaskOf(bar));
+    const TColor done = m_looks.Done(bar.GetColor());
+    const PlanSpan whole{bar.GetStartDateTime(), bar.GetStopDateTime()};
+    std::span<const PlanSpan> parts(&whole, 1);
+    if (!task.Parts.empty()) {
+        parts = task.Parts;
+        TzuTimeDraw::LineOutline(bar.GetColor(), rect, canvas, TLineEnds::leNone);
+    }
+    TDateTime left = 0;
+    for (const PlanSpan &part : parts) {
+        left += (part.Finish - part.Start) * task.PercentComplete / 100;
+    }
+    const auto paint = [&](TDateTime from, TDateTime to, TColor color) {
+        TRect piece = rect;
+        piece.Left = from <= whole.Start ? rect.Left : DateScaler().DateToPixel(from);
+        piece.Right = to >= whole.Finish ? rect.Right : DateScaler().DateToPixel(to);
+        piece.Right = std::max(piece.Right, piece.Left + 1);
+        TzuTimeDraw::DrawTime(color, piece, canvas);
+    };
+    for (const PlanSpan &part : parts) {
+        paint(part.Start, part.Finish, bar.GetColor());
+        const TDateTime length = std::min(left, part.Finish - part.Start);
+        if (length > 0 && task.PercentComplete < 100) {
+            paint(part.Start, part.Start + length, done);
+        }
+        left -= length;
+    }
+}
+
 void PlanChart::PaintLink(const TzuDataEntity_Link &link, TCanvas &canvas)
 {
-    const auto *planLink = static_cast<const PlanLink *>(link.GetUserReference());
-    const LinkRoute route(planLink->Type, EndOf(*link.First(), *link.Second()),
+    const PlanLink &planLink = GetPlan().Links.at(static_cast<std::size_t>(LinkOf(link)));
+    const LinkRoute route(planLink.Type, EndOf(*link.First(), *link.Second()),
                           EndOf(*link.Second(), *link.First()));
     canvas.SetPen({link.GetColor(), 1, TPenStyle::psSolid});
     canvas.Polyline(route.Line());
@@ -130,7 +165,7 @@ void PlanChart::PlaceLabels(const TRect &rect, TCanvas &canvas)
 {
     m_outsideLabels.clear();
     for (TGantRow *row : GantRows().RowsOnScreen()) {
-        const TzuDataList &bars = *row->Layers().GetDataList(kBarLayer);
+        const TzuDataList &bars = *row->Layers().GetDataList(0);
         if (bars.LoadedCount() > 0) {
             PlaceLabel(TaskOf(TimeDataEntity(*bars.GetLoaded(0))), *row, rect, canvas);
         }
@@ -146,24 +181,25 @@ void PlanChart::PlaceLabel(int index, TGantRow &row, const TRect &area, TCanvas 
         return;
     }
     const TColor open = items.Bar->GetColor();
-    const TColor done = items.Label != items.Bar ? m_looks.Done(open) : open;
+    const TColor done = IsPartlyDone(Task(index)) ? m_looks.Done(open) : open;
     const int style = NeedsLightText({open, done}) ? kLightLabel : kDarkLabel;
     canvas.SetFont(FontTimeItemStyle(style));
     const TSize size = canvas.TextExtent(name);
     const int top = (bar->Height() - size.Height) / 2;
     const int shownLeft = std::max(bar->Left, area.Left);
     const int shownRight = std::min(bar->Right, area.Right);
-    const bool fits = items.Label != nullptr
-                      && shownRight - shownLeft >= size.Width + 2 * kLabelPadding
+    // Not into a diamond, nor across the parts of a split task.
+    const bool hasRoom = items.Bar->IsResizable() && Task(index).Parts.empty();
+    const bool fits = hasRoom && shownRight - shownLeft >= size.Width + 2 * kLabelPadding
                       && bar->Left > std::numeric_limits<int>::min() / 2;
-    if (items.Label != nullptr) {
-        TzuTimeItemTextCollection &texts = items.Label->Texts();
+    if (hasRoom) {
+        TzuTimeItemTextCollection &texts = items.Bar->Texts();
         TzuTimeItemText &text =
             texts.GetCount() > 0 ? texts.GetTimeItemText(0) : texts.AddText({}, 0, 0, style);
         text.SetText(fits ? name : std::string());
         text.SetStyle(style);
         // A bar that begins before the area has its name at the area's edge.
-        text.SetPos({shownLeft - bar->Left + kLabelPadding, top - items.Label->InsetTop()});
+        text.SetPos({shownLeft - bar->Left + kLabelPadding, top - items.Bar->InsetTop()});
     }
     if (!fits) {
         const int right = bar->Right + kOutsideGap;

@@ -1,0 +1,192 @@
+#include "EditActions.h"
+
+#include "PlanChart.h"
+#include "PlanDocument.h"
+#include "PlanEdits.h"
+#include "PlanTree.h"
+#include "TaskDialog.h"
+
+#include <QAction>
+#include <QMenu>
+#include <QTimer>
+
+namespace korvane::planner {
+
+EditActions::EditActions(QMenu &menu, PlanDocument &document, PlanEdits &edits, PlanChart &chart)
+    : QObject(&menu)
+    , m_menu(menu)
+    , m_document(document)
+    , m_edits(edits)
+    , m_chart(chart)
+    , m_contextMenu(new QMenu(&menu))
+{
+    QAction *undo = document.History().createUndoAction(this, tr("&Undo"));
+    undo->setShortcut(QKeySequence(tr("Ctrl+Z")));
+    QAction *redo = document.History().createRedoAction(this, tr("&Redo"));
+    redo->setShortcuts({QKeySequence(tr("Ctrl+Shift+Z")), QKeySequence(tr("Ctrl+Y"))});
+    menu.addActions({undo, redo});
+    menu.addSeparator();
+    AddOutline();
+    menu.addSeparator();
+    AddLinks();
+    menu.addSeparator();
+    AddDates();
+    for (QAction *action : m_contextActions) {
+        if (action == nullptr) {
+            m_contextMenu->addSeparator();
+        } else {
+            m_contextMenu->addAction(action);
+        }
+    }
+    for (QWidget *widget : {static_cast<QWidget *>(&chart.GantArea()), chart.Tree().viewport()}) {
+        widget->setContextMenuPolicy(Qt::CustomContextMenu);
+        connect(widget, &QWidget::customContextMenuRequested, this,
+                [this, widget](QPoint point) { OpenContextMenu(widget->mapToGlobal(point)); });
+    }
+    connect(&chart, &PlanChart::selectionChanged, this, &EditActions::UpdateEnabled);
+    connect(&chart, &PlanChart::taskActivated, this, &EditActions::ShowDetails);
+    connect(&document, &PlanDocument::replaced, this, &EditActions::UpdateEnabled);
+    connect(&document, &PlanDocument::changed, this, &EditActions::UpdateEnabled);
+    UpdateEnabled();
+}
+
+template <typename Function>
+QAction *EditActions::Add(const QString &text, const QKeySequence &shortcut, Needs needs,
+                          Function function)
+{
+    QAction *action = m_menu.addAction(text);
+    action->setShortcut(shortcut);
+    connect(action, &QAction::triggered, this, function);
+    m_actions.emplace_back(action, needs);
+    return action;
+}
+
+void EditActions::AddOutline()
+{
+    const auto ofTasks = [this](bool (PlanEdits::*edit)(const std::vector<int> &)) {
+        return [this, edit] { (m_edits.*edit)(m_chart.SelectedTasks()); };
+    };
+    QAction *add =
+        Add(tr("&New task"), QKeySequence(Qt::Key_Insert), Needs::Plan, [this] { InsertTask(); });
+    QAction *rename = Add(tr("Re&name"), QKeySequence(Qt::Key_F2), Needs::OneTask,
+                          [this] { m_chart.EditName(m_chart.SelectedTasks().front()); });
+    QAction *remove =
+        Add(tr("&Delete"), QKeySequence(Qt::Key_Delete), Needs::TaskOrLink, [this] { Delete(); });
+    Add(tr("Select &all"), QKeySequence(QKeySequence::SelectAll), Needs::Plan,
+        [this] { m_chart.SelectAll(); });
+    m_menu.addSeparator();
+    QAction *indent = Add(tr("&Indent"), QKeySequence(tr("Alt+Shift+Right")), Needs::Task,
+                          ofTasks(&PlanEdits::Indent));
+    QAction *outdent = Add(tr("&Outdent"), QKeySequence(tr("Alt+Shift+Left")), Needs::Task,
+                           ofTasks(&PlanEdits::Outdent));
+    QAction *up = Add(tr("Move u&p"), QKeySequence(tr("Alt+Shift+Up")), Needs::Task,
+                      ofTasks(&PlanEdits::MoveUp));
+    QAction *down = Add(tr("Move do&wn"), QKeySequence(tr("Alt+Shift+Down")), Needs::Task,
+                        ofTasks(&PlanEdits::MoveDown));
+    m_contextActions = {add, rename, remove, nullptr, indent, outdent, up, down};
+}
+
+void EditActions::AddLinks()
+{
+    QAction *link = Add(tr("&Link in order"), QKeySequence(tr("Ctrl+F2")), Needs::Tasks,
+                        [this] { m_edits.LinkInOrder(m_chart.SelectedTasks()); });
+    QAction *unlink =
+        Add(tr("Unlin&k"), QKeySequence(tr("Ctrl+Shift+F2")), Needs::TaskOrLink, [this] {
+            const std::vector<int> links = m_chart.SelectedPlanLinks();
+            if (links.empty()) {
+                m_edits.Unlink(m_chart.SelectedTasks());
+            } else {
+                m_edits.RemoveLinks(links);
+            }
+        });
+    QAction *draw = Add(tr("Dra&w links"), QKeySequence(tr("Ctrl+L")), Needs::Plan, [](bool) {});
+    draw->setCheckable(true);
+    connect(draw, &QAction::toggled, this, [this](bool on) {
+        m_chart.SetLinking(on);
+        Q_EMIT hinted(on ? tr("Drag from a task to the one that follows it.") : QString());
+    });
+    m_contextActions += {nullptr, link, unlink};
+}
+
+void EditActions::AddDates()
+{
+    Add(tr("Move &earlier"), QKeySequence(tr("Ctrl+Left")), Needs::Task, [this] { Nudge(-1); });
+    Add(tr("Move la&ter"), QKeySequence(tr("Ctrl+Right")), Needs::Task, [this] { Nudge(1); });
+    QAction *details =
+        Add(tr("Task &properties..."), QKeySequence(tr("Alt+Return")), Needs::OneTask,
+            [this] { ShowDetails(m_chart.SelectedTasks().front()); });
+    m_contextActions += {nullptr, details};
+}
+
+void EditActions::UpdateEnabled()
+{
+    // Once for all changes of an edit: walking a large selection is not free.
+    if (m_updating) {
+        return;
+    }
+    m_updating = true;
+    QTimer::singleShot(0, this, [this] {
+        m_updating = false;
+        const bool hasPlan = m_chart.isVisible();
+        const std::size_t tasks = hasPlan ? m_chart.SelectedTasks().size() : 0;
+        const bool hasLink = hasPlan && !m_chart.SelectedPlanLinks().empty();
+        for (const auto &[action, needs] : m_actions) {
+            action->setEnabled(needs == Needs::Plan      ? hasPlan
+                               : needs == Needs::Task    ? tasks > 0
+                               : needs == Needs::OneTask ? tasks == 1
+                               : needs == Needs::Tasks   ? tasks > 1
+                                                         : tasks > 0 || hasLink);
+        }
+    });
+}
+
+void EditActions::OpenContextMenu(const QPoint &globalPoint)
+{
+    m_contextMenu->popup(globalPoint);
+}
+
+void EditActions::InsertTask()
+{
+    const std::vector<int> tasks = m_chart.SelectedTasks();
+    if (m_edits.Insert(tasks.empty() ? kNoIndex : tasks.front())) {
+        m_chart.EditName(m_chart.SelectedTasks().front());
+    }
+}
+
+/// The links when any are selected, or else the tasks.
+void EditActions::Delete()
+{
+    const std::vector<int> links = m_chart.SelectedPlanLinks();
+    const std::vector<int> tasks = m_chart.SelectedTasks();
+    if (!links.empty()) {
+        m_edits.RemoveLinks(links);
+    } else if (!tasks.empty()) {
+        m_edits.Delete(tasks);
+    }
+}
+
+/// By a day, or by an hour where hours can be told apart.
+void EditActions::Nudge(int direction)
+{
+    constexpr double kHoursWidth = 240; // pixels of a day
+    const bool showsHours = m_chart.Scale() * kHoursWidth < 1;
+    const TDateTime step = direction * (showsHours ? 1.0 / 24 : 1.0);
+    std::vector<TaskDates> dates;
+    for (const int task : m_chart.SelectedTasks()) {
+        if (const auto &span = m_edits.GetPlan().Tasks.at(static_cast<std::size_t>(task)).Dates) {
+            dates.push_back({task, {span->Start + step, span->Finish + step}});
+        }
+    }
+    if (!dates.empty()) {
+        m_edits.SetDates(dates, PlanEdits::DateSource::Keyboard);
+    }
+}
+
+void EditActions::ShowDetails(int task)
+{
+    auto *dialog = new TaskDialog(m_edits, task, m_chart.window());
+    dialog->setAttribute(Qt::WA_DeleteOnClose);
+    dialog->open();
+}
+
+} // namespace korvane::planner

@@ -1,0 +1,210 @@
+// What the user selects and edits in the chart.
+#include "PlanChart.h"
+#include "PlanEdits.h"
+#include "PlanTree.h"
+#include "foundation/qt/zuConvert.h"
+
+#include <QScopedValueRollback>
+
+#include <algorithm>
+
+namespace korvane::planner {
+
+void PlanChart::SetEdits(PlanEdits *edits)
+{
+    m_edits = edits;
+    connect(edits, &PlanEdits::concerned, this, &PlanChart::SelectTasks);
+}
+
+void PlanChart::ConnectGestures()
+{
+    SetMoveOver12Then24(true);
+    OnBeginUserChange = [this](auto *, TGantUserChange) {
+        m_inGesture = true;
+        m_draggedDates.clear();
+        m_copiedDates.clear();
+    };
+    OnChangeDataEntity_Spanbar = [this](auto *, TzuDataEntity_Spanbar *bar) {
+        if (m_inGesture) {
+            m_draggedDates.push_back(
+                {TaskOf(*bar), {bar->GetStartDateTime(), bar->GetStopDateTime()}});
+        }
+    };
+    OnTimeCopy = [this](auto *, TzuDataEntity_Spanbar *bar, auto *, auto *, TDateTime start,
+                        TDateTime stop) {
+        m_copiedDates.push_back({TaskOf(*bar), {start, stop}});
+    };
+    OnEndUserChange = [this](auto *, TGantUserChange kind, bool changed) {
+        GestureEnded(kind, changed);
+    };
+    OnDependencyAction = [this](TzuDataEntity_Spanbar *first, TzuDataEntity_Spanbar *second) {
+        if (m_edits != nullptr) {
+            m_edits->Link(TaskOf(*first), TaskOf(*second));
+        }
+    };
+    // Every press ends the mode.
+    OnGantAreaMouseUp = [this](auto &&...) { SetLinking(m_linking); };
+    OnDblClickGantArea = [this](auto *, TzuDataEntity_Spanbar *bar) {
+        if (bar != nullptr) {
+            Q_EMIT taskActivated(TaskOf(*bar));
+        }
+    };
+    OnAfterSelectionChanged = [this](auto *) { AreaSelectionChanged(); };
+    Tree().OnCurrentChanged = [this](TObject *) { TreeSelectionChanged(); };
+    Tree().OnValueChanged = [this](TObject *, TzuDataEntity_Tree *node) { NameEdited(*node); };
+}
+
+void PlanChart::SetLinking(bool on)
+{
+    m_linking = on;
+    SetStickyMode(on ? TGantStickyMode::smDependency : TGantStickyMode::smNone);
+}
+
+/// The bars stand where the user left them. Whatever comes of that, they show the plan afterwards.
+void PlanChart::GestureEnded(TGantUserChange kind, bool changed)
+{
+    m_inGesture = false;
+    const std::vector<TaskDates> dragged = std::exchange(m_draggedDates, {});
+    const std::vector<TaskDates> copied = std::exchange(m_copiedDates, {});
+    if (!changed || m_edits == nullptr) {
+        return;
+    }
+    if (!copied.empty()) {
+        std::vector<int> tasks;
+        std::ranges::transform(copied, std::back_inserter(tasks), &TaskDates::Task);
+        const TaskDates &first = copied.front();
+        const TzuDataEntity_Spanbar &bar = *Items(first.Task).Bar;
+        m_edits->Duplicate(tasks, first.Dates.Start - bar.GetStartDateTime());
+    }
+    if (!dragged.empty()) {
+        m_edits->SetDates(dragged, kind == TGantUserChange::ucOther
+                                       ? PlanEdits::DateSource::Keyboard
+                                       : PlanEdits::DateSource::Gesture);
+        for (const TaskDates &each : dragged) {
+            UpdateBar(each.Task);
+        }
+    }
+}
+
+void PlanChart::NameEdited(TzuDataEntity_Tree &node)
+{
+    const int task = TaskOf(node);
+    const std::string old = Caption(Task(task).Name);
+    // A caption may show less than the name; what was not touched stays.
+    if (m_edits != nullptr && node.GetText() != old) {
+        m_edits->Rename(task, ToQt(node.GetText()));
+    }
+    node.SetText(Caption(Task(task).Name));
+}
+
+// Selection.
+
+std::vector<int> PlanChart::SelectedTasks()
+{
+    std::vector<int> tasks;
+    for (const TzuDataEntity_Spanbar *bar : SelectedItems()) {
+        tasks.push_back(TaskOf(*bar));
+    }
+    const TzuDataEntity_Tree *current = m_tree->GetCurrentDataEntity();
+    if (tasks.empty() && current != nullptr && SelectedLinks().empty()) {
+        tasks.push_back(TaskOf(*current));
+    }
+    std::ranges::sort(tasks);
+    return tasks;
+}
+
+std::vector<int> PlanChart::SelectedPlanLinks() const
+{
+    std::vector<int> links;
+    for (const TzuDataEntity_Link *line : SelectedLinks()) {
+        links.push_back(LinkOf(*line));
+    }
+    return links;
+}
+
+/// The row of the bar that the user has selected becomes the tree's current one.
+void PlanChart::AreaSelectionChanged()
+{
+    if (m_selecting) {
+        return;
+    }
+    const TzuDataEntity_Spanbar *active = ActiveDataEntity();
+    if (active != nullptr && active->GetSelected()) {
+        const QScopedValueRollback selecting(m_selecting, true);
+        m_tree->SetCurrentDataEntity(active->GetRow()->TreeNode());
+    }
+    Q_EMIT selectionChanged();
+}
+
+void PlanChart::TreeSelectionChanged()
+{
+    const TzuDataEntity_Tree *current = m_tree->GetCurrentDataEntity();
+    if (m_selecting) {
+        return;
+    }
+    // Only what the user does in the tree; otherwise the tree has followed the area.
+    if (current != nullptr && m_tree->hasFocus()) {
+        const QScopedValueRollback selecting(m_selecting, true);
+        if (TzuDataEntity_Spanbar *bar = Items(TaskOf(*current)).Bar) {
+            SelectOnly(*bar);
+            SetActiveDataEntity(bar);
+        } else {
+            ClearSelection();
+        }
+    }
+    Q_EMIT selectionChanged();
+}
+
+void PlanChart::SelectTasks(const std::vector<int> &tasks)
+{
+    {
+        const QScopedValueRollback selecting(m_selecting, true);
+        ClearSelection();
+        for (const int task : tasks) {
+            if (TzuDataEntity_Spanbar *bar = Items(task).Bar) {
+                bar->SetSelected(true);
+            }
+        }
+        if (!tasks.empty()) {
+            ShowTask(tasks);
+        }
+    }
+    GantArea().Invalidate();
+    Q_EMIT selectionChanged();
+}
+
+/// One that is in view, or the first one, becomes the current one.
+void PlanChart::ShowTask(const std::vector<int> &tasks)
+{
+    m_tree->EnsureLayout();
+    UpdateRects();
+    const auto isInView = [this](int task) {
+        const TGantRow *row = GantRows().FindRowFromTreeNode(Items(task).Node);
+        return row != nullptr && row->IsOnScreen()
+               && GantArea().rect().contains(0, row->GetRect().Bottom - 1);
+    };
+    const auto found = std::ranges::find_if(tasks, isInView);
+    const TaskItems &items = Items(found != tasks.end() ? *found : tasks.front());
+    m_tree->MakeVisible(*items.Node);
+    m_tree->SetCurrentDataEntity(items.Node);
+    if (items.Bar == nullptr) {
+        return;
+    }
+    SetActiveDataEntity(items.Bar);
+    const TDateTime start = items.Bar->GetStartDateTime();
+    const TDateTime stop = items.Bar->GetStopDateTime();
+    if (stop < Start() || start > Stop()) {
+        GoTo(start + std::min(stop - start, Stop() - Start()) / 2);
+    }
+}
+
+void PlanChart::EditName(int task)
+{
+    m_tree->setFocus();
+    TzuDataEntity_Tree &node = *Items(task).Node;
+    m_tree->MakeVisible(node);
+    m_tree->EnsureLayout();
+    node.EditText();
+}
+
+} // namespace korvane::planner
