@@ -246,6 +246,7 @@ void TGantCore::_OnInsertItem(TzuDataEntity *item)
 {
     TimeDataEntity(*item);
     m_host.InvalidateArea();
+    UpdateSubColumnsOf(item->GetDataList());
     OnInsertItem_Spanbar(this, item);
 }
 
@@ -256,6 +257,7 @@ void TGantCore::_OnDeleteItem(TzuDataEntity *item)
         SetActiveDataEntity(nullptr);
     }
     m_host.InvalidateArea();
+    UpdateSubColumnsOf(item->GetDataList());
     DropAllLinks(timeItem);
     OnDeleteItem_Spanbar(this, item);
 }
@@ -267,14 +269,25 @@ void TGantCore::_OnContentChanged(TzuDataList *list)
         SetActiveDataEntity(nullptr);
     }
     m_host.InvalidateArea();
+    UpdateSubColumnsOf(list);
     OnContentChanged_Spanbar(this, list);
 }
 
 void TGantCore::_OnInfoPush(TzuDataEntity *item)
 {
     m_host.InvalidateArea();
+    UpdateSubColumnsOf(item->GetDataList());
     OnChangeDataEntity_Spanbar(m_component, &TimeDataEntity(*item));
     OnValueChanged_Spanbar(this, item);
+}
+
+/// Of the row whose layer it is; of none while the chart goes.
+void TGantCore::UpdateSubColumnsOf(const TzuDataList *list) const
+{
+    const auto *layer = dynamic_cast<const TzuDataList_GantRow *>(list);
+    if (!m_destroying && layer != nullptr && layer->GetRow() != nullptr) {
+        layer->GetRow()->UpdateSubColumns();
+    }
 }
 
 void TGantCore::_OnSelectionChanged(TzuDataList *list, TzuDataEntity *item)

@@ -145,6 +145,8 @@ public:
     TOnGantVirtualUnLoad OnVirtualUnLoad_Spanbar;
     TOnTimeCopyOrChangeRow OnTimeChangeRow;
     TOnTimeCopyOrChangeRow OnTimeCopy;
+    /// Before the item is moved to its sub-row. When a handler throws, the row stays as it was.
+    TOnCollisionDetected OnCollisionDetected;
     TGantRowNotify OnAfterAddGantRow;
     TGantRowNotify OnBeforeFreeGantRow;
     TUserCreateGantRow OnUserCreateGantRow;
@@ -196,6 +198,7 @@ protected:
 
 private:
     void WireTimeItemController();
+    void UpdateSubColumnsOf(const TzuDataList *list) const;
     bool Holds(const TzuDataEntity_Spanbar &item) const;
     void DoBackground();
     void DoVerticalPyjamas(const TRect &rect, TCanvas &canvas) const;

@@ -42,6 +42,7 @@ void TGantRow::CleanForFree()
     if (m_layers == nullptr) {
         return;
     }
+    SetCollisionDetection(false);
     while (m_layers->Count() > 0) {
         TzuDataList *layer = m_layers->GetDataList(m_layers->Count() - 1);
         m_layers->Delete(m_layers->Count() - 1);
@@ -66,18 +67,6 @@ void TGantRow::SetUseSubCols(int count)
         m_useSubCols = count;
         m_gant.Host().InvalidateArea();
     }
-}
-
-void TGantRow::SetCollisionDetection(bool on)
-{
-    if (on == m_collisionDetection) {
-        return;
-    }
-    m_collisionDetection = on;
-    if (!on) {
-        m_useSubCols = 0;
-    }
-    m_gant.Host().InvalidateArea();
 }
 
 void TGantRow::DataListOnSubCol(int layer, int subCol)

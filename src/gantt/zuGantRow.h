@@ -12,7 +12,9 @@
 
 namespace korvane {
 
+class TDistinctTimeHolderList;
 class TGantCore;
+class TTimeDistinctGenericThread;
 
 /// Pixels from the first to behind the last, along one axis.
 struct TPixelSpan
@@ -60,6 +62,15 @@ public:
     bool CollisionDetection() const { return m_collisionDetection; }
     /// Switched off, the row is no longer divided.
     void SetCollisionDetection(bool on);
+    /// Whether the items of all layers are kept from overlapping each other, or those of one layer.
+    bool OneGroup() const { return m_oneGroup; }
+    void SetOneGroup(bool on);
+    /// Works the sub-rows out afresh soon, in the background, if CollisionDetection is on.
+    void UpdateSubColumns();
+    /// Begins to do so at once, in place of the computation that runs.
+    void UpdateSubColumnsAsync(TObject *sender);
+    /// A computation runs.
+    bool IsSeparating() const { return m_separation != nullptr; }
 
     /// The layer lists, 0-based. Asking for a layer beyond the last appends the layers up to it.
     TzuDataList2lev &Layers() { return *m_layers; }
@@ -68,6 +79,13 @@ public:
     template <typename Visit>
     void ForEachShown(const Visit &visit);
     /// The layer that holds the item; -1 when none does.
+    void StopSeparation();
+    void FillHolders(TzuDataList &layer, TDistinctTimeHolderList &holders) const;
+    void TimeDistinctThreadDone(TTimeDistinctGenericThread *sender);
+    template <typename Visitor>
+    void VisitPlaced(TDistinctTimeHolderList &holders, const Visitor &visit);
+    void TellCollisions(TDistinctTimeHolderList &holders);
+    void ApplySubCols(TDistinctTimeHolderList &holders);
     int LayerOf(const TzuDataEntity_Spanbar &item) const;
     /// Sub-row, 0-based, that the item lies in; nothing for an item that spans the row.
     std::optional<int> SubRowOf(const TzuDataEntity_Spanbar &item) const;
@@ -123,6 +141,7 @@ private:
     TzuDataEntity_Tree *m_treeNode;
     TzuDataList2lev *m_layers;                                          ///< released with the row
     std::unique_ptr<std::array<int, kLayersWithSubRow>> m_layerSubCols; ///< absent: all 0
+    std::shared_ptr<TTimeDistinctGenericThread> m_separation;           ///< that runs
     std::uint32_t m_chunk = kNoChunk;                                   ///< place in the row list
     TRect m_rect;
     unsigned m_rectFrame = 0; ///< frame of the row list in which m_rect was taken
@@ -132,6 +151,7 @@ private:
     bool m_canChangeRow = true;
     bool m_canResize = true;
     bool m_collisionDetection = false;
+    bool m_oneGroup = false;
 };
 
 template <typename Visit>

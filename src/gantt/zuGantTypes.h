@@ -113,6 +113,10 @@ using TGantMouseButtonEvent =
 using TGantMouseMoveEvent =
     TMethod<void(TzuGant_ComBasic *theGant, TShiftState shift, int x, int y)>;
 
+/// The overlap separation gives an item another sub-row (1 = topmost, 0 = none).
+using TOnCollisionDetected = TMethod<void(
+    TzuGant_ComBasic *theGant, TzuDataEntity_Spanbar *theDataEntity, int theNewSubColPosition)>;
+
 /// An item was dropped on `newRow` with the given times. The handler does the moving or copying.
 using TOnTimeCopyOrChangeRow =
     TMethod<void(TzuGant_ComBasic *theGant, TzuDataEntity_Spanbar *item, TGantRow *row,

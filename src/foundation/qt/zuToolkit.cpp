@@ -4,6 +4,7 @@
 #include "foundation/qt/zuLocale.h"
 #include "foundation/zuDoLater.h"
 #include "foundation/zuReport.h"
+#include "foundation/zuSynchronize.h"
 
 #include <QApplication>
 #include <QEvent>
@@ -120,6 +121,25 @@ void PostRun()
     QCoreApplication::postEvent(Window(), new QEvent(kRunQueue));
 }
 
+void RunPosted()
+{
+    try {
+        TSynchronize::RunPosted();
+    } catch (const std::exception &error) {
+        Report(error.what());
+    } catch (...) {
+        Report("A call from a worker thread failed");
+    }
+}
+
+/// From any thread.
+void WakeMainThread()
+{
+    if (QCoreApplication *application = QCoreApplication::instance()) {
+        QMetaObject::invokeMethod(application, RunPosted, Qt::QueuedConnection);
+    }
+}
+
 bool HasScreenForBoxes()
 {
     return qobject_cast<QApplication *>(QCoreApplication::instance()) != nullptr
@@ -163,6 +183,7 @@ void InstallToolkitServices()
         return;
     }
     SetDoLaterTransport({.Post = &PostRun, .Destroy = &DestroyWindow});
+    SetSynchronizeTransport(&WakeMainThread);
     if (TReportHook own = SetReportHook(&ReportOnScreen)) {
         SetReportHook(std::move(own));
     }
