@@ -7,7 +7,6 @@
 #include <QPainter>
 #include <QPdfWriter>
 #include <QSaveFile>
-#include <QSplitterHandle>
 #include <QSvgGenerator>
 
 namespace korvane::planner {
@@ -54,10 +53,8 @@ void RenderPartByPart(PlanChart &chart, QPainter &painter)
 {
     painter.fillRect(chart.rect(), chart.palette().window());
     QWidgetList parts = {&chart.GantArea(), &chart.DateScaler()};
-    for (QSplitterHandle *handle : chart.findChildren<QSplitterHandle *>()) {
-        if (handle->isVisible()) {
-            parts.append(handle);
-        }
+    if (chart.Splitter().isVisible()) {
+        parts.append(&chart.Splitter());
     }
     parts.append(chart.Tree().parentWidget());
     for (QWidget *part : parts) {

@@ -2,6 +2,7 @@
 
 #include "foundation/qt/zuConvert.h"
 #include "foundation/qt/zuGraphStuff.h"
+#include "foundation/qt/zuSplitter.h"
 #include "foundation/qt/zuToolkit.h"
 #include "foundation/zuDateUtils.h"
 #include "gantt/qt/zuGantAreaInput.h"
@@ -10,7 +11,6 @@
 #include <QHBoxLayout>
 #include <QScopedValueRollback>
 #include <QScrollBar>
-#include <QSplitter>
 #include <QVBoxLayout>
 #include <QWheelEvent>
 
@@ -70,14 +70,14 @@ void TzuGant_ComBasic::InitializeInConstructor()
 
 void TzuGant_ComBasic::CreateParts()
 {
-    m_splitter = new QSplitter(Qt::Horizontal, this);
-    m_splitter->setChildrenCollapsible(false);
-    m_splitter->setHandleWidth(4);
-    m_treeHolder = new QWidget(m_splitter);
-    auto *areaHolder = new QWidget(m_splitter);
+    m_treeHolder = new QWidget(this);
+    m_splitter = new TzuSplitter(this);
+    auto *areaHolder = new QWidget(this);
     m_scrollHolder = new QWidget(this);
     auto *layout = TightLayout<QHBoxLayout>(*this);
-    layout->addWidget(m_splitter, 1);
+    layout->addWidget(m_treeHolder);
+    layout->addWidget(m_splitter);
+    layout->addWidget(areaHolder, 1);
     layout->addWidget(m_scrollHolder);
 
     CreateAreaSide(*areaHolder);
@@ -85,13 +85,13 @@ void TzuGant_ComBasic::CreateParts()
     CreateTreeSide(*m_treeHolder);
     m_hintWindow = new TGraphHintWindow(this);
 
-    // A wider chart gives its width to the area.
-    m_splitter->setStretchFactor(0, 0);
-    m_splitter->setStretchFactor(1, 1);
     SetTreeWidth(kTreeWidth);
     setTabOrder(m_tree, m_area);
     setTabOrder(m_area, m_scaler);
-    connect(m_splitter, &QSplitter::splitterMoved, this, &TzuGant_ComBasic::HandleTreeAlign);
+    setTabOrder(m_scaler, m_splitter);
+    m_splitter->OnMoved = TzuSplitter::TNotifyEvent::Bind<&TzuGant_ComBasic::SplitterMoved>(this);
+    m_treeHolder->installEventFilter(this);
+    m_treeSpacer->installEventFilter(this);
 }
 
 void TzuGant_ComBasic::CreateAreaSide(QWidget &holder)
@@ -178,13 +178,12 @@ void TzuGant_ComBasic::SetScalerHeight(int pixels)
 
 int TzuGant_ComBasic::TreeWidth() const
 {
-    return m_splitter->sizes().value(0);
+    return m_splitter->Size();
 }
 
 void TzuGant_ComBasic::SetTreeWidth(int pixels)
 {
-    const int rest = width() - m_scrollHolder->width() - m_splitter->handleWidth() - pixels;
-    m_splitter->setSizes({pixels, qMax(rest, 1)});
+    m_splitter->SetSize(pixels);
 }
 
 QString TzuGant_ComBasic::DateFormat() const
@@ -229,6 +228,7 @@ void TzuGant_ComBasic::SetScaleAndTree(TDateTime start, TDateTime stop, int tree
     SetStart(start);
     SetStop(stop);
     EndUpdate();
+    m_restoredTimes.emplace(Start(), Stop());
 }
 
 void TzuGant_ComBasic::BeginUpdate()
@@ -284,7 +284,10 @@ void TzuGant_ComBasic::AlignNeeded()
 
 void TzuGant_ComBasic::ScaleChanged(TObject * /*sender*/)
 {
-    AlignNeeded();
+    // The scaler reports a restored view after the next paint; that is still no call for aligning.
+    if (std::exchange(m_restoredTimes, std::nullopt) != std::pair(Start(), Stop())) {
+        AlignNeeded();
+    }
     if (OnScalerChange) {
         const TDateTime start = Start();
         OnScalerChange(this, start, Stop());
@@ -310,6 +313,19 @@ void TzuGant_ComBasic::GantAreaWheelScroll(QWheelEvent &event)
         m_tree->Scroll(-event.angleDelta().y());
     }
     event.accept();
+}
+
+bool TzuGant_ComBasic::eventFilter(QObject *watched, QEvent *event)
+{
+    if (event->type() == QEvent::Resize) {
+        // The spacer is as wide as the holder: its width is told already.
+        const auto &resize = static_cast<QResizeEvent &>(*event);
+        if (watched == m_treeHolder
+            || (watched == m_treeSpacer && resize.size().height() != resize.oldSize().height())) {
+            HandleTreeAlign();
+        }
+    }
+    return QFrame::eventFilter(watched, event);
 }
 
 void TzuGant_ComBasic::changeEvent(QEvent *event)

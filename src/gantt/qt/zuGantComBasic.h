@@ -13,15 +13,16 @@
 #include <memory>
 #include <optional>
 #include <string_view>
+#include <utility>
 
 class QDrag;
 class QScrollBar;
-class QSplitter;
 
 namespace korvane {
 
 class TGantAreaInput;
 class TGraphHintWindow;
+class TzuSplitter;
 
 using TOnScalerChange =
     TMethod<void(TzuGant_ComBasic *theGant, TDateTime theStart, TDateTime theStop)>;
@@ -64,6 +65,7 @@ public:
     TGantTree &Tree() { return *m_tree; }
     TzuOffscreenPaint &GantArea() { return *m_area; }
     QScrollBar &VertScrollBar() { return *m_scrollBar; }
+    TzuSplitter &Splitter() { return *m_splitter; }
     /// The strip above the tree, as high as the axis. Empty; an application may put widgets in it.
     QWidget &TreeSpacer() { return *m_treeSpacer; }
     /// Tells what a gesture in the area changes. Its static place is the tree's spacer.
@@ -136,6 +138,10 @@ protected:
     virtual TzuDateScaler *CreateDateScaler(QWidget *parent);
     virtual TGantTree *CreateTree(QWidget *parent);
 
+    /// The user has moved the splitter; the tree holder's resize has been handled already.
+    virtual void SplitterMoved(TzuSplitter * /*sender*/) {}
+
+    bool eventFilter(QObject *watched, QEvent *event) override;
     void changeEvent(QEvent *event) override;
 
 private:
@@ -182,7 +188,7 @@ private:
     void HideGestureHint() override;
     void StartItemDrag(const TGantDragData &items) override;
 
-    QSplitter *m_splitter = nullptr;
+    TzuSplitter *m_splitter = nullptr;
     QWidget *m_treeHolder = nullptr;
     QWidget *m_treeSpacer = nullptr;
     QWidget *m_scrollHolder = nullptr;
@@ -195,6 +201,8 @@ private:
     QCursor m_areaCursor;
     TGantCursor m_shownCursor = TGantCursor::Area;
     std::unique_ptr<TGantAreaInput> m_input;
+    /// The times of a SetScaleAndTree that the scaler has yet to report.
+    std::optional<std::pair<TDateTime, TDateTime>> m_restoredTimes;
     bool m_settingScaleAndTree = false;
 };
 

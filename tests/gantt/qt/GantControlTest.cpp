@@ -3,7 +3,6 @@
 
 #include <QApplication>
 #include <QScrollBar>
-#include <QSplitter>
 #include <QWheelEvent>
 
 #include <gmock/gmock.h>
@@ -186,8 +185,7 @@ TEST_F(GantControl, TellsOfScaleChangesAndOfProportionsUnlessItSetsThemItself)
     Settle();
     EXPECT_THAT(ranges, testing::ElementsAre(std::pair(40000.0, 40010.0)));
     aligns = 0;
-    auto *splitter = Chart.findChild<QSplitter *>();
-    Q_EMIT splitter->splitterMoved(180, 1);
+    Chart.SetTreeWidth(180);
     EXPECT_EQ(aligns, 1);
 }
 
