@@ -1,6 +1,7 @@
 #include "Picture.h"
 
 #include "PlanChart.h"
+#include "foundation/qt/zuSplitter.h"
 
 #include <QImage>
 #include <QPageSize>

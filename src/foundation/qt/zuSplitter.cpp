@@ -216,8 +216,8 @@ void TzuSplitter::ShowGhost(int size)
     }
     const bool line = m_resizeStyle == rsLine;
     if (m_ghost == nullptr) {
-        m_ghost = std::make_unique<TGhost>(parentWidget(),
-                                           line ? Qt::SolidPattern : Qt::Dense4Pattern);
+        m_ghost =
+            std::make_unique<TGhost>(parentWidget(), line ? Qt::SolidPattern : Qt::Dense4Pattern);
     }
     const int shift = GrowthDirection() * (size - m_sizeAtPress);
     QRect where = geometry().translated(Horizontal() ? shift : 0, Horizontal() ? 0 : shift);

@@ -11,6 +11,7 @@
 #include <QHBoxLayout>
 #include <QScopedValueRollback>
 #include <QScrollBar>
+#include <QTabBar>
 #include <QVBoxLayout>
 #include <QWheelEvent>
 
@@ -55,6 +56,8 @@ TzuGant_ComBasic::TzuGant_ComBasic(QWidget *parent, TConstruction construction)
 
 TzuGant_ComBasic::~TzuGant_ComBasic()
 {
+    m_pages->OnChanging = nullptr;
+    m_pages->OnChange = nullptr;
     // Handlers that run while the data goes still see all parts.
     FinalizeData();
 }
@@ -72,15 +75,18 @@ void TzuGant_ComBasic::CreateParts()
 {
     m_treeHolder = new QWidget(this);
     m_splitter = new TzuSplitter(this);
-    auto *areaHolder = new QWidget(this);
+    m_areaHolder = new QWidget(this);
     m_scrollHolder = new QWidget(this);
+    m_pages = new TGantPageControl(this);
+    m_pages->hide();
     auto *layout = TightLayout<QHBoxLayout>(*this);
     layout->addWidget(m_treeHolder);
     layout->addWidget(m_splitter);
-    layout->addWidget(areaHolder, 1);
+    layout->addWidget(m_areaHolder, 1);
     layout->addWidget(m_scrollHolder);
+    layout->addWidget(m_pages, 1);
 
-    CreateAreaSide(*areaHolder);
+    CreateAreaSide(*m_areaHolder);
     CreateScrollSide(*m_scrollHolder);
     CreateTreeSide(*m_treeHolder);
     m_hintWindow = new TGraphHintWindow(this);
@@ -88,8 +94,20 @@ void TzuGant_ComBasic::CreateParts()
     SetTreeWidth(kTreeWidth);
     setTabOrder(m_tree, m_area);
     setTabOrder(m_area, m_scaler);
-    setTabOrder(m_scaler, m_splitter);
+    setTabOrder(m_scaler, &m_pages->Tabs());
+    setTabOrder(&m_pages->Tabs(), m_splitter);
     m_splitter->OnMoved = TzuSplitter::TNotifyEvent::Bind<&TzuGant_ComBasic::SplitterMoved>(this);
+    m_pages->OnChanging =
+        TMethod<void(TGantPageControl *, bool &)>::Bind<&TzuGant_ComBasic::PageChanging>(this);
+    m_pages->OnChange =
+        TMethod<void(TGantPageControl *)>::Bind<&TzuGant_ComBasic::PageChange>(this);
+    m_hintWindow->OnWantsNewText = [this](TGraphHintWindow *, QPoint, QString &text) {
+        for (const std::string &line : HintWantsNewText()) {
+            text +=
+                (text.isEmpty() || line.empty() ? QString() : QStringLiteral("\n")) + ToQt(line);
+        }
+    };
+    m_pages->Tabs().installEventFilter(this);
     m_treeHolder->installEventFilter(this);
     m_treeSpacer->installEventFilter(this);
 }
@@ -105,6 +123,8 @@ void TzuGant_ComBasic::CreateAreaSide(QWidget &holder)
     m_scaler->SetTimeFormat("HH:MM:SS");
     m_scaler->SetDateFormat("YYMMDD");
     m_scaler->OnChange = TDateScalerCore::TNotify::Bind<&TzuGant_ComBasic::ScaleChanged>(this);
+    m_scaler->OnPrintResizeFont =
+        TzuOffscreenPaint::TOnPrintResizeFont::Bind<&TzuGant_ComBasic::_OnPrintResizeFont>(this);
     layout->addWidget(m_scaler);
 
     m_area = new TzuOffscreenPaint(&holder);
@@ -114,6 +134,7 @@ void TzuGant_ComBasic::CreateAreaSide(QWidget &holder)
     m_area->OnPaint = [this](TzuOffscreenPaint *) { GantAreaPaint(); };
     m_input = std::make_unique<TGantAreaInput>(*this, *m_area);
     m_area->OnWheelMessage = [this](QWheelEvent &event) { GantAreaWheelScroll(event); };
+    m_area->OnPrintResizeFont = m_scaler->OnPrintResizeFont;
     layout->addWidget(m_area, 1);
 }
 
@@ -163,6 +184,14 @@ TzuDataEntity_Tree *TzuGant_ComBasic::AddDataEntityTree(TzuDataEntity_Tree *pare
     return node;
 }
 
+void TzuGant_ComBasic::MakeSureAllVisibleInTree()
+{
+    m_tree->FullExpand();
+    if (TzuDataEntity_Tree *current = m_tree->GetCurrentDataEntity()) {
+        m_tree->MakeVisible(*current);
+    }
+}
+
 int TzuGant_ComBasic::GetScalerHeight() const
 {
     return m_scaler->height();
@@ -170,9 +199,9 @@ int TzuGant_ComBasic::GetScalerHeight() const
 
 void TzuGant_ComBasic::SetScalerHeight(int pixels)
 {
-    m_treeSpacer->setFixedHeight(pixels);
     m_scrollSpacer->setFixedHeight(pixels);
     m_scaler->setFixedHeight(pixels);
+    LevelTreeSpacer();
     HandleTreeAlign();
 }
 
@@ -307,6 +336,12 @@ void TzuGant_ComBasic::RealignScrollbar(const TScrollInfo &info)
     OnRealignScrollbar(this, info.Position, info.Min, info.Max, info.Page, shown);
 }
 
+void TzuGant_ComBasic::_OnPrintResizeFont(TzuOffscreenPaint *caller, int &fontSize,
+                                          bool &defaultResize)
+{
+    OnPrintResizeFont(caller, fontSize, defaultResize);
+}
+
 void TzuGant_ComBasic::GantAreaWheelScroll(QWheelEvent &event)
 {
     if (!m_input->WheelOverAxis(event)) {
@@ -323,9 +358,17 @@ bool TzuGant_ComBasic::eventFilter(QObject *watched, QEvent *event)
         if (watched == m_treeHolder
             || (watched == m_treeSpacer && resize.size().height() != resize.oldSize().height())) {
             HandleTreeAlign();
+        } else if (watched == &m_pages->Tabs() && GetTabSheetsONOFF()) {
+            LevelTreeSpacer();
         }
     }
     return QFrame::eventFilter(watched, event);
+}
+
+void TzuGant_ComBasic::resizeEvent(QResizeEvent *event)
+{
+    QFrame::resizeEvent(event);
+    OnResize(this);
 }
 
 void TzuGant_ComBasic::changeEvent(QEvent *event)

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "foundation/qt/zuOffscreenPaint.h"
+#include "gantt/qt/zuGantTabs.h"
 #include "gantt/qt/zuGantTree.h"
 #include "gantt/zuGantKeys.h"
 #include "scaler/qt/zuScaler.h"
@@ -68,6 +69,8 @@ public:
     TzuSplitter &Splitter() { return *m_splitter; }
     /// The strip above the tree, as high as the axis. Empty; an application may put widgets in it.
     QWidget &TreeSpacer() { return *m_treeSpacer; }
+    /// The tab sheets, hidden until UseTabSheets.
+    TGantPageControl &PageControl() { return *m_pages; }
     /// Tells what a gesture in the area changes. Its static place is the tree's spacer.
     TGraphHintWindow &HintWindow() { return *m_hintWindow; }
 
@@ -77,6 +80,17 @@ public:
     TzuDataEntity_Tree *AddDataEntityTree(TzuDataEntity_Tree *parent, std::string_view text = {});
     /// Number of lines of the tree, those scrolled away included.
     int CountVisibleTreeViewItems() { return m_tree->CountVisible(); }
+    /// Expands every node, so that each row has its line, and scrolls to the current one.
+    void MakeSureAllVisibleInTree();
+    /// The row of the tree's current node, or null.
+    TGantRow *GetActiveGantRow() { return CurrentRow(); }
+
+    /// Whether axis and area lie on a tab sheet, "Gant", with other sheets beside it.
+    bool GetTabSheetsONOFF() const;
+    void SetTabSheetsONOFF(bool on);
+    /// Appends a sheet under its window title. The chart owns it from now on.
+    void AddTabSheet(QWidget *sheet, TOnTabRowChange onRowChange = {},
+                     TOnTabChanging onChanging = {}, TOnTabChange onChange = {});
 
     /// Height of the axis and of the spacers beside it, in pixels.
     int GetScalerHeight() const;
@@ -112,6 +126,9 @@ public:
     /// Brackets nest; scaler, area and tree refresh once, at the end.
     void BeginUpdate();
     void EndUpdate();
+    // The same as handlers.
+    void BeginUpdateNotifyCompatible(TObject * /*sender*/) { BeginUpdate(); }
+    void EndUpdateNotifyCompatible(TObject * /*sender*/) { EndUpdate(); }
     /// Refreshes scaler, tree and area, each unless it is the sender.
     void RefreshOthers(const QWidget *sender);
     void RePaint();
@@ -120,9 +137,20 @@ public:
     QCursor CursorGantArea() const { return m_areaCursor; }
     void SetCursorGantArea(const QCursor &cursor);
 
+    TOnGantNotify OnResize;
     TOnScalerChange OnScalerChange;
     TOnAlignNeed OnAlignNeed;
     TOnRealignScrollbar OnRealignScrollbar;
+    /// Axis or area enlarges a font for printing.
+    TzuOffscreenPaint::TOnPrintResizeFont OnPrintResizeFont;
+    // As the tree's own events, and after them.
+    TOnContentChanged OnContentChanged_Tree;
+    TOnSelectionChanged OnSelectionChanged_Tree;
+    TOnDeleteItem OnDeleteItem_Tree;
+    TOnInsertItem OnInsertItem_Tree;
+    TOnInfoPush OnValueChanged_Tree;
+    TOnBeforeCanEditItem OnBeforeCanEditItem_Tree;
+    TTreeEntityNotify OnChangeDataEntity_Tree; ///< after OnValueChanged_Tree
     /// Items are about to be carried out of the chart. The handler may change what is offered; with
     /// no data set there is no drag.
     TOnGantAreaStartDrag OnGantAreaStartDrag;
@@ -141,8 +169,18 @@ protected:
     /// The user has moved the splitter; the tree holder's resize has been handled already.
     virtual void SplitterMoved(TzuSplitter * /*sender*/) {}
 
+    // A sheet is about to be left; another one has come to the front; the active row is another.
+    virtual void PageChanging(TGantPageControl *sender, bool &allow);
+    virtual void PageChange(TGantPageControl *sender);
+    virtual void ChangeInTree();
+    /// A row has come with its node.
+    virtual void RowAdded(TGantRow * /*row*/) {}
+    /// A row is about to go.
+    virtual void RowRemoved(TGantRow * /*row*/) {}
+
     bool eventFilter(QObject *watched, QEvent *event) override;
     void changeEvent(QEvent *event) override;
+    void resizeEvent(QResizeEvent *event) override;
 
 private:
     friend class TGantAreaInput;
@@ -152,10 +190,14 @@ private:
     void CreateTreeSide(QWidget &holder);
     void CreateAreaSide(QWidget &holder);
     void CreateScrollSide(QWidget &holder);
+    template <typename Call>
+    void ForActivePage(const Call &call);
+    void LevelTreeSpacer();
     void HandleTreeAlign();
     void AlignNeeded();
     void ScaleChanged(TObject *sender);
     void RealignScrollbar(const TScrollInfo &info);
+    void _OnPrintResizeFont(TzuOffscreenPaint *caller, int &fontSize, bool &defaultResize);
     void GantAreaWheelScroll(QWheelEvent &event);
     void InvalidateRows() { InvalidateArea(); }
     /// Distance from the top of the tree's first line to the top of the area, in pixels.
@@ -191,9 +233,11 @@ private:
     TzuSplitter *m_splitter = nullptr;
     QWidget *m_treeHolder = nullptr;
     QWidget *m_treeSpacer = nullptr;
+    QWidget *m_areaHolder = nullptr;
     QWidget *m_scrollHolder = nullptr;
     QWidget *m_scrollSpacer = nullptr;
     QScrollBar *m_scrollBar = nullptr;
+    TGantPageControl *m_pages = nullptr;
     TzuDateScaler *m_scaler = nullptr;
     TGantTree *m_tree = nullptr;
     TzuOffscreenPaint *m_area = nullptr;

@@ -1,6 +1,7 @@
 #include "gantt/qt/zuGantTree.h"
 
 #include "foundation/zuDoLater.h"
+#include "foundation/zuLifeWatch.h"
 #include "gantt/qt/zuGantComBasic.h"
 
 #include <QScopedValueRollback>
@@ -97,21 +98,116 @@ void TGantTree::LinesMoved()
     ExternalScrollOutOfDate();
 }
 
+void TGantTree::RefreshSelection()
+{
+    if (Destroying()) {
+        return;
+    }
+    TzuDataEntity_Tree *current = GetCurrentDataEntity();
+    TGantRow *row = m_gant.GantRows().FindRowFromTreeNode(current);
+    if (current != m_seenCurrent || row != m_seenRow) {
+        m_seenCurrent = current;
+        m_seenRow = row;
+        m_gant.ChangeInTree();
+    }
+}
+
+void TGantTree::DoCurrentChanged()
+{
+    const QPointer<TGantTree> self(this);
+    TzuTree_ComBasic::DoCurrentChanged();
+    if (!self.isNull()) {
+        RefreshSelection();
+    }
+}
+
 void TGantTree::_InsertItem(TzuDataEntity_Tree *entity)
 {
+    const QPointer<TGantTree> self(this);
+    const TzuLifeWatch lives(*entity);
     TzuTree_ComBasic::_InsertItem(entity);
+    if (self.isNull() || !lives) {
+        return;
+    }
     m_gant.GantRows().AddRow(entity);
+    if (self.isNull() || !lives) {
+        return;
+    }
     m_gant.InvalidateRows();
+    m_gant.OnInsertItem_Tree(this, entity);
+    TGantRow *row =
+        self.isNull() || !lives ? nullptr : m_gant.GantRows().FindRowFromTreeNode(entity);
+    if (row != nullptr) {
+        m_gant.RowAdded(row);
+    }
 }
 
 void TGantTree::_DeleteItem(TzuDataEntity_Tree *entity)
 {
-    if (!Destroying()) {
-        m_gant.GantRows().RemoveRow(entity);
+    if (Destroying()) {
+        TzuTree_ComBasic::_DeleteItem(entity);
+        return;
+    }
+    const QPointer<TGantTree> self(this);
+    const TzuLifeWatch lives(*entity);
+    if (TGantRow *row = m_gant.GantRows().FindRowFromTreeNode(entity)) {
+        m_gant.RowRemoved(row);
+    }
+    if (!self.isNull() && lives) {
+        m_gant.OnDeleteItem_Tree(this, entity);
+    }
+    if (self.isNull() || !lives) {
+        return;
+    }
+    m_gant.GantRows().RemoveRow(entity);
+    if (entity == m_seenCurrent) {
+        // The next current node may come to lie at the same address.
+        m_seenRow = nullptr;
     }
     TzuTree_ComBasic::_DeleteItem(entity);
-    if (!Destroying()) {
+    if (!self.isNull()) {
         m_gant.InvalidateRows();
+    }
+}
+
+void TGantTree::_OnContentChanged(TzuDataList_Tree *list)
+{
+    const QPointer<TGantTree> self(this);
+    TzuTree_ComBasic::_OnContentChanged(list);
+    if (!self.isNull() && !Destroying()) {
+        m_gant.OnContentChanged_Tree(this, list);
+    }
+}
+
+void TGantTree::_OnSelectionChanged(TzuDataList *list, TzuDataEntity_Tree *entity)
+{
+    const QPointer<TGantTree> self(this);
+    TzuTree_ComBasic::_OnSelectionChanged(list, entity);
+    if (!self.isNull() && !Destroying()) {
+        m_gant.OnSelectionChanged_Tree(this, list, entity);
+    }
+}
+
+void TGantTree::_OnInfoPush(TzuDataEntity_Tree *entity)
+{
+    const QPointer<TGantTree> self(this);
+    const TzuLifeWatch lives(*entity);
+    TzuTree_ComBasic::_OnInfoPush(entity);
+    if (!self.isNull() && !Destroying() && lives) {
+        m_gant.OnValueChanged_Tree(this, entity);
+    }
+    if (!self.isNull() && !Destroying() && lives) {
+        m_gant.OnChangeDataEntity_Tree(this, entity);
+    }
+}
+
+void TGantTree::_OnBeforeCanEditItem(TzuDataEntity_Tree *entity)
+{
+    const QPointer<TGantTree> self(this);
+    const TzuLifeWatch lives(*entity);
+    TzuTree_ComBasic::_OnBeforeCanEditItem(entity);
+    if (!self.isNull() && !Destroying() && lives) {
+        m_gant.OnBeforeCanEditItem_Tree(this, entity);
     }
 }
 

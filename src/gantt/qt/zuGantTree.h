@@ -9,6 +9,7 @@ class QScrollBar;
 
 namespace korvane {
 
+class TGantRow;
 class TzuGant_ComBasic;
 
 /// A tree whose nodes are the rows of a chart: it makes and frees the rows, tells the chart when
@@ -31,9 +32,17 @@ public:
     void UpdateExternalScroll();
 
 protected:
+    /// Tells the chart when the current node or its row is another than last time.
+    void RefreshSelection();
+
     void _InsertItem(TzuDataEntity_Tree *entity) override;
     void _DeleteItem(TzuDataEntity_Tree *entity) override;
     void _OnVisibleChanged(TzuDataEntity_Tree *entity) override;
+    void _OnContentChanged(TzuDataList_Tree *list) override;
+    void _OnSelectionChanged(TzuDataList *list, TzuDataEntity_Tree *entity) override;
+    void _OnInfoPush(TzuDataEntity_Tree *entity) override;
+    void _OnBeforeCanEditItem(TzuDataEntity_Tree *entity) override;
+    void DoCurrentChanged() override;
     void Expand(TzuDataEntity_Tree *entity) override;
     void Collapse(TzuDataEntity_Tree *entity) override;
     void AfterUpdateDisplay() override;
@@ -49,6 +58,9 @@ private:
     TzuGant_ComBasic &m_gant;
     QPointer<QScrollBar> m_externalBar;
     TScrollInfo m_seen; ///< as of the last update of the external bar
+    // As of the last RefreshSelection.
+    TzuDataEntity_Tree *m_seenCurrent = nullptr;
+    TGantRow *m_seenRow = nullptr;
     bool m_handlingExternalBar = false;
 };
 

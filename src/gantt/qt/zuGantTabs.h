@@ -1,0 +1,74 @@
+// Tab sheets beside the Gantt chart's own.
+#pragma once
+
+#include "foundation/zuCanvas.h"
+#include "foundation/zuMethod.h"
+
+#include <QPointer>
+#include <QWidget>
+
+#include <memory>
+#include <vector>
+
+class QStackedWidget;
+class QTabBar;
+
+namespace korvane {
+
+class TGantRow;
+
+/// Another row became the active one; null when there is none.
+using TOnTabRowChange = TMethod<void(TGantRow *row)>;
+/// The sheet is about to be left; `allow` set to false keeps it.
+using TOnTabChanging = TMethod<void(QWidget *sender, bool &allow)>;
+/// The sheet has been left or come to the front.
+using TOnTabChange = TMethod<void(QWidget *sender)>;
+
+/// A sheet that an application has added, and what it wants to hear.
+struct TMyContainer
+{
+    QPointer<QWidget> Sheet;
+    TOnTabRowChange OnRowChange;
+    TOnTabChanging OnChanging;
+    TOnTabChange OnChange;
+};
+
+/// Tabs above a stack of sheets. Before the user or the program leaves a sheet, the handler is
+/// asked; until it has agreed, no other sheet is seen.
+class TGantPageControl : public QWidget
+{
+    Q_OBJECT
+
+public:
+    using TContainers = std::vector<std::shared_ptr<TMyContainer>>;
+
+    explicit TGantPageControl(QWidget *parent);
+    ~TGantPageControl() override;
+
+    /// The first sheet, "Gant"; empty until the chart moves in.
+    QWidget &GantSheet() { return *m_gantSheet; }
+    QTabBar &Tabs() { return *m_tabs; }
+    QWidget *ActivePage() const;
+    void SetActivePage(QWidget *sheet);
+
+    /// Appends a sheet under its window title, and owns it. A sheet that is destroyed or moved
+    /// elsewhere takes its tab along.
+    void Add(TMyContainer container);
+    /// Of the sheets added; handlers may add and remove some, so callers work on a copy.
+    const TContainers &Containers() const { return m_containers; }
+
+    TMethod<void(TGantPageControl *sender, bool &allow)> OnChanging;
+    TMethod<void(TGantPageControl *sender)> OnChange;
+
+private:
+    void CurrentTabChanged(int index);
+    void SheetRemoved(int index);
+    int AddSheet(QWidget *sheet, const QString &caption);
+
+    QTabBar *m_tabs;
+    QStackedWidget *m_sheets;
+    QWidget *m_gantSheet;
+    TContainers m_containers;
+};
+
+} // namespace korvane
