@@ -1,13 +1,11 @@
 #include "scaler/zuScaler.h"
 
 #include "foundation/zuDateUtils.h"
-#include "foundation/zuFormat.h"
 #include "foundation/zuRound.h"
 
 #include <algorithm>
 #include <cmath>
 #include <stdexcept>
-#include <utility>
 
 namespace korvane {
 
@@ -27,7 +25,6 @@ struct TAxisPoint
 TDateScalerCore::TDateScalerCore(IDateScalerHost &host)
     : m_host(host)
 {
-    m_textFonts.fill({.Name = "Arial", .Size = 7});
     const TDateTime today = DateOf(m_host.Now());
     m_stop = today + kWeek;
     TDateScalerCore::SetStart(today);
@@ -124,44 +121,11 @@ void TDateScalerCore::SetHorizontal(bool horizontal)
     }
 }
 
-void TDateScalerCore::SetLabelText(std::string &property, std::string value)
-{
-    if (value != property) {
-        property = std::move(value);
-        LabelsChanged();
-    }
-}
-
-void TDateScalerCore::SetFirstDayOfWeek(int day)
-{
-    if (day != m_firstDayOfWeek && day >= 1 && day <= 7) {
-        m_firstDayOfWeek = day;
-        LabelsChanged();
-    }
-}
-
-void TDateScalerCore::SetWeekNumbers(bool on)
-{
-    if (on != m_weekNumbers) {
-        m_weekNumbers = on;
-        LabelsChanged();
-    }
-}
-
 void TDateScalerCore::SetPixelsForModeSwitch(int pixels)
 {
     if (pixels != m_pixelsForModeSwitch) {
         m_pixelsForModeSwitch = pixels;
         LabelsChanged();
-    }
-}
-
-void TDateScalerCore::SetTextFont(TScalerFont font, const TFont &value)
-{
-    TFont &owned = m_textFonts[static_cast<std::size_t>(font)];
-    if (value != owned) {
-        owned = value;
-        m_host.Refresh();
     }
 }
 
@@ -250,23 +214,11 @@ int TDateScalerCore::TimeToPixel(TDateTime time) const
 TDateTime TDateScalerCore::Snap(TDateTime step, TDateTime date)
 {
     try {
-        return korvane::Snap(step, date, m_firstDayOfWeek);
+        return korvane::Snap(step, date, FirstDayOfWeek());
     } catch (const std::range_error &) {
         SetStop(m_start + kDay);
         throw;
     }
-}
-
-std::string TDateScalerCore::GetWeekString(std::string_view format, TDateTime date) const
-{
-    if (!m_weekNumbers) {
-        return FormatDate(format, date) + " - " + FormatDate(format, date + 6);
-    }
-    const TWeekNum week = GetWeekNum(date);
-    const TDateTime inYear = week.NextYear ? date + kYear : date;
-    const std::string year =
-        m_weekYearFormat.empty() ? std::string() : FormatDateTime(m_weekYearFormat, inYear);
-    return year + m_weekPrefix + std::to_string(week.Number);
 }
 
 void TDateScalerCore::BeginUpdate()

@@ -7,15 +7,14 @@
 #include "scaler/zuScaleMark.h"
 #include "scaler/zuScalePass.h"
 #include "scaler/zuScalerHost.h"
+#include "scaler/zuScalerLabels.h"
 #include "scaler/zuScalerSteps.h"
-#include "scaler/zuScalerWeeks.h"
 
 #include <array>
 #include <cstdint>
 #include <optional>
 #include <string>
 #include <string_view>
-#include <utility>
 #include <vector>
 
 namespace korvane {
@@ -34,13 +33,6 @@ struct TScaleTarget
 
 enum class TScaleRow : unsigned char { Minor, Major };
 
-/// A label and the font it is drawn in.
-struct TScaleLabel
-{
-    std::string Text;
-    TScalerFont Font = TScalerFont::sTextFont1;
-};
-
 /// The toolkit-free half of the date scaler.
 ///
 /// It shows the time from Start to Stop along its length, which is the width when Horizontal and
@@ -50,12 +42,9 @@ struct TScaleLabel
 /// Whatever recomputes the marks (range, size, label properties, EndUpdate, CalcDrawMode) throws
 /// std::runtime_error with a text that begins "Scale error:" when that fails; the range is then one
 /// day long and has marks. Handlers may change the scaler but not destroy it, except from OnChange.
-class TDateScalerCore : public TObject
+class TDateScalerCore : public TObject, public TScalerLabels
 {
 public:
-    /// A label override: may replace the text of the label that `step` puts at `date`.
-    using TOnUserStringEvent =
-        TMethod<void(TDateTime date, TDateTime step, std::string &text, TScalerFont font)>;
     using TNotify = TMethod<void(TObject *sender)>;
 
     static constexpr int kPassCount = 10;
@@ -81,33 +70,9 @@ public:
 
     bool Horizontal() const { return m_horizontal; }
     void SetHorizontal(bool horizontal);
-    const std::string &DateFormat() const { return m_dateFormat; }
-    void SetDateFormat(std::string format) { SetLabelText(m_dateFormat, std::move(format)); }
-    const std::string &TimeFormat() const { return m_timeFormat; }
-    void SetTimeFormat(std::string format) { SetLabelText(m_timeFormat, std::move(format)); }
-    int FirstDayOfWeek() const { return m_firstDayOfWeek; }
-    /// 1 (Sunday) to 7; other values are ignored.
-    void SetFirstDayOfWeek(int day);
-    bool WeekNumbers() const { return m_weekNumbers; }
-    void SetWeekNumbers(bool on);
-    const std::string &WeekPrefix() const { return m_weekPrefix; }
-    void SetWeekPrefix(std::string prefix) { SetLabelText(m_weekPrefix, std::move(prefix)); }
-    const std::string &WeekYearFormat() const { return m_weekYearFormat; }
-    void SetWeekYearFormat(std::string format)
-    {
-        SetLabelText(m_weekYearFormat, std::move(format));
-    }
-    const std::string &QuarterPrefix() const { return m_quarterPrefix; }
-    void SetQuarterPrefix(std::string prefix) { SetLabelText(m_quarterPrefix, std::move(prefix)); }
     /// The least distance of two minor marks, in pixels; below 1 there are no marks.
     int PixelsForModeSwitch() const { return m_pixelsForModeSwitch; }
     void SetPixelsForModeSwitch(int pixels);
-    const TFont &TextFont1() const { return m_textFonts[0]; }
-    void SetTextFont1(const TFont &font) { SetTextFont(TScalerFont::sTextFont1, font); }
-    const TFont &TextFont2() const { return m_textFonts[1]; }
-    void SetTextFont2(const TFont &font) { SetTextFont(TScalerFont::sTextFont2, font); }
-    const TFont &TextFont3() const { return m_textFonts[2]; }
-    void SetTextFont3(const TFont &font) { SetTextFont(TScalerFont::sTextFont3, font); }
     bool IndicatorOn() const { return m_indicatorOn; }
     void SetIndicatorOn(bool on);
     TIndicatorStyle IndicatorStyle() const { return m_indicatorStyle; }
@@ -132,24 +97,7 @@ public:
     /// Pixels from Start's time of day to that of `time`; dates do not count.
     virtual int TimeToPixel(TDateTime time) const;
 
-    // Calendar.
-
-    TDateTime TruncToFirstDayOfWeek(TDateTime date) const
-    {
-        return korvane::TruncToFirstDayOfWeek(date, m_firstDayOfWeek);
-    }
-    TFirstWeek FirstWeekOfYear(TDateTime date) const
-    {
-        return korvane::FirstWeekOfYear(date, m_firstDayOfWeek);
-    }
-    TWeekNum GetWeekNum(TDateTime date) const
-    {
-        return korvane::GetWeekNum(date, m_firstDayOfWeek);
-    }
-    /// Year and week number, or the range of days by `format` unless WeekNumbers.
-    std::string GetWeekString(std::string_view format, TDateTime date) const;
-    int DateToQuarter(TDateTime date) const { return korvane::DateToQuarter(date); }
-    /// Like the free function. When that throws, the range is set to one day first.
+    /// Like the free function; when that throws, the range is set to one day first.
     TDateTime Snap(TDateTime step, TDateTime date);
 
     // Passes and marks.
@@ -171,8 +119,6 @@ public:
     /// Marks in order of time. Valid until the next recomputation.
     const TScaleMarkList &PrimaryMarks() const { return m_primaryMarks; }
     const TScaleMarkList &SecondaryMarks() const { return m_secondaryMarks; }
-    TScaleLabel GetApprioateStringShort(TDateTime step, TDateTime date) const;
-    TScaleLabel GetApprioateStringLong(TDateTime step, TDateTime date) const;
     /// A: the last minor mark at or before the date, B: the one after.
     TScaleMarkPair FindScaleMarksFromDate(TDateTime date) const;
     /// B: the first minor mark beyond the pixel, A: the one before it.
@@ -222,8 +168,6 @@ public:
     /// The visible range has changed: once per paint, from the event loop, never within a zoom
     /// drag.
     TNotify OnChange;
-    TOnUserStringEvent OnUserStringShort;
-    TOnUserStringEvent OnUserStringLong;
 
 protected:
     struct TInteraction
@@ -245,10 +189,9 @@ protected:
     TInteraction m_interaction;
 
 private:
-    void SetTextFont(TScalerFont font, const TFont &value);
-    void SetLabelText(std::string &property, std::string value);
+    void LabelsChanged() override;
+    void LabelFontsChanged() override { m_host.Refresh(); }
     void RangeChanged();
-    void LabelsChanged();
     void UpdateMarks();
     void AnnounceChange();
 
@@ -258,8 +201,6 @@ private:
     TScaleMarkList MinorMarks(const TDayPattern &pattern, TDateTime &hiddenSpan);
     TScaleMarkList MajorMarks(const TDayPattern &pattern, TDateTime hiddenSpan) const;
     [[noreturn]] void DropOutError();
-    void AskUser(const TOnUserStringEvent &event, TDateTime step, TDateTime date,
-                 TScaleLabel &label) const;
     void CalcOddOrEventStartForVerticalBack();
     int PeriodNumber(TDateTime step, TDateTime date) const;
     TScaleMarkPair PairAround(TScaleMarkList::const_iterator after) const;
@@ -279,15 +220,7 @@ private:
     TDateTime m_start = 0;
     TDateTime m_stop = 0;
     bool m_horizontal = false;
-    std::string m_dateFormat;
-    std::string m_timeFormat;
-    int m_firstDayOfWeek = 2;
-    bool m_weekNumbers = false;
-    std::string m_weekPrefix = " w ";
-    std::string m_weekYearFormat = "YYYY";
-    std::string m_quarterPrefix = " Q";
     int m_pixelsForModeSwitch = 15;
-    std::array<TFont, 3> m_textFonts;
     bool m_indicatorOn = true;
     TIndicatorStyle m_indicatorStyle = TIndicatorStyle::isNormal;
     int m_indicatorPixel = kNoIndicator;
@@ -305,7 +238,6 @@ private:
     int m_oddEvenStart = 0;
     bool m_computing = false;
     bool m_computeAgain = false;
-    bool m_ignoreOverrides = false;
 
     std::vector<int> m_minorPixels;
     std::vector<int> m_majorPixels;

@@ -57,8 +57,7 @@ void TDateScalerGestures::MouseMove(const TShiftState &shift, int x, int y)
     if (!ToolkitMouseMove(shift, at)) {
         return;
     }
-    SetIndicatorPixel(Along(at));
-    m_input.ShowCursor(CursorAt(shift, at));
+    PointAt(shift, x, y);
     if (m_stepTimerOn || !Dragging()) {
         return;
     }
@@ -68,6 +67,14 @@ void TDateScalerGestures::MouseMove(const TShiftState &shift, int x, int y)
     } else {
         DragPan(delta);
     }
+}
+
+void TDateScalerGestures::PointAt(const TShiftState &shift, int x, int y)
+{
+    const TPoint at{x, y};
+    const TScalerCursor cursor = CursorAt(shift, at);
+    SetIndicatorPixel(cursor == TScalerCursor::Button ? kNoIndicator : Along(at));
+    m_input.ShowCursor(cursor);
 }
 
 void TDateScalerGestures::DragZoom(double delta)

@@ -31,6 +31,8 @@ public:
     void MouseUp(TMouseButton button, const TShiftState &shift, int x, int y);
     /// Takes the place of the second press; on a scroll button it is one.
     void DoubleClick(TMouseButton button, const TShiftState &shift, int x, int y);
+    /// Shows by indicator and cursor where the mouse is and what it would do there.
+    void PointAt(const TShiftState &shift, int x, int y);
     /// The mouse is no longer over the axis.
     void MouseLeave() { SetIndicatorPixel(kNoIndicator); }
 

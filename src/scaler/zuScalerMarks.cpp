@@ -1,6 +1,5 @@
-// Passes, marks and their labels.
+// Passes and marks.
 #include "foundation/zuDateUtils.h"
-#include "foundation/zuFormat.h"
 #include "foundation/zuRound.h"
 #include "scaler/zuScaleWalk.h"
 #include "scaler/zuScaler.h"
@@ -123,7 +122,7 @@ TScaleMarkList TDateScalerCore::MinorMarks(const TDayPattern &pattern, TDateTime
     const TDateTime step = MinorStep();
     const TDateTime span = m_stop - m_start;
     TScaleMarkList marks;
-    TScaleWalk walk(step, m_start, m_firstDayOfWeek, pattern);
+    TScaleWalk walk(step, m_start, FirstDayOfWeek(), pattern);
     bool afterHidden = false;
     std::int64_t position = 0;
     while (position <= LastPosition(span + hiddenSpan, step) && marks.size() < kMostMarks) {
@@ -161,7 +160,7 @@ TScaleMarkList TDateScalerCore::MajorMarks(const TDayPattern &pattern, TDateTime
     const TDateTime step = MajorStep();
     const std::int64_t last = LastPosition(m_stop - m_start + hiddenSpan, step);
     TScaleMarkList marks;
-    TScaleWalk walk(step, m_start, m_firstDayOfWeek, pattern);
+    TScaleWalk walk(step, m_start, FirstDayOfWeek(), pattern);
     TDateTime previous = 0;
     std::int64_t position = 0;
     while (position <= last && marks.size() < kMostMarks) {
@@ -195,63 +194,6 @@ void TDateScalerCore::DropOutError()
     }
     throw std::runtime_error("Verkar som alla tider ska d\u00f6ljas?, "
                              "Sl\u00e5r av d\u00f6lj p\u00e5 samtliga pass.");
-}
-
-TScaleLabel TDateScalerCore::GetApprioateStringShort(TDateTime step, TDateTime date) const
-{
-    TScaleLabel label;
-    if (step == kScale10Hun) {
-        label.Text = FormatDate(m_dateFormat, date) + ' ' + FormatTime(m_timeFormat, date);
-    } else if (step == kScale1Sec || step == kScale10Sec) {
-        label.Text = FormatDateTime("SS", date);
-    } else if (step == kScale1Min || step == kScale10Min) {
-        label.Text = FormatDateTime("NN", date);
-    } else if (step == kScale1Hour) {
-        label.Text = FormatDateTime("HH", date);
-    } else if (step == kScale1Day) {
-        label.Text = FormatDateTime("ddd", date);
-    } else if (step == kScale1Week) {
-        label.Text = GetWeekString(m_dateFormat, date);
-    } else if (step == kScale1Month || step == kScale3Month) {
-        label.Text = FormatDateTime("mmm", date);
-    } else if (step >= kScale1Year) {
-        label.Text = FormatDateTime("yy", date);
-    }
-    AskUser(OnUserStringShort, step, date, label);
-    return label;
-}
-
-TScaleLabel TDateScalerCore::GetApprioateStringLong(TDateTime step, TDateTime date) const
-{
-    TScaleLabel label;
-    if (step == kScale10Hun) {
-        label.Text = FormatDate(m_dateFormat, date) + ' ' + FormatTime(m_timeFormat, date);
-    } else if (step < kScale1Day) {
-        label.Text = FormatTime(m_timeFormat, date);
-    } else if (step == kScale1Day) {
-        label.Text = FormatDateTime("ddd", date);
-    } else if (step == kScale1Week) {
-        label.Text = GetWeekString(m_dateFormat, date);
-    } else if (step == kScale1Month) {
-        label.Text = FormatDateTime("yyyy mmm", date);
-    } else if (step == kScale3Month) {
-        label.Text =
-            FormatDateTime("yyyy", date) + m_quarterPrefix + std::to_string(DateToQuarter(date));
-    } else if (step == kScale1Year) {
-        label.Text = FormatDateTime("yyyy", date);
-    } else if (step > kScale1Year) {
-        label.Text = FormatDateTime("yyyy", date) + " - " + FormatDateTime("yyyy", date + step);
-    }
-    AskUser(OnUserStringLong, step, date, label);
-    return label;
-}
-
-void TDateScalerCore::AskUser(const TOnUserStringEvent &event, TDateTime step, TDateTime date,
-                              TScaleLabel &label) const
-{
-    if (!m_ignoreOverrides) {
-        event(date, step, label.Text, label.Font);
-    }
 }
 
 TScaleMarkPair TDateScalerCore::FindScaleMarksFromDate(TDateTime date) const

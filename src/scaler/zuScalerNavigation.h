@@ -29,8 +29,9 @@ enum class TScalerCommand : unsigned char {
 /// which embed the scaler.
 ///
 /// A move keeps the length of the range and stops at either bound of the axis; where it would begin
-/// within hidden time, it goes on to the nearest visible instant. Zooming ends at a minute and at
-/// the whole axis. None of them does anything while the axis has no length or shows no time.
+/// within hidden time, it goes on to the nearest visible instant (MoveTo does not). Zooming ends at
+/// a minute and at the whole axis. None of them does anything while the axis has no length or shows
+/// no time.
 class TDateScalerNavigation : public TDateScalerCore
 {
 public:
@@ -46,6 +47,8 @@ public:
     void PanPixels(double pixels);
     /// Moves by notches of a wheel, a tenth of the length each; to later times when positive.
     void PanNotches(double notches) { PanPixels(notches * GetScaleLen() / 10); }
+    /// Begins the range at another instant.
+    void MoveTo(TDateTime start);
     /// Moves so that the instant is in the middle.
     void GoTo(TDateTime date) { KeepAt(date, GetScaleLen() / 2); }
     void Execute(TScalerCommand command);
@@ -56,8 +59,6 @@ public:
     TTimePeriod PeriodAt(TScaleRow row, TDateTime date) const;
 
 protected:
-    /// Begins the range at another instant and keeps its length, within the bounds of the axis.
-    void MoveTo(TDateTime start);
     /// Where steps from Start end: after the first one that does not end in hidden time.
     TDateTime StepPastHidden(TDateTime step) const;
 

@@ -213,7 +213,7 @@ void TDateScalerCore::DrawTick(const TScaleTarget &target, std::int64_t pixel, i
 
 void TDateScalerCore::SetLabelFont(TCanvas &canvas, TScalerFont font) const
 {
-    canvas.SetFont(m_textFonts[static_cast<std::size_t>(font)]);
+    canvas.SetFont(FontOf(font));
     m_host.PrintResizeFont();
 }
 
@@ -303,8 +303,8 @@ void TDateScalerCore::NormalIndicator(const TScaleTarget &target) const
 std::string TDateScalerCore::IndicatorText() const
 {
     const TDateTime date = PixelToDate(m_indicatorPixel);
-    const std::string day = FormatDate(m_dateFormat, date);
-    return MinorStep() < kDay ? day + ' ' + FormatTime(m_timeFormat, date) : day;
+    const std::string day = FormatDate(DateFormat(), date);
+    return MinorStep() < kDay ? day + ' ' + FormatTime(TimeFormat(), date) : day;
 }
 
 void TDateScalerCore::ColorFullIndicator(const TScaleTarget &target) const

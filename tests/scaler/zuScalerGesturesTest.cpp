@@ -296,6 +296,7 @@ TEST(ScalerPointer, TellsWhatAPressWouldDo)
     EXPECT_EQ(scaler.Host.Cursor, TScalerCursor::Pan);
     scaler.MouseMove(kPlain, 690, 10);
     EXPECT_EQ(scaler.Host.Cursor, TScalerCursor::Button);
+    EXPECT_EQ(scaler.IndicatorPixel(), TestScaler::kNoIndicator); // the button stays in sight
     scaler.MouseDown(kLeft, kCtrl, 300, 30);
     scaler.MouseMove(kPlain, 10, 10); // what has begun goes on
     EXPECT_EQ(scaler.Host.Cursor, TScalerCursor::Pan);

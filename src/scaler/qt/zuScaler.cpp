@@ -3,6 +3,7 @@
 #include "foundation/qt/zuConvert.h"
 #include "foundation/zuDateUtils.h"
 #include "foundation/zuReport.h"
+#include "scaler/qt/zuScalerAccessible.h"
 
 #include <QCoreApplication>
 #include <QCursor>
@@ -48,6 +49,7 @@ TzuDateScaler::TzuDateScaler(QWidget *parent)
     setMouseTracking(true);
     SetTabStop(true);
     grabGesture(Qt::PinchGesture);
+    InstallAccessible<TzuDateScaler, TScalerAccessible>();
 }
 
 void TzuDateScaler::BeginUpdate()
@@ -70,7 +72,8 @@ QSize TzuDateScaler::sizeHint() const
 bool TzuDateScaler::HasChangeListener() const
 {
     return TDateScalerGestures::HasChangeListener()
-           || isSignalConnected(QMetaMethod::fromSignal(&TzuDateScaler::changed));
+           || isSignalConnected(QMetaMethod::fromSignal(&TzuDateScaler::changed))
+           || QAccessible::isActive();
 }
 
 void TzuDateScaler::CallChange()
@@ -79,6 +82,9 @@ void TzuDateScaler::CallChange()
     TDateScalerGestures::CallChange();
     if (alive != nullptr) {
         Q_EMIT changed();
+    }
+    if (alive != nullptr) {
+        TellVisibleTime(*this);
     }
 }
 

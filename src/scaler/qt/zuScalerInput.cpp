@@ -218,16 +218,14 @@ void TzuDateScaler::TurnWheel(const QWheelEvent &event)
 {
     constexpr double kUnitsPerNotch = 120;
     const QPoint turn = event.angleDelta();
+    const QPoint exact = event.pixelDelta();
     const bool sideways = std::abs(turn.x()) > std::abs(turn.y());
     if (!sideways && (event.modifiers() & Qt::ShiftModifier) == 0) {
         ZoomAround(turn.y() / kUnitsPerNotch, PixelOf(event.position()));
-        return;
-    }
-    const QPoint exact = event.pixelDelta();
-    if (exact.isNull()) {
-        PanNotches(-(turn.x() + turn.y()) / kUnitsPerNotch);
+    } else if (exact.isNull()) {
+        PanNotches(-(sideways ? turn.x() : turn.y()) / kUnitsPerNotch);
     } else {
-        PanPixels(-(exact.x() + exact.y()));
+        PanPixels(-(sideways ? exact.x() : exact.y()));
     }
 }
 
@@ -240,7 +238,8 @@ void TzuDateScaler::Pinch(QGestureEvent &event)
     }
     event.accept(pinch);
     CancelInteraction(); // the first finger may have begun a drag
-    if ((pinch->changeFlags() & QPinchGesture::ScaleFactorChanged) != 0) {
+    const bool ends = pinch->state() == Qt::GestureFinished; // tells the last change again
+    if (!ends && (pinch->changeFlags() & QPinchGesture::ScaleFactorChanged) != 0) {
         ZoomBy(1 / pinch->scaleFactor(), PixelOf(mapFromGlobal(pinch->centerPoint())));
     }
 }
@@ -303,8 +302,8 @@ void TzuDateScaler::CtrlChanged(const QKeyEvent &event)
 
 void TzuDateScaler::enterEvent(QEnterEvent *event)
 {
-    SetIndicatorPixel(PixelOf(event->position()));
-    ShowCursor(CursorAt(FromQt(event->modifiers()), FromQt(event->position().toPoint())));
+    const TPoint at = FromQt(event->position().toPoint());
+    PointAt(FromQt(event->modifiers()), at.X, at.Y);
     TzuOffscreenPaint::enterEvent(event);
 }
 
