@@ -38,11 +38,13 @@ EditActions::EditActions(QMenu &menu, PlanDocument &document, PlanEdits &edits, 
             m_contextMenu->addAction(action);
         }
     }
-    for (QWidget *widget : {static_cast<QWidget *>(&chart.GantArea()), chart.Tree().viewport()}) {
-        widget->setContextMenuPolicy(Qt::CustomContextMenu);
-        connect(widget, &QWidget::customContextMenuRequested, this,
-                [this, widget](QPoint point) { OpenContextMenu(widget->mapToGlobal(point)); });
-    }
+    const auto openOn = [this](QWidget &widget, const QWidget &origin) {
+        widget.setContextMenuPolicy(Qt::CustomContextMenu);
+        connect(&widget, &QWidget::customContextMenuRequested, this,
+                [this, &origin](QPoint point) { OpenContextMenu(origin.mapToGlobal(point)); });
+    };
+    openOn(chart.GantArea(), chart.GantArea());
+    openOn(chart.Tree(), *chart.Tree().viewport());
     connect(&chart, &PlanChart::selectionChanged, this, &EditActions::UpdateEnabled);
     connect(&chart, &PlanChart::taskActivated, this, &EditActions::ShowDetails);
     connect(&document, &PlanDocument::replaced, this, &EditActions::UpdateEnabled);
@@ -165,12 +167,9 @@ void EditActions::Delete()
     }
 }
 
-/// By a day, or by an hour where hours can be told apart.
 void EditActions::Nudge(int direction)
 {
-    constexpr double kHoursWidth = 240; // pixels of a day
-    const bool showsHours = m_chart.Scale() * kHoursWidth < 1;
-    const TDateTime step = direction * (showsHours ? 1.0 / 24 : 1.0);
+    const TDateTime step = direction * m_chart.EditStep();
     std::vector<TaskDates> dates;
     for (const int task : m_chart.SelectedTasks()) {
         if (const auto &span = m_edits.GetPlan().Tasks.at(static_cast<std::size_t>(task)).Dates) {

@@ -47,6 +47,8 @@ PlanChart::PlanChart(PlanDocument &document, QWidget *parent)
     corner->addWidget(m_title);
     Tree().SetShowLines(false);
     Tree().SetHideSelection(false);
+    Tree().SetRowSelect(true);
+    Tree().SetRightClickSelect(true);
     GantArea().installEventFilter(this);
     Tree().viewport()->installEventFilter(this);
     OnUserDrawBackground = [this](auto *, const TRect &rect, TCanvas &canvas) {

@@ -30,7 +30,8 @@ class PlanTree;
 ///
 /// What the user does in area and tree is handed to the edits. Bars are moved and resized, summary
 /// bars only moved; rows are changed in the tree. With Ctrl a drag copies the task below the
-/// original. A chart without edits only shows.
+/// original. Times change by whole days as long as hours are too narrow to be told apart, so that
+/// times of day stay. A chart without edits only shows.
 ///
 /// With Ctrl the wheel zooms about the pointer, with Shift it moves along the time.
 class PlanChart : public TzuGant, public IPlanWatcher
@@ -80,6 +81,8 @@ public:
     /// Whether a drag from one bar to another links the tasks, instead of moving the first one.
     void SetLinking(bool on);
     bool IsLinking() const { return m_linking; }
+    /// By how many days edits with mouse and keys change times at the present zoom.
+    TDateTime EditStep() const;
     /// Begins to edit the task's name in the tree.
     void EditName(int task);
 
@@ -176,6 +179,8 @@ private:
 
     // Editing, PlanChartEdit.cpp.
     void ConnectGestures();
+    void SnapTimes(const TzuDataEntity_Spanbar &bar, TGantMouseMoveMode mode, TDateTime &start,
+                   TDateTime &stop) const;
     void GestureEnded(TGantUserChange kind, bool changed);
     void AreaSelectionChanged();
     void TreeSelectionChanged();
@@ -208,6 +213,7 @@ private:
     void PointerLeft();
 
     static constexpr double kZoomStep = 1.5;
+    static constexpr double kHoursWidth = 240; ///< of a day, in pixels, from which on hours matter
 
     PlanDocument &m_document;
     PlanTree *m_tree = nullptr; ///< is Tree()

@@ -3,10 +3,12 @@
 #include "PlanEdits.h"
 #include "PlanTree.h"
 #include "foundation/qt/zuConvert.h"
+#include "plan/PlanDates.h"
 
 #include <QScopedValueRollback>
 
 #include <algorithm>
+#include <cmath>
 
 namespace korvane::planner {
 
@@ -18,7 +20,8 @@ void PlanChart::SetEdits(PlanEdits *edits)
 
 void PlanChart::ConnectGestures()
 {
-    SetMoveOver12Then24(true);
+    OnSnapTimes = [this](auto *, const TzuDataEntity_Spanbar *bar, TGantMouseMoveMode mode,
+                         TDateTime &start, TDateTime &stop) { SnapTimes(*bar, mode, start, stop); };
     OnBeginUserChange = [this](auto *, TGantUserChange) {
         m_inGesture = true;
         m_draggedDates.clear();
@@ -52,6 +55,35 @@ void PlanChart::ConnectGestures()
     OnAfterSelectionChanged = [this](auto *) { AreaSelectionChanged(); };
     Tree().OnCurrentChanged = [this](TObject *) { TreeSelectionChanged(); };
     Tree().OnValueChanged = [this](TObject *, TzuDataEntity_Tree *node) { NameEdited(*node); };
+}
+
+TDateTime PlanChart::EditStep() const
+{
+    constexpr double kMinutesWidth = 4000;
+    const double dayWidth = Scale() > 0 ? 1 / Scale() : 0;
+    return dayWidth < kHoursWidth     ? 1.0
+           : dayWidth < kMinutesWidth ? 1.0 / 24
+                                      : 5.0 / kMinutesPerDay;
+}
+
+/// The times change by steps; what they are beside these stays.
+void PlanChart::SnapTimes(const TzuDataEntity_Spanbar &bar, TGantMouseMoveMode mode,
+                          TDateTime &start, TDateTime &stop) const
+{
+    const TDateTime step = EditStep();
+    const auto snapped = [step](TDateTime from, TDateTime to) {
+        return from + std::round((to - from) / step) * step;
+    };
+    const TDateTime oldStart = bar.GetStartDateTime();
+    const TDateTime oldStop = bar.GetStopDateTime();
+    if (mode == TGantMouseMoveMode::mmGrowRight) {
+        stop = std::max(snapped(oldStop, stop), start);
+    } else if (mode == TGantMouseMoveMode::mmGrowLeft) {
+        start = std::min(snapped(oldStart, start), stop);
+    } else {
+        start = snapped(oldStart, start);
+        stop = oldStop + (start - oldStart);
+    }
 }
 
 void PlanChart::SetLinking(bool on)

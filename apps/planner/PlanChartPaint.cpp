@@ -130,7 +130,6 @@ void PlanChart::PaintLink(const TzuDataEntity_Link &link, TCanvas &canvas)
 void PlanChart::ShadeDaysOff(const TRect &rect, TCanvas &canvas) const
 {
     constexpr double kLeastDayWidth = 4;
-    constexpr double kHoursWidth = 240;
     const double dayWidth = Scale() > 0 ? 1 / Scale() : 0;
     QPainter *painter = PainterOf(canvas);
     if (painter == nullptr || dayWidth < kLeastDayWidth) {

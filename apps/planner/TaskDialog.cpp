@@ -60,6 +60,7 @@ TaskDialog::TaskDialog(PlanEdits &edits, int task, QWidget *parent)
     , m_reason(new QLabel)
 {
     constexpr int kWidth = 420;
+    constexpr int kNoteLines = 6;
     setWindowTitle(tr("Task properties"));
     auto *form = new QFormLayout;
     auto *buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel);
@@ -82,6 +83,7 @@ TaskDialog::TaskDialog(PlanEdits &edits, int task, QWidget *parent)
     m_percent->setValue(static_cast<int>(std::lround(Task().PercentComplete)));
     form->addRow(tr("&Complete"), m_percent);
     m_notes->setTabChangesFocus(true);
+    m_notes->setFixedHeight(kNoteLines * m_notes->fontMetrics().lineSpacing());
     form->addRow(tr("N&otes"), m_notes);
     m_reason->setWordWrap(true);
     m_reason->setTextFormat(Qt::PlainText);

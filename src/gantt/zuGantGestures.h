@@ -97,6 +97,8 @@ public:
     TOnDblClickGantArea OnDblClickGantArea;
     TOnDependencyAction OnDependencyAction;
     TOnHintInfo OnHintInfo;
+    /// Replaces SnapHandler and MoveOver12Then24.
+    TOnSnapTimes OnSnapTimes;
     TGantMouseButtonEvent OnGantAreaMouseDown;
     TGantMouseMoveEvent OnGantAreaMouseMove;
     TGantMouseButtonEvent OnGantAreaMouseUp;

@@ -127,6 +127,12 @@ TGantGestures::TDrop TGantGestures::DropOf(const TzuDataEntity_Spanbar &item, TP
     const TDateTime shift = TimeShift(row.XStartStopFromDataEntity(item).From, delta.X);
     drop.Start += shift;
     drop.Stop += shift;
+    if (OnSnapTimes) {
+        OnSnapTimes(Component(), &item,
+                    copy ? TGantMouseMoveMode::mmCopy : TGantMouseMoveMode::mmMove, drop.Start,
+                    drop.Stop);
+        return drop;
+    }
     m_snap.SnapMove(drop.Start, drop.Stop);
     if (m_moveOver12Then24) {
         TSnapHandler::SnapMoveTo24HIfMoveOver12H(drop.Start, drop.Stop, start, stop);
@@ -145,7 +151,11 @@ TGantGestures::TDrop TGantGestures::GrownTimes(const TzuDataEntity_Spanbar &item
     } else {
         drop.Start = std::min(drop.Start + TimeShift(m_growOrigRect.Left, delta.X), drop.Stop);
     }
-    m_snap.Snap(drop.Start, drop.Stop);
+    if (OnSnapTimes) {
+        OnSnapTimes(Component(), &item, m_mode, drop.Start, drop.Stop);
+    } else {
+        m_snap.Snap(drop.Start, drop.Stop);
+    }
     return drop;
 }
 

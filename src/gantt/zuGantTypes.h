@@ -107,6 +107,11 @@ using TOnHintInfo =
 using TOnClickGantArea =
     TMethod<void(TzuGant_ComBasic *theGant, TzuDataEntity_Spanbar *theDataEntity)>;
 using TOnDblClickGantArea = TOnClickGantArea;
+/// Rounds the times that a gesture of the mode would give an item, in place of the chart's grid. Is
+/// asked while the mouse moves, too, and must not change anything.
+using TOnSnapTimes =
+    TMethod<void(TzuGant_ComBasic *theGant, const TzuDataEntity_Spanbar *theDataEntity,
+                 TGantMouseMoveMode mode, TDateTime &start, TDateTime &stop)>;
 /// Mouse events of the area, in its pixels.
 using TGantMouseButtonEvent =
     TMethod<void(TzuGant_ComBasic *theGant, TMouseButton button, TShiftState shift, int x, int y)>;

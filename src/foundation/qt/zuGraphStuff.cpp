@@ -11,6 +11,7 @@
 #include <QStylePainter>
 #include <QTimerEvent>
 #include <QToolTip>
+#include <QtMath>
 
 #include <algorithm>
 
@@ -284,7 +285,8 @@ QSize TGraphHintWindow::sizeHint() const
     for (const TLine &line : m_lines) {
         const QString &text = line.Labelled ? line.Value : line.Text;
         const int left = line.Labelled ? valueLeft : 0;
-        width = std::max(width, left + fontMetrics().horizontalAdvance(text));
+        // Rounded up: what is a fraction of a pixel too long would be cut.
+        width = std::max(width, left + qCeil(QFontMetricsF(font()).horizontalAdvance(text)));
     }
     const int height = fontMetrics().lineSpacing() * static_cast<int>(m_lines.size());
     return {width + 2 * kMarginX, height + 2 * kMarginY};

@@ -164,7 +164,8 @@ TEST_F(PlanEditingTest, DraggingMovesAndResizesBars)
     const QRect rect = RectOf(1);
     Drag({rect.right() - 1, rect.center().y()},
          {rect.right() - 1 + PixelsOf(4), rect.center().y()});
-    EXPECT_NEAR(FinishOf(1), 17, 0.2);
+    EXPECT_EQ(FinishOf(1), 17) << "by whole days";
+    EXPECT_EQ(StartOf(1), 3) << "the other end stays";
     EXPECT_EQ(History().undoText(), u"Resize 'Dig'");
     Drag(Middle(0), Middle(0) + QPoint(PixelsOf(2), 0));
     EXPECT_EQ(StartOf(1), 5) << "a summary bar takes its subtasks with it";
