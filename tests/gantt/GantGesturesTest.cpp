@@ -1,106 +1,16 @@
-#include "support/FakeGantHost.h"
+#include "GestureFixture.h"
 
 #include <gmock/gmock.h>
-#include <stdexcept>
-#include <string>
 
 using namespace korvane;
 using namespace korvane::test;
 using testing::ElementsAre;
+using testing::ElementsAreArray;
 using testing::IsEmpty;
 
 namespace {
 
 using enum TGantMouseMoveMode;
-
-constexpr TMouseButton kLeft = TMouseButton::mbLeft;
-constexpr TMouseButton kRight = TMouseButton::mbRight;
-constexpr TShiftState kPlain{};
-constexpr TShiftState kCtrl{false, true, false};
-
-/// Ten rows of 18 pixels, of 480 pixels; an hour is a pixel, and a snap unit three.
-struct GantGestures : testing::Test
-{
-    TestChart Chart;
-    TestGant &Gant = *Chart.Gant;
-    FakeGantHost &Host = *Chart.Host;
-    std::vector<TGantRow *> Rows;
-    std::vector<std::string> Events;
-
-    GantGestures()
-    {
-        for (int i = 0; i < 20; ++i) {
-            Rows.push_back(Chart.AddRow());
-        }
-        Chart.Paint();
-    }
-
-    TzuDataEntity_Spanbar *AddItem(int row, int from, int to, int layer = 0)
-    {
-        auto *item = Chart.AddItem(Rows[static_cast<std::size_t>(row)], from, to, layer);
-        Chart.Paint();
-        return item;
-    }
-    void Press(int x, int y, const TShiftState &shift = kPlain)
-    {
-        Gant.GantAreaMouseDown(kLeft, shift, x, y);
-    }
-    void Move(int x, int y) { Gant.GantAreaMouseMove(kPlain, x, y); }
-    void Release(int x, int y, const TShiftState &shift = kPlain)
-    {
-        Gant.GantAreaMouseUp(kLeft, shift, x, y);
-    }
-    void Drag(TPoint from, TPoint to, const TShiftState &shift = kPlain)
-    {
-        Press(from.X, from.Y, shift);
-        Move(to.X, to.Y);
-        Release(to.X, to.Y, shift);
-    }
-    /// Where an item lies now, in hours from day zero.
-    static std::pair<double, double> Hours(const TzuDataEntity_Spanbar *item)
-    {
-        const auto hours = [](TDateTime time) {
-            return std::round((time - kDayZero) / kHourLength * 100) / 100;
-        };
-        return {hours(item->GetStartDateTime()), hours(item->GetStopDateTime())};
-    }
-    std::vector<TRect> Outlines()
-    {
-        TRecordingCanvas canvas({0, 0, 480, 180});
-        Gant.GantAreaPaintOverlay(canvas);
-        std::vector<TRect> frames;
-        for (const TCanvasCall &call : canvas.CallsOf(TCanvasOp::FrameRect)) {
-            if (call.Brush.Color != clWhite) {
-                frames.push_back(call.Rect);
-            }
-        }
-        return frames;
-    }
-    /// Handlers that note what a drop asks for; a row change moves the item itself.
-    void NoteDrops()
-    {
-        const auto note = [this](const char *what, const TGantRow *row, TDateTime start) {
-            const int hour = static_cast<int>(std::lround((start - kDayZero) / kHourLength));
-            Events.push_back(what + std::to_string(RowIndex(row)) + "@" + std::to_string(hour));
-        };
-        Gant.OnTimeChangeRow = [note](TzuGant_ComBasic *, TzuDataEntity_Spanbar *item, TGantRow *,
-                                      TGantRow *to, TDateTime start, TDateTime) {
-            note("row ", to, start);
-            item->ChangeOwner(to->Layers().GetDataList(0), 0);
-        };
-        Gant.OnTimeCopy = [this, note](TzuGant_ComBasic *, TzuDataEntity_Spanbar *, TGantRow *,
-                                       TGantRow *to, TDateTime start, TDateTime stop) {
-            note("copy ", to, start);
-            auto *copy = Gant.AddSpanbarToGantRow(to, 0);
-            copy->SetStartDateTime(start);
-            copy->SetStopDateTime(stop);
-        };
-    }
-    int RowIndex(const TGantRow *row) const
-    {
-        return static_cast<int>(std::ranges::find(Rows, row) - Rows.begin());
-    }
-};
 
 TEST_F(GantGestures, APressStartsWhatTheItemAndTheKeysSay)
 {
@@ -194,7 +104,7 @@ TEST_F(GantGestures, DragsMoveResizeAndCopyWithSnappedTimes)
         Gant.OnChangeDataEntity_Spanbar = [this](auto...) { Events.emplace_back("change"); };
         Drag(c.From, c.To, c.Shift);
         EXPECT_EQ(Hours(item), c.Hours) << c.What;
-        EXPECT_THAT(Events, testing::ElementsAreArray(c.Events)) << c.What;
+        EXPECT_THAT(Events, ElementsAreArray(c.Events)) << c.What;
         EXPECT_EQ(Gant.LastDelta().X != 0 || Gant.LastDelta().Y != 0,
                   !c.Events.empty() || c.To.Y == 0)
             << c.What;
@@ -203,6 +113,261 @@ TEST_F(GantGestures, DragsMoveResizeAndCopyWithSnappedTimes)
             row->Layers().GetDataList(0)->Clear();
         }
     }
+}
+
+TEST_F(GantGestures, RowsPermitMovesOtherRowsAndResizing)
+{
+    struct Case
+    {
+        const char *What;
+        bool CanMove, CanChangeRow, CanResize;
+        TPoint From, To;
+        std::pair<double, double> Hours;
+        std::vector<std::string> Events;
+        TGantCursor Cursor;
+    };
+    const Case cases[] = {
+        {"all",
+         true,
+         true,
+         true,
+         {120, 27},
+         {130, 45},
+         {108, 156},
+         {"row 2@108"},
+         TGantCursor::Move},
+        {"not in time",
+         false,
+         true,
+         true,
+         {120, 27},
+         {130, 45},
+         {97, 145},
+         {"row 2@97"},
+         TGantCursor::Move},
+        {"not to other rows",
+         true,
+         false,
+         true,
+         {120, 27},
+         {130, 45},
+         {108, 156},
+         {},
+         TGantCursor::Move},
+        {"neither",
+         false,
+         false,
+         true,
+         {120, 27},
+         {130, 45},
+         {97, 145},
+         {},
+         TGantCursor::Forbidden},
+        {"no resizing",
+         true,
+         true,
+         false,
+         {144, 27},
+         {160, 27},
+         {97, 145},
+         {},
+         TGantCursor::Forbidden},
+        {"resizing", false, false, true, {144, 27}, {160, 27}, {96, 162}, {}, TGantCursor::Resize},
+    };
+    Gant.SetMoveInTimeWhenMoveRow(true);
+    NoteDrops();
+    for (const Case &c : cases) {
+        Events.clear();
+        TzuDataEntity_Spanbar *item = AddItem(1, 97, 145);
+        Rows[1]->SetTimeItems_CanMove(c.CanMove);
+        Rows[1]->SetTimeItems_CanChangeRow(c.CanChangeRow);
+        Rows[1]->SetTimeItems_CanResize(c.CanResize);
+        Press(c.From.X, c.From.Y);
+        Move(c.To.X, c.To.Y);
+        EXPECT_EQ(Host.Cursor, c.Cursor) << c.What;
+        Release(c.To.X, c.To.Y);
+        EXPECT_EQ(Hours(item), c.Hours) << c.What;
+        EXPECT_THAT(Events, ElementsAreArray(c.Events)) << c.What;
+        Gant.RemoveSpanbar(item);
+    }
+}
+
+TEST_F(GantGestures, EverySelectedItemMovesByItsOwnRules)
+{
+    TzuDataEntity_Spanbar *dragged = AddItem(1, 96, 120);
+    TzuDataEntity_Spanbar *other = AddItem(3, 200, 230);
+    TzuDataEntity_Spanbar *locked = AddItem(4, 96, 120);
+    TzuDataEntity_Spanbar *fixedRow = AddItem(5, 96, 120);
+    TzuDataEntity_Spanbar *scrolledAway = AddItem(15, 96, 120);
+    TzuDataEntity_Spanbar *farAway = AddItem(6, 0, 24);
+    farAway->SetStartDateTime(2e6);
+    farAway->SetStopDateTime(2e6 + 1);
+    TzuDataEntity_Spanbar *unselected = AddItem(7, 96, 120);
+    locked->SetCanEdit(false);
+    Rows[5]->SetTimeItems_CanMove(false);
+    Rows[5]->SetTimeItems_CanChangeRow(false);
+    for (auto *item : {dragged, other, locked, fixedRow, scrolledAway, farAway}) {
+        item->SetSelected(true);
+    }
+    NoteDrops();
+    Gant.SetMoveInTimeWhenMoveRow(true);
+    Drag({110, 27}, {120, 45});
+    EXPECT_EQ(Hours(dragged), std::pair(105.0, 129.0));
+    EXPECT_EQ(Hours(other), std::pair(210.0, 240.0));
+    EXPECT_EQ(Hours(locked), std::pair(96.0, 120.0));
+    EXPECT_EQ(Hours(fixedRow), std::pair(96.0, 120.0));
+    EXPECT_EQ(Hours(scrolledAway), std::pair(105.0, 129.0));
+    EXPECT_NEAR(farAway->GetStartDateTime(), 2e6 + 9 * kHourLength, 1e-6);
+    EXPECT_EQ(Hours(unselected), std::pair(96.0, 120.0));
+    EXPECT_EQ(dragged->GetRow(), Rows[2]);
+    EXPECT_EQ(other->GetRow(), Rows[4]);
+    EXPECT_EQ(locked->GetRow(), Rows[4]);
+    EXPECT_EQ(fixedRow->GetRow(), Rows[5]);
+    EXPECT_EQ(scrolledAway->GetRow(), Rows[16]);
+}
+
+TEST_F(GantGestures, MovesOverHalfADayBecomeWholeDaysAfterSnapping)
+{
+    Gant.SetMoveOver12Then24(true);
+    for (const auto &[pixels, hours] :
+         {std::pair(11, 12.0), std::pair(14, 24.0), std::pair(-20, -24.0), std::pair(40, 48.0)}) {
+        TzuDataEntity_Spanbar *item = AddItem(1, 97, 145);
+        item->SetStartDateTime(item->GetStartDateTime() + 0.001);
+        const TDateTime start = item->GetStartDateTime();
+        Drag({120, 27}, {120 + pixels, 27});
+        const double shift = (item->GetStartDateTime() - start) / kHourLength;
+        EXPECT_NEAR(shift, hours, hours == 12 ? 1.1 : 1e-6) << pixels;
+        Gant.RemoveSpanbar(item);
+    }
+}
+
+TEST_F(GantGestures, TheSelectionFollowsCopiesAndItemsMadeAnew)
+{
+    TzuDataEntity_Spanbar *item = AddItem(1, 96, 120);
+    NoteDrops();
+    Drag({110, 27}, {131, 27}, kCtrl);
+    ASSERT_EQ(Gant.SelectedItems().size(), 1U);
+    TzuDataEntity_Spanbar *copy = Gant.SelectedItems().front();
+    EXPECT_NE(copy, item);
+    EXPECT_EQ(Hours(copy), std::pair(117.0, 141.0));
+
+    Gant.OnTimeChangeRow = [this](TzuGant_ComBasic *, TzuDataEntity_Spanbar *moved, TGantRow *,
+                                  TGantRow *to, TDateTime start, TDateTime stop) {
+        Gant.RemoveSpanbar(moved);
+        auto *anew = Gant.AddSpanbarToGantRow(to, 0);
+        anew->SetStartDateTime(start);
+        anew->SetStopDateTime(stop);
+    };
+    Chart.Paint();
+    Drag({135, 27}, {135, 63});
+    ASSERT_EQ(Gant.SelectedItems().size(), 1U);
+    EXPECT_EQ(Gant.SelectedItems().front()->GetRow(), Rows[3]);
+    EXPECT_FALSE(item->GetSelected());
+
+    Gant.OnTimeCopy = nullptr;
+    Gant.OnTimeChangeRow = nullptr;
+    Chart.Paint();
+    Drag({105, 27}, {140, 27}, kCtrl);
+    Drag({105, 27}, {105, 63});
+    EXPECT_EQ(Hours(item), std::pair(96.0, 120.0));
+    EXPECT_EQ(item->GetRow(), Rows[1]) << "nobody handles it";
+}
+
+TEST_F(GantGestures, DependenciesAreHandedToTheApplication)
+{
+    TzuDataEntity_Spanbar *first = AddItem(1, 96, 120);
+    TzuDataEntity_Spanbar *second = AddItem(3, 200, 230);
+    second->SetCanEdit(false);
+    std::vector<std::pair<TzuDataEntity_Spanbar *, TzuDataEntity_Spanbar *>> links;
+    Gant.OnDependencyAction = [&](auto *from, auto *to) { links.emplace_back(from, to); };
+    const auto draw = [&](TPoint to) {
+        Gant.SetStickyMode(TGantStickyMode::smDependency);
+        Drag({97, 27}, to);
+    };
+    draw({210, 63});
+    draw({300, 63});
+    draw({97, 27});
+    EXPECT_THAT(links, ElementsAre(std::pair(first, second)));
+    Gant.SetStickyMode(TGantStickyMode::smDependency);
+    Press(97, 27);
+    Move(150, 27);
+    EXPECT_EQ(Host.Cursor, TGantCursor::Forbidden);
+    Move(210, 63);
+    EXPECT_EQ(Host.Cursor, TGantCursor::Link);
+    Move(110, 30);
+    Release(110, 30);
+    EXPECT_EQ(links.back(), std::pair(first, first)) << "back on its own source";
+    EXPECT_EQ(Hours(first), std::pair(96.0, 120.0));
+}
+
+TEST_F(GantGestures, EventsComeInOrderWithTheItemUnderTheMouse)
+{
+    TzuDataEntity_Spanbar *item = AddItem(1, 96, 120);
+    const auto click = [this](const char *what) {
+        return [this, what](TzuGant_ComBasic *, const TzuDataEntity_Spanbar *at) {
+            Events.push_back(what + std::string(at != nullptr ? " item" : " none"));
+        };
+    };
+    Gant.OnClickGantArea = click("click");
+    Gant.OnRightClickGantArea = click("right");
+    Gant.OnDblClickGantArea = click("double");
+    Gant.OnGantAreaMouseDown = [this](auto...) { Events.emplace_back("down"); };
+    Gant.OnGantAreaMouseMove = [this](auto...) { Events.emplace_back("move"); };
+    Gant.OnGantAreaMouseUp = [this](auto...) { Events.emplace_back("up"); };
+    Gant.OnHintInfo = [&](TObject *object, TDateTime start, TDateTime stop, TDateTime length) {
+        Events.emplace_back(object == nullptr ? "no hint" : "hint");
+        EXPECT_EQ(object != nullptr, object == item);
+        EXPECT_EQ(start, object != nullptr ? item->GetStartDateTime() : 0);
+        EXPECT_EQ(length, stop - start);
+    };
+    Drag({110, 27}, {120, 27});
+    Gant.GantAreaMouseDown(kRight, kPlain, 300, 27);
+    Gant.GantAreaMouseUp(kRight, kPlain, 300, 27);
+    Chart.Paint();
+    Press(119, 27);
+    Release(119, 27);
+    Gant.OnGADblClick();
+    EXPECT_THAT(Events, ElementsAre("click item", "down", "move", "hint", "up", "click none",
+                                    "right none", "down", "no hint", "up", "click item", "down",
+                                    "hint", "up", "double item"));
+    EXPECT_EQ(Host.Focusings, 3);
+    EXPECT_GE(Host.RefreshesAround, 3);
+}
+
+TEST_F(GantGestures, WhatOneGestureChangesIsBracketedOnce)
+{
+    std::vector<TzuDataEntity_Spanbar *> items = {AddItem(1, 96, 120), AddItem(2, 96, 120),
+                                                  AddItem(3, 96, 120)};
+    Gant.OnBeginUserChange = [this](TzuGant_ComBasic *, TGantUserChange kind) {
+        Events.push_back("begin " + std::to_string(static_cast<int>(kind)));
+    };
+    Gant.OnEndUserChange = [this](TzuGant_ComBasic *, TGantUserChange kind, bool changed) {
+        Events.push_back("end " + std::to_string(static_cast<int>(kind)) + (changed ? "!" : ""));
+    };
+    Gant.OnChangeDataEntity_Spanbar = [this](auto...) { Events.emplace_back("change"); };
+    Gant.OnDependencyAction = [this](auto...) { Events.emplace_back("link"); };
+    const auto take = [this] { return std::exchange(Events, {}); };
+    for (auto *item : items) {
+        item->SetSelected(true);
+    }
+    Drag({110, 27}, {125, 27});
+    EXPECT_THAT(take(), ElementsAre("begin 0", "change", "change", "change", "end 0!"));
+    Drag({120, 27}, {120, 63});
+    EXPECT_THAT(take(), ElementsAre("begin 0", "end 0")) << "nobody handles row changes";
+    Drag({110, 27}, {110, 27}, kCtrl);
+    EXPECT_THAT(take(), IsEmpty());
+    Chart.Paint();
+    Gant.SetStickyMode(TGantStickyMode::smDependency);
+    Drag({120, 27}, {120, 45});
+    EXPECT_THAT(take(), ElementsAre("begin 3", "link", "end 3!"));
+
+    Gant.OnChangeDataEntity_Spanbar = [](auto...) { throw std::runtime_error("no"); };
+    Press(120, 45);
+    EXPECT_THROW(Release(140, 45), std::runtime_error);
+    EXPECT_THAT(take(), ElementsAre("begin 0", "end 0!"));
+    EXPECT_EQ(Gant.GetMouseMoveMode(), mmNone);
+    EXPECT_FALSE(Gant.MouseIsDown());
+    EXPECT_THAT(Outlines(), IsEmpty());
 }
 
 } // namespace
