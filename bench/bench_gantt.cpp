@@ -3,6 +3,7 @@
 #include "gantt/qt/zuGant.h"
 
 #include <QApplication>
+#include <QMouseEvent>
 #include <QScrollBar>
 
 #include <benchmark/benchmark.h>
@@ -205,6 +206,52 @@ void Memory(benchmark::State &state)
         static_cast<double>(BytesInUse() - withoutPlan) / items;
 }
 
+/// One event of a mouse that drags what is selected, with the repaint that follows.
+void DragBy(benchmark::State &state, TPlan &plan)
+{
+    TzuGant &chart = plan.Chart();
+    TGantRow &row = *chart.GantRows().RowsOnScreen()[10];
+    auto &item = TimeDataEntity(*row.Layers().GetDataList(0)->GetItems(5));
+    const TRect rect = row.RectFromDataEntity(item).value();
+    const QPoint press((rect.Left + rect.Right) / 2, (rect.Top + rect.Bottom) / 2);
+    const auto send = [&](QEvent::Type type, QPoint at, Qt::MouseButton button) {
+        QMouseEvent event(type, at, chart.GantArea().mapToGlobal(at), button, Qt::LeftButton, {});
+        QCoreApplication::sendEvent(&chart.GantArea(), &event);
+    };
+    item.SetSelected(true);
+    send(QEvent::MouseButtonPress, press, Qt::LeftButton);
+    int step = 0;
+    for (auto _ : state) {
+        send(QEvent::MouseMove, press + QPoint(20 + 10 * (++step % 10), 5), Qt::NoButton);
+        TPlan::Settle();
+    }
+    chart.CancelGesture();
+    chart.ClearSelection();
+    TPlan::Settle();
+}
+
+void DragOneItem(benchmark::State &state)
+{
+    TPlan &plan = PlanOf(SizeOf(state));
+    plan.Chart().ClearSelection();
+    DragBy(state, plan);
+}
+
+void DragTenThousandItems(benchmark::State &state)
+{
+    TPlan &plan = PlanOf(SizeOf(state));
+    plan.Chart().ClearSelection();
+    QScrollBar &bar = plan.Chart().VertScrollBar();
+    bar.setValue(bar.maximum() / 2);
+    TPlan::Settle();
+    // As many as are on screen, and others around them.
+    const int first = std::max(0, plan.Count() / 2 - 5'000);
+    for (int i = first; i < std::min(first + 10'000, plan.Count()); ++i) {
+        plan.Item(i).SetSelected(true);
+    }
+    DragBy(state, plan);
+}
+
 /// A link more and a link less at items in the middle, whatever stands already.
 void AddAndRemoveLink(benchmark::State &state)
 {
@@ -236,6 +283,8 @@ int main(int argc, char **argv)
             {"ChangeOneItem", ChangeOneItem},
             {"HitTest", HitTest},
             {"AddAndRemoveLink", AddAndRemoveLink},
+            {"DragOneItem", DragOneItem},
+            {"DragTenThousandItems", DragTenThousandItems},
         };
         for (const auto &[name, step] : steps) {
             benchmark::RegisterBenchmark(name, step)->Arg(size)->Unit(benchmark::kMillisecond);

@@ -31,8 +31,7 @@ TEST_F(GantGestureRun, OutlinesShowWhereADropWouldPutTheItems)
     EXPECT_THAT(Outlines(), UnorderedElementsAre(TRect{97, 55, 145, 71}, TRect{200, 73, 220, 89}));
     Gant.SetMoveInTimeWhenMoveRow(true);
     Move(130, 64);
-    EXPECT_THAT(Outlines(),
-                UnorderedElementsAre(TRect{108, 55, 156, 71}, TRect{210, 73, 230, 89}));
+    EXPECT_THAT(Outlines(), UnorderedElementsAre(TRect{108, 55, 156, 71}, TRect{210, 73, 230, 89}));
     Gant.CancelGesture();
     EXPECT_THAT(Outlines(), IsEmpty());
 
@@ -62,8 +61,7 @@ TEST_F(GantGestureRun, OnlyWhatChangedIsDrawnAgain)
     Move(119, 27);
     EXPECT_THAT(Host.OverlayRects, IsEmpty()) << "the grid gives the same times";
     Move(130, 27);
-    EXPECT_THAT(Host.OverlayRects,
-                ElementsAre(TRect{104, 18, 130, 36}, TRect{116, 18, 142, 36}));
+    EXPECT_THAT(Host.OverlayRects, ElementsAre(TRect{104, 18, 130, 36}, TRect{116, 18, 142, 36}));
     EXPECT_EQ(Host.Invalidations, before) << "the area itself stays";
 }
 
@@ -74,8 +72,8 @@ TEST_F(GantGestureRun, HintsTellTheTimesThatADropWouldGive)
     item->Texts().AddText("Foundations", 0, 0, 1);
     Press(120, 27);
     Move(130, 27);
-    EXPECT_EQ(Host.Hint, (TGantHint{"Start\t2009-07-10 12:00", "Stop\t2009-07-12 12:00",
-                                    "Length\t2 d"}));
+    EXPECT_EQ(Host.Hint,
+              (TGantHint{"Start\t2009-07-10 12:00", "Stop\t2009-07-12 12:00", "Length\t2 d"}));
     EXPECT_EQ(Host.HintAt, (TPoint{130, 27}));
     Release(130, 27);
     EXPECT_EQ(Host.Hint, TGantHint{});

@@ -6,8 +6,8 @@
 #include <algorithm>
 #include <cmath>
 #include <functional>
-#include <stdexcept>
 #include <gtest/gtest.h>
+#include <stdexcept>
 #include <string>
 #include <utility>
 #include <vector>

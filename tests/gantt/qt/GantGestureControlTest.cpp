@@ -43,8 +43,7 @@ struct GantGestureControl : testing::Test
         Chart.SetStart(40000);
         Chart.SetStop(40030);
         for (int i = 0; i < 40; ++i) {
-            TzuDataEntity_Tree *node =
-                Chart.AddRootDataEntityTree("Row " + std::to_string(i));
+            TzuDataEntity_Tree *node = Chart.AddRootDataEntityTree("Row " + std::to_string(i));
             TzuDataEntity_Spanbar *item = Chart.AddSpanbar(node, 0);
             item->SetStartDateTime(40005 + i % 5);
             item->SetStopDateTime(40010 + i % 5);
@@ -99,7 +98,8 @@ TEST_F(GantGestureControl, AMoveIsShownAboveTheAreaAndDroppedOnce)
     Move(middle + QPoint(60, 1));
     EXPECT_EQ(Area.cursor().shape(), Qt::ClosedHandCursor);
     EXPECT_TRUE(Chart.HintWindow().isVisible());
-    EXPECT_TRUE(Chart.HintWindow().Text().contains("Length")) << Chart.HintWindow().Text().toStdString();
+    EXPECT_TRUE(Chart.HintWindow().Text().contains("Length"))
+        << Chart.HintWindow().Text().toStdString();
     Settle();
     const QImage shown = Area.grab().toImage();
     int x = rect.right() + 55;
@@ -231,7 +231,8 @@ TEST_F(GantGestureControl, ItemsDraggedOutCarryTextAndJson)
     EXPECT_TRUE(json.isEmpty()) << "not within the mouse event";
     Settle();
     ASSERT_EQ(json.size(), 1);
-    EXPECT_EQ(json[0].toObject()["caption"].toString(), QString::fromUtf8("Gr\xc3\xbc\xc3\x9f\x65 \"x\""));
+    EXPECT_EQ(json[0].toObject()["caption"].toString(),
+              QString::fromUtf8("Gr\xc3\xbc\xc3\x9f\x65 \"x\""));
     EXPECT_EQ(json[0].toObject()["start"].toString(), "2009-07-13T00:00:00.000");
     EXPECT_TRUE(text.startsWith(json[0].toObject()["caption"].toString() + '\t'));
 }
