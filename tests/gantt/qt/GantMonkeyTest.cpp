@@ -1,0 +1,404 @@
+// Random input on a whole chart, with what must always hold checked after every event.
+#include "foundation/qt/zuConvert.h"
+#include "foundation/zuDoLater.h"
+#include "gantt/qt/zuGant.h"
+#include "support/RecordingCanvas.h"
+
+#include <QApplication>
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QScrollBar>
+#include <QWheelEvent>
+
+#include <algorithm>
+#include <gtest/gtest.h>
+#include <memory>
+#include <random>
+#include <set>
+#include <string>
+#include <vector>
+
+using namespace korvane;
+
+namespace {
+
+constexpr int kItems = 1000;
+constexpr int kRows = 60;
+
+/// KORVANE_MONKEY_EVENTS asks for a longer run, KORVANE_MONKEY_SEED for another one.
+int NumberFromEnvironment(const char *name, int otherwise)
+{
+    bool given = false;
+    const int number = qEnvironmentVariableIntValue(name, &given);
+    return given ? number : otherwise;
+}
+
+class Monkey
+{
+public:
+    explicit Monkey(unsigned seed)
+        : m_random(seed)
+    {
+        m_chart = std::make_unique<TzuGant>();
+        m_chart->resize(1000, 500);
+        WireHandlers();
+        TzuDataEntity_Tree *group = nullptr;
+        for (int i = 0; i < kRows; ++i) {
+            if (i % 6 == 0) {
+                group = m_chart->AddRootDataEntityTree("Group");
+                group->SetExpanded(true);
+                m_nodes.push_back(group);
+            } else {
+                m_nodes.push_back(m_chart->AddDataEntityTree(group, "Row"));
+            }
+            RowOf(m_nodes.back())->SetCollisionDetection(i % 4 == 0);
+        }
+        while (static_cast<int>(m_items.size()) < kItems) {
+            AddItem();
+        }
+        for (int i = 0; i < kItems / 4; ++i) {
+            AddLink();
+        }
+        m_chart->show();
+        QCoreApplication::processEvents();
+    }
+
+    void Play()
+    {
+        const int dice = Pick(99);
+        if (dice < 45) {
+            Move();
+        } else if (dice < 60) {
+            m_pressed == Qt::NoButton ? Press() : Release();
+        } else if (dice < 74) {
+            Key();
+        } else if (dice < 80) {
+            Wheel();
+        } else if (dice < 93) {
+            ChangeContent();
+        } else if (dice < 97) {
+            ChangeView();
+        } else {
+            QCoreApplication::processEvents();
+        }
+    }
+
+    /// What is wrong, or nothing.
+    std::string Complaint()
+    {
+        for (const TzuDataEntity_Spanbar *item : m_items) {
+            if (!(item->GetStartDateTime() <= item->GetStopDateTime())) {
+                return "an item is inverted";
+            }
+        }
+        for (int i = 0; i < m_chart->GetLinks().Count(); ++i) {
+            const auto *link = static_cast<TzuDataEntity_Link *>(m_chart->GetLinks().GetItems(i));
+            if (!IsLive(link->First()) || !IsLive(link->Second())) {
+                return "a link refers to a freed item";
+            }
+        }
+        for (const TzuDataEntity_Spanbar *item : m_chart->SelectedItems()) {
+            if (!IsLive(item) || !item->GetSelected()) {
+                return "the selection holds an item that is gone or not selected";
+            }
+        }
+        if (m_chart->ActiveDataEntity() != nullptr && !IsLive(m_chart->ActiveDataEntity())) {
+            return "the active item is freed";
+        }
+        return m_chart->GestureRunning() ? std::string() : ComplaintAtRest();
+    }
+
+    int Gestures() const { return m_changes; }
+
+private:
+    std::string ComplaintAtRest() const
+    {
+        if (m_chart->GetMouseMoveMode() != TGantMouseMoveMode::mmNone) {
+            return "a mode is left over";
+        }
+        test::TRecordingCanvas canvas{m_chart->GantArea().ClientArea()};
+        m_chart->GantAreaPaintOverlay(canvas);
+        return canvas.Calls().empty() ? std::string() : "an outline is left over";
+    }
+
+    int Pick(int most) { return std::uniform_int_distribution(0, most)(m_random); }
+    bool IsLive(const TzuDataEntity_Spanbar *item) const { return m_live.contains(item); }
+    TGantRow *RowOf(TzuDataEntity_Tree *node) const
+    {
+        return m_chart->GantRows().FindRowFromTreeNode(node);
+    }
+    template <typename T>
+    T *AnyOf(const std::vector<T *> &all)
+    {
+        return all.empty() ? nullptr : all[static_cast<std::size_t>(Pick(int(all.size()) - 1))];
+    }
+
+    void WireHandlers()
+    {
+        m_chart->OnInsertItem_Spanbar = [this](TObject *, TzuDataEntity *item) {
+            m_items.push_back(&TimeDataEntity(*item));
+            m_live.insert(m_items.back());
+        };
+        m_chart->OnDeleteItem_Spanbar = [this](TObject *, TzuDataEntity *item) {
+            std::erase(m_items, item);
+            m_live.erase(&TimeDataEntity(*item));
+        };
+        m_chart->OnDependencyAction = [this](TzuDataEntity_Spanbar *first,
+                                             TzuDataEntity_Spanbar *second) {
+            TzuDataEntity_Link &link = m_chart->AddLink();
+            link.SetFirst(first);
+            link.SetSecond(second);
+        };
+        const auto copy = [this](TzuGant_ComBasic *, TzuDataEntity_Spanbar *, TGantRow *,
+                                 TGantRow *row, TDateTime start, TDateTime stop) {
+            if (m_items.size() > 2 * kItems) {
+                return; // copies of all items would double them again and again
+            }
+            TzuDataEntity_Spanbar *item = m_chart->AddSpanbarToGantRow(row, 0);
+            item->SetStartDateTime(start);
+            item->SetStopDateTime(stop);
+        };
+        m_chart->OnTimeCopy = copy;
+        m_chart->OnTimeChangeRow = [this, copy](TzuGant_ComBasic *chart,
+                                                TzuDataEntity_Spanbar *item, TGantRow *from,
+                                                TGantRow *row, TDateTime start, TDateTime stop) {
+            copy(chart, item, from, row, start, stop);
+            if (Pick(1) == 0) {
+                m_chart->RemoveSpanbar(item);
+            }
+        };
+        m_chart->OnEndUserChange = [this](TzuGant_ComBasic *, TGantUserChange, bool changed) {
+            m_changes += changed ? 1 : 0;
+        };
+    }
+
+    QPointF Place() const { return ToQt(m_at); }
+
+    void SendMouse(QEvent::Type type, Qt::MouseButton button)
+    {
+        QWidget *target = Target();
+        QMouseEvent event(type, Place(), target->mapToGlobal(Place()), button, m_pressed,
+                          m_modifiers);
+        QCoreApplication::sendEvent(target, &event);
+    }
+
+    QWidget *Target() const
+    {
+        switch (m_part) {
+        case 0:
+            return &m_chart->DateScaler();
+        case 1:
+            return m_chart->Tree().viewport();
+        default:
+            return &m_chart->GantArea();
+        }
+    }
+
+    void ChooseModifiers()
+    {
+        constexpr Qt::KeyboardModifiers kChoices[]{
+            Qt::NoModifier,    Qt::NoModifier,  Qt::ControlModifier,
+            Qt::ShiftModifier, Qt::AltModifier, Qt::ControlModifier | Qt::ShiftModifier};
+        m_modifiers = kChoices[Pick(5)];
+    }
+
+    /// Near an item as often as anywhere, so that there is something to drag.
+    void ChoosePlace()
+    {
+        m_at = {Pick(m_chart->GantArea().width() + 100) - 50,
+                Pick(m_chart->GantArea().height() + 100) - 50};
+        const TzuDataEntity_Spanbar *item = AnyOf(m_items);
+        if (item == nullptr || m_part < 2 || Pick(1) == 0) {
+            return;
+        }
+        if (const auto rect = item->GetRow()->RectFromDataEntity(*item)) {
+            m_at = {rect->Left + Pick(std::min(rect->Width(), 40) - 1), rect->Top + 3};
+        }
+    }
+
+    void Press()
+    {
+        ChooseModifiers();
+        m_part = Pick(9);
+        ChoosePlace();
+        constexpr Qt::MouseButton kButtons[]{Qt::LeftButton, Qt::LeftButton,  Qt::LeftButton,
+                                             Qt::LeftButton, Qt::RightButton, Qt::MiddleButton};
+        if (Pick(9) == 0) {
+            m_chart->SetStickyMode(TGantStickyMode::smDependency);
+        }
+        m_pressed = kButtons[Pick(5)];
+        SendMouse(Pick(15) == 0 ? QEvent::MouseButtonDblClick : QEvent::MouseButtonPress,
+                  m_pressed.testFlag(Qt::LeftButton)    ? Qt::LeftButton
+                  : m_pressed.testFlag(Qt::RightButton) ? Qt::RightButton
+                                                        : Qt::MiddleButton);
+    }
+
+    void Move()
+    {
+        if (Pick(5) == 0) {
+            ChoosePlace();
+        } else {
+            m_at = {m_at.X + Pick(20) - 10, m_at.Y + Pick(20) - 10};
+        }
+        SendMouse(QEvent::MouseMove, Qt::NoButton);
+    }
+
+    void Release()
+    {
+        const Qt::MouseButtons pressed = std::exchange(m_pressed, Qt::NoButton);
+        if (Pick(40) == 0) {
+            return; // the release got lost
+        }
+        for (const Qt::MouseButton button : {Qt::LeftButton, Qt::RightButton, Qt::MiddleButton}) {
+            if (pressed.testFlag(button)) {
+                SendMouse(QEvent::MouseButtonRelease, button);
+            }
+        }
+    }
+
+    void Key()
+    {
+        ChooseModifiers();
+        constexpr int kKeys[]{Qt::Key_Left, Qt::Key_Right, Qt::Key_Up,       Qt::Key_Down,
+                              Qt::Key_Home, Qt::Key_End,   Qt::Key_PageUp,   Qt::Key_PageDown,
+                              Qt::Key_A,    Qt::Key_Space, Qt::Key_Delete,   Qt::Key_Return,
+                              Qt::Key_Plus, Qt::Key_Minus, Qt::Key_Asterisk, Qt::Key_Escape};
+        QWidget *target = Pick(4) == 0   ? static_cast<QWidget *>(&m_chart->Tree())
+                          : Pick(4) == 0 ? static_cast<QWidget *>(&m_chart->DateScaler())
+                                         : &m_chart->GantArea();
+        const int key = kKeys[Pick(15)];
+        QKeyEvent press(QEvent::KeyPress, key, m_modifiers);
+        QCoreApplication::sendEvent(target, &press);
+        QKeyEvent release(QEvent::KeyRelease, key, m_modifiers);
+        QCoreApplication::sendEvent(target, &release);
+    }
+
+    void Wheel()
+    {
+        ChooseModifiers();
+        const QPoint turn(Pick(2) == 0 ? Pick(240) - 120 : 0, Pick(240) - 120);
+        QWidget *target = Target();
+        QWheelEvent event(Place(), target->mapToGlobal(Place()), {}, turn, Qt::NoButton,
+                          m_modifiers, Qt::NoScrollPhase, false);
+        QCoreApplication::sendEvent(target, &event);
+    }
+
+    void AddItem()
+    {
+        if (TzuDataEntity_Tree *node = AnyOf(m_nodes)) {
+            TzuDataEntity_Spanbar *item = m_chart->AddSpanbar(node, Pick(2));
+            item->SetStartDateTime(m_chart->Start() + Pick(300) * 0.1);
+            item->SetStopDateTime(item->GetStartDateTime() + Pick(40) * 0.1);
+            item->SetFixedSize(Pick(9) == 0 ? 9 : 0);
+            item->DoInfoPush();
+        }
+    }
+
+    void AddLink()
+    {
+        TzuDataEntity_Spanbar *first = AnyOf(m_items);
+        TzuDataEntity_Spanbar *second = AnyOf(m_items);
+        if (first != nullptr && second != nullptr) {
+            TzuDataEntity_Link &link = m_chart->AddLink();
+            link.SetFirst(first);
+            link.SetSecond(second);
+        }
+    }
+
+    void ChangeContent()
+    {
+        TzuDataEntity_Spanbar *item = AnyOf(m_items);
+        const int dice = Pick(9);
+        if (dice < 3 || item == nullptr) {
+            AddItem();
+        } else if (dice < 6 && m_items.size() > kItems / 2) {
+            m_chart->RemoveSpanbar(item);
+        } else if (dice == 6) {
+            AddLink();
+        } else if (dice == 7 && m_chart->GetLinks().Count() > 0) {
+            m_chart->GetLinks().Delete(Pick(m_chart->GetLinks().Count() - 1));
+        } else if (dice == 8) {
+            item->SetSelected(!item->GetSelected());
+        } else if (Pick(200) == 0 && m_nodes.size() > kRows / 2) {
+            RemoveLeaf();
+        } else {
+            item->SetVisible(Pick(3) > 0);
+        }
+    }
+
+    void RemoveLeaf()
+    {
+        TzuDataEntity_Tree *node = AnyOf(m_nodes);
+        if (node->ChildList()->Count() == 0) {
+            std::erase(m_nodes, node);
+            m_chart->Tree().RemoveDataEntity(node);
+        }
+    }
+
+    void ChangeView()
+    {
+        TzuDataEntity_Tree *node = AnyOf(m_nodes);
+        switch (Pick(8)) {
+        case 0:
+            m_chart->resize(300 + Pick(900), 150 + Pick(500));
+            break;
+        case 1:
+            node->SetExpanded(Pick(1) == 0);
+            break;
+        case 2:
+            m_chart->VertScrollBar().setValue(Pick(kRows));
+            break;
+        case 3: {
+            QEvent leave(QEvent::Leave);
+            QCoreApplication::sendEvent(&m_chart->GantArea(), &leave);
+            break;
+        }
+        case 4: {
+            QEvent deactivate(QEvent::WindowDeactivate);
+            QCoreApplication::sendEvent(&m_chart->GantArea(), &deactivate);
+            break;
+        }
+        case 5:
+            m_chart->GestureTick();
+            break;
+        case 6:
+            m_chart->SetScale(0.005 * (1 + Pick(60)));
+            break;
+        case 7:
+            RowOf(node)->SetTimeItems_CanMove(Pick(3) > 0);
+            RowOf(node)->SetTimeItems_CanChangeRow(Pick(3) > 0);
+            RowOf(node)->SetTimeItems_CanResize(Pick(3) > 0);
+            break;
+        default:
+            m_chart->GantArea().Repaint();
+            break;
+        }
+    }
+
+    std::mt19937 m_random;
+    std::vector<TzuDataEntity_Spanbar *> m_items;
+    std::set<const TzuDataEntity_Spanbar *> m_live;
+    std::vector<TzuDataEntity_Tree *> m_nodes;
+    TPoint m_at;
+    Qt::MouseButtons m_pressed = Qt::NoButton;
+    Qt::KeyboardModifiers m_modifiers = Qt::NoModifier;
+    int m_part = 9; ///< 0: the axis, 1: the tree, else the area
+    int m_changes = 0;
+    std::unique_ptr<TzuGant> m_chart; ///< goes first: its end still calls the handlers
+};
+
+TEST(GantMonkey, RandomInputNeverBreaksTheChart)
+{
+    const int events = NumberFromEnvironment("KORVANE_MONKEY_EVENTS", 4000);
+    const auto seed = static_cast<unsigned>(NumberFromEnvironment("KORVANE_MONKEY_SEED", 1));
+    Monkey monkey(seed);
+    for (int i = 0; i < events; ++i) {
+        monkey.Play();
+        const std::string complaint = monkey.Complaint();
+        ASSERT_TRUE(complaint.empty()) << complaint << " after event " << i << " of seed " << seed;
+    }
+    // A monkey that changes nothing proves nothing.
+    EXPECT_GT(monkey.Gestures(), events / 500);
+}
+
+} // namespace
