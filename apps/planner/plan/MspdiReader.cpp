@@ -1,70 +1,24 @@
 #include "plan/MspdiReader.h"
 
 #include "plan/MspdiCalendar.h"
+#include "plan/MspdiFormat.h"
 #include "plan/PlanFields.h"
 #include "plan/PlanRefusal.h"
 #include "plan/PlanXml.h"
 
-#include <algorithm>
-#include <array>
-
 namespace korvane::planner {
+
+using namespace mspdi;
 
 namespace {
 
-constexpr QStringView kNamespace = u"http://schemas.microsoft.com/project";
-/// The project summary task and the resource that stands for "nobody" have this UID.
-constexpr std::int64_t kProjectUid = 0;
-
-/// Units of durations and lags, as the format numbers them; 32 more marks an estimate.
-enum class TimeFormat : std::uint8_t { Working, Elapsed, Percent, ElapsedPercent };
-
-TimeFormat TimeFormatOf(int number)
-{
-    constexpr int kEstimated = 32;
-    constexpr int kPercent = 19;
-    constexpr int kElapsedPercent = 20;
-    constexpr int kFirstUnit = 3;
-    constexpr int kLastUnit = 12;
-    if (number > kEstimated) {
-        number -= kEstimated;
-    }
-    if (number == kPercent) {
-        return TimeFormat::Percent;
-    }
-    if (number == kElapsedPercent) {
-        return TimeFormat::ElapsedPercent;
-    }
-    // Minutes, hours, days, weeks, months: the even number of each pair is the elapsed one.
-    const bool isUnit = number >= kFirstUnit && number <= kLastUnit;
-    return isUnit && number % 2 == 0 ? TimeFormat::Elapsed : TimeFormat::Working;
-}
-
-PlanLag LagOf(double amount, int format)
-{
-    constexpr double kTenthsPerMinute = 10;
-    switch (TimeFormatOf(format)) {
-    case TimeFormat::Working:
-        return {amount / kTenthsPerMinute, PlanLagUnit::WorkingMinutes};
-    case TimeFormat::Elapsed:
-        return {amount / kTenthsPerMinute, PlanLagUnit::ElapsedMinutes};
-    case TimeFormat::Percent:
-        return {amount, PlanLagUnit::Percent};
-    case TimeFormat::ElapsedPercent:
-        return {amount, PlanLagUnit::ElapsedPercent};
-    }
-    return {};
-}
-
 std::optional<PlanLinkType> LinkTypeOf(QStringView text)
 {
-    constexpr std::array kTypes{PlanLinkType::FinishToFinish, PlanLinkType::FinishToStart,
-                                PlanLinkType::StartToFinish, PlanLinkType::StartToStart};
     const auto number = ParseInteger(text);
-    if (!number || *number < 0 || *number >= std::ssize(kTypes)) {
+    if (!number || *number < 0 || *number >= std::ssize(kLinkTypes)) {
         return std::nullopt;
     }
-    return kTypes[*number];
+    return kLinkTypes[*number];
 }
 
 PlanConstraint ConstraintOf(QStringView text)
@@ -107,6 +61,8 @@ private:
     void ReadProject();
     /// Calls `read` for every child of that name and skips the others.
     void ReadList(QStringView name, ReadItem read);
+    void ReadCustomField();
+    void ReadCustomValue(PlanTask &task);
     void ReadCalendar() { ReadMspdiCalendar(m_xml, m_builder); }
     void ReadTask();
     bool ReadTaskIdentity(RawTask &raw);
@@ -123,6 +79,8 @@ private:
 
     PlanXml m_xml;
     PlanBuilder m_builder;
+    QString m_colorField; ///< identifiers of the custom fields; empty where there are none
+    QString m_collapsedField;
 };
 
 Plan Parser::Read()
@@ -170,6 +128,8 @@ void Parser::ReadProject()
             finish = Date();
         } else if (m_xml.Is(u"CalendarUID")) {
             m_builder.UseCalendar(Fields().Uid(m_xml.Text()));
+        } else if (m_xml.Is(u"ExtendedAttributes")) {
+            ReadList(u"ExtendedAttribute", &Parser::ReadCustomField);
         } else if (m_xml.Is(u"Calendars")) {
             ReadList(u"Calendar", &Parser::ReadCalendar);
         } else if (m_xml.Is(u"Tasks")) {
@@ -197,6 +157,46 @@ void Parser::ReadList(QStringView name, ReadItem read)
         } else {
             m_xml.Skip();
         }
+    }
+}
+
+void Parser::ReadCustomField()
+{
+    QString id;
+    QString alias;
+    while (m_xml.NextChild()) {
+        if (m_xml.Is(u"FieldID")) {
+            id = m_xml.Text();
+        } else if (m_xml.Is(u"Alias")) {
+            alias = m_xml.Text();
+        } else {
+            m_xml.Skip();
+        }
+    }
+    if (alias == kColorAlias) {
+        m_colorField = id;
+    } else if (alias == kCollapsedAlias) {
+        m_collapsedField = id;
+    }
+}
+
+void Parser::ReadCustomValue(PlanTask &task)
+{
+    QString id;
+    QString value;
+    while (m_xml.NextChild()) {
+        if (m_xml.Is(u"FieldID")) {
+            id = m_xml.Text();
+        } else if (m_xml.Is(u"Value")) {
+            value = m_xml.Text();
+        } else {
+            m_xml.Skip();
+        }
+    }
+    if (!id.isEmpty() && id == m_colorField) {
+        task.Color = ParseColor(value);
+    } else if (!id.isEmpty() && id == m_collapsedField) {
+        task.Collapsed = ParseFlag(value);
     }
 }
 
@@ -234,6 +234,8 @@ bool Parser::ReadTaskIdentity(RawTask &raw)
         raw.Notes = m_xml.Text();
     } else if (m_xml.Is(u"PredecessorLink")) {
         raw.Links.push_back(ReadLink());
+    } else if (m_xml.Is(u"ExtendedAttribute")) {
+        ReadCustomValue(raw.Task);
     } else {
         return false;
     }

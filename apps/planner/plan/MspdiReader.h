@@ -15,6 +15,7 @@ public:
     QString Name() const override;
     QStringList FilePatterns() const override;
     bool CanRead(const QByteArray &head) const override;
+    bool IsWritten() const override { return true; }
     PlanResult Read(QIODevice &source, IProgress &progress) const override;
 };
 

@@ -26,8 +26,8 @@ bool Matches(const IPlanReader &reader, const QString &fileName)
     return QDir::match(reader.FilePatterns(), QFileInfo(fileName).fileName());
 }
 
-/// The file as it is stored; tells the watcher how far it has been read, and fails when the watcher
-/// does not want to go on.
+/// The file as it is stored; keeps a copy of it, tells the watcher how far it has been read, and
+/// fails when the watcher does not want to go on.
 class WatchedFile final : public QIODevice
 {
 public:
@@ -39,6 +39,11 @@ public:
     }
 
     bool isSequential() const override { return true; }
+    std::shared_ptr<const PlanSource> Source()
+    {
+        readAll(); // padding, say
+        return m_recorder.Finish();
+    }
 
 protected:
     qint64 readData(char *data, qint64 maxSize) override
@@ -51,6 +56,7 @@ protected:
             setErrorString(m_file.errorString());
         } else {
             m_done += size;
+            m_recorder.Add(data, size);
             m_progress.Report(m_done, m_file.isSequential() ? 0 : m_file.size());
         }
         return size;
@@ -60,11 +66,13 @@ protected:
 private:
     QIODevice &m_file;
     IProgress &m_progress;
+    PlanSourceRecorder m_recorder;
     qint64 m_done = 0;
 };
 
-PlanResult ReadContent(QIODevice &content, const QString &fileName, const PlanReaders &readers,
-                       IProgress &progress)
+/// `content` is the file's, decompressed where that is needed.
+PlanResult ReadContent(QIODevice &content, WatchedFile &file, const QString &fileName,
+                       const PlanReaders &readers, IProgress &progress)
 {
     const QByteArray head = content.peek(kHeadSize);
     if (progress.IsCanceled()) {
@@ -72,6 +80,9 @@ PlanResult ReadContent(QIODevice &content, const QString &fileName, const PlanRe
     }
     if (const IPlanReader *reader = readers.Find(head, fileName)) {
         PlanResult result = reader->Read(content, progress);
+        if (result.Status == PlanStatus::Loaded && reader->IsWritten()) {
+            result.Source = file.Source();
+        }
         if (result.Value.Name.trimmed().isEmpty()) {
             result.Value.Name = QFileInfo(fileName).completeBaseName();
         }
@@ -142,10 +153,10 @@ PlanResult LoadPlan(const QString &fileName, const PlanReaders &readers, IProgre
     }
     WatchedFile watched(file, progress);
     if (!GzipDevice::IsGzip(watched.peek(kHeadSize))) {
-        return ReadContent(watched, fileName, readers, progress);
+        return ReadContent(watched, watched, fileName, readers, progress);
     }
     GzipDevice unzipped(watched);
-    return ReadContent(unzipped, fileName, readers, progress);
+    return ReadContent(unzipped, watched, fileName, readers, progress);
 }
 
 QString ErrorLine(const QString &fileName, const PlanError &error)

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "plan/Plan.h"
+#include "plan/PlanSource.h"
 
 #include <QByteArray>
 #include <QIODevice>
@@ -46,6 +47,8 @@ struct PlanResult
     PlanStatus Status = PlanStatus::Refused;
     Plan Value;      ///< complete when loaded, else of no use
     PlanError Error; ///< filled when refused
+    /// What the plan is to be saved with; null for formats that are not written.
+    std::shared_ptr<const PlanSource> Source = {};
 };
 
 /// One file format. Readers have no state: one object reads any number of files, also at once.
@@ -63,6 +66,8 @@ public:
     virtual QStringList FilePatterns() const = 0;
     /// Whether the content may be of this format, by its first bytes (decompressed, up to 4 kB).
     virtual bool CanRead(const QByteArray &head) const = 0;
+    /// Whether plans are saved in this format, too.
+    virtual bool IsWritten() const { return false; }
     /// `source` is open, possibly sequential, and stands at its beginning. Whatever its bytes are,
     /// this ends, throws nothing, and needs memory in proportion to its length at most.
     virtual PlanResult Read(QIODevice &source, IProgress &progress) const = 0;
