@@ -3,6 +3,7 @@
 #include "PictureFormat.h"
 #include "plan/PlanDates.h"
 #include "plan/PlanFile.h"
+#include "plan/PlanSaver.h"
 #include "plan/PlanSummary.h"
 
 #include <QCommandLineParser>
@@ -25,6 +26,10 @@ struct Options
 {
     QCommandLineOption Summary{QStringLiteral("summary"),
                                QStringLiteral("Print the plan's figures as JSON and exit.")};
+    QCommandLineOption Convert{
+        QStringLiteral("convert"),
+        QStringLiteral("Write the plan as project XML (.xml or .xml.gz) and exit."),
+        QStringLiteral("output")};
     QCommandLineOption Render{
         QStringLiteral("render"),
         QStringLiteral("Draw the plan into a .png, .pdf or .svg file and exit."),
@@ -70,8 +75,8 @@ CommandLine::CommandLine(const QStringList &arguments)
     const QCommandLineOption help = parser.addHelpOption();
     const QCommandLineOption version = parser.addVersionOption();
     const Options options;
-    parser.addOptions({options.Summary, options.Render, options.Size, options.From, options.To,
-                       options.Ratio, options.Dark});
+    parser.addOptions({options.Summary, options.Convert, options.Render, options.Size, options.From,
+                       options.To, options.Ratio, options.Dark});
 
     const bool isParsed = parser.parse(arguments);
     m_helpText =
@@ -90,6 +95,10 @@ CommandLine::CommandLine(const QStringList &arguments)
     } else if (parser.isSet(options.Render)) {
         m_action = m_fileName.isEmpty() ? Fail(QStringLiteral("--render needs a file"))
                                         : ReadRequest(parser);
+    } else if (parser.isSet(options.Convert)) {
+        m_output = parser.value(options.Convert);
+        m_action =
+            m_fileName.isEmpty() ? Fail(QStringLiteral("--convert needs a file")) : Action::Convert;
     } else if (parser.isSet(options.Summary)) {
         m_action = m_fileName.isEmpty() ? Fail(QStringLiteral("--summary needs a file"))
                                         : Action::PrintSummary;
@@ -166,6 +175,21 @@ ExitCode PrintSummary(const QString &fileName)
         return ExitCode::UnusableFile;
     }
     PrintLine(stdout, QJsonDocument(Summarize(result.Value)).toJson(QJsonDocument::Compact));
+    return ExitCode::Ok;
+}
+
+ExitCode Convert(const QString &fileName, const QString &output)
+{
+    NoProgress progress;
+    const PlanResult result = LoadPlan(fileName, PlanReaders::Builtin(), progress);
+    if (result.Status != PlanStatus::Loaded) {
+        PrintError(ErrorLine(fileName, result.Error));
+        return ExitCode::UnusableFile;
+    }
+    if (const auto error = SavePlan(result.Value, result.Source.get(), output)) {
+        PrintError(ErrorLine(output, {0, *error}));
+        return ExitCode::UnusableFile;
+    }
     return ExitCode::Ok;
 }
 

@@ -35,6 +35,7 @@ public:
     enum class Action : std::uint8_t {
         ShowWindow,
         PrintSummary,
+        Convert, ///< into Output()
         RenderPicture,
         PrintHelp,
         PrintVersion,
@@ -47,6 +48,8 @@ public:
     Action GetAction() const { return m_action; }
     /// Empty when no file is named, which only ShowWindow allows.
     const QString &FileName() const { return m_fileName; }
+    /// The file to write; filled for Convert.
+    const QString &Output() const { return m_output; }
     /// Filled for RenderPicture.
     const RenderRequest &Request() const { return m_request; }
     /// Whether dark colours are asked for rather than the system's.
@@ -62,6 +65,7 @@ private:
 
     Action m_action = Action::ShowWindow;
     QString m_fileName;
+    QString m_output;
     RenderRequest m_request;
     bool m_dark = false;
     QString m_error;
@@ -72,5 +76,7 @@ private:
 void PrintError(const QString &line);
 /// Prints the plan's figures as JSON on standard output, or one line on standard error.
 ExitCode PrintSummary(const QString &fileName);
+/// Reads a plan and writes it as project XML.
+ExitCode Convert(const QString &fileName, const QString &output);
 
 } // namespace korvane::planner

@@ -1,5 +1,6 @@
 #include "MainWindow.h"
 
+#include "Autosave.h"
 #include "LoadProgress.h"
 #include "Picture.h"
 #include "PlanChart.h"
@@ -13,8 +14,6 @@
 #include "plan/PlanFile.h"
 
 #include <QAction>
-#include <QCloseEvent>
-#include <QDir>
 #include <QDropEvent>
 #include <QFileInfo>
 #include <QLabel>
@@ -73,6 +72,7 @@ MainWindow::MainWindow(QWidget *parent)
     , m_document(new PlanDocument(this))
     , m_chart(new PlanChart(*m_document))
     , m_edits(new PlanEdits(*m_document, *m_chart, this))
+    , m_autosave(new Autosave(*m_document, this))
     , m_loader(new PlanLoader(this))
     , m_remarks(new RemarksPanel(this))
 {
@@ -99,6 +99,9 @@ MainWindow::MainWindow(QWidget *parent)
             [this] { ShowCounts(m_document->GetPlan()); });
     connect(m_edits, &PlanEdits::refused, this,
             [this](const QString &reason) { statusBar()->showMessage(reason, kReasonTime); });
+    connect(m_autosave, &Autosave::failed, this, [this](const QString &reason) {
+        statusBar()->showMessage(tr("No copy could be kept: %1").arg(reason), kReasonTime);
+    });
     RestoreLayout();
 }
 
@@ -130,32 +133,6 @@ void MainWindow::RestoreLayout()
     const QSettings settings;
     if (!restoreGeometry(settings.value(QStringLiteral("geometry")).toByteArray())) {
         resize(kDefaultSize);
-    }
-}
-
-void MainWindow::Open(const QString &fileName)
-{
-    const QString path = QFileInfo(fileName).absoluteFilePath();
-    m_progress->Begin(path);
-    m_loader->Start(path);
-}
-
-void MainWindow::CancelLoad()
-{
-    m_loader->Cancel();
-    m_progress->End();
-}
-
-void MainWindow::LoadEnded(const QString &fileName, PlanResult &result)
-{
-    m_progress->End();
-    if (result.Status == PlanStatus::Loaded) {
-        m_document->SetPlan(std::move(result.Value), fileName);
-        RecentFiles::Add(fileName);
-    } else {
-        const QString name = QFileInfo(fileName).fileName();
-        RecentFiles::Remove(fileName);
-        ShowError(tr("%1 cannot be opened.").arg(name), ErrorLine(name, result.Error));
     }
 }
 
@@ -236,13 +213,6 @@ void MainWindow::dropEvent(QDropEvent *event)
         event->acceptProposedAction();
         Open(fileName);
     }
-}
-
-void MainWindow::closeEvent(QCloseEvent *event)
-{
-    CancelLoad();
-    QSettings().setValue(QStringLiteral("geometry"), saveGeometry());
-    event->accept();
 }
 
 } // namespace korvane::planner

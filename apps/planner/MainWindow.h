@@ -4,8 +4,11 @@
 #include "foundation/zuTypes.h"
 #include "plan/PlanReader.h"
 
+#include <QDateTime>
 #include <QMainWindow>
+#include <QMessageBox>
 
+#include <functional>
 #include <memory>
 
 class QLabel;
@@ -14,6 +17,7 @@ class QToolButton;
 
 namespace korvane::planner {
 
+class Autosave;
 class LoadProgress;
 class PlanChart;
 class PlanDocument;
@@ -23,7 +27,8 @@ class RecentFiles;
 class RemarksPanel;
 
 /// Shows one plan. Files are read in the background; the plan on show stays until another one is
-/// complete, and when that is refused.
+/// complete, and when that is refused. Changes are not lost unasked: not by closing or opening,
+/// and, as copies are written on the way, not when the program ends at once.
 class MainWindow : public QMainWindow
 {
     Q_OBJECT
@@ -32,8 +37,16 @@ public:
     explicit MainWindow(QWidget *parent = nullptr);
     ~MainWindow() override;
 
-    /// Starts to read a file, in place of the one that is being read.
+    /// Starts to read a file, in place of the one that is being read; changes of the plan on show
+    /// are asked about first.
     void Open(const QString &fileName);
+    /// Opens the file of a copy that a planner left when it did not end properly, if there is one.
+    void OpenLeftBehind();
+    /// Saves into the plan's file; asks for a name where that cannot be.
+    void Save();
+    /// Saves into this file, which is the plan's from then on.
+    void SaveTo(const QString &fileName);
+    Autosave &Copies() { return *m_autosave; }
     PlanDocument &Document() { return *m_document; }
     PlanEdits &Edits() { return *m_edits; }
     PlanChart &Chart() { return *m_chart; }
@@ -61,8 +74,23 @@ private:
     void ShowAbout();
 
     void MakeStatusBar();
+    // Files, MainWindowFiles.cpp.
+    struct FileState
+    {
+        qint64 Size = 0;
+        QDateTime Time;
+
+        friend bool operator==(const FileState &, const FileState &) = default;
+    };
+    static FileState StateOf(const QString &fileName);
+    QMessageBox *OpenQuestion(const QString &text, const QString &details,
+                              QMessageBox::StandardButtons buttons);
+    void WhenSaved(std::function<void()> goOn);
+    void OfferRecovery();
+    void ChooseSaveName();
     void LoadEnded(const QString &fileName, PlanResult &result);
     void CancelLoad();
+
     void ShowPlan();
     void ShowTitle();
     void ShowError(const QString &text, const QString &details);
@@ -75,12 +103,17 @@ private:
     PlanDocument *m_document;
     PlanChart *m_chart;
     PlanEdits *m_edits;
+    Autosave *m_autosave;
     PlanLoader *m_loader;
     RemarksPanel *m_remarks;
     LoadProgress *m_progress = nullptr;
     QLabel *m_instant = nullptr;
     QLabel *m_counts = nullptr;
     QToolButton *m_remarksButton = nullptr;
+    FileState m_fileState;   ///< of the plan's file, when it was read or saved
+    FileState m_loadedState; ///< of the file that is being read
+    QString m_recoveredName; ///< file of the copy that is being read; empty for others
+    std::function<void()> m_afterSaving;
     QList<QAction *> m_planActions; ///< enabled while a plan is shown
 };
 

@@ -69,6 +69,9 @@ void MainWindow::MakeFileMenu()
     m_planActions += AddAction(menu, tr("Re&load"), {QKeySequence(Qt::Key_F5)},
                                [this] { Open(m_document->FileName()); });
     menu.addSeparator();
+    m_planActions += AddAction(menu, tr("&Save"), {QKeySequence::Save}, &MainWindow::Save);
+    m_planActions += AddAction(menu, tr("Save &as..."), {QKeySequence(tr("Ctrl+Shift+S"))},
+                               &MainWindow::ChooseSaveName);
     m_planActions += AddAction(menu, tr("Save as &picture..."), {QKeySequence(tr("Ctrl+E"))},
                                &MainWindow::ChoosePicture);
     menu.addSeparator();

@@ -1,7 +1,5 @@
 #include "PlanDocument.h"
 
-#include <algorithm>
-
 namespace korvane::planner {
 
 PlanDocument::PlanDocument(QObject *parent)
@@ -35,15 +33,6 @@ void PlanDocument::SetSaved(const QString &fileName)
         m_fileName = fileName;
         Q_EMIT fileNameChanged(m_fileName);
     }
-}
-
-std::int64_t PlanDocument::NextTaskUid() const
-{
-    std::int64_t last = 0;
-    for (const PlanTask &task : m_plan.Tasks) {
-        last = std::max(last, task.Uid);
-    }
-    return last + 1;
 }
 
 } // namespace korvane::planner

@@ -34,20 +34,20 @@ public:
     const std::shared_ptr<const PlanSource> &Source() const { return m_source; }
     /// The plan as it is now lies in that file.
     void SetSaved(const QString &fileName);
+    /// The plan differs from its file, although there is nothing to undo.
+    void SetModified() { m_history.resetClean(); }
 
     QUndoStack &History() { return m_history; }
     bool IsModified() const { return !m_history.isClean(); }
     /// Calls `change(plan)` and announces it. For the commands of the history, nobody else: what
-    /// they do has to be undone by them. The plan's rules hold again afterwards; a new task has the
-    /// UID that NextTaskUid gives.
+    /// they do has to be undone by them. The plan's rules hold again afterwards, and new tasks have
+    /// UIDs of their own.
     template <typename Function>
     void Edit(Function change)
     {
         change(m_plan);
         Q_EMIT changed();
     }
-    /// Greater than all in the plan.
-    std::int64_t NextTaskUid() const;
 
 Q_SIGNALS:
     /// Another plan is here; references into the former one hold until all receivers are done.

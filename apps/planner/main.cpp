@@ -64,6 +64,8 @@ int ShowWindow(int argc, char **argv, const CommandLine &commandLine)
     window.show();
     if (!commandLine.FileName().isEmpty()) {
         window.Open(commandLine.FileName());
+    } else {
+        window.OpenLeftBehind();
     }
     return QApplication::exec();
 }
@@ -73,6 +75,8 @@ int Run(int argc, char **argv, const CommandLine &commandLine)
     switch (commandLine.GetAction()) {
     case CommandLine::Action::PrintSummary:
         return static_cast<int>(PrintSummary(commandLine.FileName()));
+    case CommandLine::Action::Convert:
+        return static_cast<int>(Convert(commandLine.FileName(), commandLine.Output()));
     case CommandLine::Action::RenderPicture:
         return static_cast<int>(Render(argc, argv, commandLine));
     case CommandLine::Action::PrintHelp:

@@ -468,7 +468,12 @@ std::optional<QString> WriteMspdi(const Plan &plan, const PlanSource *source, QI
         return QStringLiteral("what the plan was read from is damaged");
     }
     return Writer(plan, *before, text, target).Write() ? std::nullopt
-                                                       : std::optional(target.errorString());
+                                                       : std::optional(WriteFailure());
+}
+
+QString WriteFailure()
+{
+    return QStringLiteral("not everything could be written; the disk may be full");
 }
 
 } // namespace korvane::planner

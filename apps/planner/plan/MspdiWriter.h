@@ -22,5 +22,7 @@ namespace korvane::planner {
 ///
 /// `target` is open for writing. Returns what went wrong.
 std::optional<QString> WriteMspdi(const Plan &plan, const PlanSource *source, QIODevice &target);
+/// That the target has not taken everything; devices that take a part leave the reason open.
+QString WriteFailure();
 
 } // namespace korvane::planner

@@ -13,15 +13,15 @@ namespace korvane::planner {
 
 namespace {
 
-std::optional<QString> Write(const Plan &plan, const PlanSource *source, QIODevice &file,
-                             bool isCompressed)
+std::optional<QString> WriteTo(QIODevice &file, const Plan &plan, const PlanSource *source,
+                               bool isCompressed)
 {
     if (!isCompressed) {
         return WriteMspdi(plan, source, file);
     }
     GzipWriter zipped(file);
     const auto error = WriteMspdi(plan, source, zipped);
-    return error || zipped.Finish() ? error : std::optional(zipped.errorString());
+    return error || zipped.Finish() ? error : std::optional(WriteFailure());
 }
 
 } // namespace
@@ -45,7 +45,7 @@ std::optional<QString> SavePlan(const Plan &plan, const PlanSource *source, cons
             return file.errorString();
         }
         const bool isCompressed = fileName.endsWith(u".gz", Qt::CaseInsensitive);
-        if (const auto error = Write(plan, source, file, isCompressed)) {
+        if (const auto error = WriteTo(file, plan, source, isCompressed)) {
             return error;
         }
         return file.commit() ? std::nullopt : std::optional(file.errorString());

@@ -1,0 +1,110 @@
+#include "PlanText.h"
+#include "plan/PlanSaver.h"
+
+#include <QDir>
+
+#include <csignal>
+
+#ifdef Q_OS_UNIX
+#include <sys/resource.h>
+#endif
+
+namespace korvane::planner::test {
+namespace {
+
+QByteArray ContentOf(const QString &path)
+{
+    QFile file(path);
+    EXPECT_TRUE(file.open(QIODevice::ReadOnly));
+    return file.readAll();
+}
+
+Plan PlanWithTasks(int count)
+{
+    Plan plan;
+    plan.Name = u"Plan"_s;
+    plan.Tasks.resize(count);
+    for (int i = 0; i < count; ++i) {
+        plan.Tasks[i].Uid = i + 1;
+    }
+    return plan;
+}
+
+TEST(PlanSaver, NamesWhatCannotBeWrittenAndLeavesItAlone)
+{
+    const PlanFolder folder;
+    const QString locked = folder.Write(u"locked.xml"_s, "old");
+    QFile::setPermissions(locked, QFile::ReadOwner);
+    const Plan plan = PlanWithTasks(3);
+    const std::pair<QString, QString> cases[] = {
+        {folder.Path(), u"a folder"_s},
+        {folder.Path(u"none/a.xml"_s), u"does not exist"_s},
+        {locked, u"write-protected"_s},
+    };
+    for (const auto &[path, reason] : cases) {
+        const auto error = SavePlan(plan, nullptr, path);
+        ASSERT_TRUE(error.has_value()) << path.toStdString();
+        EXPECT_TRUE(error->contains(reason)) << error->toStdString();
+    }
+    EXPECT_EQ(ContentOf(locked), "old");
+}
+
+#ifdef Q_OS_UNIX
+/// Files cannot grow beyond some bytes, as on a disk that is full.
+class SmallDisk
+{
+public:
+    explicit SmallDisk(rlim_t size)
+        : m_handler(std::signal(SIGXFSZ, SIG_IGN))
+    {
+        getrlimit(RLIMIT_FSIZE, &m_former);
+        const rlimit limit{size, m_former.rlim_max};
+        setrlimit(RLIMIT_FSIZE, &limit);
+    }
+    SmallDisk(const SmallDisk &) = delete;
+    SmallDisk &operator=(const SmallDisk &) = delete;
+    ~SmallDisk()
+    {
+        setrlimit(RLIMIT_FSIZE, &m_former);
+        std::signal(SIGXFSZ, m_handler);
+    }
+
+private:
+    void (*m_handler)(int);
+    rlimit m_former{};
+};
+
+TEST(PlanSaver, AFullDiskKeepsTheFormerFile)
+{
+    for (const QString &name : {u"a.xml"_s, u"a.xml.gz"_s}) {
+        const PlanFolder folder;
+        const QString path = folder.Write(name, "old");
+        std::optional<QString> error;
+        {
+            const SmallDisk disk(2000);
+            error = SavePlan(PlanWithTasks(20'000), nullptr, path);
+        }
+        ASSERT_TRUE(error.has_value());
+        EXPECT_TRUE(error->contains(u"disk may be full")) << error->toStdString();
+        EXPECT_EQ(ContentOf(path), "old");
+        EXPECT_EQ(QDir(folder.Path()).entryList(QDir::Files).size(), 1) << "nothing is left over";
+    }
+}
+
+TEST(PlanSaver, KeepsPermissionsAndLinks)
+{
+    const PlanFolder folder;
+    const QString path = folder.Write(u"a.xml"_s, "old");
+    const auto permissions = QFile::ReadOwner | QFile::WriteOwner | QFile::ReadGroup;
+    QFile::setPermissions(path, permissions);
+    const QString link = folder.Path(u"link.xml"_s);
+    QFile::link(path, link);
+    EXPECT_EQ(SavePlan(PlanWithTasks(3), nullptr, link), std::nullopt);
+    EXPECT_TRUE(QFileInfo(link).isSymLink());
+    EXPECT_TRUE(ContentOf(path).contains("<Task>"));
+    EXPECT_EQ(QFile::permissions(path) & ~(QFile::ReadUser | QFile::WriteUser), permissions);
+}
+#endif
+
+} // namespace
+} // namespace korvane::planner::test
