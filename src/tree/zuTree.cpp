@@ -1,7 +1,6 @@
-// The tree's display: current and top entity, expansion, rows.
+// The tree's display: bringing it up to date, rows, expansion.
 #include "tree/zuTree.h"
 
-#include "foundation/zuDoLater.h"
 #include "foundation/zuLifeWatch.h"
 
 #include <algorithm>
@@ -267,9 +266,15 @@ void TTreeCore::SetEntityExpanded(TzuDataEntity_Tree &entity, bool expanded)
         return;
     }
     DisplayOutOfDate();
-    if (expanded && !m_rebuilding && !RebuildBlocked()) {
-        EnsureDisplayUpToDate();
-        DisplayOutOfDate();
+    if (!expanded || m_rebuilding || RebuildBlocked()) {
+        return;
+    }
+    const TzuLifeWatch lives(entity);
+    EnsureDisplayUpToDate();
+    DisplayOutOfDate();
+    if (lives && entity.m_node != nullptr && entity.m_node->Expanded()
+        && LoadChildren(*entity.m_node)) {
+        Expand(&entity);
     }
 }
 
@@ -283,11 +288,41 @@ void TTreeCore::SetNodeExpanded(TTreeNode_zuSub &node, bool expanded)
         node.SetExpanded(expanded);
         m_observer.NodeChanged(node, TNodeAspect::Expansion);
     }
-    if (expanded) {
-        Expand(node.Data());
-    } else {
+    if (!expanded) {
         Collapse(node.Data());
+    } else if (TzuDataEntity_Tree *entity = node.Data(); LoadChildren(node)) {
+        Expand(entity);
     }
+}
+
+/// Asks for the children of a node that has just been expanded when a placeholder stands for them.
+/// Returns false when the node is expanded no longer, or its entity gone.
+bool TTreeCore::LoadChildren(TTreeNode_zuSub &node)
+{
+    TzuDataEntity_Tree *entity = node.Data();
+    if (!OnLoadChildren || entity == nullptr || entity->HasChildren()
+        || node.PlaceholderChild() == nullptr) {
+        return true;
+    }
+    const TzuLifeWatch lives(*entity);
+    bool loaded = true;
+    OnLoadChildren(this, entity, loaded);
+    if (!lives) {
+        return false;
+    }
+    if (!loaded) {
+        return true;
+    }
+    entity->SetChildrenLoaded(true);
+    if (entity->HasChildren()) {
+        return true;
+    }
+    entity->m_expanded = false;
+    if (entity->m_node != nullptr && entity->m_node->Expanded()) {
+        entity->m_node->SetExpanded(false);
+        m_observer.NodeChanged(*entity->m_node, TNodeAspect::Expansion);
+    }
+    return false;
 }
 
 void TTreeCore::NodeExpandedByUser(TTreeNode_zuSub &node, bool expanded)
@@ -343,7 +378,8 @@ void TTreeCore::SetExpansions(const Wanted &wanted)
         const std::optional<bool> expanded = wanted(depth);
         std::vector<TTreeNode_zuSub *> below;
         for (TTreeNode_zuSub *node : level) {
-            if (expanded && node->Data() != nullptr && node->ChildCount() > 0) {
+            if (expanded && node->Data() != nullptr && node->ChildCount() > 0
+                && !(*expanded && node->PlaceholderChild() != nullptr)) {
                 node->Data()->m_expanded = *expanded;
                 changed.push_back(node);
             }
@@ -376,134 +412,10 @@ void TTreeCore::ExpandLevels(int levels)
     Expand(nullptr);
 }
 
-// --- current and top entity ----------------------------------------------------------------------
-
-TzuDataEntity_Tree *TTreeCore::GetCurrentDataEntity()
+void TTreeCore::ShowLevels(int levels)
 {
-    EnsureDisplayUpToDate();
-    return GetDataEntityFromNode(m_selectedNode);
-}
-
-void TTreeCore::SetCurrentDataEntity(TzuDataEntity_Tree *entity)
-{
-    DisplayOutOfDate();
-    TDoLater::DoLater(TDoLaterCall::Bind<&TTreeCore::SetCurrentDataEntity_Async>(this));
-    m_pendingCurrent = entity;
-}
-
-void TTreeCore::SetCurrentDataEntity_Async(TObject *)
-{
-    EnsureDisplayUpToDate();
-    TzuDataEntity_Tree *entity = std::exchange(m_pendingCurrent, nullptr);
-    if (entity != nullptr && entity->m_node != nullptr) {
-        ExpandAncestors(*entity);
-    }
-    TTreeNode_zuSub *node = entity != nullptr ? entity->m_node : nullptr;
-    if (node != m_selectedNode) {
-        m_selectedNode = node;
-        m_host.SelectNode(node);
-        DoCurrentChanged();
-    } else if (node != nullptr) {
-        m_host.SelectNode(node);
-    }
-}
-
-void TTreeCore::SelectNothingIfDoomed()
-{
-    const TTreeNode_zuSub *node = m_selectedNode;
-    while (node != nullptr && !node->Deleting()) {
-        node = node->Parent();
-    }
-    if (node != nullptr) {
-        m_selectedNode = nullptr;
-        m_host.LoseCurrent();
-        m_currentLost = true;
-    }
-}
-
-void TTreeCore::NodeSelectedByUser(TTreeNode_zuSub *node)
-{
-    if (node != m_selectedNode) {
-        m_selectedNode = node;
-        DoCurrentChanged();
-    }
-}
-
-void TTreeCore::NodeMarkedByUser(TTreeNode_zuSub &node, bool selected)
-{
-    if (node.Data() == nullptr) {
-        return;
-    }
-    const bool outer = std::exchange(m_markingFromView, true);
-    node.Data()->SetSelected(selected);
-    m_markingFromView = outer;
-}
-
-void TTreeCore::NodeEditedByUser(TTreeNode_zuSub &node, std::string_view text)
-{
-    TzuDataEntity_Tree *entity = node.Data();
-    if (entity != nullptr && entity->GetText() != text) {
-        entity->SetText(text);
-        OnValueChanged(this, entity);
-    }
-}
-
-TzuDataEntity_Tree *TTreeCore::GetTopItem()
-{
-    EnsureDisplayUpToDate();
-    const TTreeNode_zuSub *top = m_display.Root().NodeAtRow(m_host.Geometry().TopRow);
-    if (top == nullptr || top->Deleting() || top->PlaceholderChild() != nullptr) {
-        return nullptr;
-    }
-    return top->Data();
-}
-
-void TTreeCore::SetTopItem(TzuDataEntity_Tree *entity)
-{
-    EnsureDisplayUpToDate();
-    const auto topNode = [this] { return m_display.Root().NodeAtRow(m_host.Geometry().TopRow); };
-    const TTreeNode_zuSub *before = topNode();
-    if (entity == nullptr) {
-        if (before != nullptr) {
-            m_host.SetTopRow(0);
-            DoUpdateTopItem();
-        }
-        return;
-    }
-    if (entity->m_node == nullptr) {
-        return;
-    }
-    ExpandAncestors(*entity);
-    if (before != entity->m_node) {
-        m_host.SetTopRow(entity->m_node->Row());
-        DoUpdateTopItem();
-    }
-}
-
-void TTreeCore::MakeVisible(TzuDataEntity_Tree &entity)
-{
-    EnsureDisplayUpToDate();
-    if (entity.m_node == nullptr) {
-        return;
-    }
-    ExpandAncestors(entity);
-    const TTreeGeometry view = m_host.Geometry();
-    const int page = std::max(view.Height / view.RowHeight, 1);
-    const int row = entity.m_node->Row();
-    const int top = std::clamp(view.TopRow, row - page + 1, row);
-    if (top != view.TopRow) {
-        m_host.SetTopRow(top);
-        DoUpdateTopItem();
-    }
-}
-
-void TTreeCore::DoUpdateTopItem()
-{
-    TzuDataEntity_Tree *top = GetTopItem();
-    if (top != m_lastTopItem) {
-        m_lastTopItem = top;
-        OnTopItemChanged(this);
-    }
+    SetExpansions([levels](int level) { return std::optional(level < levels - 1); });
+    Expand(nullptr);
 }
 
 } // namespace korvane

@@ -86,10 +86,13 @@ public:
     TzuDataEntity_Tree *GetPrevVisible(const TzuDataEntity_Tree *entity);
     /// Number of display rows, placeholders included.
     int CountVisible();
+    /// Nodes whose children are not loaded stay as they are, here and in the next three.
     void FullExpand();
     void FullCollapse();
     /// Expands the entities of levels 0..levels - 1.
     void ExpandLevels(int levels);
+    /// Expands and collapses so that exactly the first `levels` levels show.
+    void ShowLevels(int levels);
 
     // Current entity and top entity.
     TzuDataEntity_Tree *GetCurrentDataEntity();
@@ -104,6 +107,9 @@ public:
     void MakeVisible(TzuDataEntity_Tree &entity);
 
     // Events.
+    /// A node with a placeholder is about to expand, before OnExpanded: the children are to be
+    /// added now. `loaded` is true on entry; a handler that adds them later sets it to false.
+    TMethod<void(TObject *theTree, TzuDataEntity_Tree *theDataEntity, bool &loaded)> OnLoadChildren;
     TOnInsertItem OnInsertItem;
     TTreeEntityNotify OnDeleteItem_Tree; ///< fired before OnDeleteItem
     TOnDeleteItem OnDeleteItem;
@@ -122,7 +128,11 @@ public:
 
     /// Makes a node. Outside an update of the display the display is made anew next time.
     TTreeNode_zuSub::TOwner CreateNode();
-    virtual bool NeedsDummyNode(TzuDataEntity_Tree &) const { return m_loadOnDemand; }
+    /// Whether an entity without children gets a placeholder; not once its children were asked for.
+    virtual bool NeedsDummyNode(TzuDataEntity_Tree &entity) const
+    {
+        return m_loadOnDemand && !entity.ChildrenLoaded();
+    }
 
 protected:
     /// For constructors, before the first use of the content.
@@ -148,7 +158,13 @@ protected:
     virtual void _OnVisibleChanged(TzuDataEntity_Tree *entity);
     virtual void _OnInfoPush(TzuDataEntity_Tree *entity);
     virtual void _OnBeforeCanEditItem(TzuDataEntity_Tree *entity);
+    /// By SortCompare; without it by caption.
     virtual int _SortCompare(TzuDataEntity_Tree *the1, TzuDataEntity_Tree *the2);
+    virtual int CompareCaptions(std::string_view the1, std::string_view the2) const;
+    /// The entity goes, for good or to another list, and with it what refers to it.
+    virtual void EntityLeaves(TzuDataEntity_Tree &, bool /*forGood*/) {}
+    /// The entity came from another list.
+    virtual void EntityComes(TzuDataEntity_Tree &) {}
 
     // Notifications. The entity of Expand and Collapse is nil when there may be many.
     virtual void Expand(TzuDataEntity_Tree *entity);
@@ -165,6 +181,8 @@ protected:
     /// Throws as TzuDataEntity_Tree::SetText.
     void NodeEditedByUser(TTreeNode_zuSub &node, std::string_view text);
 
+    ITreeHost &Host() const { return m_host; }
+    TzuDataList_Tree &ListAt(int index) const;
     const TTreeNode_zuSub &RootNode() const { return m_display.Root(); }
     TTreeNode_zuSub *SelectedNode() const { return m_selectedNode; }
 
@@ -199,6 +217,7 @@ private:
     void SelectNothingIfDoomed();
     void SetEntityExpanded(TzuDataEntity_Tree &entity, bool expanded);
     void SetNodeExpanded(TTreeNode_zuSub &node, bool expanded);
+    bool LoadChildren(TTreeNode_zuSub &node);
     static void ExpandAncestors(const TzuDataEntity_Tree &entity);
     template <typename Wanted>
     void SetExpansions(const Wanted &wanted);

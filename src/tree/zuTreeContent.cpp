@@ -86,6 +86,11 @@ TzuDataList_Tree *TTreeCore::NewList(TzuDataEntity_Tree *parent)
     return list.release();
 }
 
+TzuDataList_Tree &TTreeCore::ListAt(int index) const
+{
+    return *static_cast<TzuDataList_Tree *>(m_lists->GetDataList(index));
+}
+
 void TTreeCore::ReleaseList(TzuDataList_Tree *list)
 {
     m_lists->Remove(list);
@@ -112,11 +117,11 @@ void TTreeCore::ReleaseContent()
     m_waitingLists.clear();
     // What is left belongs to entities that changed over to lists outside of the tree.
     while (m_lists->Count() > 0) {
-        auto *list = static_cast<TzuDataList_Tree *>(m_lists->GetDataList(0));
-        if (list->ParentEntity() != nullptr) {
-            list->ParentEntity()->m_childList = nullptr;
+        TzuDataList_Tree &list = ListAt(0);
+        if (list.ParentEntity() != nullptr) {
+            list.ParentEntity()->m_childList = nullptr;
         }
-        ReleaseList(list);
+        ReleaseList(&list);
     }
 }
 
@@ -236,6 +241,7 @@ void TTreeCore::ReleaseChildren(TzuDataList_Tree *children)
 void TTreeCore::Forget(TzuDataEntity_Tree &entity)
 {
     entity.m_leaving = true;
+    EntityLeaves(entity, true);
     m_display.Unqueue(entity);
     if (m_pendingCurrent == &entity) {
         m_pendingCurrent = nullptr;
@@ -265,6 +271,7 @@ void TTreeCore::BeforeChangeOwner(TzuDataEntity_Tree *entity)
     if (list == nullptr) {
         return;
     }
+    EntityLeaves(*entity, false);
     m_moving = {entity, list, list->IndexOf(entity), nullptr};
     if (m_pendingCurrent != nullptr && IsAtOrBelow(*m_pendingCurrent, *entity)) {
         m_moving.PendingCurrent = std::exchange(m_pendingCurrent, nullptr);
@@ -288,6 +295,7 @@ void TTreeCore::AfterChangeOwner(TzuDataEntity_Tree *entity)
     if (list == nullptr) {
         return;
     }
+    EntityComes(*entity);
     const TMoving moved = std::exchange(m_moving, {});
     list->m_changeExplained = true;
     if (moved.Entity == entity) {
@@ -376,7 +384,13 @@ void TTreeCore::_OnBeforeCanEditItem(TzuDataEntity_Tree *entity)
 
 int TTreeCore::_SortCompare(TzuDataEntity_Tree *the1, TzuDataEntity_Tree *the2)
 {
-    return m_sortCompare(the1, the2);
+    return m_sortCompare ? m_sortCompare(the1, the2)
+                         : CompareCaptions(the1->GetText(), the2->GetText());
+}
+
+int TTreeCore::CompareCaptions(std::string_view the1, std::string_view the2) const
+{
+    return the1.compare(the2);
 }
 
 void TTreeCore::SetSortCompare(TOnEntityCompare compare)
@@ -392,7 +406,7 @@ void TTreeCore::SetSortCompare(TOnEntityCompare compare)
         };
     }
     for (int i = 0; i < m_lists->Count(); ++i) {
-        m_display.QueueWhole(*static_cast<TzuDataList_Tree *>(m_lists->GetDataList(i)));
+        m_display.QueueWhole(ListAt(i));
     }
     DisplayOutOfDate();
 }

@@ -7,17 +7,12 @@
 
 namespace korvane {
 
-namespace {
-
-/// Code points of UTF-8 text; a stray byte counts as one when it does not continue another.
-std::ptrdiff_t CodePoints(std::string_view text)
+int CodePoints(std::string_view text)
 {
-    return std::count_if(text.begin(), text.end(), [](char unit) {
+    return static_cast<int>(std::count_if(text.begin(), text.end(), [](char unit) {
         return (static_cast<unsigned char>(unit) & 0xC0U) != 0x80U;
-    });
+    }));
 }
-
-} // namespace
 
 // --- entity --------------------------------------------------------------------------------------
 
@@ -77,7 +72,7 @@ bool TzuDataEntity_Tree::GetVisible() const
 void TzuDataEntity_Tree::SetText(std::string_view text)
 {
     if (CodePoints(text) > kMaxTreeText) {
-        throw std::length_error("Treenodes only allow strings smaller than 255 chars");
+        throw std::length_error(std::string(kTreeTextTooLong));
     }
     if (m_text == text) {
         return;
@@ -109,6 +104,18 @@ void TzuDataEntity_Tree::SetExpanded(bool expanded)
         m_expanded = expanded;
     } else {
         tree->SetEntityExpanded(*this, expanded);
+    }
+}
+
+void TzuDataEntity_Tree::SetChildrenLoaded(bool loaded)
+{
+    if (m_childrenLoaded == loaded) {
+        return;
+    }
+    m_childrenLoaded = loaded;
+    if (TTreeCore *tree = Tree()) {
+        tree->m_display.QueuePlaceholder(*this);
+        tree->DisplayOutOfDate();
     }
 }
 

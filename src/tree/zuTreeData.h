@@ -16,6 +16,12 @@ class TzuDataList_Tree;
 
 /// Longest caption, in Unicode code points.
 inline constexpr int kMaxTreeText = 255;
+/// What is said when a caption is longer.
+inline constexpr std::string_view kTreeTextTooLong =
+    "Treenodes only allow strings smaller than 255 chars";
+/// Length of a UTF-8 text in Unicode code points; a stray byte counts as one when it does not
+/// continue another.
+int CodePoints(std::string_view text);
 
 struct TFontStyles
 {
@@ -52,7 +58,15 @@ public:
     int GetSelectedIndex() const { return m_selectedIndex; }
     void SetSelectedIndex(int index);
     bool GetExpanded() const { return m_expanded; }
+    /// Expands or collapses the node at once. Without a node the state is kept for the node to
+    /// come; true also brings the display up to date. The tree's OnExpanded and OnCollapsed tell of
+    /// nodes that change: they fire once when the entity has a node or got it by this call, and not
+    /// when the node is made later.
     void SetExpanded(bool expanded);
+    /// Whether the children were asked for (see TTreeCore::OnLoadChildren). Set to false to have
+    /// them asked for again once there are none.
+    bool ChildrenLoaded() const { return m_childrenLoaded; }
+    void SetChildrenLoaded(bool loaded);
     bool Get_HideNode() const { return m_hideNode; }
     /// A hidden entity gets no node, and nothing below it does.
     void Set_HideNode(bool hide);
@@ -73,6 +87,8 @@ public:
     /// The list of the entity's children, made when it is first asked for; nil for an entity that
     /// is in no tree or is being deleted. Owned by the entity.
     TzuDataList_Tree *ChildList();
+    /// The same without making it.
+    const TzuDataList_Tree *LoadedChildren() const { return m_childList; }
     bool HasChildren() const;
 
     TzuDataEntity_Tree *ParentNode() const;
@@ -108,6 +124,7 @@ private:
     bool m_hideNode = false;
     bool m_moved = false;   ///< within its list, since the last update of the display
     bool m_leaving = false; ///< being deleted
+    bool m_childrenLoaded = false;
 };
 
 /// The children of one entity, or the roots of a tree.
@@ -125,6 +142,9 @@ public:
     /// Set when an entity was inserted, until the list's nodes have been sorted.
     bool NeedsSort() const { return m_needsSort; }
     void SetNeedsSort(bool needsSort) { m_needsSort = needsSort; }
+    /// In which the tree's comparison orders the nodes.
+    TSortDirection SortDirection() const { return m_sortDirection; }
+    void SetSortDirection(TSortDirection direction) { m_sortDirection = direction; }
     /// The tree whose controller the list was created with, or nil.
     TTreeCore *Tree() const { return m_tree; }
     /// GetItems with the entity's own class.
@@ -140,6 +160,7 @@ private:
     TTreeCore *m_tree = nullptr;
     TzuDataEntity_Tree *m_parentEntity = nullptr;
     std::uint32_t m_queuePlace = 0; ///< as of an entity
+    TSortDirection m_sortDirection = TSortDirection::Ascending;
     bool m_needsSort = false;
     bool m_orderUnknown = false;    ///< nodes may stand in another order than entities
     bool m_changeExplained = false; ///< the next change of content is an insertion or a deletion

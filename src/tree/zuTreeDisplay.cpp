@@ -98,6 +98,17 @@ void TTreeDisplay::QueueMoved(TzuDataEntity_Tree &entity)
     Queue(entity);
 }
 
+void TTreeDisplay::QueuePlaceholder(TzuDataEntity_Tree &entity)
+{
+    TTreeNode_zuSub *placeholder = entity.DummyNode();
+    if (placeholder != nullptr && !entity.HasChildren() && !placeholder->Deleting()
+        && !m_tree.NeedsDummyNode(entity)) {
+        placeholder->SetDeleting();
+        m_doomed.push_back(placeholder);
+    }
+    Queue(entity);
+}
+
 void TTreeDisplay::Unqueue(TzuDataEntity_Tree &entity)
 {
     Dequeue(m_queue, entity);

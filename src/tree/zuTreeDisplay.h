@@ -36,6 +36,8 @@ public:
     void Queue(TzuDataEntity_Tree &entity);
     /// Looks also at the position of the entity's node.
     void QueueMoved(TzuDataEntity_Tree &entity);
+    /// Looks also at whether the entity's placeholder has to go.
+    void QueuePlaceholder(TzuDataEntity_Tree &entity);
     void Unqueue(TzuDataEntity_Tree &entity);
     /// Sorts the list's nodes at the next update when its NeedsSort is set.
     void QueueSort(TzuDataList_Tree &list);

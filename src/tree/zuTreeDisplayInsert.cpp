@@ -300,13 +300,14 @@ void TTreeDisplay::OrderNodes(TzuDataList_Tree &list, TTreeNode_zuSub &parent)
         order.push_back({node, entity != nullptr ? list.IndexOf(entity) : -1});
     }
     const bool compares = static_cast<bool>(m_tree.SortCompare());
-    MergeSort(order, [this, compares](const TEntry &a, const TEntry &b) {
+    const bool backwards = list.SortDirection() == TSortDirection::Descending;
+    MergeSort(order, [this, compares, backwards](const TEntry &a, const TEntry &b) {
         TzuDataEntity_Tree *entityA = a.Node->Data();
         TzuDataEntity_Tree *entityB = b.Node->Data();
         const int result = compares && entityA != nullptr && entityB != nullptr
                                ? m_tree._SortCompare(entityA, entityB)
                                : 0;
-        return result != 0 ? result < 0 : a.Position < b.Position;
+        return result != 0 ? (result < 0) != backwards : a.Position < b.Position;
     });
     std::vector<TTreeNode_zuSub *> nodes;
     nodes.reserve(order.size());

@@ -30,6 +30,8 @@ public:
     /// Makes the node the current and only selected one and brings its row into view; nil leaves
     /// nothing selected. The node is shown (TTreeNode_zuSub::IsShown).
     virtual void SelectNode(TTreeNode_zuSub *node) = 0;
+    /// Makes the node the current one; the selection and the scroll position stay.
+    virtual void ShowCurrent(TTreeNode_zuSub &node) = 0;
     /// The current node is about to go, and no other becomes current.
     virtual void LoseCurrent() = 0;
     /// Starts editing the caption in place.

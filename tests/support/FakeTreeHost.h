@@ -37,6 +37,7 @@ public:
         EXPECT_TRUE(node == nullptr || node->IsShown());
         Selected = node;
     }
+    void ShowCurrent(TTreeNode_zuSub &node) override { Selected = &node; }
     void LoseCurrent() override { Selected = nullptr; }
     void EditNode(TTreeNode_zuSub &node) override { Edited = &node; }
 

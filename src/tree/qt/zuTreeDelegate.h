@@ -1,4 +1,4 @@
-// How the tree's rows look.
+// How the tree's rows look, and how their captions are edited.
 #pragma once
 
 #include <QStyledItemDelegate>
@@ -6,6 +6,7 @@
 namespace korvane {
 
 class TzuTree_ComBasic;
+struct TTreeItemLook;
 
 /// Draws captions and images of a tree's nodes, all in rows of the tree's height.
 class TTreeNodeDelegate : public QStyledItemDelegate
@@ -17,11 +18,27 @@ public:
     QSize sizeHint(const QStyleOptionViewItem &option, const QModelIndex &index) const override;
     /// Width of the whole caption with its image, in pixels.
     int CaptionWidth(const QStyleOptionViewItem &option, const QModelIndex &index) const;
+    /// Draws icon and caption into the option's rectangle.
+    void Draw(QPainter &painter, const QStyleOptionViewItem &option, const QModelIndex &index,
+              const TTreeItemLook &look) const;
+
+    QWidget *createEditor(QWidget *parent, const QStyleOptionViewItem &option,
+                          const QModelIndex &index) const override;
+    void setEditorData(QWidget *editor, const QModelIndex &index) const override;
+    /// The caption's place, up to the right edge of the tree.
+    void updateEditorGeometry(QWidget *editor, const QStyleOptionViewItem &option,
+                              const QModelIndex &index) const override;
+    /// What cannot be stored stays in the editor, with the reason.
+    void setModelData(QWidget *editor, QAbstractItemModel *model,
+                      const QModelIndex &index) const override;
 
 protected:
     void initStyleOption(QStyleOptionViewItem *option, const QModelIndex &index) const override;
+    bool eventFilter(QObject *object, QEvent *event) override;
 
 private:
+    void SetImage(QStyleOptionViewItem &option, int imageIndex) const;
+
     TzuTree_ComBasic &m_tree;
 };
 

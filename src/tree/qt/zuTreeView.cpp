@@ -1,13 +1,12 @@
-// Properties, events and drawing of the tree component.
+// Properties and events of the tree component.
 #include "foundation/qt/zuConvert.h"
 #include "foundation/qt/zuImageList.h"
-#include "tree/qt/zuTree.h"
+#include "tree/qt/zuTreeComBasic.h"
 #include "tree/qt/zuTreeDelegate.h"
 #include "tree/qt/zuTreeModel.h"
 
 #include <QApplication>
 #include <QHelpEvent>
-#include <QMouseEvent>
 #include <QPainter>
 #include <QToolTip>
 
@@ -81,21 +80,15 @@ void TzuTree_ComBasic::SetHotTrack(bool track)
 {
     if (m_hotTrack != track) {
         m_hotTrack = track;
-        viewport()->setMouseTracking(true);
-        viewport()->setAttribute(Qt::WA_Hover);
         viewport()->update();
     }
-}
-
-bool TzuTree_ComBasic::MultiSelect() const
-{
-    return selectionMode() == ExtendedSelection;
 }
 
 void TzuTree_ComBasic::SetMultiSelect(bool multi)
 {
     if (MultiSelect() != multi) {
-        setSelectionMode(multi ? ExtendedSelection : SingleSelection);
+        setSelectionMode(multi ? ExtendedSelection : SingleSelection); // for assistive programs
+        TTreeUserCore::SetMultiSelect(multi);
     }
 }
 
@@ -187,6 +180,7 @@ bool TzuTree_ComBasic::viewportEvent(QEvent *event)
     if (event->isInputEvent()) {
         BringViewUpToDate();
     }
+    FollowPointer(*event);
     if (event->type() == QEvent::ToolTip) {
         const auto *help = static_cast<QHelpEvent *>(event);
         BringViewUpToDate();
@@ -217,6 +211,8 @@ void TzuTree_ComBasic::paintEvent(QPaintEvent *event)
 {
     BringViewUpToDate();
     QTreeView::paintEvent(event);
+    QPainter painter(viewport());
+    m_dragging->Draw(painter);
 }
 
 void TzuTree_ComBasic::resizeEvent(QResizeEvent *event)
@@ -235,134 +231,6 @@ void TzuTree_ComBasic::changeEvent(QEvent *event)
     if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange) {
         HandleScrollInfo();
     }
-}
-
-void TzuTree_ComBasic::mousePressEvent(QMouseEvent *event)
-{
-    if (event->button() == Qt::RightButton && !m_rightClickSelect) {
-        event->accept(); // the menu comes without a change of the selection
-        return;
-    }
-    QTreeView::mousePressEvent(event);
-}
-
-void TzuTree_ComBasic::RepaintRow(const TTreeNode_zuSub &node)
-{
-    const TTreeGeometry geometry = Geometry();
-    const int row = node.Row();
-    if (row >= geometry.TopRow && row - geometry.TopRow <= geometry.Height / geometry.RowHeight) {
-        viewport()->update(0, (row - geometry.TopRow) * geometry.RowHeight, geometry.Width,
-                           geometry.RowHeight);
-    }
-}
-
-// --- drawing -------------------------------------------------------------------------------------
-
-void TzuTree_ComBasic::initViewItemOption(QStyleOptionViewItem *option) const
-{
-    QTreeView::initViewItemOption(option);
-    option->showDecorationSelected = m_rowSelect;
-}
-
-void TzuTree_ComBasic::drawRow(QPainter *painter, const QStyleOptionViewItem &option,
-                               const QModelIndex &index) const
-{
-    if (!m_hideSelection || hasFocus()) {
-        QTreeView::drawRow(painter, option, index);
-        return;
-    }
-    QStyleOptionViewItem unselected = option;
-    unselected.palette.setBrush(QPalette::Highlight, Qt::transparent);
-    unselected.palette.setBrush(QPalette::HighlightedText, option.palette.text());
-    QTreeView::drawRow(painter, unselected, index);
-}
-
-void TzuTree_ComBasic::drawBranches(QPainter *painter, const QRect &rect,
-                                    const QModelIndex &index) const
-{
-    if (!m_rowSelect && selectionModel()->isSelected(index)) {
-        painter->fillRect(rect, palette().base()); // some styles select this part as well
-    }
-    if (m_showLines) {
-        DrawLines(*painter, rect, index);
-    }
-    if (m_showButtons) {
-        QTreeView::drawBranches(painter, rect, index);
-    }
-}
-
-/// Dotted lines from each node to its parent and to the next sibling, one column per level.
-void TzuTree_ComBasic::DrawLines(QPainter &painter, const QRect &rect,
-                                 const QModelIndex &index) const
-{
-    const auto hasNext = [](const TTreeNode_zuSub &node) {
-        return node.Index() + 1 < node.Parent()->ChildCount();
-    };
-    const TTreeNode_zuSub *node = m_model->NodeAt(index);
-    if (node == nullptr || indentation() <= 0) {
-        return;
-    }
-    QColor color = palette().color(QPalette::Text);
-    color.setAlphaF(0.4F);
-    painter.save();
-    painter.setRenderHint(QPainter::Antialiasing, false);
-    painter.setPen(QPen(color, 1, Qt::DotLine));
-    int x = rect.right() + 1 - indentation() / 2;
-    const int middle = rect.center().y();
-    painter.drawLine(x, middle, rect.right(), middle);
-    const bool isFirstRoot = node->Level() == 0 && node->Index() == 0;
-    painter.drawLine(x, isFirstRoot ? middle : rect.top(), x,
-                     hasNext(*node) ? rect.bottom() : middle);
-    for (node = node->Parent(); node->Parent() != nullptr; node = node->Parent()) {
-        x -= indentation();
-        if (hasNext(*node)) {
-            painter.drawLine(x, rect.top(), x, rect.bottom());
-        }
-    }
-    painter.restore();
-}
-
-// --- the component proper ------------------------------------------------------------------------
-
-TzuTree::~TzuTree()
-{
-    DestroyContent();
-}
-
-void TzuTree::_InsertItem(TzuDataEntity_Tree *entity)
-{
-    const TzuLifeWatch entityLives(*entity);
-    TzuTree_ComBasic::_InsertItem(entity);
-    if (entityLives) {
-        Q_EMIT entityInserted(entity);
-    }
-}
-
-void TzuTree::_DeleteItem(TzuDataEntity_Tree *entity)
-{
-    const TzuLifeWatch entityLives(*entity);
-    Q_EMIT entityDeleted(entity);
-    if (entityLives) {
-        TzuTree_ComBasic::_DeleteItem(entity);
-    }
-}
-
-void TzuTree::Expand(TzuDataEntity_Tree *entity)
-{
-    TzuTree_ComBasic::Expand(entity);
-    Q_EMIT entityExpanded();
-}
-
-void TzuTree::Collapse(TzuDataEntity_Tree *entity)
-{
-    TzuTree_ComBasic::Collapse(entity);
-    Q_EMIT entityCollapsed();
-}
-
-void TzuTree::DoCurrentChanged()
-{
-    TzuTree_ComBasic::DoCurrentChanged();
-    Q_EMIT currentEntityChanged();
 }
 
 } // namespace korvane

@@ -1,0 +1,283 @@
+// The behaviour of the tree component: a tree view whose nodes display a hierarchy of entities.
+#pragma once
+
+#include "foundation/zuCanvas.h"
+#include "tree/qt/zuTreeDrag.h"
+#include "tree/zuTreeUser.h"
+
+#include <QElapsedTimer>
+#include <QPointer>
+#include <QTreeView>
+
+#include <cstdint>
+#include <memory>
+#include <optional>
+
+class QMenu;
+
+namespace korvane {
+
+class TTreeNodeDelegate;
+class TTreeNodeModel;
+class TzuImageList;
+
+enum class TBorderStyle : std::uint8_t { bsNone, bsSingle };
+
+/// The vertical scroll range in rows: the first row shown is Position, Min <= Position <= Max, and
+/// Page rows are shown whole.
+struct TScrollInfo
+{
+    int Min = 0;
+    int Max = 0;
+    int Page = 0;
+    int Position = 0;
+
+    friend bool operator==(const TScrollInfo &, const TScrollInfo &) = default;
+};
+
+/// How one row is drawn. A handler may change the optional members, the style and the image.
+struct TTreeItemLook
+{
+    std::optional<TColor> TextColor;
+    std::optional<TColor> BackColor; ///< of the whole row, unless it is selected
+    TFontStyles Style;               ///< on top of the tree's font
+    int ImageIndex = -1;
+    bool Selected = false;
+    bool Focused = false;
+    bool Hot = false; ///< under the pointer
+};
+
+/// All behaviour of the tree. Rows have one height and scroll row by row. The view's model is the
+/// tree's own; its items are not to be changed through it.
+class TzuTree_ComBasic : public QTreeView,
+                         private ITreeHost,
+                         private ITreeNodeObserver,
+                         public TTreeUserCore
+{
+    Q_OBJECT
+
+public:
+    enum class TDragMode : std::uint8_t {
+        dmManual,   ///< the application calls BeginDrag
+        dmAutomatic ///< the user drags with the left button
+    };
+    Q_ENUM(TDragMode)
+    using TOnCustomDrawItem =
+        TMethod<void(TObject *theTree, TzuDataEntity_Tree *theDataEntity, TTreeItemLook &look)>;
+
+    explicit TzuTree_ComBasic(QWidget *parent = nullptr);
+    ~TzuTree_ComBasic() override;
+
+    /// System colours are looked up in the application's palette when they are set.
+    TColor Color() const { return m_color; }
+    void SetColor(TColor color);
+    /// Its colour is that of the captions.
+    TFont Font() const;
+    void SetFont(const TFont &font);
+    TBorderStyle BorderStyle() const;
+    void SetBorderStyle(TBorderStyle style);
+    QCursor Cursor() const { return viewport()->cursor(); }
+    void SetCursor(const QCursor &cursor) { viewport()->setCursor(cursor); }
+    /// Whether the selection is shown only while the tree has the focus.
+    bool HideSelection() const { return m_hideSelection; }
+    void SetHideSelection(bool hide);
+    /// Whether the caption under the pointer is underlined.
+    bool HotTrack() const { return m_hotTrack; }
+    void SetHotTrack(bool track);
+    /// Whether a caption that does not fit shows as a tooltip.
+    bool ToolTips() const { return m_toolTips; }
+    void SetToolTips(bool show) { m_toolTips = show; }
+    void SetMultiSelect(bool multi) override;
+    /// Whether the selection fills the whole row rather than the caption's part.
+    bool RowSelect() const { return m_rowSelect; }
+    void SetRowSelect(bool select);
+    bool ShowButtons() const { return m_showButtons; }
+    void SetShowButtons(bool show);
+    bool ShowLines() const { return m_showLines; }
+    void SetShowLines(bool show);
+    /// Whether the right button makes the node under it the current one.
+    bool RightClickSelect() const { return m_rightClickSelect; }
+    void SetRightClickSelect(bool select) { m_rightClickSelect = select; }
+    /// In pixels per level.
+    int Indent() const { return indentation(); }
+    void SetIndent(int indent) { setIndentation(indent); }
+    /// What the entities' image indexes refer to; observed. Nil shows no images.
+    const TzuImageList *Images() const { return m_images; }
+    void SetImages(const TzuImageList *images);
+
+    /// In pixels; by default what the font and the icons need.
+    int RowHeight() const;
+    /// 0 returns to the default.
+    void SetRowHeight(int height);
+    /// As of the last update of the display.
+    TScrollInfo ScrollInfo() const;
+    /// Scrolls by a number of rows.
+    virtual void Scroll(int delta);
+
+    // Dragging entities to other places, or out of the tree as text: their captions, one per line.
+    TDragMode DragMode() const { return m_dragMode; }
+    void SetDragMode(TDragMode mode) { m_dragMode = mode; }
+    /// Its picture shows while dragging; one without picture leaves the platform's own.
+    const QCursor &DragCursor() const { return m_dragCursor; }
+    void SetDragCursor(const QCursor &cursor) { m_dragCursor = cursor; }
+    /// Drags the topmost selected entities until they are dropped; for a handler of the mouse.
+    void BeginDrag();
+
+    /// Shown for the right button and the menu key; by default a TzuTreePopup. Observed; nil shows
+    /// none.
+    QMenu *PopupMenu();
+    void SetPopupMenu(QMenu *menu);
+    /// The entity for which the menu was opened, or else the current one.
+    TzuDataEntity_Tree *PopupEntity();
+
+    TTreeDragEvents Drag; ///< what the application hears of drags
+    TOnCustomDrawItem OnCustomDrawItem;
+
+    /// Brings nodes, layout and scroll range up to date at once, as a paint does.
+    void EnsureLayout();
+
+    void doItemsLayout() override;
+    void selectAll() override { SelectAll(); }
+    /// Makes the next row current whose caption begins with what was typed.
+    void keyboardSearch(const QString &typed) override;
+
+protected:
+    /// The rows moved against the client area, or the scroll range changed. May run within a layout
+    /// or a paint: only note it and ask for a repaint.
+    virtual void ScrollInfoChanged() {}
+    void AfterUpdateDisplay() override;
+    int CompareCaptions(std::string_view the1, std::string_view the2) const override;
+    /// Decides how a row is drawn; fires OnCustomDrawItem.
+    virtual void zuCustomDrawItem(TzuDataEntity_Tree &entity, TTreeItemLook &look);
+    void EntityLeaves(TzuDataEntity_Tree &entity, bool forGood) override;
+    /// Runs a drag that was begun.
+    virtual Qt::DropAction ExecDrag(QDrag &drag);
+
+    bool event(QEvent *event) override;
+    bool viewportEvent(QEvent *event) override;
+    void paintEvent(QPaintEvent *event) override;
+    void resizeEvent(QResizeEvent *event) override;
+    void changeEvent(QEvent *event) override;
+    void mousePressEvent(QMouseEvent *event) override;
+    void mouseMoveEvent(QMouseEvent *event) override;
+    void mouseReleaseEvent(QMouseEvent *event) override;
+    void keyPressEvent(QKeyEvent *event) override;
+    void contextMenuEvent(QContextMenuEvent *event) override;
+    void dragEnterEvent(QDragEnterEvent *event) override;
+    void dragMoveEvent(QDragMoveEvent *event) override;
+    void dragLeaveEvent(QDragLeaveEvent *event) override;
+    void dropEvent(QDropEvent *event) override;
+    /// Selecting is the tree's own business.
+    QItemSelectionModel::SelectionFlags selectionCommand(const QModelIndex &index,
+                                                         const QEvent *event) const override;
+    void closeEditor(QWidget *editor, QAbstractItemDelegate::EndEditHint hint) override;
+    bool edit(const QModelIndex &index, EditTrigger trigger, QEvent *event) override;
+    void currentChanged(const QModelIndex &current, const QModelIndex &previous) override;
+    void selectionChanged(const QItemSelection &selected,
+                          const QItemSelection &deselected) override;
+    void drawRow(QPainter *painter, const QStyleOptionViewItem &option,
+                 const QModelIndex &index) const override;
+    void drawBranches(QPainter *painter, const QRect &rect,
+                      const QModelIndex &index) const override;
+    void initViewItemOption(QStyleOptionViewItem *option) const override;
+
+private:
+    friend class TTreeDragging;
+    friend class TTreeNodeDelegate;
+
+    // ITreeHost
+    void InvalidateTree() override;
+    TTreeGeometry Geometry() const override;
+    void SetTopRow(int row) override;
+    void SelectNode(TTreeNode_zuSub *node) override;
+    void ShowCurrent(TTreeNode_zuSub &node) override;
+    void LoseCurrent() override;
+    void EditNode(TTreeNode_zuSub &node) override;
+
+    // ITreeNodeObserver
+    void BeginNodes(int changes) override;
+    void BeforeChange(const TNodeChangeInfo &change) override;
+    void AfterChange(const TNodeChangeInfo &change) override;
+    void EndNodes() override;
+    void NodeChanged(TTreeNode_zuSub &node, TNodeAspect aspect) override;
+    void AllExpansionsChanged() override;
+    void BeforeRelease() override;
+
+    // Not to be used from outside: the tree would not hear of it.
+    using QTreeView::collapseAll;
+    using QTreeView::expandAll;
+    using QTreeView::expandToDepth;
+    using QTreeView::setItemDelegate;
+    using QTreeView::setModel;
+
+    class TMirroring;
+
+    void DetachModel();
+    void AttachModel();
+    void BringViewUpToDate();
+    void ShowStates(const TTreeNode_zuSub &top);
+    void ShowInserted(const TTreeNode_zuSub &node);
+    void ShowExpansion(TTreeNode_zuSub &node);
+    void ShowSelection();
+    void MarkSelected(const QItemSelection &selection, bool selected);
+    void NodeToggled(const QModelIndex &index, bool expanded);
+    TTreeNode_zuSub *NodeAtPoint(const QPoint &point) const;
+    /// Of icon and caption in a row; behind the branches.
+    QRect ItemRect(const TTreeNode_zuSub &node, const QRect &row) const;
+    bool IsOnItem(const TTreeNode_zuSub &node, const QPoint &point) const;
+    bool ShowsFocus() const;
+    QRect RowRect(const TTreeNode_zuSub &node) const;
+    void FollowPointer(const QEvent &event);
+    void ScrollTowards(int y);
+    void MakeVisibleIfCurrent();
+    void RepaintRow(const TTreeNode_zuSub &node);
+    void ApplyTopRow();
+    void HandleScrollInfo();
+    void PostUpdate();
+    int PageRows() const;
+    int LastTopRow() const;
+    int DefaultRowHeight() const;
+    TTreeItemLook LookOf(const TTreeNode_zuSub &node, const QModelIndex &index) const;
+    void DrawLines(QPainter &painter, const QRect &rect, const QModelIndex &index) const;
+    bool ShowElidedCaption(const QPoint &at, const QPoint &globalAt);
+
+    TTreeNodeModel *m_model;
+    TTreeNodeDelegate *m_delegate;
+    std::unique_ptr<TTreeDragging> m_dragging;
+    QPointer<QMenu> m_popupMenu;
+    TzuDataEntity_Tree *m_popupEntity = nullptr;
+    QCursor m_dragCursor;
+    QString m_search;         ///< typed so far
+    QElapsedTimer m_searched; ///< since the last letter
+    QPoint m_pressPoint;
+    QPoint m_pointer{-1, -1}; ///< where the mouse hovers
+    const TzuImageList *m_images = nullptr;
+    TColor m_color = clWindow;
+    TColor m_fontColor = clWindowText;
+    TScrollInfo m_scrollInfo;
+    int m_rowHeight = 0;             ///< set by hand; 0 when by default
+    mutable int m_autoRowHeight = 0; ///< 0 until measured
+    int m_wantedTopRow = -1;         ///< to be applied once the layout is made
+    int m_changesSinceLayout = 0;
+    int m_selectionsSinceLayout = 0;
+    int m_mirroring = 0;      ///< the view is being made to follow the tree
+    unsigned m_structure = 0; ///< counts the changes to the nodes
+    TDragMode m_dragMode = TDragMode::dmManual;
+    bool m_ownPopup = true;       ///< PopupMenu was not set
+    bool m_pressing = false;      ///< the view handles a press
+    bool m_pressedItem = false;   ///< and the button is still down
+    bool m_pressedAgain = false;  ///< on the only selected entity
+    bool m_layouting = false;
+    bool m_updatePosted = false;
+    bool m_released = false;
+    bool m_selectionOutOfDate = false;
+    bool m_hideSelection = false;
+    bool m_hotTrack = false;
+    bool m_toolTips = true;
+    bool m_rowSelect = false;
+    bool m_showButtons = true;
+    bool m_showLines = false;
+    bool m_rightClickSelect = false;
+};
+
+} // namespace korvane

@@ -1,0 +1,35 @@
+// Tells which entities outlived the handlers that were called meanwhile.
+#pragma once
+
+#include "tree/zuTreeUser.h"
+
+#include <unordered_set>
+#include <utility>
+
+namespace korvane {
+
+/// Watches entities of one tree, for locals. Unlike TzuLifeWatch it holds any number of them.
+class TTreeUserCore::TGuard
+{
+public:
+    TGuard(TTreeUserCore &tree, const TTreeEntities &entities)
+        : m_tree(tree)
+        , m_outer(std::exchange(tree.m_guard, this))
+        , m_living(entities.begin(), entities.end())
+    {
+    }
+    TGuard(const TGuard &) = delete;
+    TGuard &operator=(const TGuard &) = delete;
+    ~TGuard() { m_tree.m_guard = m_outer; }
+
+    bool Lives(TzuDataEntity_Tree *entity) const { return m_living.contains(entity); }
+    void Forget(TzuDataEntity_Tree &entity) { m_living.erase(&entity); }
+    TGuard *Outer() const { return m_outer; }
+
+private:
+    TTreeUserCore &m_tree;
+    TGuard *m_outer;
+    std::unordered_set<TzuDataEntity_Tree *> m_living;
+};
+
+} // namespace korvane

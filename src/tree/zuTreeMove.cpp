@@ -1,0 +1,241 @@
+// Moving entities to other parents and places.
+#include "foundation/zuLifeWatch.h"
+#include "tree/zuTreeGuard.h"
+#include "tree/zuTreeUser.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace korvane {
+
+namespace {
+
+TzuDataList_Tree *ListOf(const TzuDataEntity_Tree &entity)
+{
+    return dynamic_cast<TzuDataList_Tree *>(entity.GetDataList());
+}
+
+int IndexOf(const TzuDataEntity_Tree &entity)
+{
+    const TzuDataList *list = entity.GetDataList();
+    return list != nullptr ? list->UnloadedBefore() + list->IndexOf(&entity) : 0;
+}
+
+/// Whether more than that many levels are below the entity.
+bool IsDeeper(const TzuDataEntity_Tree &entity, int levels)
+{
+    std::vector<const TzuDataEntity_Tree *> level{&entity};
+    for (int left = levels; !level.empty(); --left) {
+        if (left < 0) {
+            return true;
+        }
+        std::vector<const TzuDataEntity_Tree *> below;
+        for (const TzuDataEntity_Tree *at : level) {
+            const TzuDataList_Tree *children = at->LoadedChildren();
+            for (int i = 0; children != nullptr && i < children->LoadedCount(); ++i) {
+                below.push_back(static_cast<const TzuDataEntity_Tree *>(children->GetLoaded(i)));
+            }
+        }
+        level = std::move(below);
+    }
+    return false;
+}
+
+} // namespace
+
+// --- where to ------------------------------------------------------------------------------------
+
+TTreeDrop TTreeUserCore::DropAt(int x, int y)
+{
+    EnsureDisplayUpToDate();
+    const TTreeGeometry view = Host().Geometry();
+    if (x < 0 || x >= view.Width || y < 0 || y >= view.Height) {
+        return {};
+    }
+    const int height = std::max(view.RowHeight, 1);
+    const TTreeNode_zuSub *node = RootNode().NodeAtRow(view.TopRow + y / height);
+    if (node == nullptr) {
+        return {};
+    }
+    if (node->Data() == nullptr) {
+        return {GetDataEntityFromNode(node->Parent()), TTreeDropPlace::On};
+    }
+    const int within = y % height;
+    const int edge = std::max(height / 4, 1);
+    return {node->Data(), within < edge             ? TTreeDropPlace::Above
+                          : within >= height - edge ? TTreeDropPlace::Below
+                                                    : TTreeDropPlace::On};
+}
+
+TTreeMove TTreeUserCore::MoveTo(const TTreeDrop &drop, TTreeEntities entities)
+{
+    TzuDataEntity_Tree *target = drop.Target;
+    if (target == nullptr) {
+        return {std::move(entities), nullptr, DataList()->Count()};
+    }
+    if (drop.Place == TTreeDropPlace::On) {
+        const int count = target->HasChildren() ? target->ChildList()->Count() : 0;
+        return {std::move(entities), target, count};
+    }
+    const bool below = drop.Place == TTreeDropPlace::Below;
+    if (below && target->Node() != nullptr && target->Node()->Expanded() && target->HasChildren()) {
+        return {std::move(entities), target, 0}; // between it and its first child
+    }
+    return {std::move(entities), target->ParentNode(), IndexOf(*target) + (below ? 1 : 0)};
+}
+
+bool TTreeUserCore::CanMove(const TTreeMove &move) const
+{
+    const auto isMoved = [&move](const TzuDataEntity_Tree *entity) {
+        return std::find(move.Entities.begin(), move.Entities.end(), entity) != move.Entities.end();
+    };
+    if (move.Entities.empty() || isMoved(nullptr)) {
+        return false;
+    }
+    for (const auto *above = move.NewParent; above != nullptr; above = above->ParentNode()) {
+        if (isMoved(above)) {
+            return false;
+        }
+    }
+    return FitsLevels(move);
+}
+
+bool TTreeUserCore::FitsLevels(const TTreeMove &move) const
+{
+    if (m_maxLevels == 0) {
+        return true;
+    }
+    const int level = move.NewParent != nullptr ? move.NewParent->GetLevel() + 1 : 0;
+    return std::none_of(move.Entities.begin(), move.Entities.end(), [&](const auto *entity) {
+        // What lies too deep already may still be moved within its level or up.
+        return level > entity->GetLevel() && IsDeeper(*entity, m_maxLevels - 1 - level);
+    });
+}
+
+// --- moving --------------------------------------------------------------------------------------
+
+void TTreeUserCore::MoveEntities(const TTreeMove &move)
+{
+    TzuDataList_Tree *list =
+        move.NewParent != nullptr ? move.NewParent->ChildList() : DataList();
+    if (list == nullptr) {
+        return;
+    }
+    // A handler may change the move that it was called with.
+    const TTreeEntities entities = move.Entities;
+    TTreeEntities guarded = entities;
+    const std::unordered_set<const TzuDataEntity_Tree *> moved(entities.begin(), entities.end());
+    TzuDataEntity_Tree *before = nullptr;
+    for (int i = std::max(move.Index, 0); before == nullptr && i < list->Count(); ++i) {
+        TzuDataEntity_Tree *entity = list->Entity(i);
+        before = moved.contains(entity) ? nullptr : entity;
+    }
+    guarded.push_back(before);
+    const TGuard guard(*this, guarded);
+    const TzuLifeWatch listLives(*list);
+    TzuDataEntity_Tree *current = GetDataEntityFromNode(SelectedNode());
+    for (TzuDataEntity_Tree *entity : entities) {
+        if (!listLives || (before != nullptr && !guard.Lives(before))) {
+            break;
+        }
+        if (guard.Lives(entity)) {
+            Place(*entity, *list, before);
+        }
+    }
+    EnsureDisplayUpToDate();
+    if (SelectedNode() == nullptr && current != nullptr && guard.Lives(current)
+        && current->Node() != nullptr) {
+        MakeCurrent(*current->Node());
+        MakeVisible(*current);
+    }
+}
+
+/// Brings an entity before another one of the list, or to the list's end.
+void TTreeUserCore::Place(TzuDataEntity_Tree &entity, TzuDataList_Tree &list,
+                          const TzuDataEntity_Tree *before)
+{
+    if (entity.GetDataList() != &list) {
+        entity.ChangeOwner(&list, before != nullptr ? list.IndexOf(before) : list.LoadedCount());
+        return;
+    }
+    const int from = IndexOf(entity);
+    const int to = before != nullptr ? IndexOf(*before) : list.Count();
+    const int place = to > from ? to - 1 : to;
+    if (place != from) {
+        entity.Move(place);
+    }
+}
+
+bool TTreeUserCore::MoveByUser(const TTreeMove &move)
+{
+    if (!CanMove(move)) {
+        return false;
+    }
+    bool allow = true;
+    bool handled = false;
+    TTreeEntities guarded = move.Entities;
+    guarded.push_back(move.NewParent);
+    const TGuard guard(*this, guarded);
+    OnBeforeMove(this, move, allow, handled);
+    if (!allow) {
+        return false;
+    }
+    const bool alive = std::all_of(guarded.begin(), guarded.end(), [&guard](auto *entity) {
+        return entity == nullptr || guard.Lives(entity);
+    });
+    if (!handled && alive) {
+        MoveEntities(move);
+    }
+    if (alive) {
+        OnMoved(this, move);
+    }
+    return true;
+}
+
+// --- by steps ------------------------------------------------------------------------------------
+
+bool TTreeUserCore::MoveSelected(TStep step)
+{
+    TTreeEntities entities = TopmostSelected();
+    for (std::size_t i = 1; i < entities.size(); ++i) {
+        if (entities[i]->GetDataList() != entities[0]->GetDataList()
+            || IndexOf(*entities[i]) != IndexOf(*entities[i - 1]) + 1) {
+            return false;
+        }
+    }
+    return !entities.empty() && MoveByUser(StepMove(step, std::move(entities)));
+}
+
+/// A move without entities when there is nowhere to go.
+TTreeMove TTreeUserCore::StepMove(TStep step, TTreeEntities entities)
+{
+    TzuDataList_Tree *list = ListOf(*entities.front());
+    TzuDataEntity_Tree *parent = entities.front()->ParentNode();
+    const int first = IndexOf(*entities.front());
+    const int last = IndexOf(*entities.back());
+    switch (step) {
+    case TStep::Indent:
+        if (first > 0) {
+            return MoveTo({list->Entity(first - 1), TTreeDropPlace::On}, std::move(entities));
+        }
+        break;
+    case TStep::Outdent:
+        if (parent != nullptr) {
+            return {std::move(entities), parent->ParentNode(), IndexOf(*parent) + 1};
+        }
+        break;
+    case TStep::Up:
+        if (first > 0) {
+            return {std::move(entities), parent, first - 1};
+        }
+        break;
+    case TStep::Down:
+        if (last + 1 < list->Count()) {
+            return {std::move(entities), parent, last + 2};
+        }
+        break;
+    }
+    return {};
+}
+
+} // namespace korvane
