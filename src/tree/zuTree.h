@@ -178,8 +178,6 @@ protected:
     void NodeSelectedByUser(TTreeNode_zuSub *node);
     /// Takes over the view's selection mark of one node.
     void NodeMarkedByUser(TTreeNode_zuSub &node, bool selected);
-    /// Throws as TzuDataEntity_Tree::SetText.
-    void NodeEditedByUser(TTreeNode_zuSub &node, std::string_view text);
 
     ITreeHost &Host() const { return m_host; }
     TzuDataList_Tree &ListAt(int index) const;

@@ -68,15 +68,6 @@ void TTreeCore::NodeMarkedByUser(TTreeNode_zuSub &node, bool selected)
     m_markingFromView = outer;
 }
 
-void TTreeCore::NodeEditedByUser(TTreeNode_zuSub &node, std::string_view text)
-{
-    TzuDataEntity_Tree *entity = node.Data();
-    if (entity != nullptr && entity->GetText() != text) {
-        entity->SetText(text);
-        OnValueChanged(this, entity);
-    }
-}
-
 TzuDataEntity_Tree *TTreeCore::GetTopItem()
 {
     EnsureDisplayUpToDate();

@@ -70,12 +70,12 @@ void TTreeUserCore::SortList(TzuDataList_Tree &list, TSortDirection direction)
 {
     const int sign = direction == TSortDirection::Descending ? -1 : 1;
     list.SetSortDirection(direction);
-    const TComparing comparing(Controller(), [this, sign](TzuDataEntity *the1,
-                                                          TzuDataEntity *the2) {
-        const int result = _SortCompare(dynamic_cast<TzuDataEntity_Tree *>(the1),
-                                        dynamic_cast<TzuDataEntity_Tree *>(the2));
-        return result == 0 ? 0 : (result < 0 ? -sign : sign);
-    });
+    const TComparing comparing(
+        Controller(), [this, sign](TzuDataEntity *the1, TzuDataEntity *the2) {
+            const int result = _SortCompare(dynamic_cast<TzuDataEntity_Tree *>(the1),
+                                            dynamic_cast<TzuDataEntity_Tree *>(the2));
+            return result == 0 ? 0 : (result < 0 ? -sign : sign);
+        });
     list.Sort();
 }
 

@@ -116,8 +116,7 @@ bool TTreeUserCore::FitsLevels(const TTreeMove &move) const
 
 void TTreeUserCore::MoveEntities(const TTreeMove &move)
 {
-    TzuDataList_Tree *list =
-        move.NewParent != nullptr ? move.NewParent->ChildList() : DataList();
+    TzuDataList_Tree *list = move.NewParent != nullptr ? move.NewParent->ChildList() : DataList();
     if (list == nullptr) {
         return;
     }
@@ -166,30 +165,36 @@ void TTreeUserCore::Place(TzuDataEntity_Tree &entity, TzuDataList_Tree &list,
     }
 }
 
-bool TTreeUserCore::MoveByUser(const TTreeMove &move)
+bool TTreeUserCore::MoveByUser(TTreeMove move)
 {
     if (!CanMove(move)) {
         return false;
     }
-    bool allow = true;
-    bool handled = false;
     TTreeEntities guarded = move.Entities;
     guarded.push_back(move.NewParent);
     const TGuard guard(*this, guarded);
-    OnBeforeMove(this, move, allow, handled);
-    if (!allow) {
-        return false;
+    const auto alive = [&guard, &guarded] {
+        return std::all_of(guarded.begin(), guarded.end(), [&guard](auto *entity) {
+            return entity == nullptr || guard.Lives(entity);
+        });
+    };
+    if (move.NewParent != nullptr && move.NewParent->DummyNode() != nullptr && OnLoadChildren) {
+        move.NewParent->SetExpanded(true); // its other children come first
+        if (!alive()) {
+            return false;
+        }
+        move.Index = move.NewParent->HasChildren() ? move.NewParent->ChildList()->Count() : 0;
     }
-    const bool alive = std::all_of(guarded.begin(), guarded.end(), [&guard](auto *entity) {
-        return entity == nullptr || guard.Lives(entity);
-    });
-    if (!handled && alive) {
+    bool allow = true;
+    bool handled = false;
+    OnBeforeMove(this, move, allow, handled);
+    if (allow && !handled && alive()) {
         MoveEntities(move);
     }
-    if (alive) {
+    if (allow && alive()) {
         OnMoved(this, move);
     }
-    return true;
+    return allow;
 }
 
 // --- by steps ------------------------------------------------------------------------------------

@@ -322,7 +322,9 @@ void TTreeUserCore::MakeCurrent(TTreeNode_zuSub &node)
 
 void TTreeUserCore::HandleAutoExpand(TzuDataEntity_Tree &entity)
 {
-    entity.SetExpanded(true);
+    if (entity.Node() != nullptr && entity.Node()->ChildCount() > 0) {
+        entity.SetExpanded(true);
+    }
 }
 
 } // namespace korvane

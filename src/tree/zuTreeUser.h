@@ -59,7 +59,8 @@ struct TTreeSort
 
 /// The rules of a tree that a user works with. Whatever the user starts is asked of the application
 /// first: `allow` is true on entry and ends it when false. A handler may do the work itself, for
-/// example as a step that can be undone, and set `handled`.
+/// example as a step that can be undone, and set `handled`. Handlers may change the content, but
+/// not destroy the tree.
 class TTreeUserCore : public TTreeCore
 {
 public:
@@ -88,9 +89,9 @@ public:
     /// Whether captions cannot be edited.
     bool ReadOnly() const { return m_readOnly; }
     void SetReadOnly(bool readOnly) { m_readOnly = readOnly; }
-    /// How many levels there may be after what the user does: a move by drag or by MoveSelected that
-    /// would put an entity, or one below it, on a deeper level is refused. The application's own
-    /// changes are not limited. 0: no limit.
+    /// How many levels there may be after what the user does: a move by drag or by MoveSelected
+    /// that would put an entity, or one below it, on a deeper level is refused. The application's
+    /// own changes are not limited. 0: no limit.
     int MaxLevels() const { return m_maxLevels; }
     void SetMaxLevels(int levels) { m_maxLevels = levels > 0 ? levels : 0; }
     /// Whether the user may sort, and delete entities.
@@ -105,9 +106,9 @@ public:
     TTreeEntities SelectedEntities();
     /// The selected entities without those below another selected one.
     TTreeEntities TopmostSelected();
-    /// Selects a node as a click or a step with these keys held does: alone; with Ctrl the other way
-    /// round than it was; with Shift all rows from the last one selected without Shift to this one,
-    /// alone or with Ctrl beside the others. Alone unless MultiSelect.
+    /// Selects a node as a click or a step with these keys held does: alone; with Ctrl the other
+    /// way round than it was; with Shift all rows from the last one selected without Shift to this
+    /// one, alone or with Ctrl beside the others. Alone unless MultiSelect.
     void UpdateMultiSelect(TTreeNode_zuSub &node, TShiftState shift);
     /// All entities with a row; without MultiSelect nothing happens.
     void SelectAll();
@@ -139,7 +140,8 @@ public:
     bool CanMove(const TTreeMove &move) const;
     /// Moves without asking. Selection, expansion and the current entity stay.
     void MoveEntities(const TTreeMove &move);
-    bool MoveByUser(const TTreeMove &move);
+    /// As the user wants it: asked by OnBeforeMove. A new parent's children are loaded first.
+    bool MoveByUser(TTreeMove move);
     /// Moves the topmost selected entities, which must be neighbours: below the one before them,
     /// behind their parent, or by one among their siblings.
     bool MoveSelected(TStep step);
@@ -190,7 +192,8 @@ private:
     void ExpandLoaded(TzuDataEntity_Tree &entity);
     bool FitsLevels(const TTreeMove &move) const;
     TTreeMove StepMove(TStep step, TTreeEntities entities);
-    void Place(TzuDataEntity_Tree &entity, TzuDataList_Tree &list, const TzuDataEntity_Tree *before);
+    void Place(TzuDataEntity_Tree &entity, TzuDataList_Tree &list,
+               const TzuDataEntity_Tree *before);
 
     std::unordered_set<TzuDataEntity_Tree *> m_selected;
     TzuDataEntity_Tree *m_anchor = nullptr;   ///< where ranges begin

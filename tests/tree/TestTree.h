@@ -20,7 +20,6 @@ public:
     ~TestTree() override { DestroyContent(); }
 
     using TTreeCore::DoUpdateTopItem;
-    using TTreeCore::NodeEditedByUser;
     using TTreeCore::NodeExpandedByUser;
     using TTreeCore::NodeMarkedByUser;
     using TTreeCore::NodeSelectedByUser;

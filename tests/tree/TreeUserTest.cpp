@@ -117,11 +117,9 @@ TEST_F(TreeUserTest, ClicksSelectAloneTheOtherWayRoundAndByRanges)
         TShiftState Shift;
         const char *Rows;
     } kClicks[]{
-        {"b", {}, "a[b*]cdef"},         {"d", kShift, "ab*c*[d*]ef"},
-        {"f", kShift, "ab*c*d*e*[f*]"}, {"a", kShift, "[a*]b*cdef"},
-        {"c", kCtrl, "a*b*[c*]def"},    {"e", kBoth, "a*b*c*d*[e*]f"},
-        {"d", kCtrl, "a*b*c*[d]e*f"},   {"f", kShift, "abcd*e*[f*]"},
-        {"e", {}, "abcd[e*]f"},
+        {"b", {}, "a[b*]cdef"},       {"d", kShift, "ab*c*[d*]ef"}, {"f", kShift, "ab*c*d*e*[f*]"},
+        {"a", kShift, "[a*]b*cdef"},  {"c", kCtrl, "a*b*[c*]def"},  {"e", kBoth, "a*b*c*d*[e*]f"},
+        {"d", kCtrl, "a*b*c*[d]e*f"}, {"f", kShift, "abcd*e*[f*]"}, {"e", {}, "abcd[e*]f"},
     };
     for (const auto &click : kClicks) {
         Click(click.Text, click.Shift);
@@ -176,20 +174,20 @@ TEST_F(TreeUserTest, KeysMoveSelectExpandAndCollapse)
         TShiftState Shift;
         const char *Rows;
     } kKeys[]{
-        {K::Down, {}, "[a*]bcdef"},         {K::Down, {}, "a[b*]cdef"},
-        {K::Down, kShift, "ab*[c*]def"},    {K::Down, kShift, "ab*c*[d*]ef"},
-        {K::Up, kShift, "ab*[c*]def"},      {K::Down, kCtrl, "ab*c*[d]ef"},
-        {K::Select, kCtrl, "ab*c*[d*]ef"},  {K::End, {}, "abcde[f*]"},
-        {K::Down, {}, "abcde[f*]"},         {K::Home, kShift, "[a*]b*c*d*e*f*"},
-        {K::Home, {}, "[a*]bcdef"},         {K::Up, {}, "[a*]bcdef"},
-        {K::PageDown, {}, "ab[c*]def"},     {K::PageDown, {}, "abcd[e*]f"},
-        {K::PageUp, {}, "ab[c*]def"},       {K::Left, {}, "ab[c*]ef"},
-        {K::Right, {}, "ab[c*]def"},        {K::Right, {}, "abc[d*]ef"},
-        {K::Right, {}, "abc[d*]ef"},        {K::Left, {}, "ab[c*]def"},
-        {K::Collapse, {}, "ab[c*]ef"},      {K::Left, {}, "[a*]bcef"},
-        {K::Left, {}, "[a*]ef"},            {K::Left, {}, "[a*]ef"},
-        {K::Expand, {}, "[a*]bcef"},        {K::Collapse, {}, "[a*]ef"},
-        {K::ExpandAll, {}, "[a*]bcdef"},    {K::SelectAll, {}, "[a*]b*c*d*e*f*"},
+        {K::Down, {}, "[a*]bcdef"},        {K::Down, {}, "a[b*]cdef"},
+        {K::Down, kShift, "ab*[c*]def"},   {K::Down, kShift, "ab*c*[d*]ef"},
+        {K::Up, kShift, "ab*[c*]def"},     {K::Down, kCtrl, "ab*c*[d]ef"},
+        {K::Select, kCtrl, "ab*c*[d*]ef"}, {K::End, {}, "abcde[f*]"},
+        {K::Down, {}, "abcde[f*]"},        {K::Home, kShift, "[a*]b*c*d*e*f*"},
+        {K::Home, {}, "[a*]bcdef"},        {K::Up, {}, "[a*]bcdef"},
+        {K::PageDown, {}, "ab[c*]def"},    {K::PageDown, {}, "abcd[e*]f"},
+        {K::PageUp, {}, "ab[c*]def"},      {K::Left, {}, "ab[c*]ef"},
+        {K::Right, {}, "ab[c*]def"},       {K::Right, {}, "abc[d*]ef"},
+        {K::Right, {}, "abc[d*]ef"},       {K::Left, {}, "ab[c*]def"},
+        {K::Collapse, {}, "ab[c*]ef"},     {K::Left, {}, "[a*]bcef"},
+        {K::Left, {}, "[a*]ef"},           {K::Left, {}, "[a*]ef"},
+        {K::Expand, {}, "[a*]bcef"},       {K::Collapse, {}, "[a*]ef"},
+        {K::ExpandAll, {}, "[a*]bcdef"},   {K::SelectAll, {}, "[a*]b*c*d*e*f*"},
     };
     int step = 0;
     for (const auto &key : kKeys) {
@@ -298,11 +296,15 @@ TEST_F(TreeUserTest, ChildrenAreAskedForWhenANodeFirstExpands)
     one->SetChildrenLoaded(false);
     Tree.EnsureDisplayUpToDate();
     EXPECT_NE(one->DummyNode(), nullptr);
+    what = One;
+    EXPECT_TRUE(Tree.MoveByUser(
+        Tree.MoveTo({one, TTreeDropPlace::On}, {Tree.Find("l")}))); // behind what is loaded
+    EXPECT_EQ(Tree.Content(), "n o(o1 l(l1))");
     log.clear();
     Tree.FullCollapse();
     Tree.FullExpand(); // loads nothing
     EXPECT_EQ(log, "");
-    EXPECT_EQ(Tree.Rows(), "noll1");
+    EXPECT_EQ(Tree.Rows(), "noo1ll1");
 }
 
 TEST_F(TreeUserTest, LevelsAreShownExactly)
@@ -411,18 +413,17 @@ TEST_F(TreeUserTest, DropsGoAboveBelowAndOntoRows)
         const char *Moved;
         const char *Content; ///< nullptr: refused
     } kDrops[]{
-        {2, "f", "f a(b c(d)) e"},    {10, "f", "a(b c(d) f) e"}, {18, "f", "a(f b c(d)) e"},
-        {22, "f", "a(f b c(d)) e"},   {38, "f", "a(b f c(d)) e"}, {58, "f", "a(b c(f d)) e"},
-        {78, "f", "a(b c(d f)) e"},   {98, "b", "a(c(d)) e b f"}, {50, "a", nullptr},
-        {10, "a", nullptr},           {70, "c", nullptr},         {22, "c", "a(c(d) b) e f"},
-        {130, "a", "e f a(b c(d))"},  {42, "c", "a(b c(d)) e f"}, {250, "b", "a(c(d)) e f b"},
+        {2, "f", "f a(b c(d)) e"},   {10, "f", "a(b c(d) f) e"}, {18, "f", "a(f b c(d)) e"},
+        {22, "f", "a(f b c(d)) e"},  {38, "f", "a(b f c(d)) e"}, {58, "f", "a(b c(f d)) e"},
+        {78, "f", "a(b c(d f)) e"},  {98, "b", "a(c(d)) e b f"}, {50, "a", nullptr},
+        {10, "a", nullptr},          {70, "c", nullptr},         {22, "c", "a(c(d) b) e f"},
+        {130, "a", "e f a(b c(d))"}, {42, "c", "a(b c(d)) e f"}, {250, "b", "a(c(d)) e f b"},
     };
     for (const auto &drop : kDrops) {
         Tree.Clear();
         Fill();
         Host.View.Height = 300;
-        const TTreeMove move =
-            Tree.MoveTo(Tree.DropAt(10, drop.Y), {Tree.Find(drop.Moved)});
+        const TTreeMove move = Tree.MoveTo(Tree.DropAt(10, drop.Y), {Tree.Find(drop.Moved)});
         EXPECT_EQ(Tree.MoveByUser(move), drop.Content != nullptr) << drop.Y;
         EXPECT_EQ(Tree.Content(), drop.Content != nullptr ? drop.Content : "a(b c(d)) e f")
             << drop.Y;
@@ -477,12 +478,18 @@ TEST_F(TreeUserTest, StepsAndMaxLevels)
         int MaxLevels;
         const char *Content; ///< nullptr: refused
     } kSteps[]{
-        {"e", S::Up, 0, "e a(b c(d)) f"},      {"e", S::Down, 0, "a(b c(d)) f e"},
-        {"f", S::Down, 0, nullptr},            {"a", S::Up, 0, nullptr},
-        {"a", S::Indent, 0, nullptr},          {"c", S::Indent, 0, "a(b(c(d))) e f"},
-        {"c", S::Indent, 3, nullptr},          {"c", S::Indent, 4, "a(b(c(d))) e f"},
-        {"c", S::Outdent, 1, "a(b) c(d) e f"}, {"e", S::Indent, 1, nullptr},
-        {"e", S::Outdent, 0, nullptr},         {"e", S::Indent, 2, "a(b c(d) e) f"},
+        {"e", S::Up, 0, "e a(b c(d)) f"},
+        {"e", S::Down, 0, "a(b c(d)) f e"},
+        {"f", S::Down, 0, nullptr},
+        {"a", S::Up, 0, nullptr},
+        {"a", S::Indent, 0, nullptr},
+        {"c", S::Indent, 0, "a(b(c(d))) e f"},
+        {"c", S::Indent, 3, nullptr},
+        {"c", S::Indent, 4, "a(b(c(d))) e f"},
+        {"c", S::Outdent, 1, "a(b) c(d) e f"},
+        {"e", S::Indent, 1, nullptr},
+        {"e", S::Outdent, 0, nullptr},
+        {"e", S::Indent, 2, "a(b c(d) e) f"},
     };
     for (const auto &step : kSteps) {
         Tree.Clear();

@@ -1,5 +1,5 @@
-// The tree: images and fonts of nodes, several selected nodes without lines, and children that are
-// made when a node is expanded.
+// The tree: images, fonts and lines, with captions to edit and entries to drag, sort and delete;
+// several selected nodes without lines; children that are made when a node is expanded.
 #include "Pages.h"
 #include "foundation/qt/zuImageList.h"
 #include "tree/qt/zuTree.h"
@@ -70,6 +70,15 @@ void FillWithImages(TTreeWithImages &tree)
     }
     tree.FullExpand();
     tree.SetCurrentDataEntity(current);
+    // F2 or a second click edits, the right button opens the menu, the left one drags.
+    tree.SetShowLines(true);
+    tree.SetHotTrack(true);
+    tree.SetDragMode(TzuTree::TDragMode::dmAutomatic);
+    tree.SetMaxLevels(3);
+    tree.SetAllowDelete(true);
+    tree.OnBeforeEdit = [](TObject * /*theTree*/, TzuDataEntity_Tree *node, bool &allow) {
+        allow = node->GetLevel() > 0; // the sites keep their names
+    };
 }
 
 void FillForSelection(TzuTree &tree)
@@ -91,22 +100,17 @@ void FillForSelection(TzuTree &tree)
 void FillOnDemand(TzuTree &tree)
 {
     tree.SetLoadOnDemand(true);
-    tree.OnExpanded = [&tree](TObject * /*theTree*/, TzuDataEntity_Tree *node) {
-        if (node == nullptr || node->HasChildren()) {
-            return;
-        }
-        for (int i = 1; i <= 3; ++i) {
+    tree.OnLoadChildren = [&tree](TObject * /*theTree*/, TzuDataEntity_Tree *node,
+                                  bool & /*loaded*/) {
+        for (int i = 1; i <= 3 && node->GetLevel() < 3; ++i) {
             AddNode(tree, node, node->GetText() + '.' + std::to_string(i));
         }
     };
     for (const char *text : {"1", "2", "3"}) {
         AddNode(tree, nullptr, text);
     }
-    // Only what has a node tells of its expansion.
-    tree.EnsureDisplayUpToDate();
     TzuDataEntity_Tree *first = tree.DataList()->Entity(0);
     first->SetExpanded(true);
-    tree.EnsureDisplayUpToDate();
     first->ChildList()->Entity(1)->SetExpanded(true);
 }
 

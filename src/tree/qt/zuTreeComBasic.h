@@ -52,7 +52,8 @@ struct TTreeItemLook
 class TzuTree_ComBasic : public QTreeView,
                          private ITreeHost,
                          private ITreeNodeObserver,
-                         public TTreeUserCore
+                         public TTreeUserCore,
+                         public TTreeDragEvents
 {
     Q_OBJECT
 
@@ -130,7 +131,6 @@ public:
     /// The entity for which the menu was opened, or else the current one.
     TzuDataEntity_Tree *PopupEntity();
 
-    TTreeDragEvents Drag; ///< what the application hears of drags
     TOnCustomDrawItem OnCustomDrawItem;
 
     /// Brings nodes, layout and scroll range up to date at once, as a paint does.
@@ -225,6 +225,7 @@ private:
     /// Of icon and caption in a row; behind the branches.
     QRect ItemRect(const TTreeNode_zuSub &node, const QRect &row) const;
     bool IsOnItem(const TTreeNode_zuSub &node, const QPoint &point) const;
+    bool IsOnCaption(const TTreeNode_zuSub &node, const QPoint &point) const;
     bool ShowsFocus() const;
     QRect RowRect(const TTreeNode_zuSub &node) const;
     void FollowPointer(const QEvent &event);
@@ -263,10 +264,10 @@ private:
     int m_mirroring = 0;      ///< the view is being made to follow the tree
     unsigned m_structure = 0; ///< counts the changes to the nodes
     TDragMode m_dragMode = TDragMode::dmManual;
-    bool m_ownPopup = true;       ///< PopupMenu was not set
-    bool m_pressing = false;      ///< the view handles a press
-    bool m_pressedItem = false;   ///< and the button is still down
-    bool m_pressedAgain = false;  ///< on the only selected entity
+    bool m_ownPopup = true;      ///< PopupMenu was not set
+    bool m_pressing = false;     ///< the view handles a press
+    bool m_pressedItem = false;  ///< and the button is still down
+    bool m_pressedAgain = false; ///< on the only selected entity
     bool m_layouting = false;
     bool m_updatePosted = false;
     bool m_released = false;

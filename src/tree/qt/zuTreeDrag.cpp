@@ -29,10 +29,10 @@ constexpr int kPictureCaptions = 1;
 /// A label with the caption, or the number of captions, that are dragged.
 QPixmap Picture(const QWidget &tree, const QStringList &captions)
 {
-    const QString text = captions.size() > kPictureCaptions
-                             ? TzuTree_ComBasic::tr("%n entries", nullptr,
-                                                    static_cast<int>(captions.size()))
-                             : captions.join(' ');
+    const QString text =
+        captions.size() > kPictureCaptions
+            ? TzuTree_ComBasic::tr("%n entries", nullptr, static_cast<int>(captions.size()))
+            : captions.join(' ');
     const QFontMetrics metrics(tree.font());
     const int width = std::min(metrics.horizontalAdvance(text), 240);
     const QSize size(width + 16, metrics.height() + 8);
@@ -81,7 +81,7 @@ void TTreeDragging::Begin(TTreeEntities entities)
     m_entities = std::move(entities);
     TTreeDrag start{m_entities, data, &m_tree, {}, true, false};
     const QPointer<TTreeDragging> lives(this);
-    m_tree.Drag.OnStartDrag(&m_tree, start);
+    m_tree.OnStartDrag(&m_tree, start);
     if (!lives) {
         return;
     }
@@ -101,7 +101,7 @@ void TTreeDragging::Begin(TTreeEntities entities)
         Leave();
         TTreeDrag end{std::exchange(m_entities, {}), nullptr, &m_tree, {}, false, false};
         end.Accept = action != Qt::IgnoreAction;
-        m_tree.Drag.OnEndDrag(&m_tree, end);
+        m_tree.OnEndDrag(&m_tree, end);
     }
 }
 
@@ -133,7 +133,7 @@ void TTreeDragging::Enter(QDropEvent &event)
 {
     m_over = true;
     Over(event);
-    if (m_tree.Drag.OnDragOver || !m_entities.empty()) {
+    if (m_tree.OnDragOver || !m_entities.empty()) {
         event.accept(); // moves are wanted, wherever it may be dropped
     }
 }
@@ -143,7 +143,7 @@ void TTreeDragging::Over(QDropEvent &event)
     m_point = event.position().toPoint();
     TTreeDrag drag = DragOf(event);
     const TTreeDrop drop = drag.Drop;
-    m_tree.Drag.OnDragOver(&m_tree, drag);
+    m_tree.OnDragOver(&m_tree, drag);
     if (drag.Accept) {
         event.setDropAction(m_entities.empty() ? event.proposedAction() : Qt::MoveAction);
         event.accept();
@@ -185,7 +185,7 @@ void TTreeDragging::Leave()
 void TTreeDragging::Drop(QDropEvent &event)
 {
     TTreeDrag drag = DragOf(event);
-    m_tree.Drag.OnDragOver(&m_tree, drag);
+    m_tree.OnDragOver(&m_tree, drag);
     Leave();
     if (!drag.Accept) {
         event.ignore();
@@ -194,7 +194,7 @@ void TTreeDragging::Drop(QDropEvent &event)
     event.setDropAction(m_entities.empty() ? event.proposedAction() : Qt::MoveAction);
     event.accept();
     const QPointer<TTreeDragging> lives(this);
-    m_tree.Drag.OnDragDrop(&m_tree, drag);
+    m_tree.OnDragDrop(&m_tree, drag);
     if (lives && !drag.Handled && !m_entities.empty()) {
         // Asked anew: a handler may have changed the tree.
         const QPoint point = event.position().toPoint();
@@ -225,7 +225,8 @@ void TTreeDragging::timerEvent(QTimerEvent *event)
 {
     if (event->timerId() == m_expandTimer.timerId()) {
         m_expandTimer.stop();
-        if (m_drop.Target != nullptr) {
+        if (m_drop.Target != nullptr && m_drop.Target->Node() != nullptr
+            && m_drop.Target->Node()->ChildCount() > 0) {
             m_tree.viewport()->update(MarkRect());
             m_drop.Target->SetExpanded(true);
         }

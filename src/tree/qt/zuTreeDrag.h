@@ -35,8 +35,8 @@ using TOnTreeDrag = TMethod<void(TObject *theTree, TTreeDrag &drag)>;
 struct TTreeDragEvents
 {
     TOnTreeDrag OnStartDrag; ///< Accept = false: no drag begins. May add formats to Data
-    /// Accept: whether a drop here is taken; on entry whether the entities can be moved there. Drags
-    /// from elsewhere are taken only when a handler accepts them.
+    /// Accept: whether a drop here is taken; on entry whether the entities can be moved there.
+    /// Drags from elsewhere are taken only when a handler accepts them.
     TOnTreeDrag OnDragOver;
     TOnTreeDrag OnDragDrop; ///< Handled = true: nothing is moved
     TOnTreeDrag OnEndDrag;  ///< Accept: whether it was dropped somewhere

@@ -43,6 +43,17 @@ QRect TzuTree_ComBasic::ItemRect(const TTreeNode_zuSub &node, const QRect &row) 
     return isRightToLeft() ? QStyle::visualRect(layoutDirection(), row, item) : item;
 }
 
+/// The room behind the caption does not count.
+bool TzuTree_ComBasic::IsOnCaption(const TTreeNode_zuSub &node, const QPoint &point) const
+{
+    QStyleOptionViewItem option;
+    initViewItemOption(&option);
+    const int width = m_delegate->CaptionWidth(option, m_model->IndexOf(&node));
+    const QRect item = ItemRect(node, RowRect(node));
+    return isRightToLeft() ? point.x() > item.right() - width && point.x() <= item.right()
+                           : point.x() >= item.left() && point.x() < item.left() + width;
+}
+
 /// Without RowSelect the room behind the caption belongs to it.
 bool TzuTree_ComBasic::IsOnItem(const TTreeNode_zuSub &node, const QPoint &point) const
 {
@@ -150,11 +161,10 @@ void TzuTree_ComBasic::drawRow(QPainter *painter, const QStyleOptionViewItem &op
         style()->drawPrimitive(QStyle::PE_PanelItemViewRow, &item, painter, this);
     }
     const QRect itemRect = ItemRect(*node, row);
-    const QRect branches = isRightToLeft()
-                               ? QRect(itemRect.right() + 1, row.top(),
-                                       row.right() - itemRect.right(), row.height())
-                               : QRect(row.left(), row.top(), itemRect.left() - row.left(),
-                                       row.height());
+    const QRect branches =
+        isRightToLeft()
+            ? QRect(itemRect.right() + 1, row.top(), row.right() - itemRect.right(), row.height())
+            : QRect(row.left(), row.top(), itemRect.left() - row.left(), row.height());
     if (branches.width() > 0) {
         drawBranches(painter, branches, index);
     }

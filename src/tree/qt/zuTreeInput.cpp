@@ -207,9 +207,8 @@ void TzuTree_ComBasic::mouseReleaseEvent(QMouseEvent *event)
 
 void TzuTree_ComBasic::keyPressEvent(QKeyEvent *event)
 {
-    const bool searching =
-        !m_search.isEmpty() && m_searched.isValid()
-        && !m_searched.hasExpired(QApplication::keyboardInputInterval());
+    const bool searching = !m_search.isEmpty() && m_searched.isValid()
+                           && !m_searched.hasExpired(QApplication::keyboardInputInterval());
     if (searching && event->key() == Qt::Key_Space && event->modifiers() == Qt::NoModifier) {
         keyboardSearch(event->text());
         return;
@@ -296,7 +295,10 @@ bool TzuTree_ComBasic::edit(const QModelIndex &index, EditTrigger trigger, QEven
     }
     if (trigger == SelectedClicked) {
         // The view waits whether it becomes a double click, and then edits the current node.
-        return std::exchange(m_pressedAgain, false) && QTreeView::edit(index, trigger, event);
+        const auto *click = static_cast<const QMouseEvent *>(event);
+        return std::exchange(m_pressedAgain, false) && click != nullptr
+               && IsOnCaption(*node, click->position().toPoint())
+               && QTreeView::edit(index, trigger, event);
     }
     const unsigned structure = m_structure;
     return CanEdit(*node->Data()) && structure == m_structure
