@@ -295,8 +295,6 @@ void TTreeCore::SetNodeExpanded(TTreeNode_zuSub &node, bool expanded)
     }
 }
 
-/// Asks for the children of a node that has just been expanded when a placeholder stands for them.
-/// Returns false when the node is expanded no longer, or its entity gone.
 bool TTreeCore::LoadChildren(TTreeNode_zuSub &node)
 {
     TzuDataEntity_Tree *entity = node.Data();

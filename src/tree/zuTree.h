@@ -173,6 +173,10 @@ protected:
     virtual void AfterUpdateDisplay() {}
     void DoUpdateTopItem();
 
+    /// Asks for the children of a node when a placeholder stands for them. Returns false when none
+    /// came, or the entity went; the node is collapsed then.
+    bool LoadChildren(TTreeNode_zuSub &node);
+
     // What the user did in the view.
     void NodeExpandedByUser(TTreeNode_zuSub &node, bool expanded);
     void NodeSelectedByUser(TTreeNode_zuSub *node);
@@ -215,7 +219,6 @@ private:
     void SelectNothingIfDoomed();
     void SetEntityExpanded(TzuDataEntity_Tree &entity, bool expanded);
     void SetNodeExpanded(TTreeNode_zuSub &node, bool expanded);
-    bool LoadChildren(TTreeNode_zuSub &node);
     static void ExpandAncestors(const TzuDataEntity_Tree &entity);
     template <typename Wanted>
     void SetExpansions(const Wanted &wanted);

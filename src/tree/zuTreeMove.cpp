@@ -179,7 +179,7 @@ bool TTreeUserCore::MoveByUser(TTreeMove move)
         });
     };
     if (move.NewParent != nullptr && move.NewParent->DummyNode() != nullptr && OnLoadChildren) {
-        move.NewParent->SetExpanded(true); // its other children come first
+        LoadChildren(*move.NewParent->Node()); // its other children come first
         if (!alive()) {
             return false;
         }

@@ -77,7 +77,7 @@ void TTreeNodeDelegate::Draw(QPainter &painter, const QStyleOptionViewItem &opti
         item.font.setStrikeOut(item.font.strikeOut() || look.Style.StrikeOut);
         item.fontMetrics = QFontMetrics(item.font);
     }
-    if (look.TextColor && !look.Selected) {
+    if (look.TextColor && !look.Selected && m_tree.isEnabled()) {
         item.palette.setColor(QPalette::Text, ToQt(*look.TextColor, item.palette));
     }
     m_tree.style()->drawControl(QStyle::CE_ItemViewItem, &item, &painter, &m_tree);

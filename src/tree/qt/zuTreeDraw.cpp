@@ -133,6 +133,29 @@ void TzuTree_ComBasic::zuCustomDrawItem(TzuDataEntity_Tree &entity, TTreeItemLoo
     OnCustomDrawItem(this, &entity, look);
 }
 
+namespace {
+
+/// Where a palette knows no other colour for a selection without focus, it becomes pale.
+void MuteSelection(QPalette &palette)
+{
+    const QColor active = palette.color(QPalette::Active, QPalette::Highlight);
+    palette.setCurrentColorGroup(QPalette::Inactive);
+    if (palette.color(QPalette::Highlight) != active) {
+        return;
+    }
+    constexpr float kTextShare = 0.16F;
+    const QColor base = palette.color(QPalette::Base);
+    const QColor text = palette.color(QPalette::Text);
+    const auto mixed = [](float of, float with) { return of + (with - of) * kTextShare; };
+    palette.setColor(QPalette::Inactive, QPalette::Highlight,
+                     QColor::fromRgbF(mixed(base.redF(), text.redF()),
+                                      mixed(base.greenF(), text.greenF()),
+                                      mixed(base.blueF(), text.blueF())));
+    palette.setColor(QPalette::Inactive, QPalette::HighlightedText, text);
+}
+
+} // namespace
+
 void TzuTree_ComBasic::drawRow(QPainter *painter, const QStyleOptionViewItem &option,
                                const QModelIndex &index) const
 {
@@ -149,9 +172,9 @@ void TzuTree_ComBasic::drawRow(QPainter *painter, const QStyleOptionViewItem &op
     item.state.setFlag(QStyle::State_Selected, look.Selected);
     item.state.setFlag(QStyle::State_MouseOver, look.Hot && m_hotTrack);
     item.state.setFlag(QStyle::State_HasFocus, false);
-    if (!ShowsFocus()) {
-        item.state.setFlag(QStyle::State_Active, false);
-        item.palette.setCurrentColorGroup(isEnabled() ? QPalette::Inactive : QPalette::Disabled);
+    item.state.setFlag(QStyle::State_Active, ShowsFocus() && isActiveWindow());
+    if (isEnabled() && !item.state.testFlag(QStyle::State_Active)) {
+        MuteSelection(item.palette);
     }
     const QRect row = option.rect;
     if (look.BackColor) {
