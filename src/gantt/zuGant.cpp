@@ -116,7 +116,11 @@ TzuDataEntity_Spanbar *TGantCore::AddSpanbarToGantRow(TGantRow *row, int layer)
     if (row == nullptr || layer < 0) {
         return nullptr;
     }
-    TzuDataEntity_Spanbar &item = TimeDataEntity(*row->Layers().GetDataList(layer)->Add());
+    TzuDataEntity *added = row->Layers().GetDataList(layer)->Add();
+    if (added == nullptr) { // a handler has removed it
+        return nullptr;
+    }
+    TzuDataEntity_Spanbar &item = TimeDataEntity(*added);
     item.SetColor(clWhite);
     item.SetStyle(TSpanbarStyle::sbsSquare);
     item.SetCanEdit(true);

@@ -68,7 +68,7 @@ public:
     TzuDataList &GetLinks() { return *m_links; }
 
     /// Appends a white, square, editable item to a layer (0-based), which is created when missing.
-    /// Null when the row is.
+    /// Null when the row is, or when a handler has removed the item.
     TzuDataEntity_Spanbar *AddSpanbarToGantRow(TGantRow *row, int layer);
     /// The same on the row of a tree node; null when the node has none.
     TzuDataEntity_Spanbar *AddSpanbar(TzuDataEntity_Tree *node, int layer);

@@ -76,10 +76,7 @@ void TGantGestures::GantAreaMouseDown(TMouseButton button, const TShiftState &sh
     const bool onItem = m_itemUnderMouse != nullptr;
     UpdateMultiSelect(m_itemUnderMouse, shift, TSelectStep::Press);
 
-    OnClickGantArea(Component(), m_itemUnderMouse);
-    if (!life.expired() && button == TMouseButton::mbRight) {
-        OnRightClickGantArea(Component(), m_itemUnderMouse);
-    }
+    DoClickGantArea(button);
     if (life.expired()) {
         return;
     }
@@ -89,6 +86,15 @@ void TGantGestures::GantAreaMouseDown(TMouseButton button, const TShiftState &sh
     }
     m_stickyMode = TGantStickyMode::smNone;
     OnGantAreaMouseDown(Component(), button, shift, x, y);
+}
+
+void TGantGestures::DoClickGantArea(TMouseButton button)
+{
+    const std::weak_ptr life = m_life;
+    OnClickGantArea(Component(), m_itemUnderMouse);
+    if (!life.expired() && button == TMouseButton::mbRight) {
+        OnRightClickGantArea(Component(), m_itemUnderMouse);
+    }
 }
 
 void TGantGestures::BeginGesture(const TShiftState &shift, TPoint at)
@@ -225,7 +231,7 @@ void TGantGestures::CancelGesture()
 
 void TGantGestures::OnGADblClick()
 {
-    OnDblClickGantArea(Component(), GetDataEntityFromXY(m_mouse.X, m_mouse.Y));
+    DoDblClickGantArea(GetDataEntityFromXY(m_mouse.X, m_mouse.Y));
 }
 
 void TGantGestures::GantAreaMouseLeave()

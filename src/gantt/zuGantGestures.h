@@ -112,6 +112,12 @@ protected:
     template <typename Body>
     void AsUserChange(TGantUserChange kind, const Body &body);
 
+    // Fire the events of clicks, on ItemUnderMouse and on an item, which may be null.
+    virtual void DoClickGantArea(TMouseButton button);
+    virtual void DoDblClickGantArea(TzuDataEntity_Spanbar *item)
+    {
+        OnDblClickGantArea(Component(), item);
+    }
     /// Draws the outline of one item.
     virtual void DrawOutline(const TRect &rect, TCanvas &canvas);
 

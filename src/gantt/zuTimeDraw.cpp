@@ -1,5 +1,7 @@
 #include "gantt/zuTimeDraw.h"
 
+#include "foundation/zuGraphStuffDraw.h"
+
 #include <array>
 #include <vector>
 
@@ -44,23 +46,12 @@ TRect TzuTimeDraw::W95Safe(const TRect &rect, const TCanvas &canvas)
             pull(rect.Right, clip.Left, clip.Right), pull(rect.Bottom, clip.Top, clip.Bottom)};
 }
 
-TColor TzuTimeDraw::TintColor(TColor color, int percent)
-{
-    const int target = percent < 0 ? 0 : 255;
-    const int share = std::min(std::abs(percent), 100);
-    const auto mix = [target, share](unsigned component) {
-        return static_cast<unsigned>((static_cast<int>(component) * (100 - share) + target * share)
-                                     / 100);
-    };
-    return Rgb(mix(RedOf(color)), mix(GreenOf(color)), mix(BlueOf(color)));
-}
-
 void TzuTimeDraw::DrawTime(TColor color, const TRect &rect, TCanvas &canvas)
 {
     const TRect safe = W95Safe(rect, canvas);
     const TColor fill = canvas.ResolveColor(color);
     canvas.FillRect(safe, fill);
-    Frame(canvas, safe, TintColor(fill, kEdgeTint));
+    Frame(canvas, safe, GStuff::TintColor(fill, kEdgeTint));
 }
 
 void TzuTimeDraw::DrawTimeHollow(TColor color, const TRect &rect, TCanvas &canvas)
@@ -73,13 +64,13 @@ void TzuTimeDraw::CoolOutline(TColor color, const TRect &rect, TCanvas &canvas)
     const TRect safe = W95Safe(rect, canvas);
     const TColor fill = canvas.ResolveColor(color);
     canvas.FillRect(safe, fill);
-    Frame(canvas, safe, TintColor(fill, kEdgeTint));
+    Frame(canvas, safe, GStuff::TintColor(fill, kEdgeTint));
     const TRect inner = Shrunk(safe, 1);
     if (inner.Width() < 2 || inner.Height() < 2) {
         return;
     }
-    const TColor light = TintColor(fill, 45);
-    const TColor dark = TintColor(fill, -18);
+    const TColor light = GStuff::TintColor(fill, 45);
+    const TColor dark = GStuff::TintColor(fill, -18);
     canvas.FillRect({inner.Left, inner.Top, inner.Right, inner.Top + 1}, light);
     canvas.FillRect({inner.Left, inner.Top, inner.Left + 1, inner.Bottom}, light);
     canvas.FillRect({inner.Left + 1, inner.Bottom - 1, inner.Right, inner.Bottom}, dark);
@@ -90,18 +81,19 @@ void TzuTimeDraw::DrawPipe(TColor color, const TRect &rect, TCanvas &canvas)
 {
     const TRect safe = W95Safe(rect, canvas);
     const TColor fill = canvas.ResolveColor(color);
-    const TColor edge = TintColor(fill, -40);
-    const TColor shine = TintColor(fill, 55);
+    const TColor edge = GStuff::TintColor(fill, -40);
+    const TColor shine = GStuff::TintColor(fill, 55);
     const int cap = std::min(safe.Height() / 2, safe.Width() / 2);
     const int shineY = safe.Top + safe.Height() * 2 / 5;
     const TRect body{safe.Left + cap / 2, safe.Top, safe.Right - cap / 2, safe.Bottom};
     const TSmoothScope smooth(canvas);
     canvas.SetPen({edge, 1, TPenStyle::psSolid});
-    canvas.SetBrushColor(TintColor(fill, -25));
+    canvas.SetBrushColor(GStuff::TintColor(fill, -25));
     canvas.Ellipse({safe.Left, safe.Top, safe.Left + cap, safe.Bottom});
-    canvas.FillGradient({body.Left, body.Top, body.Right, shineY}, TintColor(fill, -20), shine);
+    canvas.FillGradient({body.Left, body.Top, body.Right, shineY}, GStuff::TintColor(fill, -20),
+                        shine);
     canvas.FillGradient({body.Left, shineY, body.Right, body.Bottom}, shine, edge);
-    canvas.SetBrushColor(TintColor(fill, 25));
+    canvas.SetBrushColor(GStuff::TintColor(fill, 25));
     canvas.Ellipse({safe.Right - cap, safe.Top, safe.Right, safe.Bottom});
 }
 
@@ -155,7 +147,7 @@ void TzuTimeDraw::RombOutline(TColor color, const TRect &rect, TCanvas &canvas)
     const std::array points{TPoint{safe.Left, middleY}, TPoint{middleX, safe.Top},
                             TPoint{safe.Right, middleY}, TPoint{middleX, safe.Bottom}};
     const TSmoothScope smooth(canvas);
-    canvas.SetPen({TintColor(fill, kEdgeTint), 1, TPenStyle::psSolid});
+    canvas.SetPen({GStuff::TintColor(fill, kEdgeTint), 1, TPenStyle::psSolid});
     canvas.SetBrushColor(fill);
     canvas.Polygon(points);
 }
@@ -169,18 +161,7 @@ void TzuTimeDraw::DrawImage(const TImageList *images, int index, const TRect &re
 
 void TzuTimeDraw::DoSelectContent(const TRect &rect, TCanvas &canvas)
 {
-    constexpr int kGrip = 4;
-    const TRect safe = W95Safe(rect, canvas);
-    canvas.SetBrushColor(clHighlight);
-    canvas.FrameRect(safe);
-    canvas.FrameRect(Shrunk(safe, 1));
-    if (safe.Width() < 3 * kGrip || safe.Height() < 2 * kGrip) {
-        return;
-    }
-    for (const int left : {safe.Left, safe.Right - kGrip}) {
-        canvas.FillRect({left, safe.Top, left + kGrip, safe.Top + kGrip});
-        canvas.FillRect({left, safe.Bottom - kGrip, left + kGrip, safe.Bottom});
-    }
+    GStuff::DoSelectContent(W95Safe(rect, canvas), canvas);
 }
 
 } // namespace korvane

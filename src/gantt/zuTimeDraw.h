@@ -31,16 +31,13 @@ public:
     static void RombOutline(TColor color, const TRect &rect, TCanvas &canvas);
     /// Image centred in the rectangle; nothing without an image list.
     static void DrawImage(const TImageList *images, int index, const TRect &rect, TCanvas &canvas);
-    /// Mark of a selected item: a frame around it in the highlight colour with grips at its
-    /// corners.
+    /// GStuff::DoSelectContent.
     static void DoSelectContent(const TRect &rect, TCanvas &canvas);
 
     /// The rectangle with its ends pulled in to just outside the clip rectangle, so that
     /// coordinates stay in the range that every drawing backend handles. What is visible stays the
     /// same.
     static TRect W95Safe(const TRect &rect, const TCanvas &canvas);
-    /// Mixes a colour with black (percent < 0) or white (percent > 0); 100 % is black or white.
-    static TColor TintColor(TColor color, int percent);
 };
 
 } // namespace korvane

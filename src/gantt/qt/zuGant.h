@@ -4,39 +4,210 @@
 #include "gantt/qt/zuGantComBasic.h"
 
 #include <QColor>
+#include <QDateTime>
+#include <QMenu>
+#include <QPointer>
+
+#include <array>
 
 namespace korvane {
 
-/// The Gantt chart control with its designer properties and signals.
+/// The Gantt chart control with its designer properties and signals. Properties named after a part
+/// (...Tree, ...Scaler) are those of the part.
 class TzuGant : public TzuGant_ComBasic
 {
     Q_OBJECT
-    Q_PROPERTY(int ScalerHeight READ GetScalerHeight WRITE SetScalerHeight)
-    Q_PROPERTY(int TreeWidth READ TreeWidth WRITE SetTreeWidth)
-    Q_PROPERTY(double Start READ Start WRITE SetStart)
-    Q_PROPERTY(double Stop READ Stop WRITE SetStop)
-    Q_PROPERTY(double Scale READ Scale WRITE SetScale STORED false)
-    Q_PROPERTY(double ZoomFactor READ Get_ZoomFactor WRITE Set_ZoomFactor)
+    Q_PROPERTY(QColor ColorTree READ ColorTree WRITE SetColorTree)
+    Q_PROPERTY(QFont FontTree READ FontTree WRITE SetFontTree)
+    Q_PROPERTY(QCursor CursorTree READ CursorTree WRITE SetCursorTree)
+    Q_PROPERTY(BorderKind BorderStyleTree READ BorderStyleTree WRITE SetBorderStyleTree)
+    Q_PROPERTY(bool HideSelectionTree READ HideSelectionTree WRITE SetHideSelectionTree)
+    Q_PROPERTY(bool HotTrackTree READ HotTrackTree WRITE SetHotTrackTree)
+    Q_PROPERTY(bool ToolTipsTree READ ToolTipsTree WRITE SetToolTipsTree)
+    Q_PROPERTY(bool MultiSelectTree READ MultiSelectTree WRITE SetMultiSelectTree)
+    Q_PROPERTY(bool AutoExpandTree READ AutoExpandTree WRITE SetAutoExpandTree)
+    Q_PROPERTY(bool RowSelectTree READ RowSelectTree WRITE SetRowSelectTree)
+    Q_PROPERTY(bool ShowButtonsTree READ ShowButtonsTree WRITE SetShowButtonsTree)
+    Q_PROPERTY(bool ShowLinesTree READ ShowLinesTree WRITE SetShowLinesTree)
+    Q_PROPERTY(bool RightClickSelectTree READ RightClickSelectTree WRITE SetRightClickSelectTree)
+    Q_PROPERTY(int IndentTree READ IndentTree WRITE SetIndentTree)
+    Q_PROPERTY(int AutoExpandLevelsTree READ AutoExpandLevelsTree WRITE SetAutoExpandLevelsTree)
     Q_PROPERTY(QString DateFormat READ DateFormat WRITE SetDateFormat)
     Q_PROPERTY(QString TimeFormat READ TimeFormat WRITE SetTimeFormat)
-    Q_PROPERTY(int FirstDayOfWeekScaler READ FirstDayOfWeekScaler WRITE SetFirstDayOfWeekScaler)
+    Q_PROPERTY(bool IndicatorOn READ IndicatorOn WRITE SetIndicatorOn)
+    Q_PROPERTY(int PixelsForModeSwitch READ PixelsForModeSwitch WRITE SetPixelsForModeSwitch)
+    Q_PROPERTY(double Scale READ Scale WRITE SetScale STORED false)
+    Q_PROPERTY(double ZoomFactor READ Get_ZoomFactor WRITE Set_ZoomFactor)
+    Q_PROPERTY(QDateTime Start READ StartDateTime WRITE SetStartDateTime)
+    Q_PROPERTY(QDateTime Stop READ StopDateTime WRITE SetStopDateTime)
+    Q_PROPERTY(QColor ColorScaler READ ColorScaler WRITE SetColorScaler)
     Q_PROPERTY(QFont FontScaler READ FontScaler WRITE SetFontScaler)
+    Q_PROPERTY(QCursor CursorScaler READ CursorScaler WRITE SetCursorScaler)
+    Q_PROPERTY(int FirstDayOfWeekScaler READ FirstDayOfWeekScaler WRITE SetFirstDayOfWeekScaler)
+    Q_PROPERTY(bool RescaleWithCtrl READ RescaleWithCtrl WRITE SetRescaleWithCtrl)
     Q_PROPERTY(QColor GantBackColor READ BackColor WRITE SetBackColor)
     Q_PROPERTY(QColor GantPyjamasColor READ PyjamasColor WRITE SetPyjamasColor)
-    Q_PROPERTY(bool VerticalPyjamas READ VerticalPyjamas WRITE SetVerticalPyjamas)
-    Q_PROPERTY(bool DrawShortLines READ DrawShortLines WRITE SetDrawShortLines)
     Q_PROPERTY(QColor DefaultLinkColor READ LinkColor WRITE SetLinkColor)
+    Q_PROPERTY(LinkForm DefaultLinkStyle READ LinkKind WRITE SetLinkKind)
+    Q_PROPERTY(LinkFilter LinkShow READ LinksShown WRITE SetLinksShown)
+    Q_PROPERTY(QCursor CursorGantArea READ CursorGantArea WRITE SetCursorGantArea)
+    Q_PROPERTY(bool DrawShortLines READ DrawShortLines WRITE SetDrawShortLines)
+    Q_PROPERTY(bool VerticalPyjamas READ VerticalPyjamas WRITE SetVerticalPyjamas)
+    Q_PROPERTY(bool MoveInTimeWhenMoveRow READ MoveInTimeWhenMoveRow WRITE SetMoveInTimeWhenMoveRow)
+    Q_PROPERTY(bool MoveOver12Then24 READ MoveOver12Then24 WRITE SetMoveOver12Then24)
+    Q_PROPERTY(bool StartDragWhenTimeMoveOutside READ StartDragWhenTimeMoveOutside WRITE
+                   SetStartDragWhenTimeMoveOutside)
+    Q_PROPERTY(QFont FontTimeItemStyle1 READ ItemFont1 WRITE SetItemFont1)
+    Q_PROPERTY(QFont FontTimeItemStyle2 READ ItemFont2 WRITE SetItemFont2)
+    Q_PROPERTY(QFont FontTimeItemStyle3 READ ItemFont3 WRITE SetItemFont3)
+    Q_PROPERTY(int ScalerHeight READ GetScalerHeight WRITE SetScalerHeight)
+    Q_PROPERTY(int TreeWidth READ TreeWidth WRITE SetTreeWidth)
+    Q_PROPERTY(bool UseTabSheets READ GetTabSheetsONOFF WRITE SetTabSheetsONOFF)
+    Q_PROPERTY(QMenu *PopupMenu READ PopupMenu WRITE SetPopupMenu)
+    Q_PROPERTY(QMenu *PopupMenuGantArea READ PopupMenuGantArea WRITE SetPopupMenuGantArea)
+    Q_PROPERTY(QMenu *PopupMenuTreeview READ PopupMenuTreeview WRITE SetPopupMenuTreeview)
+    Q_PROPERTY(QMenu *PopupMenuScaler READ PopupMenuScaler WRITE SetPopupMenuScaler)
 
 public:
+    // The enumerations as the designer knows them.
+    enum BorderKind { bsNone, bsSingle };
+    Q_ENUM(BorderKind)
+    enum LinkForm { tlsDefault, tlsMSProject, tlsUserDraw };
+    Q_ENUM(LinkForm)
+    enum LinkFilter { lsOneEndVisible, lsBothEndsVisible, lsAlways };
+    Q_ENUM(LinkFilter)
+
     explicit TzuGant(QWidget *parent = nullptr,
                      TConstruction construction = TConstruction::Complete);
 
+    // The row tree.
+    QColor ColorTree() const;
+    void SetColorTree(const QColor &value);
+    QFont FontTree() const;
+    void SetFontTree(const QFont &value);
+    QCursor CursorTree() const { return Tree().Cursor(); }
+    void SetCursorTree(const QCursor &value) { Tree().SetCursor(value); }
+    BorderKind BorderStyleTree() const { return static_cast<BorderKind>(Tree().BorderStyle()); }
+    void SetBorderStyleTree(BorderKind kind)
+    {
+        Tree().SetBorderStyle(static_cast<TBorderStyle>(kind));
+    }
+    bool HideSelectionTree() const { return Tree().HideSelection(); }
+    void SetHideSelectionTree(bool value) { Tree().SetHideSelection(value); }
+    bool HotTrackTree() const { return Tree().HotTrack(); }
+    void SetHotTrackTree(bool value) { Tree().SetHotTrack(value); }
+    bool ToolTipsTree() const { return Tree().ToolTips(); }
+    void SetToolTipsTree(bool value) { Tree().SetToolTips(value); }
+    bool MultiSelectTree() const { return Tree().MultiSelect(); }
+    void SetMultiSelectTree(bool value) { Tree().SetMultiSelect(value); }
+    bool AutoExpandTree() const { return Tree().AutoExpand(); }
+    void SetAutoExpandTree(bool value) { Tree().SetAutoExpand(value); }
+    bool RowSelectTree() const { return Tree().RowSelect(); }
+    void SetRowSelectTree(bool value) { Tree().SetRowSelect(value); }
+    bool ShowButtonsTree() const { return Tree().ShowButtons(); }
+    void SetShowButtonsTree(bool value) { Tree().SetShowButtons(value); }
+    bool ShowLinesTree() const { return Tree().ShowLines(); }
+    void SetShowLinesTree(bool value) { Tree().SetShowLines(value); }
+    bool RightClickSelectTree() const { return Tree().RightClickSelect(); }
+    void SetRightClickSelectTree(bool value) { Tree().SetRightClickSelect(value); }
+    int IndentTree() const { return Tree().Indent(); }
+    void SetIndentTree(int value) { Tree().SetIndent(value); }
+    int AutoExpandLevelsTree() const { return Tree().AutoExpandLevels(); }
+    void SetAutoExpandLevelsTree(int value) { Tree().SetAutoExpandLevels(value); }
+
+    // The time axis.
+    bool IndicatorOn() const { return DateScaler().IndicatorOn(); }
+    void SetIndicatorOn(bool value) { DateScaler().SetIndicatorOn(value); }
+    int PixelsForModeSwitch() const { return DateScaler().PixelsForModeSwitch(); }
+    void SetPixelsForModeSwitch(int value) { DateScaler().SetPixelsForModeSwitch(value); }
+    QDateTime StartDateTime() const;
+    void SetStartDateTime(const QDateTime &start);
+    QDateTime StopDateTime() const;
+    void SetStopDateTime(const QDateTime &stop);
+    QColor ColorScaler() const { return DateScaler().ColorAsQColor(); }
+    void SetColorScaler(const QColor &value) { DateScaler().SetColor(value); }
+    QCursor CursorScaler() const { return DateScaler().cursor(); }
+    void SetCursorScaler(const QCursor &value) { DateScaler().setCursor(value); }
+    bool RescaleWithCtrl() const { return DateScaler().RescaleWithCtrl(); }
+    void SetRescaleWithCtrl(bool value) { DateScaler().SetRescaleWithCtrl(value); }
+
+    // The area.
     QColor BackColor() const;
     void SetBackColor(const QColor &color);
     QColor PyjamasColor() const;
     void SetPyjamasColor(const QColor &color);
     QColor LinkColor() const;
     void SetLinkColor(const QColor &color);
+    LinkForm LinkKind() const { return static_cast<LinkForm>(DefaultLinkStyle()); }
+    void SetLinkKind(LinkForm kind) { SetDefaultLinkStyle(static_cast<TLinkStyle>(kind)); }
+    LinkFilter LinksShown() const { return static_cast<LinkFilter>(LinkShow()); }
+    void SetLinksShown(LinkFilter shown) { SetLinkShow(static_cast<TLinkShow>(shown)); }
+    QFont ItemFont1() const { return ItemFont(1); }
+    void SetItemFont1(const QFont &font) { SetItemFont(1, font); }
+    QFont ItemFont2() const { return ItemFont(2); }
+    void SetItemFont2(const QFont &font) { SetItemFont(2, font); }
+    QFont ItemFont3() const { return ItemFont(3); }
+    void SetItemFont3(const QFont &font) { SetItemFont(3, font); }
+
+    // Context menus of the whole chart and of its parts; observed.
+    QMenu *PopupMenu() const { return m_menus.at(WholeChart); }
+    void SetPopupMenu(QMenu *menu) { SetMenu(WholeChart, menu); }
+    QMenu *PopupMenuGantArea() const { return m_menus.at(AreaPart); }
+    void SetPopupMenuGantArea(QMenu *menu) { SetMenu(AreaPart, menu); }
+    QMenu *PopupMenuTreeview() const { return m_menus.at(TreePart); }
+    void SetPopupMenuTreeview(QMenu *menu) { SetMenu(TreePart, menu); }
+    QMenu *PopupMenuScaler() const { return m_menus.at(AxisPart); }
+    void SetPopupMenuScaler(QMenu *menu) { SetMenu(AxisPart, menu); }
+
+Q_SIGNALS:
+    // What is deleted or removed is about to go; do not keep it. Items clicked may be null.
+    void timeItemInserted(korvane::TzuDataEntity_Spanbar *item);
+    void timeItemDeleted(korvane::TzuDataEntity_Spanbar *item);
+    void timeItemChanged(korvane::TzuDataEntity_Spanbar *item);
+    void timeItemSelectionChanged(korvane::TzuDataEntity_Spanbar *item);
+    void nodeChanged(korvane::TzuDataEntity_Tree *node);
+    void nodeSelectionChanged(korvane::TzuDataEntity_Tree *node);
+    void rowAdded(korvane::TGantRow *row);
+    void rowRemoved(korvane::TGantRow *row);
+    /// The row of the tree's current node is another; it may be null.
+    void activeRowChanged(korvane::TGantRow *row);
+    void areaClicked(korvane::TzuDataEntity_Spanbar *item);
+    void areaRightClicked(korvane::TzuDataEntity_Spanbar *item);
+    void areaDoubleClicked(korvane::TzuDataEntity_Spanbar *item);
+    void scalerChanged(const QDateTime &start, const QDateTime &stop);
+    void splitterMoved(int treeWidth);
+
+protected:
+    void _OnInsertItem(TzuDataEntity *item) override;
+    void _OnDeleteItem(TzuDataEntity *item) override;
+    void _OnInfoPush(TzuDataEntity *item) override;
+    void _OnSelectionChanged(TzuDataList *list, TzuDataEntity *item) override;
+    void NodeChanged(TzuDataEntity_Tree *node) override { Q_EMIT nodeChanged(node); }
+    void NodeSelectionChanged(TzuDataEntity_Tree *node) override
+    {
+        Q_EMIT nodeSelectionChanged(node);
+    }
+    void RowAdded(TGantRow *row) override { Q_EMIT rowAdded(row); }
+    void RowRemoved(TGantRow *row) override { Q_EMIT rowRemoved(row); }
+    void ChangeInTree() override;
+    void DoClickGantArea(TMouseButton button) override;
+    void DoDblClickGantArea(TzuDataEntity_Spanbar *item) override;
+    void DoScalerChange() override;
+    void SplitterMoved(TzuSplitter *sender) override;
+
+private:
+    enum TPart : std::uint8_t { WholeChart, AreaPart, TreePart, AxisPart, PartCount };
+
+    /// Runs the handlers, then tells of an entity, unless it or the chart is gone.
+    template <typename Entity>
+    void TellOf(TzuDataEntity *entity, const auto &handlers, void (TzuGant::*signal)(Entity *));
+    QFont ItemFont(int style) const;
+    void SetItemFont(int style, const QFont &font);
+    QWidget &WidgetOf(TPart part);
+    void SetMenu(TPart part, QMenu *menu);
+    void PopUp(TPart part, QPoint at);
+
+    std::array<QPointer<QMenu>, PartCount> m_menus;
 };
 
 } // namespace korvane

@@ -9,6 +9,7 @@
 
 #include <QEvent>
 #include <QHBoxLayout>
+#include <QPointer>
 #include <QScopedValueRollback>
 #include <QScrollBar>
 #include <QTabBar>
@@ -317,14 +318,15 @@ void TzuGant_ComBasic::ScaleChanged(TObject * /*sender*/)
     if (std::exchange(m_restoredTimes, std::nullopt) != std::pair(Start(), Stop())) {
         AlignNeeded();
     }
-    if (OnScalerChange) {
-        const TDateTime start = Start();
-        OnScalerChange(this, start, Stop());
-        // Only a moved start stops the stepping; a handler may limit the stop alone and go on.
-        if (Start() != start) {
-            m_scaler->StopStep();
-            StopAutoScroll();
-        }
+    const QPointer<TzuGant_ComBasic> self(this);
+    const TDateTime start = Start();
+    DoScalerChange();
+    if (self.isNull()) {
+        return;
+    }
+    // Only a moved start stops the stepping; a handler may limit the stop alone and go on.
+    if (Start() != start) {
+        m_scaler->StopStep();
     }
     InvalidateArea();
 }

@@ -64,6 +64,7 @@ public:
     TzuDateScaler &DateScaler() { return *m_scaler; }
     const TzuDateScaler &DateScaler() const { return *m_scaler; }
     TGantTree &Tree() { return *m_tree; }
+    const TGantTree &Tree() const { return *m_tree; }
     TzuOffscreenPaint &GantArea() { return *m_area; }
     QScrollBar &VertScrollBar() { return *m_scrollBar; }
     TzuSplitter &Splitter() { return *m_splitter; }
@@ -177,6 +178,10 @@ protected:
     virtual void RowAdded(TGantRow * /*row*/) {}
     /// A row is about to go.
     virtual void RowRemoved(TGantRow * /*row*/) {}
+    virtual void NodeChanged(TzuDataEntity_Tree * /*node*/) {}
+    virtual void NodeSelectionChanged(TzuDataEntity_Tree * /*node*/) {}
+    /// The axis shows another time.
+    virtual void DoScalerChange() { OnScalerChange(this, Start(), Stop()); }
 
     bool eventFilter(QObject *watched, QEvent *event) override;
     void changeEvent(QEvent *event) override;

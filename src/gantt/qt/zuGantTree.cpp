@@ -182,9 +182,13 @@ void TGantTree::_OnContentChanged(TzuDataList_Tree *list)
 void TGantTree::_OnSelectionChanged(TzuDataList *list, TzuDataEntity_Tree *entity)
 {
     const QPointer<TGantTree> self(this);
+    const TzuLifeWatch lives(*entity);
     TzuTree_ComBasic::_OnSelectionChanged(list, entity);
-    if (!self.isNull() && !Destroying()) {
+    if (!self.isNull() && !Destroying() && lives) {
         m_gant.OnSelectionChanged_Tree(this, list, entity);
+    }
+    if (!self.isNull() && !Destroying() && lives) {
+        m_gant.NodeSelectionChanged(entity);
     }
 }
 
@@ -198,6 +202,9 @@ void TGantTree::_OnInfoPush(TzuDataEntity_Tree *entity)
     }
     if (!self.isNull() && !Destroying() && lives) {
         m_gant.OnChangeDataEntity_Tree(this, entity);
+    }
+    if (!self.isNull() && !Destroying() && lives) {
+        m_gant.NodeChanged(entity);
     }
 }
 
