@@ -227,6 +227,10 @@ void TzuTree_ComBasic::keyPressEvent(QKeyEvent *event)
 
 void TzuTree_ComBasic::keyboardSearch(const QString &typed)
 {
+    if (typed.isEmpty()) { // a key without a letter begins anew
+        m_search.clear();
+        return;
+    }
     EnsureDisplayUpToDate();
     if (!m_searched.isValid() || m_searched.hasExpired(QApplication::keyboardInputInterval())) {
         m_search.clear();

@@ -185,6 +185,7 @@ TEST(TreeInput, TypingFindsTheNextRowThatBeginsSo)
     tree.keyboardSearch("2");
     EXPECT_EQ(tree.GetCurrentDataEntity(), tree.Row(6));
     tree.keyboardSearch("x"); // nothing
+    tree.keyboardSearch("");
     EXPECT_EQ(tree.GetCurrentDataEntity(), tree.Row(6));
     QApplication::setKeyboardInputInterval(interval);
 }
