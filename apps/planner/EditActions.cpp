@@ -47,6 +47,8 @@ EditActions::EditActions(QMenu &menu, PlanDocument &document, PlanEdits &edits, 
     openOn(chart.Tree(), *chart.Tree().viewport());
     connect(&chart, &PlanChart::selectionChanged, this, &EditActions::UpdateEnabled);
     connect(&chart, &PlanChart::taskActivated, this, &EditActions::ShowDetails);
+    // Not within the handler of the key: what it is about goes.
+    connect(&chart, &PlanChart::deleteWanted, this, &EditActions::Delete, Qt::QueuedConnection);
     connect(&document, &PlanDocument::replaced, this, &EditActions::UpdateEnabled);
     connect(&document, &PlanDocument::changed, this, &EditActions::UpdateEnabled);
     UpdateEnabled();

@@ -70,6 +70,7 @@ PlanChart::PlanChart(PlanDocument &document, QWidget *parent)
     m_nowTimer.start(kNowInterval, this);
     ApplyLooks();
     ConnectGestures();
+    ConnectTree();
     connect(&m_document, &PlanDocument::replaced, this, &PlanChart::ShowPlan);
     connect(&m_document, &PlanDocument::changed, this, &PlanChart::ShowDates);
 }

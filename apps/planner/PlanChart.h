@@ -98,8 +98,10 @@ public:
 Q_SIGNALS:
     /// What SelectedTasks and SelectedPlanLinks give has changed.
     void selectionChanged();
-    /// A task was double-clicked.
+    /// A task was double-clicked, or the Enter key pressed on it.
     void taskActivated(int task);
+    /// The Delete key was pressed in the area, or the tree was asked to delete.
+    void deleteWanted();
     /// The instant under the pointer has changed.
     void pointedAt(double instant);
     /// The pointer has left the area.
@@ -182,8 +184,12 @@ private:
     void SnapTimes(const TzuDataEntity_Spanbar &bar, TGantMouseMoveMode mode, TDateTime &start,
                    TDateTime &stop) const;
     void GestureEnded(TGantUserChange kind, bool changed);
+    void ConnectTree();
+    void MoveInTree(const TTreeMove &move);
+    std::vector<int> TasksOf(const std::vector<TzuDataEntity_Tree *> &nodes) const;
     void AreaSelectionChanged();
     void TreeSelectionChanged();
+    void FollowTree();
     void NameEdited(TzuDataEntity_Tree &node);
     void ShowTask(const std::vector<int> &tasks);
 
@@ -202,6 +208,7 @@ private:
     void PaintGrid(const TRect &rect, TCanvas &canvas) const;
     void PaintTask(const TzuDataEntity_Spanbar &bar, TCanvas &canvas, const TRect &rect) const;
     void PaintLink(const TzuDataEntity_Link &link, TCanvas &canvas);
+    LinkRoute RouteOf(const TzuDataEntity_Link &link);
     LinkEnd EndOf(const TzuDataEntity_Spanbar &bar, const TzuDataEntity_Spanbar &other);
     void PaintNow(const TRect &rect, TCanvas &canvas) const;
 
@@ -227,6 +234,7 @@ private:
     bool m_linking = false;
     bool m_inGesture = false;
     bool m_selecting = false;                  ///< area and tree are being brought in step
+    bool m_followingTree = false;              ///< FollowTree is about to run
     std::vector<OutsideLabel> m_outsideLabels; ///< of the paint that runs
     ChartLooks m_looks;
     TDateTime m_now;

@@ -6,6 +6,7 @@
 #include "plan/PlanDates.h"
 
 #include <QScopedValueRollback>
+#include <QTimer>
 
 #include <algorithm>
 #include <cmath>
@@ -53,8 +54,45 @@ void PlanChart::ConnectGestures()
         }
     };
     OnAfterSelectionChanged = [this](auto *) { AreaSelectionChanged(); };
-    Tree().OnCurrentChanged = [this](TObject *) { TreeSelectionChanged(); };
-    Tree().OnValueChanged = [this](TObject *, TzuDataEntity_Tree *node) { NameEdited(*node); };
+}
+
+void PlanChart::ConnectTree()
+{
+    m_tree->SetMultiSelect(true);
+    m_tree->SetDragMode(PlanTree::TDragMode::dmAutomatic);
+    m_tree->SetAllowSort(false);
+    m_tree->SetAllowDelete(true);
+    m_tree->SetMaxLevels(kMaxOutlineLevel);
+    m_tree->OnCurrentChanged = [this](TObject *) { TreeSelectionChanged(); };
+    m_tree->OnSelectionChanged = [this](auto &&...) { TreeSelectionChanged(); };
+    m_tree->OnValueChanged = [this](TObject *, TzuDataEntity_Tree *node) { NameEdited(*node); };
+    m_tree->OnBeforeMove = [this](TObject *, const TTreeMove &move, bool &allow, bool &handled) {
+        allow = handled = m_edits != nullptr;
+        if (m_edits != nullptr) {
+            MoveInTree(move);
+        }
+    };
+    m_tree->OnBeforeDelete = [this](TObject *, const TTreeEntities &, bool &allow, bool &handled) {
+        allow = handled = m_edits != nullptr;
+        Q_EMIT deleteWanted();
+    };
+}
+
+std::vector<int> PlanChart::TasksOf(const std::vector<TzuDataEntity_Tree *> &nodes) const
+{
+    std::vector<int> tasks;
+    std::ranges::transform(nodes, std::back_inserter(tasks),
+                           [](const TzuDataEntity_Tree *node) { return TaskOf(*node); });
+    return tasks;
+}
+
+void PlanChart::MoveInTree(const TTreeMove &move)
+{
+    const int parent = move.NewParent != nullptr ? TaskOf(*move.NewParent) : kNoIndex;
+    TzuDataList_Tree &siblings = ChildrenOf(parent);
+    const int before =
+        move.Index < siblings.Count() ? TaskOf(*siblings.Entity(move.Index)) : kNoIndex;
+    m_edits->MoveTo(TasksOf(move.Entities), parent, before);
 }
 
 TDateTime PlanChart::EditStep() const
@@ -134,8 +172,13 @@ void PlanChart::NameEdited(TzuDataEntity_Tree &node)
 std::vector<int> PlanChart::SelectedTasks()
 {
     std::vector<int> tasks;
-    for (const TzuDataEntity_Spanbar *bar : SelectedItems()) {
-        tasks.push_back(TaskOf(*bar));
+    if (m_tree->hasFocus()) {
+        tasks = TasksOf(m_tree->SelectedEntities());
+    }
+    if (tasks.empty()) {
+        for (const TzuDataEntity_Spanbar *bar : SelectedItems()) {
+            tasks.push_back(TaskOf(*bar));
+        }
     }
     const TzuDataEntity_Tree *current = m_tree->GetCurrentDataEntity();
     if (tasks.empty() && current != nullptr && SelectedLinks().empty()) {
@@ -168,22 +211,36 @@ void PlanChart::AreaSelectionChanged()
     Q_EMIT selectionChanged();
 }
 
+/// Only what the user does in the tree counts; otherwise the tree has followed the area. A range of
+/// rows is told row by row.
 void PlanChart::TreeSelectionChanged()
 {
-    const TzuDataEntity_Tree *current = m_tree->GetCurrentDataEntity();
-    if (m_selecting) {
+    if (m_selecting || m_followingTree || !m_tree->hasFocus()) {
         return;
     }
-    // Only what the user does in the tree; otherwise the tree has followed the area.
-    if (current != nullptr && m_tree->hasFocus()) {
+    m_followingTree = true;
+    QTimer::singleShot(0, this, [this] {
+        m_followingTree = false;
+        FollowTree();
+    });
+}
+
+void PlanChart::FollowTree()
+{
+    {
         const QScopedValueRollback selecting(m_selecting, true);
-        if (TzuDataEntity_Spanbar *bar = Items(TaskOf(*current)).Bar) {
-            SelectOnly(*bar);
-            SetActiveDataEntity(bar);
-        } else {
-            ClearSelection();
+        ClearSelection();
+        for (const TzuDataEntity_Tree *node : m_tree->SelectedEntities()) {
+            if (TzuDataEntity_Spanbar *bar = Items(TaskOf(*node)).Bar) {
+                bar->SetSelected(true);
+            }
+        }
+        const TzuDataEntity_Tree *current = m_tree->GetCurrentDataEntity();
+        if (current != nullptr && Items(TaskOf(*current)).Bar != nullptr) {
+            SetActiveDataEntity(Items(TaskOf(*current)).Bar);
         }
     }
+    GantArea().Invalidate();
     Q_EMIT selectionChanged();
 }
 

@@ -114,11 +114,16 @@ void PlanChart::PaintTask(const TzuDataEntity_Spanbar &bar, TCanvas &canvas,
     }
 }
 
-void PlanChart::PaintLink(const TzuDataEntity_Link &link, TCanvas &canvas)
+LinkRoute PlanChart::RouteOf(const TzuDataEntity_Link &link)
 {
     const PlanLink &planLink = GetPlan().Links.at(static_cast<std::size_t>(LinkOf(link)));
-    const LinkRoute route(planLink.Type, EndOf(*link.First(), *link.Second()),
-                          EndOf(*link.Second(), *link.First()));
+    return {planLink.Type, EndOf(*link.First(), *link.Second()),
+            EndOf(*link.Second(), *link.First())};
+}
+
+void PlanChart::PaintLink(const TzuDataEntity_Link &link, TCanvas &canvas)
+{
+    const LinkRoute route = RouteOf(link);
     canvas.SetPen({link.GetColor(), 1, TPenStyle::psSolid});
     canvas.Polyline(route.Line());
     canvas.SetBrushColor(link.GetColor());

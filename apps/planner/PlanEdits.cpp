@@ -33,6 +33,13 @@ bool IsMove(const PlanTask &task, const PlanSpan &to)
                       < kSecond);
 }
 
+/// Menus show what stands behind the line break: there an ampersand marks a letter.
+QString WithMenuText(const QString &text)
+{
+    return text.contains(u'&') ? text + u'\n' + QString(text).replace(u'&', QStringLiteral("&&"))
+                               : text;
+}
+
 } // namespace
 
 /// A change that has been made already when it joins the history.
@@ -41,7 +48,7 @@ class PlanEdits::Command : public QUndoCommand
 public:
     Command(PlanEdits &edits, PlanChange change, const QString &text,
             std::optional<qint64> nudgeTime)
-        : QUndoCommand(text)
+        : QUndoCommand(WithMenuText(text))
         , m_edits(edits)
         , m_change(std::move(change))
         , m_nudgeTime(nudgeTime)
@@ -114,6 +121,22 @@ bool PlanEdits::Do(const QString &text, Function edit, std::optional<qint64> nud
     return true;
 }
 
+/// The tasks stay in view and selected when they go to another place.
+template <typename Function>
+bool PlanEdits::Rearrange(const QString &text, Function edit)
+{
+    std::vector<int> tasks;
+    const bool done = Do(text, [&](PlanEditor &editor) {
+        PlanChange change = edit(editor);
+        tasks = change.TasksAfter;
+        return change;
+    });
+    if (done) {
+        Q_EMIT concerned(tasks);
+    }
+    return done;
+}
+
 /// "'A'", or "3 tasks".
 QString PlanEdits::NamesOf(const std::vector<int> &tasks) const
 {
@@ -175,16 +198,9 @@ bool PlanEdits::Insert(int above)
 {
     const int parent = above == kNoIndex ? kNoIndex : GetPlan().Tasks.at(std::size_t(above)).Parent;
     const PlanSpan dates = NewTaskDates(above).Dates;
-    std::vector<int> added;
-    const bool done = Do(tr("Insert task"), [&](PlanEditor &editor) {
-        PlanChange change = editor.Insert(parent, above, tr("New task"), dates);
-        added = change.TasksAfter;
-        return change;
+    return Rearrange(tr("Insert task"), [&](PlanEditor &editor) {
+        return editor.Insert(parent, above, tr("New task"), dates);
     });
-    if (done) {
-        Q_EMIT concerned(added);
-    }
-    return done;
 }
 
 bool PlanEdits::Delete(const std::vector<int> &tasks)
@@ -202,16 +218,8 @@ bool PlanEdits::Delete(const std::vector<int> &tasks)
 
 bool PlanEdits::Duplicate(const std::vector<int> &tasks, TDateTime days)
 {
-    std::vector<int> copies;
-    if (!Do(tr("Copy %1").arg(NamesOf(tasks)), [&](PlanEditor &editor) {
-            PlanChange change = editor.Duplicate(tasks, days);
-            copies = change.TasksAfter;
-            return change;
-        })) {
-        return false;
-    }
-    Q_EMIT concerned(copies);
-    return true;
+    return Rearrange(tr("Copy %1").arg(NamesOf(tasks)),
+                     [&](PlanEditor &editor) { return editor.Duplicate(tasks, days); });
 }
 
 bool PlanEdits::MoveTo(const std::vector<int> &tasks, int parent, int before)
@@ -219,33 +227,33 @@ bool PlanEdits::MoveTo(const std::vector<int> &tasks, int parent, int before)
     const bool isInto = parent != kNoIndex && !tasks.empty()
                         && parent != GetPlan().Tasks.at(std::size_t(tasks.front())).Parent;
     const QString names = NamesOf(tasks);
-    return Do(isInto ? tr("Move %1 into %2").arg(names, NamesOf({parent}))
-                     : tr("Rearrange %1").arg(names),
-              [&](PlanEditor &editor) { return editor.MoveTo(tasks, parent, before); });
+    return Rearrange(isInto ? tr("Move %1 into %2").arg(names, NamesOf({parent}))
+                            : tr("Rearrange %1").arg(names),
+                     [&](PlanEditor &editor) { return editor.MoveTo(tasks, parent, before); });
 }
 
 bool PlanEdits::Indent(const std::vector<int> &tasks)
 {
-    return Do(tr("Indent %1").arg(NamesOf(tasks)),
-              [&](PlanEditor &editor) { return editor.Indent(tasks); });
+    return Rearrange(tr("Indent %1").arg(NamesOf(tasks)),
+                     [&](PlanEditor &editor) { return editor.Indent(tasks); });
 }
 
 bool PlanEdits::Outdent(const std::vector<int> &tasks)
 {
-    return Do(tr("Outdent %1").arg(NamesOf(tasks)),
-              [&](PlanEditor &editor) { return editor.Outdent(tasks); });
+    return Rearrange(tr("Outdent %1").arg(NamesOf(tasks)),
+                     [&](PlanEditor &editor) { return editor.Outdent(tasks); });
 }
 
 bool PlanEdits::MoveUp(const std::vector<int> &tasks)
 {
-    return Do(tr("Move %1 up").arg(NamesOf(tasks)),
-              [&](PlanEditor &editor) { return editor.MoveUp(tasks); });
+    return Rearrange(tr("Move %1 up").arg(NamesOf(tasks)),
+                     [&](PlanEditor &editor) { return editor.MoveUp(tasks); });
 }
 
 bool PlanEdits::MoveDown(const std::vector<int> &tasks)
 {
-    return Do(tr("Move %1 down").arg(NamesOf(tasks)),
-              [&](PlanEditor &editor) { return editor.MoveDown(tasks); });
+    return Rearrange(tr("Move %1 down").arg(NamesOf(tasks)),
+                     [&](PlanEditor &editor) { return editor.MoveDown(tasks); });
 }
 
 bool PlanEdits::Link(int predecessor, int successor)

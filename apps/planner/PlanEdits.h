@@ -62,6 +62,8 @@ private:
 
     template <typename Function>
     bool Do(const QString &text, Function edit, std::optional<qint64> nudgeTime = {});
+    template <typename Function>
+    bool Rearrange(const QString &text, Function edit);
     QString NamesOf(const std::vector<int> &tasks) const;
     TaskDates NewTaskDates(int above) const;
 

@@ -281,6 +281,36 @@ TEST_F(PlanEditingTest, TheOutlineIsEditedByActions)
     ExpectUndoAllRestores();
 }
 
+TEST_F(PlanEditingTest, RowsOfTheTreeAreMovedAndDeletedByTheUser)
+{
+    const auto node = [this](int task) {
+        return const_cast<TzuDataEntity_Tree *>(Chart().NodeOf(task));
+    };
+    Chart().Tree().MoveByUser({{node(3), node(4)}, node(0), 0});
+    Settle();
+    EXPECT_EQ(Now().Tasks[1].Name, u"Paint");
+    EXPECT_EQ(Now().Tasks[2].Name, u"Opening");
+    EXPECT_EQ(Now().Tasks[2].Level, 2);
+    EXPECT_EQ(History().undoText(), u"Rearrange 2 tasks");
+    Chart().Tree().MoveByUser({{node(3)}, node(1), 0});
+    Settle();
+    EXPECT_EQ(m_window.statusBar()->currentMessage(),
+              u"'Dig' cannot become a subtask of 'Paint': they are linked.");
+    ExpectShown();
+    Chart().Tree().setFocus();
+    Chart().Tree().ClearSelection();
+    for (const int task : {2, 4}) {
+        node(task)->SetSelected(true);
+    }
+    Settle();
+    EXPECT_TRUE(Chart().BarOf(2)->GetSelected()) << "the area follows the tree";
+    EXPECT_EQ(Chart().SelectedTasks(), (std::vector{2, 4}));
+    Chart().Tree().DeleteSelected();
+    Settle();
+    EXPECT_EQ(Now().Tasks.size(), 3U);
+    ExpectUndoAllRestores();
+}
+
 TEST_F(PlanEditingTest, UndoSelectsWhatItWasAboutAndShowsIt)
 {
     Chart().SelectTasks({1});
