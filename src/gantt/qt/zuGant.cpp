@@ -95,8 +95,6 @@ QWidget &TzuGant::WidgetOf(TPart part)
     switch (part) {
     case AreaPart:
         return GantArea();
-    case TreePart:
-        return Tree();
     case AxisPart:
         return DateScaler();
     default:
@@ -124,10 +122,8 @@ void TzuGant::SetMenu(TPart part, QMenu *menu)
 
 void TzuGant::PopUp(TPart part, QPoint at)
 {
-    // A tree tells positions of its viewport.
-    const QWidget &origin = part == TreePart ? *Tree().viewport() : WidgetOf(part);
     if (QMenu *menu = m_menus.at(part)) {
-        menu->popup(origin.mapToGlobal(at));
+        menu->popup(WidgetOf(part).mapToGlobal(at));
     }
 }
 

@@ -32,6 +32,10 @@ class TzuGant : public TzuGant_ComBasic
     Q_PROPERTY(bool RightClickSelectTree READ RightClickSelectTree WRITE SetRightClickSelectTree)
     Q_PROPERTY(int IndentTree READ IndentTree WRITE SetIndentTree)
     Q_PROPERTY(int AutoExpandLevelsTree READ AutoExpandLevelsTree WRITE SetAutoExpandLevelsTree)
+    Q_PROPERTY(int MaxLevelsTree READ MaxLevelsTree WRITE SetMaxLevelsTree)
+    Q_PROPERTY(
+        korvane::TzuTree_ComBasic::TDragMode DragModeTree READ DragModeTree WRITE SetDragModeTree)
+    Q_PROPERTY(QCursor DragCursorTree READ DragCursorTree WRITE SetDragCursorTree)
     Q_PROPERTY(QString DateFormat READ DateFormat WRITE SetDateFormat)
     Q_PROPERTY(QString TimeFormat READ TimeFormat WRITE SetTimeFormat)
     Q_PROPERTY(bool IndicatorOn READ IndicatorOn WRITE SetIndicatorOn)
@@ -114,6 +118,12 @@ public:
     void SetIndentTree(int value) { Tree().SetIndent(value); }
     int AutoExpandLevelsTree() const { return Tree().AutoExpandLevels(); }
     void SetAutoExpandLevelsTree(int value) { Tree().SetAutoExpandLevels(value); }
+    int MaxLevelsTree() const { return Tree().MaxLevels(); }
+    void SetMaxLevelsTree(int value) { Tree().SetMaxLevels(value); }
+    TzuTree_ComBasic::TDragMode DragModeTree() const { return Tree().DragMode(); }
+    void SetDragModeTree(TzuTree_ComBasic::TDragMode value) { Tree().SetDragMode(value); }
+    QCursor DragCursorTree() const { return Tree().DragCursor(); }
+    void SetDragCursorTree(const QCursor &value) { Tree().SetDragCursor(value); }
 
     // The time axis.
     bool IndicatorOn() const { return DateScaler().IndicatorOn(); }
@@ -154,8 +164,8 @@ public:
     void SetPopupMenu(QMenu *menu) { SetMenu(WholeChart, menu); }
     QMenu *PopupMenuGantArea() const { return m_menus.at(AreaPart); }
     void SetPopupMenuGantArea(QMenu *menu) { SetMenu(AreaPart, menu); }
-    QMenu *PopupMenuTreeview() const { return m_menus.at(TreePart); }
-    void SetPopupMenuTreeview(QMenu *menu) { SetMenu(TreePart, menu); }
+    QMenu *PopupMenuTreeview() { return Tree().PopupMenu(); }
+    void SetPopupMenuTreeview(QMenu *menu) { Tree().SetPopupMenu(menu); }
     QMenu *PopupMenuScaler() const { return m_menus.at(AxisPart); }
     void SetPopupMenuScaler(QMenu *menu) { SetMenu(AxisPart, menu); }
 
@@ -196,7 +206,7 @@ protected:
     void SplitterMoved(TzuSplitter *sender) override;
 
 private:
-    enum TPart : std::uint8_t { WholeChart, AreaPart, TreePart, AxisPart, PartCount };
+    enum TPart : std::uint8_t { WholeChart, AreaPart, AxisPart, PartCount };
 
     /// Runs the handlers, then tells of an entity, unless it or the chart is gone.
     template <typename Entity>

@@ -157,6 +157,9 @@ void TzuGant_ComBasic::CreateTreeSide(QWidget &holder)
     m_tree = CreateTree(&holder);
     m_tree->setFrameShape(QFrame::NoFrame);
     m_tree->SetVertScrollExternal(m_scrollBar);
+    m_tree->OnStartDrag = [this](auto &&...args) { OnTreeStartDrag(args...); };
+    m_tree->OnDragOver = [this](auto &&...args) { OnTreeDragOver(args...); };
+    m_tree->OnDragDrop = [this](auto &&...args) { OnTreeDragDrop(args...); };
     layout->addWidget(m_tree, 1);
 }
 

@@ -49,7 +49,11 @@ using TOnGantAreaDragDrop = TMethod<void(TzuGant_ComBasic *theGant, QDropEvent &
 /// Parts are created through virtual factories. A subclass that overrides one constructs its base
 /// with TConstruction::WithoutParts and calls InitializeInConstructor() first thing in its own
 /// constructor.
-class TzuGant_ComBasic : public QFrame, public TGantKeys, private IGantHost, private IGantInputHost
+class TzuGant_ComBasic : public QFrame,
+                         public TGantKeys,
+                         public TGantTreeEvents,
+                         private IGantHost,
+                         private IGantInputHost
 {
     Q_OBJECT
 
@@ -144,14 +148,6 @@ public:
     TOnRealignScrollbar OnRealignScrollbar;
     /// Axis or area enlarges a font for printing.
     TzuOffscreenPaint::TOnPrintResizeFont OnPrintResizeFont;
-    // As the tree's own events, and after them.
-    TOnContentChanged OnContentChanged_Tree;
-    TOnSelectionChanged OnSelectionChanged_Tree;
-    TOnDeleteItem OnDeleteItem_Tree;
-    TOnInsertItem OnInsertItem_Tree;
-    TOnInfoPush OnValueChanged_Tree;
-    TOnBeforeCanEditItem OnBeforeCanEditItem_Tree;
-    TTreeEntityNotify OnChangeDataEntity_Tree; ///< after OnValueChanged_Tree
     /// Items are about to be carried out of the chart. The handler may change what is offered; with
     /// no data set there is no drag.
     TOnGantAreaStartDrag OnGantAreaStartDrag;

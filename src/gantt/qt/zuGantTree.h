@@ -12,6 +12,22 @@ namespace korvane {
 class TGantRow;
 class TzuGant_ComBasic;
 
+/// What the row tree tells, as members of the chart. Called after the tree's own events.
+struct TGantTreeEvents
+{
+    TOnContentChanged OnContentChanged_Tree;
+    TOnSelectionChanged OnSelectionChanged_Tree;
+    TOnDeleteItem OnDeleteItem_Tree;
+    TOnInsertItem OnInsertItem_Tree;
+    TOnInfoPush OnValueChanged_Tree;
+    TTreeEntityNotify OnChangeDataEntity_Tree; ///< after OnValueChanged_Tree
+    TOnBeforeCanEditItem OnBeforeCanEditItem_Tree;
+    // The tree's drag events go here as long as the tree's own slots are not set anew.
+    TOnTreeDrag OnTreeStartDrag;
+    TOnTreeDrag OnTreeDragOver;
+    TOnTreeDrag OnTreeDragDrop;
+};
+
 /// A tree whose nodes are the rows of a chart: it makes and frees the rows, tells the chart when
 /// lines move, and shows its vertical position on a scroll bar outside itself.
 class TGantTree : public TzuTree_ComBasic
