@@ -80,12 +80,53 @@ public:
     TGantRow *NextShownRow(const TGantRow &row) const;
     TGantRow *PrevShownRow(const TGantRow &row) const;
 
+    // Neighbours are sought among the items that are drawn, on rows that are shown. Where a row is
+    // divided, its sub-rows are lines of their own; an item that spans the row is on the first.
+    // Each search costs what is on the rows it passes.
+
+    /// The item on the row that holds the time, or else the one closest to it; null on an empty
+    /// row.
+    TzuDataEntity_Spanbar *FindNeighbourClosest(TGantRow &row, TDateTime date) const;
+    /// The item that begins next on the same line, or before; null at either end.
+    TzuDataEntity_Spanbar *FindNeighbourToRightLeft(const TzuDataEntity_Spanbar &item,
+                                                    TGantStep step) const;
+    /// The item that begins first or last on the same line.
+    TzuDataEntity_Spanbar *FindAtEndOfRow(const TzuDataEntity_Spanbar &item, TGantStep step) const;
+    /// The item closest to a time on the next line below that has any, or above; null at either
+    /// end.
+    TzuDataEntity_Spanbar *FindNeighbourToUpDown(const TzuDataEntity_Spanbar &item, TGantStep step,
+                                                 TDateTime date) const;
+    /// Expands and scrolls the row tree as little as shows the row.
+    void MakeSureRowInView(TGantRow &row);
+    /// Moves the visible time as little as shows all between the two, or the beginning when that is
+    /// longer than the axis.
+    void MakeSureTimeInView(TDateTime start, TDateTime stop);
+    /// Scrolls rows and time as little as shows the active item.
+    void MakeSureActiveInView();
+
+    /// The index of the one layer of the row in which neighbours are sought. Without a handler, and
+    /// for an index that the row does not have, they are sought in all layers.
+    TOnKeyNavigateDataList OnKeyNavigateDataList;
     /// The selection has changed: once after each operation, or after a single mark was set.
     TOnGantNotify OnAfterSelectionChanged;
 
 protected:
     IGantInputHost &InputHost() { return m_inputHost; }
     const IGantInputHost &InputHost() const { return m_inputHost; }
+
+    /// Runs a change of marks and entities as one operation. Include zuGantSelectionImpl.h.
+    template <typename Change>
+    void ChangeSelection(const Change &change);
+    /// From now on WasFreed knows of the release of these.
+    static void KeepAll(const std::vector<TzuDataEntity_Spanbar *> &items);
+    /// Within an operation: whether an entity that was kept has been deleted since it began.
+    bool WasFreed(const void *entity) const { return m_freed.contains(entity); }
+    bool AnyFreed() const { return !m_freed.empty(); }
+    /// The item from which Shift extends, or null.
+    TzuDataEntity_Spanbar *Anchor() const;
+    void SetAnchor(TzuDataEntity_Spanbar *item);
+    /// The first row that is shown, or with Forward the last one.
+    TGantRow *EdgeRow(TGantStep step) const;
 
     void _OnDeleteItem(TzuDataEntity *item) override;
     void _OnBeforeChangeOwner(TzuDataEntity *item) override;
@@ -107,21 +148,20 @@ private:
     class TChangeScope;
     struct TBand;
 
-    template <typename Change>
-    void ChangeSelection(const Change &change);
-    static void KeepAll(const TItems &items);
     void SetMarks(const TItems &items, bool selected);
     void DeselectLinks(const TzuDataEntity_Link *except);
     void DeselectOthers(const TItems &keep);
     void PressOn(TzuDataEntity_Spanbar &item, const TShiftState &shift);
     void Forget(const TzuDataEntity_Spanbar *item);
     void Forget(const TzuDataEntity_Link *link);
-    TzuDataEntity_Spanbar *Anchor() const;
-    void SetAnchor(TzuDataEntity_Spanbar *item);
     TItems ItemsBetween(TzuDataEntity_Spanbar &from, TzuDataEntity_Spanbar &to) const;
     TItems ItemsIn(const TRect &rect) const;
     std::vector<TRowBand> RowsIn(const TRect &rect) const;
     void UpdateBand(TItems inside, TSelectHow how);
+    template <typename Visit>
+    void ForEachReached(TGantRow &row, const Visit &visit) const;
+    TzuDataEntity_Spanbar *ClosestOnNextLine(TGantRow &row, int fromLine, TGantStep step,
+                                             TDateTime date) const;
     TGantRow *ShownRow(const TGantRow &from, TNodeStep step) const;
 
     IGantInputHost &m_inputHost;

@@ -6,6 +6,8 @@
 #include "foundation/zuMethod.h"
 #include "foundation/zuTypes.h"
 
+#include <vector>
+
 namespace korvane {
 
 class TGantRow;
@@ -77,6 +79,9 @@ enum class TSelectHow : unsigned char {
     Toggle,  ///< they change sides
 };
 
+/// A direction along the rows, or from row to row.
+enum class TGantStep : signed char { Back = -1, Forward = 1 };
+
 /// Which links are drawn.
 enum class TLinkShow : unsigned char {
     lsOneEndVisible,   ///< at least one end within the visible rows and time
@@ -121,6 +126,17 @@ using TGantMouseMoveEvent =
 /// The overlap separation gives an item another sub-row (1 = topmost, 0 = none).
 using TOnCollisionDetected = TMethod<void(
     TzuGant_ComBasic *theGant, TzuDataEntity_Spanbar *theDataEntity, int theNewSubColPosition)>;
+/// An item that the user has asked to be edited.
+using TOnGantItem = TOnInfoPush_Spanbar;
+/// What is selected is to be deleted by the chart if the handler sets `allow`, which is false on
+/// entry.
+using TOnAskDelete =
+    TMethod<void(TzuGant_ComBasic *theGant, const std::vector<TzuDataEntity_Spanbar *> &items,
+                 const std::vector<TzuDataEntity_Link *> &links, bool &allow)>;
+
+/// The layer, 0-based, on which the keyboard walks along a row; any index that the row does not
+/// have stands for all layers.
+using TOnKeyNavigateDataList = TMethod<int(TzuGant_ComBasic *theGant, TGantRow *theGantRow)>;
 
 /// An item was dropped on `newRow` with the given times. The handler does the moving or copying.
 using TOnTimeCopyOrChangeRow =

@@ -1,8 +1,6 @@
-#include "support/FakeGantHost.h"
+#include "support/NamedItems.h"
 
 #include <gmock/gmock.h>
-#include <map>
-#include <string>
 
 using namespace korvane;
 using namespace korvane::test;
@@ -16,13 +14,8 @@ constexpr TShiftState kShift{true, false, false};
 constexpr TShiftState kCtrl{false, true, false};
 constexpr TShiftState kCtrlShift{true, true, false};
 
-/// Items named by letters; their names tell what is selected.
-struct GantSelection : testing::Test
+struct GantSelection : NamedItems
 {
-    TestChart Chart;
-    TestGant &Gant = *Chart.Gant;
-    std::map<TzuDataEntity_Spanbar *, char> Names;
-    std::map<char, TzuDataEntity_Spanbar *> Items;
     int MarkEvents = 0;
     int DoneEvents = 0;
 
@@ -32,32 +25,11 @@ struct GantSelection : testing::Test
         Gant.OnAfterSelectionChanged = [this](auto...) { ++DoneEvents; };
     }
 
-    TzuDataEntity_Spanbar *Add(char name, TGantRow *row, int from, int to, int layer = 0)
-    {
-        TzuDataEntity_Spanbar *item = Chart.AddItem(row, from, to, layer);
-        Names[item] = name;
-        Items[name] = item;
-        return item;
-    }
-    std::string Selected() const
-    {
-        std::string names;
-        for (TzuDataEntity_Spanbar *item : Gant.SelectedItems()) {
-            EXPECT_TRUE(item->GetSelected());
-            names += Names.at(item);
-        }
-        return names;
-    }
     void Select(std::string_view names)
     {
-        Gant.ClearSelection();
-        for (const char name : names) {
-            Items.at(name)->SetSelected(true);
-        }
+        NamedItems::Select(names);
         MarkEvents = DoneEvents = Chart.Host->Invalidations = 0;
     }
-    /// '-' stands for a place beside all items.
-    TzuDataEntity_Spanbar *At(char name) const { return name == '-' ? nullptr : Items.at(name); }
     void Press(char name, TShiftState shift = {})
     {
         Gant.UpdateMultiSelect(At(name), shift, TSelectStep::Press);

@@ -1,0 +1,344 @@
+#include "gantt/zuGantKeys.h"
+
+#include "gantt/zuGantSelectionImpl.h"
+#include "scaler/zuScaler.h"
+
+#include <algorithm>
+#include <array>
+
+namespace korvane {
+
+namespace {
+
+struct TBinding
+{
+    TGantKey Key;
+    bool Ctrl;
+    TGantKeyFunction Function;
+};
+
+using enum TGantKeyFunction;
+
+/// Without Alt; Shift extends.
+constexpr std::array kBindings{
+    TBinding{TGantKey::Left, false, kfLeft},         TBinding{TGantKey::Right, false, kfRight},
+    TBinding{TGantKey::Up, false, kfUp},             TBinding{TGantKey::Down, false, kfDown},
+    TBinding{TGantKey::Home, false, kfRowStart},     TBinding{TGantKey::End, false, kfRowEnd},
+    TBinding{TGantKey::Home, true, kfFirstRow},      TBinding{TGantKey::End, true, kfLastRow},
+    TBinding{TGantKey::PageUp, false, kfPageUp},     TBinding{TGantKey::PageDown, false, kfPageDown},
+    TBinding{TGantKey::Space, false, kfSelect},      TBinding{TGantKey::Space, true, kfToggle},
+    TBinding{TGantKey::A, true, kfSelectAll},        TBinding{TGantKey::Escape, false, kfCancel},
+    TBinding{TGantKey::Enter, false, kfEdit},        TBinding{TGantKey::Delete, false, kfDelete},
+    TBinding{TGantKey::Plus, false, kfZoomIn},       TBinding{TGantKey::Plus, true, kfZoomIn},
+    TBinding{TGantKey::Minus, false, kfZoomOut},     TBinding{TGantKey::Minus, true, kfZoomOut},
+};
+
+TGantStep StepOf(TGantKeyFunction function)
+{
+    switch (function) {
+    case kfLeft:
+    case kfUp:
+    case kfRowStart:
+    case kfFirstRow:
+    case kfPageUp:
+        return TGantStep::Back;
+    default:
+        return TGantStep::Forward;
+    }
+}
+
+} // namespace
+
+TGantKeyFunction TGantKeys::KeyFunctionOf(TGantKey key, const TShiftState &shift)
+{
+    const auto *found = std::ranges::find_if(kBindings, [&](const TBinding &binding) {
+        return binding.Key == key && binding.Ctrl == shift.Ctrl;
+    });
+    return found != kBindings.end() && !shift.Alt ? found->Function : kfNone;
+}
+
+bool TGantKeys::GantAreaKeyDown(TGantKey key, const TShiftState &shift)
+{
+    return PerformGantAreaKeyfunction(KeyFunctionOf(key, shift), shift.Shift);
+}
+
+bool TGantKeys::PerformGantAreaKeyfunction(TGantKeyFunction function, bool extend)
+{
+    switch (function) {
+    case kfNone:
+        return false;
+    case kfSelect:
+        return Select(TSelectHow::Replace);
+    case kfToggle:
+        return Select(TSelectHow::Toggle);
+    case kfSelectAll:
+        SelectAll();
+        return true;
+    case kfCancel:
+        return Cancel();
+    case kfEdit:
+        return Edit();
+    case kfDelete:
+        return DeleteSelected();
+    case kfZoomIn:
+    case kfZoomOut:
+        return Zoom(function);
+    default:
+        return Walk(function, extend);
+    }
+}
+
+// --- walking
+// ------------------------------------------------------------------------------------
+
+void TGantKeys::EnsureActiveDataEntity()
+{
+    if (ActiveDataEntity() == nullptr) {
+        SetActiveDataEntity(FirstTarget());
+    }
+}
+
+bool TGantKeys::Walk(TGantKeyFunction function, bool extend)
+{
+    TzuDataEntity_Spanbar *active = ActiveDataEntity();
+    TzuDataEntity_Spanbar *target =
+        active != nullptr ? WalkTarget(*active, function) : FirstTarget();
+    if (target == nullptr) {
+        // At an end the key is used nevertheless: it must not scroll or leave the area.
+        return active != nullptr;
+    }
+    const bool acrossLines = active != nullptr
+                             && (function == kfUp || function == kfDown || function == kfPageUp
+                                 || function == kfPageDown || function == kfFirstRow
+                                 || function == kfLastRow);
+    m_walkDate = acrossLines ? WalkDate(*active) : target->GetStartDateTime();
+    m_walkItem = target;
+    StepTo(*target, extend);
+    return true;
+}
+
+void TGantKeys::StepTo(TzuDataEntity_Spanbar &item, bool extend)
+{
+    Keep(&item);
+    const TzuLifeWatch lives(item);
+    if (extend) {
+        TzuDataEntity_Spanbar *anchor = Anchor();
+        SetAnchor(anchor);
+        SetActiveDataEntity(&item);
+        SelectRange(anchor != nullptr ? *anchor : item, item, TSelectHow::Replace);
+    } else {
+        SetAnchor(&item);
+        SetActiveDataEntity(&item);
+        SelectOnly(item);
+    }
+    if (lives && ActiveDataEntity() == &item) {
+        MakeSureActiveInView();
+    }
+}
+
+/// The time that a walk across lines keeps to: the one at which it began.
+TDateTime TGantKeys::WalkDate(const TzuDataEntity_Spanbar &from) const
+{
+    return &from == m_walkItem ? m_walkDate : from.GetStartDateTime();
+}
+
+TzuDataEntity_Spanbar *TGantKeys::WalkTarget(TzuDataEntity_Spanbar &from,
+                                             TGantKeyFunction function)
+{
+    const TGantStep step = StepOf(function);
+    switch (function) {
+    case kfLeft:
+    case kfRight:
+        return FindNeighbourToRightLeft(from, step);
+    case kfUp:
+    case kfDown:
+        return FindNeighbourToUpDown(from, step, WalkDate(from));
+    case kfRowStart:
+    case kfRowEnd:
+        return FindAtEndOfRow(from, step);
+    case kfPageUp:
+    case kfPageDown:
+        return PageTarget(from, step);
+    default:
+        return EdgeRowTarget(from, step);
+    }
+}
+
+/// The last item met within one screen of rows, or the first one beyond.
+TzuDataEntity_Spanbar *TGantKeys::PageTarget(TzuDataEntity_Spanbar &from, TGantStep step)
+{
+    const int page = std::max(static_cast<int>(GantRows().RowsOnScreen().size()) - 1, 1);
+    TGantRow *row = from.GetRow();
+    TzuDataEntity_Spanbar *found = nullptr;
+    for (int passed = 0; row != nullptr && (passed < page || found == nullptr); ++passed) {
+        row = step == TGantStep::Forward ? NextShownRow(*row) : PrevShownRow(*row);
+        TzuDataEntity_Spanbar *item =
+            row != nullptr ? FindNeighbourClosest(*row, WalkDate(from)) : nullptr;
+        found = item != nullptr ? item : found;
+    }
+    return found;
+}
+
+TzuDataEntity_Spanbar *TGantKeys::EdgeRowTarget(TzuDataEntity_Spanbar &from, TGantStep step)
+{
+    TGantRow *row = EdgeRow(step);
+    while (row != nullptr) {
+        if (TzuDataEntity_Spanbar *item = FindNeighbourClosest(*row, WalkDate(from))) {
+            return item;
+        }
+        row = step == TGantStep::Back ? NextShownRow(*row) : PrevShownRow(*row);
+    }
+    return nullptr;
+}
+
+TzuDataEntity_Spanbar *TGantKeys::FirstTarget()
+{
+    const TDateScalerCore &scaler = Host().Scaler();
+    const TDateTime middle = (scaler.GetStart() + scaler.GetStop()) / 2;
+    TGantRow *current = InputHost().CurrentRow();
+    TzuDataEntity_Spanbar *found =
+        current != nullptr && current->GetVisible() ? FindNeighbourClosest(*current, middle) : nullptr;
+    const auto &onScreen = GantRows().RowsOnScreen();
+    TGantRow *row = onScreen.empty() ? EdgeRow(TGantStep::Back) : onScreen.front();
+    while (row != nullptr && found == nullptr) {
+        found = FindNeighbourClosest(*row, middle);
+        row = NextShownRow(*row);
+    }
+    return found;
+}
+
+// --- the rest
+// -----------------------------------------------------------------------------------
+
+bool TGantKeys::Select(TSelectHow how)
+{
+    TzuDataEntity_Spanbar *active = ActiveDataEntity();
+    if (active == nullptr) {
+        return false;
+    }
+    SetAnchor(active);
+    if (how == TSelectHow::Toggle) {
+        active->SetSelected(!active->GetSelected());
+    } else {
+        SelectOnly(*active);
+    }
+    return true;
+}
+
+bool TGantKeys::Cancel()
+{
+    if (SelectingInRect()) {
+        CancelSelectInRect();
+        return true;
+    }
+    const bool any = SelectedCount() > 0 || !SelectedLinks().empty();
+    ClearSelection();
+    return any;
+}
+
+bool TGantKeys::Edit()
+{
+    TzuDataEntity_Spanbar *active = ActiveDataEntity();
+    if (active == nullptr || !OnEditDataEntity_Spanbar || !active->GetCanEdit()) {
+        return false;
+    }
+    OnEditDataEntity_Spanbar(Component(), active);
+    return true;
+}
+
+bool TGantKeys::DeleteSelected()
+{
+    if (!OnAskDelete) {
+        return false;
+    }
+    std::vector<TzuDataEntity_Spanbar *> items = SelectedItems();
+    KeepAll(items);
+    bool asked = false;
+    ChangeSelection([&] {
+        std::erase_if(items, [this](TzuDataEntity_Spanbar *item) {
+            return WasFreed(item) || !item->GetCanEdit();
+        });
+        std::erase_if(items, [this](TzuDataEntity_Spanbar *item) { return WasFreed(item); });
+        asked = !items.empty() || !SelectedLinks().empty();
+        if (asked) {
+            AskAndDelete(items);
+        }
+    });
+    return asked;
+}
+
+void TGantKeys::AskAndDelete(const std::vector<TzuDataEntity_Spanbar *> &items)
+{
+    const std::vector<TzuDataEntity_Link *> links = SelectedLinks();
+    AsUserChange(TGantUserChange::ucDelete, [&] {
+        bool allow = false;
+        OnAskDelete(Component(), items, links, allow);
+        if (allow) {
+            DeleteAll(items, links);
+        }
+        return AnyFreed();
+    });
+}
+
+/// Where the active item goes, the one closest to it becomes active.
+void TGantKeys::DeleteAll(const std::vector<TzuDataEntity_Spanbar *> &items,
+                          const std::vector<TzuDataEntity_Link *> &links)
+{
+    const TzuDataEntity_Spanbar *active = ActiveDataEntity();
+    TGantRow *row = active != nullptr ? active->GetRow() : nullptr;
+    if (row == nullptr) {
+        RemoveAll(items, links);
+        return;
+    }
+    const TDateTime date = active->GetStartDateTime();
+    const TzuLifeWatch rowLives(*row);
+    RemoveAll(items, links);
+    if (ActiveDataEntity() == nullptr && rowLives) {
+        SetActiveDataEntity(FindNeighbourClosest(*row, date));
+    }
+}
+
+void TGantKeys::RemoveAll(const std::vector<TzuDataEntity_Spanbar *> &items,
+                          const std::vector<TzuDataEntity_Link *> &links)
+{
+    // Lists are quickest to delete from behind.
+    for (auto link = links.rbegin(); link != links.rend(); ++link) {
+        if (!WasFreed(*link)) {
+            GetLinks().Remove(*link);
+        }
+    }
+    for (auto item = items.rbegin(); item != items.rend(); ++item) {
+        if (!WasFreed(*item)) {
+            RemoveSpanbar(*item);
+        }
+    }
+}
+
+bool TGantKeys::Zoom(TGantKeyFunction function)
+{
+    TDateScalerCore &scaler = Host().Scaler();
+    const double factor = scaler.ZoomFactor();
+    if (factor <= 0 || factor >= 1) {
+        return false;
+    }
+    TDateTime centre = (scaler.GetStart() + scaler.GetStop()) / 2;
+    if (const TzuDataEntity_Spanbar *active = ActiveDataEntity()) {
+        const TDateTime middle = (active->GetStartDateTime() + active->GetStopDateTime()) / 2;
+        const bool inView = middle >= scaler.GetStart() && middle <= scaler.GetStop();
+        centre = inView ? middle : centre;
+    }
+    const double scale = scaler.GetScale();
+    scaler.SetCenterScale(function == kfZoomIn ? scale * factor : scale / factor, centre,
+                          scaler.DateToPixel(centre));
+    return true;
+}
+
+void TGantKeys::_OnItemFreed(const TzuDataEntity_Spanbar *item)
+{
+    if (m_walkItem == item) {
+        m_walkItem = nullptr;
+    }
+    TGantGestures::_OnItemFreed(item);
+}
+
+} // namespace korvane
