@@ -176,6 +176,7 @@ void TGantCore::SetActiveDataEntity(TzuDataEntity_Spanbar *item)
     Keep(item);
     if (Assign(m_active, item)) {
         m_host.InvalidateArea();
+        m_host.ActiveItemChanged();
     }
 }
 
@@ -183,6 +184,29 @@ bool TGantCore::Holds(const TzuDataEntity_Spanbar &item) const
 {
     const TGantRow *row = item.GetRow();
     return row != nullptr && &row->Gant() == this;
+}
+
+TzuDataEntity_Link *TGantCore::GetLinkFromXY(int x, int y) const
+{
+    constexpr double kReach = 3;
+    double least = kReach;
+    TzuDataEntity_Link *closest = nullptr;
+    for (const TShownLink &shown : m_shownLinks) {
+        const double distance = DistanceToLine(shown.Line(), {x, y});
+        if (distance <= least) {
+            least = distance;
+            closest = shown.Link;
+        }
+    }
+    return closest;
+}
+
+void TGantCore::SetHoverLink(TzuDataEntity_Link *link)
+{
+    Keep(link);
+    if (Assign(m_hoverLink, link)) {
+        m_host.InvalidateArea();
+    }
 }
 
 TzuDataEntity_Spanbar *TGantCore::GetDataEntityFromXY(int x, int y) const
@@ -319,6 +343,26 @@ void TGantCore::_OnSelectionChanged_Link(TzuDataList *list, TzuDataEntity *link)
 {
     m_host.InvalidateArea();
     OnSelectionChanged_Link(this, list, link);
+}
+
+void TGantCore::_OnDeleteItem_Link(TzuDataEntity *link)
+{
+    ForgetLink(&dynamic_cast<TzuDataEntity_Link &>(*link));
+    m_host.InvalidateArea();
+}
+
+void TGantCore::_OnLinkFreed(const TzuDataEntity_Link *link)
+{
+    ForgetLink(link);
+}
+
+void TGantCore::ForgetLink(const TzuDataEntity_Link *link)
+{
+    if (m_hoverLink == link) {
+        m_hoverLink = nullptr;
+    }
+    // The next paint collects them anew. All at once, so that deleting many costs no more.
+    m_shownLinks.clear();
 }
 
 void TGantCore::_OnItemFreed(const TzuDataEntity_Spanbar *item)

@@ -12,6 +12,8 @@
 
 #include <array>
 #include <memory>
+#include <optional>
+#include <span>
 #include <utility>
 #include <vector>
 
@@ -46,6 +48,8 @@ public:
     virtual TPrintScale AreaPrintScale() const = 0;
     /// Enlarges the canvas font while printing; called after every change of the font.
     virtual void PrintResizeAreaFont() = 0;
+
+    virtual void ActiveItemChanged() {}
 };
 
 /// The state and the rules of a Gantt chart. Time items lie in layers on rows; links join them.
@@ -61,6 +65,8 @@ public:
     IGantHost &Host() { return m_host; }
     const IGantHost &Host() const { return m_host; }
 
+    /// False before the lists are created and once they are released.
+    bool HasData() const { return m_rows != nullptr && !m_destroying; }
     TGantRowList &GantRows() { return *m_rows; }
     const TGantRowList &GantRows() const { return *m_rows; }
     /// Every row's layers, for walks over all time items.
@@ -86,6 +92,13 @@ public:
     void SetActiveDataEntity(TzuDataEntity_Spanbar *item);
     /// The topmost visible item at a point of the area, or null.
     TzuDataEntity_Spanbar *GetDataEntityFromXY(int x, int y) const;
+    /// The link whose line, as last painted, runs closest to a point of the area, no farther from
+    /// it than 3 pixels; of equally close ones the topmost. Null when there is none. A link drawn
+    /// by OnUserDrawLinks is found where OnLinkRoute says that it runs. Costs the links on screen.
+    TzuDataEntity_Link *GetLinkFromXY(int x, int y) const;
+    /// The link that the mouse points at; drawn thicker.
+    TzuDataEntity_Link *HoverLink() const { return m_hoverLink; }
+    void SetHoverLink(TzuDataEntity_Link *link);
 
     TColor GantBackColor() const { return m_backColor; }
     void SetGantBackColor(TColor color);
@@ -153,6 +166,8 @@ public:
     // Drawing handlers must not add or remove nodes, items or links.
     TOnUserDrawTime OnUserDrawTime;
     TOnUserDrawLinks OnUserDrawLinks;
+    /// Asked before OnUserDrawLinks, so that such links can be pointed at and marked.
+    TOnLinkRoute OnLinkRoute;
     TOnUserDrawContent OnUserDrawBackground;
     TOnUserDrawContent OnUserDrawForeground;
 
@@ -188,11 +203,12 @@ protected:
     virtual void _OnBeforeCanEditItem(TzuDataEntity *item);
     virtual void _OnVirtualLoadTimeItem(TzuDataEntity *item);
     virtual void _OnVirtualUnLoadTimeItem(TzuDataEntity *item, bool &canUnload);
-    virtual void _OnDeleteItem_Link(TzuDataEntity * /*link*/) {}
+    virtual void _OnDeleteItem_Link(TzuDataEntity *link);
     virtual void _OnSelectionChanged_Link(TzuDataList *list, TzuDataEntity *link);
     void _OnItemFreed(const TzuDataEntity_Spanbar *item) override;
     /// The part of an item's rectangle that is drawn.
     TRect InsetRect(const TzuDataEntity_Spanbar &item, const TRect &rect) const;
+    void _OnLinkFreed(const TzuDataEntity_Link *link) override;
     void _OnTimeItemSyleSet(const TzuTimeItemTextCollection &collection, TCanvas &canvas,
                             int style);
 
@@ -206,9 +222,24 @@ private:
     void RenderLinks();
     void CollectLinksOnScreen();
     void RenderLink(TzuDataEntity_Link &link);
+    void RenderUserLink(TzuDataEntity_Link &link, TLinkPoints points, TLinkMark mark);
+    void ForgetLink(const TzuDataEntity_Link *link);
     TLinkEnd LinkEndOf(const TzuDataEntity_Spanbar &item) const;
     void DrawShape(TzuDataEntity_Spanbar &item, const TRect &rect, TCanvas &canvas);
     TRect AreaRect() const;
+
+    /// A link on screen and where it runs.
+    struct TShownLink
+    {
+        TzuDataEntity_Link *Link;
+        std::optional<TLinkRoute> Route;
+        std::vector<TPoint> UserRoute; ///< without Route
+
+        std::span<const TPoint> Line() const
+        {
+            return Route ? Route->Line() : std::span<const TPoint>(UserRoute);
+        }
+    };
 
     IGantHost &m_host;
     TzuGant_ComBasic *m_component;
@@ -221,6 +252,8 @@ private:
     std::vector<TVisibleNode> m_visibleNodes; ///< kept for its capacity
     /// Links at items on screen, with their index in the link list, in list order.
     std::vector<std::pair<int, TzuDataEntity_Link *>> m_drawnLinks;
+    std::vector<TShownLink> m_shownLinks; ///< as last painted, bottom to top
+    TzuDataEntity_Link *m_hoverLink = nullptr;
     TzuDataEntity_Spanbar *m_active = nullptr;
     const TImageList *m_imageList = nullptr;
     TOnStyleSet m_onStyleSet;

@@ -1,5 +1,7 @@
 #include "gantt/zuGantDataKeeper.h"
 
+#include "gantt/zuGantRow.h"
+
 namespace korvane {
 
 TGantDataKeeper *TGantDataKeeper::s_first = nullptr;
@@ -35,6 +37,13 @@ void TGantDataKeeper::Keep(TzuDataEntity_Link *link)
     }
 }
 
+void TGantDataKeeper::Keep(TGantRow *row)
+{
+    if (row != nullptr) {
+        row->m_kept = true;
+    }
+}
+
 void TGantDataKeeper::Freed(const TzuDataEntity_Spanbar *item)
 {
     for (auto *keeper = s_first; keeper != nullptr; keeper = keeper->m_next) {
@@ -46,6 +55,13 @@ void TGantDataKeeper::Freed(const TzuDataEntity_Link *link)
 {
     for (auto *keeper = s_first; keeper != nullptr; keeper = keeper->m_next) {
         keeper->_OnLinkFreed(link);
+    }
+}
+
+void TGantDataKeeper::Freed(const TGantRow *row)
+{
+    for (auto *keeper = s_first; keeper != nullptr; keeper = keeper->m_next) {
+        keeper->_OnRowFreed(row);
     }
 }
 

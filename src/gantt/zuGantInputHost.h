@@ -56,6 +56,8 @@ public:
     virtual void HideGestureHint() = 0;
     /// Lets the user carry items out of the chart. May come back only after the drop.
     virtual void StartItemDrag(const TGantDragData &data) = 0;
+    /// Marks of items or links have changed: once after each operation.
+    virtual void SelectionChanged() {}
 };
 
 } // namespace korvane

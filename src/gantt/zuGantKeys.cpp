@@ -1,5 +1,6 @@
 #include "gantt/zuGantKeys.h"
 
+#include "gantt/zuGantDescribe.h"
 #include "gantt/zuGantSelectionImpl.h"
 #include "scaler/zuScaler.h"
 
@@ -21,16 +22,16 @@ using enum TGantKeyFunction;
 
 /// Without Alt; Shift extends.
 constexpr std::array kBindings{
-    TBinding{TGantKey::Left, false, kfLeft},         TBinding{TGantKey::Right, false, kfRight},
-    TBinding{TGantKey::Up, false, kfUp},             TBinding{TGantKey::Down, false, kfDown},
-    TBinding{TGantKey::Home, false, kfRowStart},     TBinding{TGantKey::End, false, kfRowEnd},
-    TBinding{TGantKey::Home, true, kfFirstRow},      TBinding{TGantKey::End, true, kfLastRow},
-    TBinding{TGantKey::PageUp, false, kfPageUp},     TBinding{TGantKey::PageDown, false, kfPageDown},
-    TBinding{TGantKey::Space, false, kfSelect},      TBinding{TGantKey::Space, true, kfToggle},
-    TBinding{TGantKey::A, true, kfSelectAll},        TBinding{TGantKey::Escape, false, kfCancel},
-    TBinding{TGantKey::Enter, false, kfEdit},        TBinding{TGantKey::Delete, false, kfDelete},
-    TBinding{TGantKey::Plus, false, kfZoomIn},       TBinding{TGantKey::Plus, true, kfZoomIn},
-    TBinding{TGantKey::Minus, false, kfZoomOut},     TBinding{TGantKey::Minus, true, kfZoomOut},
+    TBinding{TGantKey::Left, false, kfLeft},     TBinding{TGantKey::Right, false, kfRight},
+    TBinding{TGantKey::Up, false, kfUp},         TBinding{TGantKey::Down, false, kfDown},
+    TBinding{TGantKey::Home, false, kfRowStart}, TBinding{TGantKey::End, false, kfRowEnd},
+    TBinding{TGantKey::Home, true, kfFirstRow},  TBinding{TGantKey::End, true, kfLastRow},
+    TBinding{TGantKey::PageUp, false, kfPageUp}, TBinding{TGantKey::PageDown, false, kfPageDown},
+    TBinding{TGantKey::Space, false, kfSelect},  TBinding{TGantKey::Space, true, kfToggle},
+    TBinding{TGantKey::A, true, kfSelectAll},    TBinding{TGantKey::Escape, false, kfCancel},
+    TBinding{TGantKey::Enter, false, kfEdit},    TBinding{TGantKey::Delete, false, kfDelete},
+    TBinding{TGantKey::Plus, false, kfZoomIn},   TBinding{TGantKey::Plus, true, kfZoomIn},
+    TBinding{TGantKey::Minus, false, kfZoomOut}, TBinding{TGantKey::Minus, true, kfZoomOut},
 };
 
 TGantStep StepOf(TGantKeyFunction function)
@@ -107,10 +108,10 @@ bool TGantKeys::Walk(TGantKeyFunction function, bool extend)
         // At an end the key is used nevertheless: it must not scroll or leave the area.
         return active != nullptr;
     }
-    const bool acrossLines = active != nullptr
-                             && (function == kfUp || function == kfDown || function == kfPageUp
-                                 || function == kfPageDown || function == kfFirstRow
-                                 || function == kfLastRow);
+    const bool acrossLines =
+        active != nullptr
+        && (function == kfUp || function == kfDown || function == kfPageUp || function == kfPageDown
+            || function == kfFirstRow || function == kfLastRow);
     m_walkDate = acrossLines ? WalkDate(*active) : target->GetStartDateTime();
     m_walkItem = target;
     StepTo(*target, extend);
@@ -142,8 +143,7 @@ TDateTime TGantKeys::WalkDate(const TzuDataEntity_Spanbar &from) const
     return &from == m_walkItem ? m_walkDate : from.GetStartDateTime();
 }
 
-TzuDataEntity_Spanbar *TGantKeys::WalkTarget(TzuDataEntity_Spanbar &from,
-                                             TGantKeyFunction function)
+TzuDataEntity_Spanbar *TGantKeys::WalkTarget(TzuDataEntity_Spanbar &from, TGantKeyFunction function)
 {
     const TGantStep step = StepOf(function);
     switch (function) {
@@ -196,8 +196,9 @@ TzuDataEntity_Spanbar *TGantKeys::FirstTarget()
     const TDateScalerCore &scaler = Host().Scaler();
     const TDateTime middle = (scaler.GetStart() + scaler.GetStop()) / 2;
     TGantRow *current = InputHost().CurrentRow();
-    TzuDataEntity_Spanbar *found =
-        current != nullptr && current->GetVisible() ? FindNeighbourClosest(*current, middle) : nullptr;
+    TzuDataEntity_Spanbar *found = current != nullptr && current->GetVisible()
+                                       ? FindNeighbourClosest(*current, middle)
+                                       : nullptr;
     const auto &onScreen = GantRows().RowsOnScreen();
     TGantRow *row = onScreen.empty() ? EdgeRow(TGantStep::Back) : onScreen.front();
     while (row != nullptr && found == nullptr) {
@@ -331,6 +332,30 @@ bool TGantKeys::Zoom(TGantKeyFunction function)
     scaler.SetCenterScale(function == kfZoomIn ? scale * factor : scale / factor, centre,
                           scaler.DateToPixel(centre));
     return true;
+}
+
+// --- pointing
+// -----------------------------------------------------------------------------------
+
+void TGantKeys::PointAt(int x, int y)
+{
+    SetHoverLink(GetDataEntityFromXY(x, y) == nullptr ? GetLinkFromXY(x, y) : nullptr);
+}
+
+TAreaHint TGantKeys::HintAt(int x, int y)
+{
+    TAreaHint hint;
+    if (TzuDataEntity_Spanbar *item = GetDataEntityFromXY(x, y)) {
+        hint.Rect = item->GetRow()->RectFromDataEntity(*item).value_or(TRect{});
+        hint.Text = CaptionOf(*item) + '\n' + TimesOf(*item);
+        OnItemHint(Component(), item, hint.Text);
+    } else if (TzuDataEntity_Link *link = GetLinkFromXY(x, y)) {
+        constexpr int kNear = 4;
+        hint.Rect = {x - kNear, y - kNear, x + kNear, y + kNear};
+        hint.Text = CaptionOf(*link);
+        OnLinkHint(Component(), link, hint.Text);
+    }
+    return hint;
 }
 
 void TGantKeys::_OnItemFreed(const TzuDataEntity_Spanbar *item)

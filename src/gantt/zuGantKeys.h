@@ -3,6 +3,7 @@
 
 #include "gantt/zuGantGestures.h"
 
+#include <string>
 #include <vector>
 
 namespace korvane {
@@ -51,6 +52,13 @@ enum class TGantKeyFunction : unsigned char {
     kfZoomOut,
 };
 
+/// A hint, and where it holds, in area pixels.
+struct TAreaHint
+{
+    std::string Text;
+    TRect Rect;
+};
+
 /// Adds the keyboard to the chart.
 ///
 /// Left and Right walk along a line, Up and Down from line to line, staying as close as they can to
@@ -74,10 +82,19 @@ public:
     /// Does it; true when there was something to do. `extend` matters where another item becomes
     /// active.
     bool PerformGantAreaKeyfunction(TGantKeyFunction function, bool extend = false);
+    /// The mouse is over a point of the area: marks the link there. An item above it comes first.
+    void PointAt(int x, int y);
+    void PointAway() { SetHoverLink(nullptr); }
+    /// What a hint says about the item or link at a point: its caption, and when the item starts
+    /// and stops. Empty where there is neither.
+    TAreaHint HintAt(int x, int y);
+
     /// Makes an item active where there is none, as the first key does: for an area that comes to
     /// have the keyboard focus.
     void EnsureActiveDataEntity();
 
+    TOnItemHint OnItemHint;
+    TOnLinkHint OnLinkHint;
     /// The user wants to edit an item, which can be edited.
     TOnGantItem OnEditDataEntity_Spanbar;
     /// The user wants to delete what is selected. The chart deletes it when the handler says so; a

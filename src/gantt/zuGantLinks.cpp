@@ -1,11 +1,16 @@
 #include "gantt/zuGantLinks.h"
 
+#include <cmath>
+#include <limits>
+
 namespace korvane {
 
 namespace {
 
 constexpr int kStubGap = 10;
 constexpr int kArrowSize = 3;
+constexpr int kSelectedBand = 5;
+constexpr int kHoveredWidth = 3;
 /// Length of the last, horizontal segment of a default route, so that the arrow head stands clear.
 constexpr int kApproach = 8;
 
@@ -122,12 +127,40 @@ TRect TLinkRoute::Bounds() const
     return bounds;
 }
 
-void DrawLink(TCanvas &canvas, TLinkPoints points, TLinkStyle style, TColor color)
+double DistanceToLine(std::span<const TPoint> line, TPoint point)
 {
-    const TLinkRoute route(points, style);
+    double least = std::numeric_limits<double>::infinity();
+    for (std::size_t i = 1; i < line.size(); ++i) {
+        const double dx = double(line[i].X) - line[i - 1].X;
+        const double dy = double(line[i].Y) - line[i - 1].Y;
+        const double px = double(point.X) - line[i - 1].X;
+        const double py = double(point.Y) - line[i - 1].Y;
+        const double length = dx * dx + dy * dy;
+        // How far along the segment its closest point lies.
+        const double along = length > 0 ? std::clamp((px * dx + py * dy) / length, 0.0, 1.0) : 0.0;
+        least = std::min(least, std::hypot(px - along * dx, py - along * dy));
+    }
+    return least;
+}
+
+void DrawLinkMark(TCanvas &canvas, std::span<const TPoint> line, TLinkMark mark, TColor color)
+{
+    if (mark == TLinkMark::None) {
+        return;
+    }
+    const bool selected = mark == TLinkMark::Selected;
+    canvas.SetPen({selected ? clHighlight : color, selected ? kSelectedBand : kHoveredWidth,
+                   TPenStyle::psSolid});
+    canvas.Polyline(line);
+}
+
+void DrawLink(TCanvas &canvas, const TLinkRoute &route, TLinkStyle style, TColor color,
+              TLinkMark mark)
+{
     if (!route.LinePassesThroughWindow(canvas.ClipRect())) {
         return;
     }
+    DrawLinkMark(canvas, route.Line(), mark, color);
     canvas.SetPen({color, 1, TPenStyle::psSolid});
     canvas.Polyline(route.Line());
 

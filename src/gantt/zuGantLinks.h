@@ -58,8 +58,21 @@ private:
     std::array<TPoint, 3> m_arrowHead{};
 };
 
+/// The distance in pixels from a point to the nearest of connected lines; infinite when there are
+/// none.
+double DistanceToLine(std::span<const TPoint> line, TPoint point);
+
+enum class TLinkMark : unsigned char {
+    None,
+    Hovered, ///< drawn thicker
+    Selected ///< drawn on a band in the highlight colour
+};
+
+/// Draws a link's mark, which goes below the link. Without a mark nothing is drawn.
+void DrawLinkMark(TCanvas &canvas, std::span<const TPoint> line, TLinkMark mark, TColor color);
 /// Draws a link. Nothing outside the canvas' clip rectangle is sent to the canvas; the brush is
 /// restored.
-void DrawLink(TCanvas &canvas, TLinkPoints points, TLinkStyle style, TColor color);
+void DrawLink(TCanvas &canvas, const TLinkRoute &route, TLinkStyle style, TColor color,
+              TLinkMark mark = TLinkMark::None);
 
 } // namespace korvane

@@ -13,8 +13,7 @@ namespace {
 
 TDateTime Distance(const TzuDataEntity_Spanbar &item, TDateTime date)
 {
-    const auto [start, stop] =
-        std::minmax({item.GetStartDateTime(), item.GetStopDateTime()});
+    const auto [start, stop] = std::minmax({item.GetStartDateTime(), item.GetStopDateTime()});
     return std::max({start - date, date - stop, 0.0});
 }
 
@@ -83,8 +82,8 @@ TzuDataEntity_Spanbar *TGantSelection::FindNeighbourClosest(TGantRow &row, TDate
     return closest;
 }
 
-TzuDataEntity_Spanbar *
-TGantSelection::FindNeighbourToRightLeft(const TzuDataEntity_Spanbar &item, TGantStep step) const
+TzuDataEntity_Spanbar *TGantSelection::FindNeighbourToRightLeft(const TzuDataEntity_Spanbar &item,
+                                                                TGantStep step) const
 {
     TGantRow *row = item.GetRow();
     if (row == nullptr) {
@@ -94,8 +93,7 @@ TGantSelection::FindNeighbourToRightLeft(const TzuDataEntity_Spanbar &item, TGan
     const bool forward = step == TGantStep::Forward;
     TzuDataEntity_Spanbar *found = nullptr;
     ForEachReached(*row, [&](TzuDataEntity_Spanbar &other) {
-        const bool beyond =
-            forward ? IsBefore(*row, item, other) : IsBefore(*row, other, item);
+        const bool beyond = forward ? IsBefore(*row, item, other) : IsBefore(*row, other, item);
         const bool nearest =
             found == nullptr
             || (forward ? IsBefore(*row, other, *found) : IsBefore(*row, *found, other));
@@ -119,10 +117,10 @@ TzuDataEntity_Spanbar *TGantSelection::FindAtEndOfRow(const TzuDataEntity_Spanba
         if (LineOf(*row, other) != line) {
             return;
         }
-        const bool farther = found == nullptr
-                             || (step == TGantStep::Forward
-                                     ? other.GetStartDateTime() > found->GetStartDateTime()
-                                     : other.GetStartDateTime() < found->GetStartDateTime());
+        const bool farther =
+            found == nullptr
+            || (step == TGantStep::Forward ? other.GetStartDateTime() > found->GetStartDateTime()
+                                           : other.GetStartDateTime() < found->GetStartDateTime());
         found = farther ? &other : found;
     });
     return found;

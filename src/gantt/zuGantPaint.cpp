@@ -5,6 +5,7 @@
 #include "scaler/zuScalerGestures.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace korvane {
 
@@ -177,10 +178,18 @@ void TGantCore::DrawShape(TzuDataEntity_Spanbar &item, const TRect &rect, TCanva
 void TGantCore::RenderLinks()
 {
     CollectLinksOnScreen();
+    // A print runs along other pixels than the mouse.
+    const TPrintScale scale = m_host.AreaPrintScale();
+    const bool printing = scale.X != 1 || scale.Y != 1;
+    std::vector<TShownLink> onScreen = std::move(m_shownLinks);
+    m_shownLinks.clear();
     for (const auto &[index, link] : m_drawnLinks) {
         RenderLink(*link);
     }
     m_drawnLinks.clear();
+    if (printing) {
+        m_shownLinks = std::move(onScreen);
+    }
 }
 
 void TGantCore::CollectLinksOnScreen()
@@ -237,12 +246,30 @@ void TGantCore::RenderLink(TzuDataEntity_Link &link)
     }
     const TLinkStyle style = firstRow == secondRow ? TLinkStyle::tlsDefault : link.GetStyle();
     const TLinkPoints points = LinkPoints(firstEnd, secondEnd, style);
-    TCanvas &canvas = m_host.AreaCanvas();
-    if (link.GetStyle() == TLinkStyle::tlsUserDraw) {
-        OnUserDrawLinks(m_component, &link, canvas, points.Start, points.End);
-    } else {
-        DrawLink(canvas, points, style, link.GetColor());
+    TLinkMark mark = &link == m_hoverLink ? TLinkMark::Hovered : TLinkMark::None;
+    if (link.GetSelected()) {
+        mark = TLinkMark::Selected;
     }
+    Keep(&link);
+    if (link.GetStyle() == TLinkStyle::tlsUserDraw) {
+        RenderUserLink(link, points, mark);
+    } else {
+        const TLinkRoute route(points, style);
+        DrawLink(m_host.AreaCanvas(), route, style, link.GetColor(), mark);
+        m_shownLinks.push_back({&link, route, {}});
+    }
+}
+
+void TGantCore::RenderUserLink(TzuDataEntity_Link &link, TLinkPoints points, TLinkMark mark)
+{
+    TCanvas &canvas = m_host.AreaCanvas();
+    std::vector<TPoint> route;
+    OnLinkRoute(m_component, &link, points.Start, points.End, route);
+    if (route.size() > 1) {
+        DrawLinkMark(canvas, route, mark, link.GetColor());
+    }
+    OnUserDrawLinks(m_component, &link, canvas, points.Start, points.End);
+    m_shownLinks.push_back({&link, std::nullopt, std::move(route)});
 }
 
 } // namespace korvane

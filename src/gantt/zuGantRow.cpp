@@ -32,7 +32,12 @@ TGantRow::TGantRow(TGantRowList &rowList, TzuDataEntity_Tree *treeNode)
     m_gant.AllTimeItems().Add(m_layers);
 }
 
-TGantRow::~TGantRow() = default;
+TGantRow::~TGantRow()
+{
+    if (m_kept) {
+        TGantDataKeeper::Freed(this);
+    }
+}
 
 void TGantRow::CleanForFree()
 {

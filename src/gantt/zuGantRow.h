@@ -127,6 +127,7 @@ public:
     void CleanForFree() override;
 
 private:
+    friend class TGantDataKeeper;
     friend class TGantRowList;
 
     TPixelSpan XSpan(const TzuDataEntity_Spanbar &item, TDateTime start, TDateTime stop) const;
@@ -152,6 +153,7 @@ private:
     bool m_canResize = true;
     bool m_collisionDetection = false;
     bool m_oneGroup = false;
+    bool m_kept = false; ///< keepers are to be told when the row is freed
 };
 
 template <typename Visit>

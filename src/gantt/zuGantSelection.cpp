@@ -291,6 +291,7 @@ void TGantSelection::_OnItemFreed(const TzuDataEntity_Spanbar *item)
 void TGantSelection::_OnLinkFreed(const TzuDataEntity_Link *link)
 {
     Forget(link);
+    TGantCore::_OnLinkFreed(link);
 }
 
 void TGantSelection::_OnDeleteItem_Link(TzuDataEntity *link)

@@ -63,6 +63,7 @@ void TGantSelection::ChangeSelection(const Change &change)
         change();
     }
     if (m_changeDepth == 0 && std::exchange(m_selectionChanged, false)) {
+        m_inputHost.SelectionChanged();
         OnAfterSelectionChanged(Component());
     }
 }

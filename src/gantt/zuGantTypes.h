@@ -6,6 +6,7 @@
 #include "foundation/zuMethod.h"
 #include "foundation/zuTypes.h"
 
+#include <string>
 #include <vector>
 
 namespace korvane {
@@ -147,6 +148,14 @@ using TOnUserDrawTime = TMethod<void(TzuGant_ComBasic *theGant, TzuDataEntity_Sp
                                      TCanvas &canvas, const TRect &rect)>;
 using TOnUserDrawLinks = TMethod<void(TzuGant_ComBasic *theGant, TzuDataEntity_Link *link,
                                       TCanvas &canvas, TPoint start, TPoint end)>;
+/// Fills in the lines along which OnUserDrawLinks draws a link, in area pixels.
+using TOnLinkRoute = TMethod<void(TzuGant_ComBasic *theGant, TzuDataEntity_Link *link, TPoint start,
+                                  TPoint end, std::vector<TPoint> &route)>;
+/// `text` is what the hint would say; the handler may change it, or empty it for no hint.
+using TOnItemHint =
+    TMethod<void(TzuGant_ComBasic *theGant, TzuDataEntity_Spanbar *item, std::string &text)>;
+using TOnLinkHint =
+    TMethod<void(TzuGant_ComBasic *theGant, TzuDataEntity_Link *link, std::string &text)>;
 /// `rect` is the whole area, in its pixels.
 using TOnUserDrawContent =
     TMethod<void(TzuGant_ComBasic *theGant, const TRect &rect, TCanvas &canvas)>;

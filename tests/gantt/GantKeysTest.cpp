@@ -174,7 +174,7 @@ TEST_F(GantKeys, TheActiveItemIsBroughtIntoView)
         int Shift; // of the axis
     };
     const TCase cases[] = {
-        {100, 200, 0},   {-20, 30, -20},  {470, 490, 10}, {480, 500, 20},
+        {100, 200, 0},    {-20, 30, -20}, {470, 490, 10}, {480, 500, 20},
         {600, 1500, 600}, {-100, 600, 0}, {0, 480, 0},
     };
     for (const TCase &c : cases) {

@@ -5,7 +5,9 @@
 #include "foundation/qt/zuSplitter.h"
 #include "foundation/qt/zuToolkit.h"
 #include "foundation/zuDateUtils.h"
+#include "gantt/qt/zuGantAccessible.h"
 #include "gantt/qt/zuGantAreaInput.h"
+#include "gantt/qt/zuGantAreaKeys.h"
 
 #include <QEvent>
 #include <QHBoxLayout>
@@ -50,6 +52,7 @@ TzuGant_ComBasic::TzuGant_ComBasic(QWidget *parent, TConstruction construction)
     , TGantKeys(static_cast<IGantHost &>(*this), static_cast<IGantInputHost &>(*this), this)
 {
     InstallToolkitServices();
+    InstallGantAccessibility();
     if (construction == TConstruction::Complete) {
         InitializeInConstructor();
     }
@@ -134,6 +137,7 @@ void TzuGant_ComBasic::CreateAreaSide(QWidget &holder)
     m_area->setMouseTracking(true);
     m_area->OnPaint = [this](TzuOffscreenPaint *) { GantAreaPaint(); };
     m_input = std::make_unique<TGantAreaInput>(*this, *m_area);
+    m_keys = std::make_unique<TGantAreaKeys>(*this, *m_area);
     m_area->OnWheelMessage = [this](QWheelEvent &event) { GantAreaWheelScroll(event); };
     m_area->OnPrintResizeFont = m_scaler->OnPrintResizeFont;
     layout->addWidget(m_area, 1);

@@ -22,6 +22,7 @@ class QScrollBar;
 namespace korvane {
 
 class TGantAreaInput;
+class TGantAreaKeys;
 class TGraphHintWindow;
 class TzuSplitter;
 
@@ -213,6 +214,7 @@ private:
     TCanvas &AreaCanvas() override;
     TPrintScale AreaPrintScale() const override;
     void PrintResizeAreaFont() override;
+    void ActiveItemChanged() override;
 
     // IGantInputHost
     void FocusArea() override;
@@ -230,6 +232,7 @@ private:
     void ShowGestureHint(const TGantHint &hint, TPoint at) override;
     void HideGestureHint() override;
     void StartItemDrag(const TGantDragData &items) override;
+    void SelectionChanged() override;
 
     TzuSplitter *m_splitter = nullptr;
     QWidget *m_treeHolder = nullptr;
@@ -243,6 +246,7 @@ private:
     TGantTree *m_tree = nullptr;
     TzuOffscreenPaint *m_area = nullptr;
     TGraphHintWindow *m_hintWindow = nullptr;
+    std::unique_ptr<TGantAreaKeys> m_keys;
     QCursor m_areaCursor;
     TGantCursor m_shownCursor = TGantCursor::Area;
     std::unique_ptr<TGantAreaInput> m_input;

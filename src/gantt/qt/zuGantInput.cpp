@@ -1,6 +1,7 @@
 // How the chart's input rules reach the widgets.
 #include "foundation/qt/zuConvert.h"
 #include "foundation/qt/zuGraphStuff.h"
+#include "gantt/qt/zuGantAccessible.h"
 #include "gantt/qt/zuGantAreaInput.h"
 #include "gantt/qt/zuGantComBasic.h"
 
@@ -121,6 +122,16 @@ void TzuGant_ComBasic::HideGestureHint()
 void TzuGant_ComBasic::StartItemDrag(const TGantDragData &items)
 {
     m_input->StartItemDrag(items);
+}
+
+void TzuGant_ComBasic::ActiveItemChanged()
+{
+    TellActiveItem(*this);
+}
+
+void TzuGant_ComBasic::SelectionChanged()
+{
+    TellSelection(*this);
 }
 
 TGantRow *TzuGant_ComBasic::CurrentRow()
