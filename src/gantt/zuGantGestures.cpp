@@ -74,14 +74,21 @@ void TGantGestures::GantAreaMouseDown(TMouseButton button, const TShiftState &sh
     m_itemUnderMouse = GetDataEntityFromXY(x, y);
     Keep(m_itemUnderMouse);
     const bool onItem = m_itemUnderMouse != nullptr;
-    UpdateMultiSelect(m_itemUnderMouse, shift, TSelectStep::Press);
+    m_linkUnderMouse = onItem ? nullptr : GetLinkFromXY(x, y);
+    const bool onLink = m_linkUnderMouse != nullptr;
+    if (onLink) {
+        UpdateMultiSelect(*m_linkUnderMouse, shift, TSelectStep::Press);
+    } else {
+        UpdateMultiSelect(m_itemUnderMouse, shift, TSelectStep::Press);
+    }
 
     DoClickGantArea(button);
     if (life.expired()) {
         return;
     }
     // A handler may have taken the mouse away, or the item.
-    if (button == TMouseButton::mbLeft && m_mouseDown && onItem == (m_itemUnderMouse != nullptr)) {
+    const bool asBefore = m_mouseDown && onItem == (m_itemUnderMouse != nullptr);
+    if (button == TMouseButton::mbLeft && asBefore && !onLink) {
         BeginGesture(shift, {x, y});
     }
     m_stickyMode = TGantStickyMode::smNone;
@@ -182,8 +189,12 @@ void TGantGestures::ReleaseGesture(TMouseButton button, const TShiftState &shift
     if (wasDown) {
         Host().InvalidateArea();
         const bool isClick = !dragged && button == TMouseButton::mbLeft;
-        UpdateMultiSelect(m_itemUnderMouse, shift,
-                          isClick ? TSelectStep::Release : TSelectStep::Drop);
+        const TSelectStep step = isClick ? TSelectStep::Release : TSelectStep::Drop;
+        if (TzuDataEntity_Link *link = std::exchange(m_linkUnderMouse, nullptr)) {
+            UpdateMultiSelect(*link, shift, step);
+        } else {
+            UpdateMultiSelect(m_itemUnderMouse, shift, step);
+        }
     }
 }
 

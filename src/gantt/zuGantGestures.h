@@ -7,6 +7,7 @@
 #include "gantt/zuGantOutline.h"
 #include "gantt/zuGantSelection.h"
 
+#include <functional>
 #include <memory>
 #include <vector>
 
@@ -118,15 +119,6 @@ protected:
     {
         OnDblClickGantArea(Component(), item);
     }
-    /// Draws the outline of one item.
-    virtual void DrawOutline(const TRect &rect, TCanvas &canvas);
-
-    void _OnInsertItem(TzuDataEntity *item) override;
-    void _OnDeleteItem(TzuDataEntity *item) override;
-    void _OnItemFreed(const TzuDataEntity_Spanbar *item) override;
-
-private:
-    static constexpr auto kNoMode = TGantMouseMoveMode::mmNone;
 
     /// Where an item would come to lie.
     struct TDrop
@@ -135,6 +127,37 @@ private:
         TDateTime Stop = 0;
         TGantRow *Row = nullptr;
     };
+    using TItemChange = std::function<bool(TzuDataEntity_Spanbar &item)>;
+
+    // The rules of moving and resizing, whatever the user does it with. None asks for permissions.
+
+    /// Fits the grid to the zoom level.
+    void UpdateScreenSnap();
+    /// The item moved in time and snapped.
+    TDrop Shifted(const TzuDataEntity_Spanbar &item, TDateTime shift,
+                  TGantMouseMoveMode mode) const;
+    /// The item with one end moved, and both snapped; never inverted.
+    TDrop Grown(const TzuDataEntity_Spanbar &item, TGantEnd end, TDateTime shift) const;
+    /// Sets and announces the times; false when they are the item's already.
+    bool ApplyTimes(TzuDataEntity_Spanbar &item, const TDrop &drop);
+    /// Sets the times and has the application change the row, if it is another one.
+    bool MoveItem(TzuDataEntity_Spanbar &item, const TDrop &drop);
+    /// Calls `change`, which tells whether it has changed anything, for each selected item that can
+    /// be edited, in chart order, as one change of the user. Handlers may delete items.
+    void ChangeSelected(TGantUserChange kind, const TItemChange &change);
+
+    /// Draws the outline of one item.
+    virtual void DrawOutline(const TRect &rect, TCanvas &canvas);
+
+    void _OnInsertItem(TzuDataEntity *item) override;
+    void _OnDeleteItem(TzuDataEntity *item) override;
+    void _OnItemFreed(const TzuDataEntity_Spanbar *item) override;
+    void _OnDeleteItem_Link(TzuDataEntity *link) override;
+    void _OnLinkFreed(const TzuDataEntity_Link *link) override;
+
+private:
+    static constexpr auto kNoMode = TGantMouseMoveMode::mmNone;
+
     class TWork;
 
     void BeginUserChange(TGantUserChange kind);
@@ -174,7 +197,6 @@ private:
     void ShowHint();
 
     // What a drop gives.
-    void UpdateScreenSnap();
     TDrop DropOf(const TzuDataEntity_Spanbar &item, TPoint delta, bool copy);
     TDrop GrownTimes(const TzuDataEntity_Spanbar &item, TPoint delta);
     TGantRow *TargetRow(const TzuDataEntity_Spanbar &item, TGantRow &row, int dy) const;
@@ -182,7 +204,6 @@ private:
     TDateTime TimeShift(int pixel, int pixels) const;
     void HandleDependencyChange(int x, int y);
     void HandleGrow(TPoint delta);
-    bool MoveItem(TzuDataEntity_Spanbar &item, TPoint delta);
     bool CopyItem(TzuDataEntity_Spanbar &item, TPoint delta);
     bool MoveItemToRow(TzuDataEntity_Spanbar &item, TGantRow &row, const TDrop &drop);
 
@@ -191,7 +212,8 @@ private:
     TGantFeedback m_feedback;
     std::shared_ptr<const bool> m_life; ///< expires with the chart
     TzuDataEntity_Spanbar *m_itemUnderMouse = nullptr;
-    TzuDataEntity_Spanbar *m_gestureItem = nullptr;  ///< that a dependency or a resizing is about
+    TzuDataEntity_Link *m_linkUnderMouse = nullptr; ///< of the last press; it waits for the release
+    TzuDataEntity_Spanbar *m_gestureItem = nullptr; ///< that a dependency or a resizing is about
     TzuDataEntity_Spanbar *m_insertedItem = nullptr; ///< by the handler of a copy or row change
     TWork *m_work = nullptr;                         ///< innermost of those that run
     TPoint m_downPoint;                              ///< moves with axis and rows

@@ -60,6 +60,22 @@ void TGantGestures::_OnItemFreed(const TzuDataEntity_Spanbar *item)
     TGantSelection::_OnItemFreed(item);
 }
 
+void TGantGestures::_OnDeleteItem_Link(TzuDataEntity *link)
+{
+    if (m_linkUnderMouse == link) {
+        m_linkUnderMouse = nullptr;
+    }
+    TGantSelection::_OnDeleteItem_Link(link);
+}
+
+void TGantGestures::_OnLinkFreed(const TzuDataEntity_Link *link)
+{
+    if (m_linkUnderMouse == link) {
+        m_linkUnderMouse = nullptr;
+    }
+    TGantSelection::_OnLinkFreed(link);
+}
+
 void TGantGestures::Forget(const TzuDataEntity_Spanbar *item)
 {
     if (m_work != nullptr) {
@@ -117,20 +133,25 @@ TGantGestures::TDrop TGantGestures::DropOf(const TzuDataEntity_Spanbar &item, TP
                                            bool copy)
 {
     TGantRow &row = *item.GetRow();
+    TGantRow *target = TargetRow(item, row, delta.Y);
+    const bool keepTimes = target != &row && !copy && !m_moveInTimeWhenMoveRow;
+    if (delta.X == 0 || keepTimes || !row.TimeItems_CanMove()) {
+        return {item.GetStartDateTime(), item.GetStopDateTime(), target};
+    }
+    TDrop drop = Shifted(item, TimeShift(row.XStartStopFromDataEntity(item).From, delta.X),
+                         copy ? TGantMouseMoveMode::mmCopy : TGantMouseMoveMode::mmMove);
+    drop.Row = target;
+    return drop;
+}
+
+TGantGestures::TDrop TGantGestures::Shifted(const TzuDataEntity_Spanbar &item, TDateTime shift,
+                                            TGantMouseMoveMode mode) const
+{
     const TDateTime start = item.GetStartDateTime();
     const TDateTime stop = item.GetStopDateTime();
-    TDrop drop{start, stop, TargetRow(item, row, delta.Y)};
-    const bool keepTimes = drop.Row != &row && !copy && !m_moveInTimeWhenMoveRow;
-    if (delta.X == 0 || keepTimes || !row.TimeItems_CanMove()) {
-        return drop;
-    }
-    const TDateTime shift = TimeShift(row.XStartStopFromDataEntity(item).From, delta.X);
-    drop.Start += shift;
-    drop.Stop += shift;
+    TDrop drop{start + shift, stop + shift, item.GetRow()};
     if (OnSnapTimes) {
-        OnSnapTimes(Component(), &item,
-                    copy ? TGantMouseMoveMode::mmCopy : TGantMouseMoveMode::mmMove, drop.Start,
-                    drop.Stop);
+        OnSnapTimes(Component(), &item, mode, drop.Start, drop.Stop);
         return drop;
     }
     m_snap.SnapMove(drop.Start, drop.Stop);
@@ -142,17 +163,27 @@ TGantGestures::TDrop TGantGestures::DropOf(const TzuDataEntity_Spanbar &item, TP
 
 TGantGestures::TDrop TGantGestures::GrownTimes(const TzuDataEntity_Spanbar &item, TPoint delta)
 {
-    TDrop drop{item.GetStartDateTime(), item.GetStopDateTime(), item.GetRow()};
     if (delta.X == 0) {
-        return drop;
+        return {item.GetStartDateTime(), item.GetStopDateTime(), item.GetRow()};
     }
-    if (m_mode == TGantMouseMoveMode::mmGrowRight) {
-        drop.Stop = std::max(drop.Stop + TimeShift(m_growOrigRect.Right, delta.X), drop.Start);
+    return m_mode == TGantMouseMoveMode::mmGrowRight
+               ? Grown(item, TGantEnd::Stop, TimeShift(m_growOrigRect.Right, delta.X))
+               : Grown(item, TGantEnd::Start, TimeShift(m_growOrigRect.Left, delta.X));
+}
+
+TGantGestures::TDrop TGantGestures::Grown(const TzuDataEntity_Spanbar &item, TGantEnd end,
+                                          TDateTime shift) const
+{
+    TDrop drop{item.GetStartDateTime(), item.GetStopDateTime(), item.GetRow()};
+    if (end == TGantEnd::Stop) {
+        drop.Stop = std::max(drop.Stop + shift, drop.Start);
     } else {
-        drop.Start = std::min(drop.Start + TimeShift(m_growOrigRect.Left, delta.X), drop.Stop);
+        drop.Start = std::min(drop.Start + shift, drop.Stop);
     }
     if (OnSnapTimes) {
-        OnSnapTimes(Component(), &item, m_mode, drop.Start, drop.Stop);
+        const auto mode = end == TGantEnd::Stop ? TGantMouseMoveMode::mmGrowRight
+                                                : TGantMouseMoveMode::mmGrowLeft;
+        OnSnapTimes(Component(), &item, mode, drop.Start, drop.Stop);
     } else {
         m_snap.Snap(drop.Start, drop.Stop);
     }
@@ -182,12 +213,18 @@ void TGantGestures::HandleGrow(TPoint delta)
     if (drop.Start == item->GetStartDateTime() && drop.Stop == item->GetStopDateTime()) {
         return;
     }
-    AsUserChange(TGantUserChange::ucResize, [&] {
-        item->SetStartDateTime(drop.Start);
-        item->SetStopDateTime(drop.Stop);
-        item->DoInfoPush();
-        return true;
-    });
+    AsUserChange(TGantUserChange::ucResize, [&] { return ApplyTimes(*item, drop); });
+}
+
+bool TGantGestures::ApplyTimes(TzuDataEntity_Spanbar &item, const TDrop &drop)
+{
+    if (drop.Start == item.GetStartDateTime() && drop.Stop == item.GetStopDateTime()) {
+        return false;
+    }
+    item.SetStartDateTime(drop.Start);
+    item.SetStopDateTime(drop.Stop);
+    item.DoInfoPush();
+    return true;
 }
 
 void TGantGestures::HandleMoveOfSelected(TPoint delta, bool copy)
@@ -196,15 +233,23 @@ void TGantGestures::HandleMoveOfSelected(TPoint delta, bool copy)
         return;
     }
     UpdateScreenSnap();
-    AsUserChange(copy ? TGantUserChange::ucCopy : TGantUserChange::ucMove, [&] {
+    ChangeSelected(
+        copy ? TGantUserChange::ucCopy : TGantUserChange::ucMove, [&](TzuDataEntity_Spanbar &item) {
+            return copy ? CopyItem(item, delta) : MoveItem(item, DropOf(item, delta, false));
+        });
+}
+
+void TGantGestures::ChangeSelected(TGantUserChange kind, const TItemChange &change)
+{
+    AsUserChange(kind, [&] {
         const std::vector<TzuDataEntity_Spanbar *> items = SelectedItems();
+        KeepAll(items);
         const TWork work(*this, items);
         bool changed = false;
         for (TzuDataEntity_Spanbar *item : items) {
-            if (!work.Holds(item) || !item->GetCanEdit() || !work.Holds(item)) {
-                continue;
+            if (work.Holds(item) && item->GetCanEdit() && work.Holds(item)) {
+                changed = change(*item) || changed;
             }
-            changed = (copy ? CopyItem(*item, delta) : MoveItem(*item, delta)) || changed;
         }
         return changed;
     });
@@ -227,20 +272,13 @@ bool TGantGestures::CopyItem(TzuDataEntity_Spanbar &item, TPoint delta)
     return handled;
 }
 
-bool TGantGestures::MoveItem(TzuDataEntity_Spanbar &item, TPoint delta)
+bool TGantGestures::MoveItem(TzuDataEntity_Spanbar &item, const TDrop &drop)
 {
     TGantRow &row = *item.GetRow();
-    const TDrop drop = DropOf(item, delta, false);
     const TzuLifeWatch lives(item);
     const TzuLifeWatch rowLives(row);
     const TzuLifeWatch targetLives(*drop.Row);
-    bool changed = false;
-    if (drop.Start != item.GetStartDateTime() || drop.Stop != item.GetStopDateTime()) {
-        item.SetStartDateTime(drop.Start);
-        item.SetStopDateTime(drop.Stop);
-        changed = true;
-        item.DoInfoPush();
-    }
+    const bool changed = ApplyTimes(item, drop);
     if (drop.Row == &row || !lives || !rowLives || !targetLives || item.GetRow() != &row) {
         return changed;
     }

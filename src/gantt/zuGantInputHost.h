@@ -26,6 +26,8 @@ public:
     virtual ~IGantInputHost() = default;
 
     virtual void FocusArea() = 0;
+    /// Whether the area has got the focus by the keyboard.
+    virtual bool AreaHasFocus() const { return false; }
     virtual void SetAreaCursor(TGantCursor cursor) = 0;
     /// Requests that the overlay is drawn again in a part of the area.
     virtual void InvalidateOverlay(const TRect &rect) = 0;

@@ -2,7 +2,7 @@
 
 #include "gantt/zuGantDescribe.h"
 #include "gantt/zuGantSelectionImpl.h"
-#include "scaler/zuScaler.h"
+#include "scaler/zuScalerGestures.h"
 
 #include <algorithm>
 #include <array>
@@ -11,27 +11,52 @@ namespace korvane {
 
 namespace {
 
+using enum TGantKeyFunction;
+
 struct TBinding
 {
     TGantKey Key;
-    bool Ctrl;
+    TShiftState Held; ///< Shift says nothing here
     TGantKeyFunction Function;
+    TGantKeyFunction WithShift;
 };
 
-using enum TGantKeyFunction;
+constexpr TShiftState kNone{};
+constexpr TShiftState kCtrl{false, true, false};
+constexpr TShiftState kAlt{false, false, true};
 
-/// Without Alt; Shift extends.
+constexpr TBinding Bind(TGantKey key, TShiftState held, TGantKeyFunction function)
+{
+    return {key, held, function, function};
+}
+
 constexpr std::array kBindings{
-    TBinding{TGantKey::Left, false, kfLeft},     TBinding{TGantKey::Right, false, kfRight},
-    TBinding{TGantKey::Up, false, kfUp},         TBinding{TGantKey::Down, false, kfDown},
-    TBinding{TGantKey::Home, false, kfRowStart}, TBinding{TGantKey::End, false, kfRowEnd},
-    TBinding{TGantKey::Home, true, kfFirstRow},  TBinding{TGantKey::End, true, kfLastRow},
-    TBinding{TGantKey::PageUp, false, kfPageUp}, TBinding{TGantKey::PageDown, false, kfPageDown},
-    TBinding{TGantKey::Space, false, kfSelect},  TBinding{TGantKey::Space, true, kfToggle},
-    TBinding{TGantKey::A, true, kfSelectAll},    TBinding{TGantKey::Escape, false, kfCancel},
-    TBinding{TGantKey::Enter, false, kfEdit},    TBinding{TGantKey::Delete, false, kfDelete},
-    TBinding{TGantKey::Plus, false, kfZoomIn},   TBinding{TGantKey::Plus, true, kfZoomIn},
-    TBinding{TGantKey::Minus, false, kfZoomOut}, TBinding{TGantKey::Minus, true, kfZoomOut},
+    Bind(TGantKey::Left, kNone, kfLeft),
+    Bind(TGantKey::Right, kNone, kfRight),
+    Bind(TGantKey::Up, kNone, kfUp),
+    Bind(TGantKey::Down, kNone, kfDown),
+    Bind(TGantKey::Home, kNone, kfRowStart),
+    Bind(TGantKey::End, kNone, kfRowEnd),
+    Bind(TGantKey::Home, kCtrl, kfFirstRow),
+    Bind(TGantKey::End, kCtrl, kfLastRow),
+    Bind(TGantKey::PageUp, kNone, kfPageUp),
+    Bind(TGantKey::PageDown, kNone, kfPageDown),
+    TBinding{TGantKey::Left, kCtrl, kfMoveEarlier, kfNone},
+    TBinding{TGantKey::Right, kCtrl, kfMoveLater, kfNone},
+    TBinding{TGantKey::Up, kCtrl, kfMoveUp, kfNone},
+    TBinding{TGantKey::Down, kCtrl, kfMoveDown, kfNone},
+    TBinding{TGantKey::Left, kAlt, kfStopEarlier, kfStartEarlier},
+    TBinding{TGantKey::Right, kAlt, kfStopLater, kfStartLater},
+    Bind(TGantKey::Space, kNone, kfSelect),
+    Bind(TGantKey::Space, kCtrl, kfToggle),
+    Bind(TGantKey::A, kCtrl, kfSelectAll),
+    Bind(TGantKey::Escape, kNone, kfCancel),
+    Bind(TGantKey::Enter, kNone, kfEdit),
+    Bind(TGantKey::Delete, kNone, kfDelete),
+    Bind(TGantKey::Plus, kNone, kfZoomIn),
+    Bind(TGantKey::Plus, kCtrl, kfZoomIn),
+    Bind(TGantKey::Minus, kNone, kfZoomOut),
+    Bind(TGantKey::Minus, kCtrl, kfZoomOut),
 };
 
 TGantStep StepOf(TGantKeyFunction function)
@@ -42,6 +67,10 @@ TGantStep StepOf(TGantKeyFunction function)
     case kfRowStart:
     case kfFirstRow:
     case kfPageUp:
+    case kfMoveEarlier:
+    case kfMoveUp:
+    case kfStartEarlier:
+    case kfStopEarlier:
         return TGantStep::Back;
     default:
         return TGantStep::Forward;
@@ -53,9 +82,13 @@ TGantStep StepOf(TGantKeyFunction function)
 TGantKeyFunction TGantKeys::KeyFunctionOf(TGantKey key, const TShiftState &shift)
 {
     const auto *found = std::ranges::find_if(kBindings, [&](const TBinding &binding) {
-        return binding.Key == key && binding.Ctrl == shift.Ctrl;
+        return binding.Key == key && binding.Held.Ctrl == shift.Ctrl
+               && binding.Held.Alt == shift.Alt;
     });
-    return found != kBindings.end() && !shift.Alt ? found->Function : kfNone;
+    if (found == kBindings.end()) {
+        return kfNone;
+    }
+    return shift.Shift ? found->WithShift : found->Function;
 }
 
 bool TGantKeys::GantAreaKeyDown(TGantKey key, const TShiftState &shift)
@@ -68,6 +101,18 @@ bool TGantKeys::PerformGantAreaKeyfunction(TGantKeyFunction function, bool exten
     switch (function) {
     case kfNone:
         return false;
+    case kfMoveEarlier:
+    case kfMoveLater:
+        return MoveInTime(StepOf(function));
+    case kfMoveUp:
+    case kfMoveDown:
+        return MoveToRow(StepOf(function));
+    case kfStartEarlier:
+    case kfStartLater:
+        return Resize(TGantEnd::Start, StepOf(function));
+    case kfStopEarlier:
+    case kfStopLater:
+        return Resize(TGantEnd::Stop, StepOf(function));
     case kfSelect:
         return Select(TSelectHow::Replace);
     case kfToggle:
@@ -208,6 +253,94 @@ TzuDataEntity_Spanbar *TGantKeys::FirstTarget()
     return found;
 }
 
+// --- changing
+// -----------------------------------------------------------------------------------
+
+/// A step of the grid of one end, or of three pixels where that end does not snap.
+TDateTime TGantKeys::TimeStep(TDateTime gridStep, TGantStep step)
+{
+    constexpr int kPixels = 3;
+    UpdateScreenSnap();
+    const TDateTime width = gridStep > 0 ? SnapHandler().CalcScreenSnap(gridStep)
+                                         : Host().Scaler().PixelLenToDate(kPixels);
+    return width * static_cast<int>(step);
+}
+
+/// What a step gives. An application that rounds times on its own may have a coarser grid: then the
+/// step is doubled until it leads somewhere.
+template <typename Change>
+TGantGestures::TDrop TGantKeys::Moving(const TzuDataEntity_Spanbar &item, TDateTime shift,
+                                       const Change &change)
+{
+    constexpr int kMostDoublings = 14;
+    TDrop drop = change(shift);
+    for (int i = 0; OnSnapTimes && i < kMostDoublings; ++i) {
+        if (drop.Start != item.GetStartDateTime() || drop.Stop != item.GetStopDateTime()) {
+            break;
+        }
+        shift *= 2;
+        drop = change(shift);
+    }
+    return drop;
+}
+
+bool TGantKeys::MoveInTime(TGantStep step)
+{
+    if (SelectedCount() == 0) {
+        return false;
+    }
+    const TDateTime shift = TimeStep(SnapHandler().StartSnapStep, step);
+    ChangeSelected(TGantUserChange::ucMove, [&](TzuDataEntity_Spanbar &item) {
+        return item.GetRow()->TimeItems_CanMove()
+               && MoveItem(item, Moving(item, shift, [&](TDateTime by) {
+                               return Shifted(item, by, TGantMouseMoveMode::mmMove);
+                           }));
+    });
+    AfterChange();
+    return true;
+}
+
+bool TGantKeys::MoveToRow(TGantStep step)
+{
+    if (SelectedCount() == 0) {
+        return false;
+    }
+    ChangeSelected(TGantUserChange::ucMove, [&](TzuDataEntity_Spanbar &item) {
+        TGantRow &row = *item.GetRow();
+        TGantRow *target = step == TGantStep::Forward ? NextShownRow(row) : PrevShownRow(row);
+        return target != nullptr && row.TimeItems_CanChangeRow()
+               && MoveItem(item, {item.GetStartDateTime(), item.GetStopDateTime(), target});
+    });
+    AfterChange();
+    return true;
+}
+
+bool TGantKeys::Resize(TGantEnd end, TGantStep step)
+{
+    if (SelectedCount() == 0) {
+        return false;
+    }
+    const TSnapHandler &snap = SnapHandler();
+    const TDateTime shift =
+        TimeStep(end == TGantEnd::Start ? snap.StartSnapStep : snap.StopSnapStep, step);
+    ChangeSelected(TGantUserChange::ucResize, [&](TzuDataEntity_Spanbar &item) {
+        return item.IsResizable() && item.GetRow()->TimeItems_CanResize()
+               && ApplyTimes(
+                   item, Moving(item, shift, [&](TDateTime by) { return Grown(item, end, by); }));
+    });
+    AfterChange();
+    return true;
+}
+
+/// An item that the application has made anew on another row takes over from the active one.
+void TGantKeys::AfterChange()
+{
+    if (ActiveDataEntity() == nullptr && SelectedCount() > 0) {
+        SetActiveDataEntity(SelectedItems().front());
+    }
+    MakeSureActiveInView();
+}
+
 // --- the rest
 // -----------------------------------------------------------------------------------
 
@@ -228,8 +361,8 @@ bool TGantKeys::Select(TSelectHow how)
 
 bool TGantKeys::Cancel()
 {
-    if (SelectingInRect()) {
-        CancelSelectInRect();
+    if (GestureRunning()) {
+        CancelGesture();
         return true;
     }
     const bool any = SelectedCount() > 0 || !SelectedLinks().empty();
@@ -240,7 +373,15 @@ bool TGantKeys::Cancel()
 bool TGantKeys::Edit()
 {
     TzuDataEntity_Spanbar *active = ActiveDataEntity();
-    if (active == nullptr || !OnEditDataEntity_Spanbar || !active->GetCanEdit()) {
+    if (active == nullptr) {
+        return false;
+    }
+    if (!OnEditDataEntity_Spanbar) {
+        OnDblClickGantArea(Component(), active);
+        return static_cast<bool>(OnDblClickGantArea);
+    }
+    Keep(active);
+    if (!active->GetCanEdit() || ActiveDataEntity() != active) {
         return false;
     }
     OnEditDataEntity_Spanbar(Component(), active);
@@ -332,6 +473,15 @@ bool TGantKeys::Zoom(TGantKeyFunction function)
     scaler.SetCenterScale(function == kfZoomIn ? scale * factor : scale / factor, centre,
                           scaler.DateToPixel(centre));
     return true;
+}
+
+void TGantKeys::GantAreaPaint()
+{
+    TGantGestures::GantAreaPaint();
+    if (InputHost().AreaHasFocus() && ActiveDataEntity() == nullptr) {
+        const TSize size = Host().AreaSize();
+        Host().AreaCanvas().DrawFocusRect({0, 0, size.Width, size.Height});
+    }
 }
 
 // --- pointing

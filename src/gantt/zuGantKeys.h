@@ -42,6 +42,17 @@ enum class TGantKeyFunction : unsigned char {
     kfPageUp,   ///< to the closest item about one screen of rows above
     kfPageDown, ///< to the one below
 
+    // These change the selected items, as far as they can be edited and their rows permit it. A
+    // step is the width of the snap grid at the current zoom.
+    kfMoveEarlier,
+    kfMoveLater,
+    kfMoveUp, ///< hands each item to OnTimeChangeRow, for the row above its own
+    kfMoveDown,
+    kfStartEarlier,
+    kfStartLater,
+    kfStopEarlier,
+    kfStopLater,
+
     kfSelect, ///< selects the active item alone
     kfToggle, ///< selects or deselects the active item
     kfSelectAll,
@@ -68,6 +79,10 @@ struct TAreaHint
 /// view. Without an active item the first key makes the item closest to the middle of the axis
 /// active, on the tree's current row or else on the rows from the top of the screen down.
 ///
+/// Ctrl with an arrow moves the selected items by a step in time or by a row, and Alt with Left or
+/// Right moves their stops, with Shift as well their starts; each is a change of the user like that
+/// of a drag, by the same rules.
+///
 /// Space selects the active item, Ctrl+Space changes its mark, Ctrl+A selects all, Escape cancels
 /// or clears, Enter edits, Delete deletes with consent, plus and minus zoom.
 class TGantKeys : public TGantGestures
@@ -89,6 +104,8 @@ public:
     /// and stops. Empty where there is neither.
     TAreaHint HintAt(int x, int y);
 
+    /// With the focus and no active item the area is framed.
+    void GantAreaPaint() override;
     /// Makes an item active where there is none, as the first key does: for an area that comes to
     /// have the keyboard focus.
     void EnsureActiveDataEntity();
@@ -112,6 +129,13 @@ private:
     TzuDataEntity_Spanbar *FirstTarget();
     TDateTime WalkDate(const TzuDataEntity_Spanbar &from) const;
     void StepTo(TzuDataEntity_Spanbar &item, bool extend);
+    bool MoveInTime(TGantStep step);
+    bool MoveToRow(TGantStep step);
+    bool Resize(TGantEnd end, TGantStep step);
+    TDateTime TimeStep(TDateTime gridStep, TGantStep step);
+    template <typename Change>
+    TDrop Moving(const TzuDataEntity_Spanbar &item, TDateTime shift, const Change &change);
+    void AfterChange();
     bool Select(TSelectHow how);
     bool Cancel();
     bool Edit();

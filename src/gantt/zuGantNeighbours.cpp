@@ -1,6 +1,6 @@
 // Which item lies next to another, and how it is brought into view.
 #include "gantt/zuGantSelection.h"
-#include "scaler/zuScaler.h"
+#include "scaler/zuScalerGestures.h"
 
 #include <algorithm>
 #include <cmath>

@@ -80,6 +80,8 @@ enum class TSelectHow : unsigned char {
     Toggle,  ///< they change sides
 };
 
+enum class TGantEnd : unsigned char { Start, Stop };
+
 /// A direction along the rows, or from row to row.
 enum class TGantStep : signed char { Back = -1, Forward = 1 };
 

@@ -1,6 +1,7 @@
 #include "foundation/zuDoLater.h"
 #include "support/NamedItems.h"
 
+#include <cmath>
 #include <gmock/gmock.h>
 
 using namespace korvane;
@@ -237,6 +238,10 @@ TEST_F(GantKeys, DeletingAndEditingAskTheApplication)
     Gant.SetActiveDataEntity(Items.at('d'));
     EXPECT_TRUE(Key(Enter));
     EXPECT_EQ(log, "d");
+    Gant.OnEditDataEntity_Spanbar = {};
+    Gant.OnDblClickGantArea = [&](auto, TzuDataEntity_Spanbar *item) { log += NameOf(item); };
+    EXPECT_TRUE(Key(Enter));
+    EXPECT_EQ(log, "dd");
 
     Select("cdef");
     Gant.OnBeforeCanEditItem_Spanbar = [this](TObject *, TzuDataEntity *item) {
@@ -250,8 +255,92 @@ TEST_F(GantKeys, DeletingAndEditingAskTheApplication)
         allow = true;
     };
     Key(Delete);
-    EXPECT_EQ(log, "d(3*)");
+    EXPECT_EQ(log, "dd(3*)");
     EXPECT_EQ(Selected(), "");
+}
+
+TEST_F(GantKeys, CtrlAndAltWithArrowsMoveAndResizeWhatIsSelected)
+{
+    constexpr TShiftState kAlt{false, false, true};
+    constexpr TShiftState kAltShift{true, false, true};
+    // An hour is a pixel and the grid three of them wide.
+    struct TCase
+    {
+        TGantKey Key;
+        TShiftState Shift;
+        int Start; // in hours from where a was, 0 to 10
+        int Stop;
+    };
+    const TCase cases[] = {
+        {Right, kCtrl, 3, 13}, {Left, kCtrl, -3, 7},     {Right, kAlt, 0, 12},
+        {Left, kAlt, 0, 6},    {Right, kAltShift, 3, 9}, {Left, kAltShift, -3, 9},
+    };
+    std::string log;
+    Gant.OnBeginUserChange = [&](auto, TGantUserChange kind) {
+        log += kind == TGantUserChange::ucMove ? 'm' : 'r';
+    };
+    Gant.OnEndUserChange = [&](auto, auto, bool changed) { log += changed ? '*' : '-'; };
+    TzuDataEntity_Spanbar *a = Items.at('a');
+    const auto hours = [](TDateTime time) { return (time - kDayZero) * 24; };
+    for (const TCase &c : cases) {
+        SCOPED_TRACE(&c - cases);
+        a->SetStartDateTime(kDayZero);
+        a->SetStopDateTime(kDayZero + 10 * kHourLength);
+        Gant.SetActiveDataEntity(a);
+        Select("a");
+        log.clear();
+        EXPECT_TRUE(Key(c.Key, c.Shift));
+        EXPECT_NEAR(hours(a->GetStartDateTime()), c.Start, 1e-3);
+        EXPECT_NEAR(hours(a->GetStopDateTime()), c.Stop, 1e-3);
+        EXPECT_EQ(log.substr(1), "*");
+    }
+
+    Gant.OnSnapTimes = [](auto, auto, auto, TDateTime &start, TDateTime &stop) {
+        start = std::round(start);
+        stop = std::round(stop);
+    };
+    a->SetStopDateTime(kDayZero + 1);
+    a->SetStartDateTime(kDayZero);
+    Key(Right, kCtrl);
+    EXPECT_EQ(hours(a->GetStartDateTime()), 24) << "a step of an application's coarser grid";
+    Key(Right, kAlt);
+    EXPECT_EQ(hours(a->GetStopDateTime()), 72);
+    Gant.OnSnapTimes = {};
+
+    First->SetTimeItems_CanMove(false);
+    First->SetTimeItems_CanResize(false);
+    Items.at('d')->SetCanEdit(false);
+    Select("ad");
+    log.clear();
+    Key(Right, kCtrl);
+    Key(Right, kAlt);
+    EXPECT_EQ(log, "m-r-") << "neither the row nor the item permits it";
+    Select("");
+    EXPECT_FALSE(Key(Right, kCtrl));
+    EXPECT_FALSE(Key(Right, {true, true, false}));
+}
+
+TEST_F(GantKeys, CtrlWithUpAndDownHandsItemsToTheApplication)
+{
+    Gant.SetActiveDataEntity(Items.at('d'));
+    Select("ad");
+    Key(Up, kCtrl);
+    EXPECT_EQ(Selected(), "ad") << "nobody to move them";
+
+    TzuDataEntity_Spanbar *moved = nullptr;
+    Gant.OnTimeChangeRow = [&](auto, TzuDataEntity_Spanbar *item, TGantRow *, TGantRow *newRow,
+                               TDateTime start, TDateTime stop) {
+        moved = Gant.AddSpanbarToGantRow(newRow, 0);
+        moved->SetStartDateTime(start);
+        moved->SetStopDateTime(stop);
+        Gant.RemoveSpanbar(item);
+    };
+    TGantRow *target = Gant.PrevShownRow(*Items.at('d')->GetRow());
+    Key(Up, kCtrl);
+    ASSERT_NE(moved, nullptr);
+    EXPECT_EQ(moved->GetRow(), target);
+    EXPECT_EQ(Gant.ActiveDataEntity(), Items.at('a')) << "there is no row above a's";
+    EXPECT_THAT(Gant.SelectedItems(), ElementsAre(Items.at('a'), moved));
 }
 
 TEST_F(GantKeys, PlusAndMinusZoomAboutTheActiveItem)

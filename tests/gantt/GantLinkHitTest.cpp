@@ -118,6 +118,28 @@ TEST_F(GantLinkHit, PointedAtAndSelectedLinksAreMarked)
     EXPECT_EQ(Gant.HoverLink(), nullptr);
 }
 
+TEST_F(GantLinkHit, AClickSelectsALinkAndBeginsNoRubberBand)
+{
+    const auto press = [this](int x) { Gant.GantAreaMouseDown(TMouseButton::mbLeft, {}, x, 9); };
+    const auto release = [this](int x) { Gant.GantAreaMouseUp(TMouseButton::mbLeft, {}, x, 9); };
+    Select("a");
+    press(75);
+    EXPECT_TRUE(Link->GetSelected());
+    EXPECT_EQ(Selected(), "");
+    Gant.GantAreaMouseMove({}, 20, 9);
+    release(20);
+    EXPECT_TRUE(Link->GetSelected());
+    EXPECT_EQ(Selected(), "");
+    press(30);
+    release(30);
+    EXPECT_FALSE(Link->GetSelected());
+    EXPECT_EQ(Selected(), "a");
+    press(75);
+    Gant.GetLinks().Remove(Link);
+    release(75);
+    EXPECT_TRUE(Gant.SelectedLinks().empty());
+}
+
 TEST_F(GantLinkHit, HintsNameItemsAndTheEndsOfLinksUnlessTheApplicationSaysOtherwise)
 {
     Items.at('a')->Texts().AddText("Dig", 0, 0, 1);

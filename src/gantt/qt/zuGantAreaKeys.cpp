@@ -90,7 +90,7 @@ bool TGantAreaKeys::eventFilter(QObject *watched, QEvent *event)
         break;
     case QEvent::MouseMove: {
         const auto &move = *static_cast<QMouseEvent *>(event);
-        if (move.buttons() == Qt::NoButton) {
+        if (move.buttons() == Qt::NoButton && !m_gant.GestureRunning()) {
             const QPoint at = move.position().toPoint();
             m_gant.PointAt(at.x(), at.y());
         }
@@ -126,8 +126,12 @@ bool TGantAreaKeys::HandleKey(int key, const TShiftState &shift)
 void TGantAreaKeys::HandleFocusIn(const QFocusEvent &event)
 {
     const Qt::FocusReason reason = event.reason();
-    if (reason == Qt::TabFocusReason || reason == Qt::BacktabFocusReason
-        || reason == Qt::ShortcutFocusReason) {
+    if (reason == Qt::ActiveWindowFocusReason || reason == Qt::PopupFocusReason) {
+        return; // as it was
+    }
+    m_focusByKeyboard = reason == Qt::TabFocusReason || reason == Qt::BacktabFocusReason
+                        || reason == Qt::ShortcutFocusReason;
+    if (m_focusByKeyboard) {
         Guarded([this] { m_gant.EnsureActiveDataEntity(); });
     }
 }
@@ -135,7 +139,9 @@ void TGantAreaKeys::HandleFocusIn(const QFocusEvent &event)
 void TGantAreaKeys::HandleHint(const QHelpEvent &event)
 {
     TAreaHint hint;
-    Guarded([&] { hint = m_gant.HintAt(event.pos().x(), event.pos().y()); });
+    if (!m_gant.GestureRunning()) {
+        Guarded([&] { hint = m_gant.HintAt(event.pos().x(), event.pos().y()); });
+    }
     if (hint.Text.empty()) {
         QToolTip::hideText();
     } else {

@@ -26,6 +26,8 @@ public:
     /// Both are observed and outlive the translator.
     TGantAreaKeys(TzuGant_ComBasic &gant, TzuOffscreenPaint &area);
 
+    bool FocusByKeyboard() const { return m_focusByKeyboard; }
+
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
 
@@ -37,6 +39,7 @@ private:
 
     TzuGant_ComBasic &m_gant;
     TzuOffscreenPaint &m_area;
+    bool m_focusByKeyboard = false;
 };
 
 } // namespace korvane

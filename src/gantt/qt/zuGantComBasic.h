@@ -218,6 +218,7 @@ private:
 
     // IGantInputHost
     void FocusArea() override;
+    bool AreaHasFocus() const override;
     void SetAreaCursor(TGantCursor cursor) override;
     void InvalidateOverlay(const TRect &rect) override;
     void RefreshAroundArea() override;

@@ -3,6 +3,7 @@
 #include "foundation/qt/zuGraphStuff.h"
 #include "gantt/qt/zuGantAccessible.h"
 #include "gantt/qt/zuGantAreaInput.h"
+#include "gantt/qt/zuGantAreaKeys.h"
 #include "gantt/qt/zuGantComBasic.h"
 
 #include <QScrollBar>
@@ -43,6 +44,11 @@ void TzuGant_ComBasic::SetCursorGantArea(const QCursor &cursor)
 void TzuGant_ComBasic::FocusArea()
 {
     m_area->setFocus(Qt::MouseFocusReason);
+}
+
+bool TzuGant_ComBasic::AreaHasFocus() const
+{
+    return m_area->hasFocus() && !m_area->GetIsPrinting() && m_keys->FocusByKeyboard();
 }
 
 void TzuGant_ComBasic::SetAreaCursor(TGantCursor cursor)
