@@ -377,8 +377,8 @@ bool TGantKeys::Edit()
         return false;
     }
     if (!OnEditDataEntity_Spanbar) {
-        OnDblClickGantArea(Component(), active);
-        return static_cast<bool>(OnDblClickGantArea);
+        DoDblClickGantArea(active);
+        return true;
     }
     Keep(active);
     if (!active->GetCanEdit() || ActiveDataEntity() != active) {
