@@ -26,6 +26,7 @@ struct FakeTreeView : ITreeHost, ITreeNodeObserver
     TTreeGeometry Geometry() const override { return Shown; }
     void SetTopRow(int row) override { Shown.TopRow = row; }
     void SelectNode(TTreeNode_zuSub *) override {}
+    void ShowCurrent(TTreeNode_zuSub &) override {}
     void LoseCurrent() override {}
     void EditNode(TTreeNode_zuSub &) override {}
     void BeginNodes(int) override {}
