@@ -30,8 +30,9 @@ namespace korvane {
 /// - A move without an offset in time keeps the times as they are, unsnapped. A move to another row
 ///   keeps them too, unless MoveInTimeWhenMoveRow; a copy always takes both offsets.
 /// - When a handler of a row change or a copy makes a new item, the selection moves on to that.
-/// - Past the edges of the area axis and rows scroll, the faster the farther away the mouse is, and
-///   the press point moves with them. With StartDragWhenTimeMoveOutside a move or copy that leaves
+/// - Past the left and right edge of the area the axis steps as its scroll buttons let it, past top
+///   and bottom the rows scroll, the faster the farther away the mouse is; the press point moves
+///   with them. With StartDragWhenTimeMoveOutside a move or copy that leaves
 ///   the whole control, on whichever side, ends there without a change and goes on as the toolkit's
 ///   drag and drop.
 ///
@@ -238,6 +239,7 @@ private:
     bool m_movedInTime = false;
     bool m_movedInRows = false;
     bool m_timerOn = false;
+    bool m_steppingAxis = false;
     bool m_moveInTimeWhenMoveRow = false;
     bool m_moveOver12Then24 = false;
     bool m_startDragOutside = false;

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <cstdlib>
 #include <limits>
+#include <utility>
 
 namespace korvane {
 
@@ -124,7 +125,17 @@ void TGantGestures::DoScaleStartStopAdjust(int x)
     const bool fixed =
         row != nullptr
         && ((IsMove() && !row->TimeItems_CanMove()) || (IsGrow() && !row->TimeItems_CanResize()));
-    m_autoScroll.SetBeyondX(fixed ? 0 : PixelsBeyond(x, Host().AreaSize().Width));
+    const int beyond = fixed ? 0 : PixelsBeyond(x, Host().AreaSize().Width);
+    TDateScalerGestures &axis = Host().Scaler();
+    if (beyond < 0) {
+        axis.StartStepDown();
+    } else if (beyond > 0) {
+        axis.StartStepUp();
+    } else if (m_steppingAxis) {
+        axis.StopStep();
+        Host().InvalidateArea(); // the axis does not announce its last step
+    }
+    m_steppingAxis = beyond != 0;
     StartOrStopTimer();
 }
 
@@ -132,21 +143,25 @@ void TGantGestures::AdjustRowScroll(int y)
 {
     const TGantRow *row = OriginRow();
     const bool fixed = IsGrow() || (IsMove() && row != nullptr && !row->TimeItems_CanChangeRow());
-    m_autoScroll.SetBeyondY(fixed ? 0 : PixelsBeyond(y, Host().AreaSize().Height));
+    m_autoScroll.SetBeyond(fixed ? 0 : PixelsBeyond(y, Host().AreaSize().Height));
     StartOrStopTimer();
 }
 
 void TGantGestures::StopAutoScroll()
 {
     m_autoScroll.Stop();
+    if (std::exchange(m_steppingAxis, false)) {
+        Host().Scaler().StopStep();
+        Host().InvalidateArea();
+    }
     StartOrStopTimer();
 }
 
 void TGantGestures::StartOrStopTimer()
 {
-    if (m_timerOn != m_autoScroll.IsRunning()) {
-        m_timerOn = m_autoScroll.IsRunning();
-        InputHost().SetGestureTimer(m_timerOn);
+    const bool on = m_steppingAxis || m_autoScroll.IsRunning();
+    if (std::exchange(m_timerOn, on) != on) {
+        InputHost().SetGestureTimer(on);
     }
 }
 
@@ -156,19 +171,13 @@ void TGantGestures::GestureTick()
         StopAutoScroll();
         return;
     }
-    const TAutoScrollStep step = m_autoScroll.Tick();
-    if (step.Pixels != 0) {
-        Host().Scaler().PanPixels(step.Pixels);
+    const int rows = m_autoScroll.Tick();
+    if (rows != 0) {
+        InputHost().ScrollRows(rows);
+        Host().InvalidateArea();
+        UpdateRects();
     }
-    if (step.Rows != 0) {
-        InputHost().ScrollRows(step.Rows);
-    }
-    if (step.Pixels == 0 && step.Rows == 0) {
-        return;
-    }
-    Host().InvalidateArea();
-    UpdateRects();
-    if (GestureRunning()) {
+    if ((rows != 0 || m_steppingAxis) && GestureRunning()) {
         Drag();
     }
 }

@@ -360,6 +360,7 @@ private:
         }
         case 5:
             m_chart->GestureTick();
+            m_chart->DateScaler().ScrollButtonPressed(nullptr);
             break;
         case 6:
             m_chart->SetScale(0.005 * (1 + Pick(60)));
