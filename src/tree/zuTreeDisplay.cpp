@@ -181,7 +181,7 @@ void TTreeDisplay::UpdateNodes(int &expected)
     ReadQueuedLists();
     DoomHidden();
     const std::vector<TRun> doomed = DoomedRuns();
-    expected = static_cast<int>(doomed.size()) + RunsInQueue();
+    expected = static_cast<int>(doomed.size()) + RunsInQueue() + ListsToOrder();
     m_tree.SelectNothingIfDoomed();
     for (const TRun &run : doomed) {
         Remove(run);
@@ -256,6 +256,16 @@ int TTreeDisplay::RunsInQueue() const
         next = position + 1;
     }
     return runs;
+}
+
+/// How many lists' nodes may come to stand otherwise.
+int TTreeDisplay::ListsToOrder() const
+{
+    const bool compares = static_cast<bool>(m_tree.SortCompare());
+    return static_cast<int>(
+        std::count_if(m_lists.begin(), m_lists.end(), [compares](const TzuDataList_Tree *list) {
+            return list != nullptr && (list->m_orderUnknown || (compares && list->NeedsSort()));
+        }));
 }
 
 void TTreeDisplay::SortQueuedLists()

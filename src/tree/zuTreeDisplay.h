@@ -85,6 +85,7 @@ private:
     void ReadQueuedLists();
     void DoomHidden();
     int RunsInQueue() const;
+    int ListsToOrder() const;
     std::vector<TRun> DoomedRuns();
     void Remove(const TRun &run);
     void InsertQueued(std::size_t count);
