@@ -67,9 +67,6 @@ QAction *EditActions::Add(const QString &text, const QKeySequence &shortcut, Nee
 
 void EditActions::AddOutline()
 {
-    const auto ofTasks = [this](bool (PlanEdits::*edit)(const std::vector<int> &)) {
-        return [this, edit] { (m_edits.*edit)(m_chart.SelectedTasks()); };
-    };
     QAction *add =
         Add(tr("&New task"), QKeySequence(Qt::Key_Insert), Needs::Plan, [this] { InsertTask(); });
     QAction *rename = Add(tr("Re&name"), QKeySequence(Qt::Key_F2), Needs::OneTask,
@@ -80,13 +77,13 @@ void EditActions::AddOutline()
         [this] { m_chart.SelectAll(); });
     m_menu.addSeparator();
     QAction *indent = Add(tr("&Indent"), QKeySequence(tr("Alt+Shift+Right")), Needs::Task,
-                          ofTasks(&PlanEdits::Indent));
+                          [this] { m_edits.Indent(m_chart.SelectedTasks()); });
     QAction *outdent = Add(tr("&Outdent"), QKeySequence(tr("Alt+Shift+Left")), Needs::Task,
-                           ofTasks(&PlanEdits::Outdent));
+                           [this] { m_edits.Outdent(m_chart.SelectedTasks()); });
     QAction *up = Add(tr("Move u&p"), QKeySequence(tr("Alt+Shift+Up")), Needs::Task,
-                      ofTasks(&PlanEdits::MoveUp));
+                      [this] { m_edits.MoveUp(m_chart.SelectedTasks()); });
     QAction *down = Add(tr("Move do&wn"), QKeySequence(tr("Alt+Shift+Down")), Needs::Task,
-                        ofTasks(&PlanEdits::MoveDown));
+                        [this] { m_edits.MoveDown(m_chart.SelectedTasks()); });
     m_contextActions = {add, rename, remove, nullptr, indent, outdent, up, down};
 }
 

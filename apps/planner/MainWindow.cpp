@@ -23,6 +23,7 @@
 #include <QSettings>
 #include <QStackedWidget>
 #include <QStatusBar>
+#include <QTimer>
 #include <QToolButton>
 
 namespace korvane::planner {
@@ -33,6 +34,7 @@ constexpr QSize kDefaultSize(1280, 800);
 constexpr int kStatusMargin = 6;
 constexpr int kRemarksHeight = 130;
 constexpr int kReasonTime = 8000; // milliseconds
+constexpr int kCountsDelay = 150; // milliseconds
 
 /// The first file among what is dragged; empty when there is none.
 QString DraggedFile(const QMimeData &data)
@@ -95,8 +97,12 @@ MainWindow::MainWindow(QWidget *parent)
     connect(m_document, &PlanDocument::replaced, this, &MainWindow::ShowPlan);
     connect(m_document, &PlanDocument::fileNameChanged, this, &MainWindow::ShowTitle);
     connect(m_document, &PlanDocument::modifiedChanged, this, &QWidget::setWindowModified);
-    connect(m_document, &PlanDocument::changed, this,
-            [this] { ShowCounts(m_document->GetPlan()); });
+    // They take a walk over all tasks: not for every step of a key that repeats.
+    auto *counting = new QTimer(this);
+    counting->setSingleShot(true);
+    counting->setInterval(kCountsDelay);
+    connect(m_document, &PlanDocument::changed, counting, qOverload<>(&QTimer::start));
+    connect(counting, &QTimer::timeout, this, [this] { ShowCounts(m_document->GetPlan()); });
     connect(m_edits, &PlanEdits::refused, this,
             [this](const QString &reason) { statusBar()->showMessage(reason, kReasonTime); });
     connect(m_autosave, &Autosave::failed, this, [this](const QString &reason) {

@@ -24,6 +24,7 @@ constexpr int kDaysPerWeek = 7;
 constexpr int kLeastMarkDistance = 24; // pixels, for labels of two digits
 constexpr int kScalerHeight = 44;
 constexpr int kNowInterval = 20'000; // milliseconds
+constexpr int kDatesDelay = 150;     // milliseconds
 
 } // namespace
 
@@ -62,6 +63,11 @@ PlanChart::PlanChart(PlanDocument &document, QWidget *parent)
     OnUserDrawLinks = [this](auto *, TzuDataEntity_Link *link, TCanvas &canvas, TPoint, TPoint) {
         PaintLink(*link, canvas);
     };
+    OnLinkRoute = [this](auto *, TzuDataEntity_Link *link, TPoint, TPoint,
+                         std::vector<TPoint> &points) {
+        const LinkRoute route = RouteOf(*link);
+        points.assign(route.Line().begin(), route.Line().end());
+    };
     OnScalerChange = [this](auto *, TDateTime, TDateTime) {
         if (m_pointerPixel) {
             PointAt(*m_pointerPixel);
@@ -72,7 +78,11 @@ PlanChart::PlanChart(PlanDocument &document, QWidget *parent)
     ConnectGestures();
     ConnectTree();
     connect(&m_document, &PlanDocument::replaced, this, &PlanChart::ShowPlan);
-    connect(&m_document, &PlanDocument::changed, this, &PlanChart::ShowDates);
+    // The plan's range takes a walk over all tasks: not for every step of a key that repeats.
+    m_datesTimer.setSingleShot(true);
+    m_datesTimer.setInterval(kDatesDelay);
+    connect(&m_document, &PlanDocument::changed, &m_datesTimer, qOverload<>(&QTimer::start));
+    connect(&m_datesTimer, &QTimer::timeout, this, &PlanChart::ShowDates);
 }
 
 TGantTree *PlanChart::CreateTree(QWidget *parent)

@@ -7,6 +7,7 @@
 #include "plan/PlanEditor.h"
 
 #include <QBasicTimer>
+#include <QTimer>
 
 #include <memory>
 #include <optional>
@@ -239,6 +240,7 @@ private:
     ChartLooks m_looks;
     TDateTime m_now;
     QBasicTimer m_nowTimer;
+    QTimer m_datesTimer; ///< of ShowDates after edits
     std::optional<int> m_pointerPixel;
     int m_wheelRest = 0;
     bool m_scrollBarShown = true;

@@ -53,6 +53,10 @@ void PlanChart::ConnectGestures()
             Q_EMIT taskActivated(TaskOf(*bar));
         }
     };
+    OnEditDataEntity_Spanbar = [this](auto *, TzuDataEntity_Spanbar *bar) {
+        Q_EMIT taskActivated(TaskOf(*bar));
+    };
+    OnAskDelete = [this](auto *, const auto &, const auto &, bool &) { Q_EMIT deleteWanted(); };
     OnAfterSelectionChanged = [this](auto *) { AreaSelectionChanged(); };
 }
 

@@ -311,6 +311,31 @@ TEST_F(PlanEditingTest, RowsOfTheTreeAreMovedAndDeletedByTheUser)
     ExpectUndoAllRestores();
 }
 
+TEST_F(PlanEditingTest, LinksAreSelectedWithTheMouseAndDeleted)
+{
+    const auto &line = static_cast<const TzuDataEntity_Link &>(*Chart().GetLinks().GetItems(0));
+    const QRect from = RectOf(1);
+    // Somewhere on the way from 'Dig' to 'Paint', below the first bar.
+    for (int x = from.right() - 30; x < from.right() + 30 && !line.GetSelected(); ++x) {
+        QTest::mouseClick(&Chart().GantArea(), Qt::LeftButton, {}, QPoint(x, from.bottom() + 20));
+        Settle();
+    }
+    ASSERT_EQ(Chart().SelectedPlanLinks(), std::vector{0});
+    QTest::keyClick(&Chart().GantArea(), Qt::Key_Delete);
+    Settle();
+    EXPECT_EQ(Now().Links.size(), 1U);
+    EXPECT_EQ(History().undoText(), u"Unlink 'Dig' and 'Paint'");
+    Click(1);
+    QTest::keyClick(&Chart().GantArea(), Qt::Key_Return);
+    Settle();
+    ASSERT_NE(m_window.findChild<TaskDialog *>(), nullptr) << "Enter opens the form";
+    m_window.findChild<TaskDialog *>()->reject();
+    QTest::keyClick(&Chart().GantArea(), Qt::Key_Delete);
+    Settle();
+    EXPECT_EQ(Now().Tasks.size(), 4U);
+    ExpectUndoAllRestores();
+}
+
 TEST_F(PlanEditingTest, UndoSelectsWhatItWasAboutAndShowsIt)
 {
     Chart().SelectTasks({1});
