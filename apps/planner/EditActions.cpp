@@ -24,6 +24,9 @@ EditActions::EditActions(QMenu &menu, PlanDocument &document, PlanEdits &edits, 
     undo->setShortcut(QKeySequence(tr("Ctrl+Z")));
     QAction *redo = document.History().createRedoAction(this, tr("&Redo"));
     redo->setShortcuts({QKeySequence(tr("Ctrl+Shift+Z")), QKeySequence(tr("Ctrl+Y"))});
+    // What the actions are called apart from the step that they name.
+    undo->setWhatsThis(tr("Undo"));
+    redo->setWhatsThis(tr("Redo"));
     menu.addActions({undo, redo});
     menu.addSeparator();
     AddOutline();

@@ -154,8 +154,10 @@ void MainWindow::ShowShortcuts()
     for (const QAction *top : menuBar()->actions()) {
         for (const QAction *action : top->menu()->actions()) {
             if (!action->shortcut().isEmpty()) {
+                const QString name =
+                    action->whatsThis().isEmpty() ? action->text() : action->whatsThis();
                 rows += Row(action->shortcut().toString(QKeySequence::NativeText),
-                            action->text().remove(u'&').remove(QStringLiteral("...")));
+                            QString(name).remove(u'&').remove(QStringLiteral("...")));
             }
         }
     }
