@@ -79,13 +79,6 @@ public:
     template <typename Visit>
     void ForEachShown(const Visit &visit);
     /// The layer that holds the item; -1 when none does.
-    void StopSeparation();
-    void FillHolders(TzuDataList &layer, TDistinctTimeHolderList &holders) const;
-    void TimeDistinctThreadDone(TTimeDistinctGenericThread *sender);
-    template <typename Visitor>
-    void VisitPlaced(TDistinctTimeHolderList &holders, const Visitor &visit);
-    void TellCollisions(TDistinctTimeHolderList &holders);
-    void ApplySubCols(TDistinctTimeHolderList &holders);
     int LayerOf(const TzuDataEntity_Spanbar &item) const;
     /// Sub-row, 0-based, that the item lies in; nothing for an item that spans the row.
     std::optional<int> SubRowOf(const TzuDataEntity_Spanbar &item) const;
@@ -133,6 +126,13 @@ private:
     TPixelSpan XSpan(const TzuDataEntity_Spanbar &item, TDateTime start, TDateTime stop) const;
     TPixelSpan YWithin(const TzuDataEntity_Spanbar &item, TPixelSpan rowY) const;
     TPixelSpan SubRowSpan(const TzuDataEntity_Spanbar &item, TPixelSpan row) const;
+    void StopSeparation();
+    void FillHolders(TzuDataList &layer, TDistinctTimeHolderList &holders) const;
+    void TimeDistinctThreadDone(TTimeDistinctGenericThread *sender);
+    template <typename Visitor>
+    void VisitPlaced(TDistinctTimeHolderList &holders, const Visitor &visit);
+    void TellCollisions(TDistinctTimeHolderList &holders);
+    void ApplySubCols(TDistinctTimeHolderList &holders);
     void OnMissingIndex(TzuExposable *list, int index, bool &fixable);
 
     static constexpr int kLayersWithSubRow = 10;
