@@ -55,6 +55,10 @@ public:
     /// Fires OnInfoPush, by which components push the entity's values to their views.
     void DoInfoPush();
 
+protected:
+    /// The list that holds the entity, also while it is freed. A list must hold it.
+    TzuDataList &HoldingList() const { return *m_list; }
+
 private:
     friend class TzuDataList;
     friend struct TDataEntityPlace;

@@ -47,9 +47,17 @@ void TzuDataList::Place(int position, TzuDataEntity *entity, int cachedIndex)
     entity->m_list = this;
     m_selectedCount += entity->m_selected ? 1 : 0;
     ++m_changes;
+    Joined(*entity);
 }
 
 TzuDataEntity *TzuDataList::Take(int position)
+{
+    TzuDataEntity *entity = TakeSilently(position);
+    Left(*entity);
+    return entity;
+}
+
+TzuDataEntity *TzuDataList::TakeSilently(int position)
 {
     const int cachedIndex = m_items.Number(position);
     TzuDataEntity *entity = m_items.Erase(position);
@@ -69,7 +77,7 @@ void TzuDataList::MoveLoaded(int from, int to)
 void TzuDataList::Forget(TzuDataEntity *entity)
 {
     const int position = m_items.IndexOf(entity);
-    Take(position);
+    TakeSilently(position);
     ListIndexesOutOfDate(m_unloadedBefore + position);
 }
 

@@ -139,6 +139,12 @@ public:
     /// Clears the selection, then purges.
     void UnloadAll();
 
+protected:
+    /// An entity has come into the loaded block, or has left it. Not called for entities that are
+    /// freed while the list holds them.
+    virtual void Joined(TzuDataEntity & /*entity*/) {}
+    virtual void Left(TzuDataEntity & /*entity*/) {}
+
 private:
     friend class TzuDataEntity;
     friend class TDataListTrav;
@@ -154,6 +160,7 @@ private:
     LoadRange RangeToLoad(int index) const;
     void Place(int position, TzuDataEntity *entity, int cachedIndex);
     TzuDataEntity *Take(int position);
+    TzuDataEntity *TakeSilently(int position);
     void MoveLoaded(int from, int to);
     void Forget(TzuDataEntity *entity);
     void ReleaseLoaded();

@@ -1,7 +1,9 @@
 #include "gantt/zuGantData.h"
 
 #include "gantt/zuGantDataKeeper.h"
+#include "gantt/zuGantTimeIndex.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace korvane {
@@ -11,9 +13,35 @@ TzuDataEntity_Spanbar::~TzuDataEntity_Spanbar()
     if (m_kept) {
         TGantDataKeeper::Freed(this);
     }
+    if (m_inTimeIndex) {
+        IndexedLayer().m_timeIndex->Remove(*this);
+    }
     while (m_links != nullptr && !m_links->empty()) {
         const auto slot = static_cast<std::uint32_t>(m_links->size() - 1);
         TzuDataEntity_Link::Detach(m_links->back()->EndAt(this, slot));
+    }
+}
+
+TzuDataList_GantRow &TzuDataEntity_Spanbar::IndexedLayer() const
+{
+    return static_cast<TzuDataList_GantRow &>(HoldingList());
+}
+
+void TzuDataEntity_Spanbar::SetTimesInIndex(TDateTime start, TDateTime stop)
+{
+    TGantTimeIndex &index = *IndexedLayer().m_timeIndex;
+    index.Remove(*this);
+    m_start = start;
+    m_stop = stop;
+    index.Add(*this);
+}
+
+void TzuDataEntity_Spanbar::SetFixedSize(int pixels)
+{
+    m_fixedSize = pixels;
+    if (m_inTimeIndex) {
+        int &greatest = IndexedLayer().m_greatestFixedSize;
+        greatest = std::max(greatest, pixels);
     }
 }
 
@@ -100,6 +128,83 @@ TzuDataEntity_Link::TEnd &TzuDataEntity_Link::EndAt(const TzuDataEntity_Spanbar 
                                                     std::uint32_t slot)
 {
     return m_first.Item == item && m_first.Slot == slot ? m_first : m_second;
+}
+
+TzuDataList_GantRow::TzuDataList_GantRow() = default;
+
+TzuDataList_GantRow::~TzuDataList_GantRow()
+{
+    if (m_timeIndex != nullptr) {
+        for (TzuDataEntity_Spanbar *item : m_timeIndex->Items()) {
+            item->m_inTimeIndex = false;
+        }
+    }
+}
+
+bool TzuDataList_GantRow::IsLong() const
+{
+    constexpr int kLong = 256;
+    return LoadedCount() >= kLong;
+}
+
+void TzuDataList_GantRow::Joined(TzuDataEntity &entity)
+{
+    if (m_timeIndex != nullptr) {
+        auto &item = static_cast<TzuDataEntity_Spanbar &>(entity);
+        m_timeIndex->Add(item);
+        m_greatestFixedSize = std::max(m_greatestFixedSize, item.FixedSize());
+        item.m_inTimeIndex = true;
+    }
+}
+
+void TzuDataList_GantRow::Left(TzuDataEntity &entity)
+{
+    auto &item = static_cast<TzuDataEntity_Spanbar &>(entity);
+    if (std::exchange(item.m_inTimeIndex, false)) {
+        m_timeIndex->Remove(item);
+    }
+}
+
+TGantTimeIndex &TzuDataList_GantRow::TimeIndex()
+{
+    if (m_timeIndex == nullptr) {
+        auto index = std::make_unique<TGantTimeIndex>(AllItems());
+        m_timeIndex = std::move(index);
+        for (TzuDataEntity_Spanbar *item : m_timeIndex->Items()) {
+            item->m_inTimeIndex = true;
+            m_greatestFixedSize = std::max(m_greatestFixedSize, item->FixedSize());
+        }
+    }
+    return *m_timeIndex;
+}
+
+int TzuDataList_GantRow::GreatestFixedSize()
+{
+    TimeIndex();
+    return m_greatestFixedSize;
+}
+
+std::vector<TzuDataEntity_Spanbar *> TzuDataList_GantRow::AllItems()
+{
+    std::vector<TzuDataEntity_Spanbar *> items;
+    items.reserve(static_cast<std::size_t>(Count()));
+    for (int i = 0; i < LoadedCount(); ++i) {
+        items.push_back(static_cast<TzuDataEntity_Spanbar *>(GetLoaded(i)));
+    }
+    return items;
+}
+
+std::vector<TzuDataEntity_Spanbar *> TzuDataList_GantRow::ItemsInTime(TDateTime from, TDateTime to)
+{
+    std::vector<TzuDataEntity_Spanbar *> items;
+    TimeIndex().Find(from, to, items);
+    // Putting many in order costs more than passing all.
+    if (items.size() > static_cast<std::size_t>(Count()) / 8) {
+        return AllItems();
+    }
+    std::ranges::sort(items, {},
+                      [this](const TzuDataEntity_Spanbar *item) { return IndexOf(item); });
+    return items;
 }
 
 void TzuDataList_GantRow::CleanForFree()

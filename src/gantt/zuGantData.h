@@ -10,6 +10,9 @@
 
 namespace korvane {
 
+class TGantTimeIndex;
+class TzuDataList_GantRow;
+
 /// A time item: one bar, line, diamond or image on one row of the chart.
 ///
 /// Setters store and announce nothing; DoInfoPush (inherited) announces that the values have
@@ -22,10 +25,10 @@ public:
     ~TzuDataEntity_Spanbar() override;
 
     TDateTime GetStartDateTime() const { return m_start; }
-    void SetStartDateTime(TDateTime start) { m_start = start; }
+    void SetStartDateTime(TDateTime start) { SetTimes(start, m_stop); }
     /// May lie before the start; the item is then drawn at its least width.
     TDateTime GetStopDateTime() const { return m_stop; }
-    void SetStopDateTime(TDateTime stop) { m_stop = stop; }
+    void SetStopDateTime(TDateTime stop) { SetTimes(m_start, stop); }
 
     TSpanbarStyle GetStyle() const { return m_style; }
     void SetStyle(TSpanbarStyle style) { m_style = style; }
@@ -40,7 +43,7 @@ public:
     void SetInsetBottom(int pixels) { m_insetBottom = pixels; }
     /// Width in pixels of a symbol centred on the start; below 1 the item spans start to stop.
     int FixedSize() const { return m_fixedSize; }
-    void SetFixedSize(int pixels) { m_fixedSize = pixels; }
+    void SetFixedSize(int pixels);
     /// Whether the item spans its times, so that its ends can be dragged.
     bool IsResizable() const { return m_fixedSize < 1; }
     /// Index into the chart's ImageList, for sbsImage.
@@ -65,6 +68,19 @@ private:
     friend class TGantDataKeeper;
     friend class TGantItemSet;
     friend class TzuDataEntity_Link;
+    friend class TzuDataList_GantRow;
+
+    void SetTimes(TDateTime start, TDateTime stop)
+    {
+        if (m_inTimeIndex) {
+            SetTimesInIndex(start, stop);
+        } else {
+            m_start = start;
+            m_stop = stop;
+        }
+    }
+    void SetTimesInIndex(TDateTime start, TDateTime stop);
+    TzuDataList_GantRow &IndexedLayer() const;
 
     TDateTime m_start = 0;
     TDateTime m_stop = 0;
@@ -78,7 +94,8 @@ private:
     int m_subCol = 0;
     std::uint32_t m_setSlot = 0; ///< place in the set that holds the item
     TSpanbarStyle m_style = TSpanbarStyle::sbsSquare;
-    bool m_kept = false; ///< keepers are to be told when the item is freed
+    bool m_kept = false;        ///< keepers are to be told when the item is freed
+    bool m_inTimeIndex = false; ///< of its layer
 };
 
 /// A dependency line between two time items. Never drawn while either end is missing.
@@ -131,13 +148,36 @@ private:
 class TzuDataList_GantRow : public TzuDataList
 {
 public:
+    TzuDataList_GantRow();
+    ~TzuDataList_GantRow() override;
+
     TGantRow *GetRow() const { return m_row; }
     void SetRow(TGantRow *row) { m_row = row; }
 
+    /// The items that touch the time from..to, both included, in list order, and when these are
+    /// many some others. Costs what is found. Only for a layer that picks by time.
+    std::vector<TzuDataEntity_Spanbar *> ItemsInTime(TDateTime from, TDateTime to);
+    /// Whether the layer is long and all its items are loaded.
+    bool PicksByTime() const { return IsFullyLoaded() && (m_timeIndex != nullptr || IsLong()); }
+    /// Width in pixels of the largest symbol; of a layer that picks by time.
+    int GreatestFixedSize();
+
     void CleanForFree() override;
 
+protected:
+    void Joined(TzuDataEntity &entity) override;
+    void Left(TzuDataEntity &entity) override;
+
 private:
+    friend class TzuDataEntity_Spanbar;
+
+    bool IsLong() const;
+    TGantTimeIndex &TimeIndex();
+    std::vector<TzuDataEntity_Spanbar *> AllItems();
+
     TGantRow *m_row = nullptr;
+    std::unique_ptr<TGantTimeIndex> m_timeIndex; ///< made when a long layer is asked
+    int m_greatestFixedSize = 0;                 ///< of all that were ever in the index
 };
 
 /// The object as a time item. Throws std::bad_cast when it is of another class.

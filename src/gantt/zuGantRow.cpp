@@ -5,7 +5,11 @@
 #include "scaler/zuScalerGestures.h"
 #include "tree/zuTreeData.h"
 
+#include <algorithm>
+#include <cmath>
+#include <limits>
 #include <stdexcept>
+#include <utility>
 
 namespace korvane {
 
@@ -14,6 +18,9 @@ namespace {
 /// Least width of an item's rectangle, so that short items stay visible and can be hit.
 constexpr int kLeastItemWidth = 5;
 constexpr TRect kScrolledAway{-1, -1, -1, -1};
+/// Days from the origin of time beyond which nothing is told apart.
+constexpr TDateTime kFarTime = 1e9;
+constexpr double kInfinity = std::numeric_limits<double>::infinity();
 
 TPixelSpan Scaled(TPixelSpan span, double factor)
 {
@@ -223,20 +230,77 @@ TzuDataEntity_Spanbar *TGantRow::FindDataEntityFromXY(int x, int y)
     if (!IsOnScreen()) {
         return nullptr;
     }
+    TzuDataEntity_Spanbar *hit = nullptr;
+    const auto test = [&](TzuDataEntity_Spanbar &item) {
+        const std::optional<TRect> rect = RectFromDataEntity(item);
+        hit = rect && rect->Contains({x, y}) ? &item : nullptr;
+        return hit == nullptr;
+    };
     for (int layer = m_layers->Count() - 1; layer >= std::max(m_drawLayerStart, 0); --layer) {
-        TzuDataList *items = m_layers->GetDataList(layer);
-        for (int i = items->Count() - 1; i >= 0; --i) {
-            auto *item = static_cast<TzuDataEntity_Spanbar *>(items->GetItems(i));
-            if (item == nullptr || !item->GetVisible()) {
-                continue;
-            }
-            const std::optional<TRect> rect = RectFromDataEntity(*item);
-            if (rect && rect->Contains({x, y})) {
-                return item;
-            }
+        VisitAround(layer, {x, x + 1}, TOrder::LastFirst, test);
+        if (hit != nullptr) {
+            break;
         }
     }
-    return nullptr;
+    return hit;
+}
+
+/// Calls visit(item) for the visible items of a layer that may reach into the columns, and for some
+/// others, until the call returns false.
+template <typename Visitor>
+void TGantRow::VisitAround(int layer, TPixelSpan x, TOrder order, const Visitor &visit) const
+{
+    TzuDataList &list = *m_layers->GetDataList(layer);
+    const auto visitAt = [&](int count, const auto &itemAt) {
+        for (int i = 0; i < count; ++i) {
+            auto *item = itemAt(order == TOrder::FirstFirst ? i : count - 1 - i);
+            if (item != nullptr && item->GetVisible() && !visit(*item)) {
+                return;
+            }
+        }
+    };
+    auto *items = dynamic_cast<TzuDataList_GantRow *>(&list);
+    if (items == nullptr || !items->PicksByTime()) {
+        visitAt(list.Count(),
+                [&list](int i) { return static_cast<TzuDataEntity_Spanbar *>(list.GetItems(i)); });
+        return;
+    }
+    const auto [from, to] = TimesAround(x, items->GreatestFixedSize());
+    const std::vector<TzuDataEntity_Spanbar *> found = items->ItemsInTime(from, to);
+    visitAt(static_cast<int>(found.size()),
+            [&found](int i) { return found[static_cast<std::size_t>(i)]; });
+}
+
+/// The times that items must touch to reach into some columns of the area.
+TGantRow::TTimes TGantRow::TimesAround(TPixelSpan x, int greatestFixedSize) const
+{
+    // Symbols reach to both sides of their time, and short items are widened.
+    const int margin = greatestFixedSize / 2 + kLeastItemWidth + 1;
+    const double scale = m_gant.Host().AreaPrintScale().X;
+    return TimesOf({static_cast<int>(std::floor(x.From / scale)) - margin,
+                    static_cast<int>(std::ceil(x.To / scale)) + margin});
+}
+
+/// The times at some pixels of the axis, found by halving: between marks the axis may be bent.
+TGantRow::TTimes TGantRow::TimesOf(TPixelSpan x) const
+{
+    const TDateScalerCore &axis = m_gant.Host().Scaler();
+    if (!(axis.GetStart() < axis.GetStop())) {
+        return {-kInfinity, kInfinity};
+    }
+    // The last time at a pixel before the one asked for, as near as numbers come.
+    const auto lastBefore = [&axis](int pixel) {
+        TDateTime before = -kFarTime;
+        TDateTime after = kFarTime;
+        for (TDateTime middle = 0; before < middle && middle < after;
+             middle = before + (after - before) / 2) {
+            (axis.DateToPixel(middle) < pixel ? before : after) = middle;
+        }
+        return std::pair(before, after);
+    };
+    const TDateTime from = lastBefore(x.From).first;
+    const TDateTime to = lastBefore(x.To).second;
+    return {from <= -kFarTime ? -kInfinity : from, to >= kFarTime ? kInfinity : to};
 }
 
 TzuDataEntity_Spanbar *TGantRow::FindDataEntityFromX(int x)
@@ -247,12 +311,16 @@ TzuDataEntity_Spanbar *TGantRow::FindDataEntityFromX(int x)
 void TGantRow::DrawContent()
 {
     const TRect clip = m_gant.Host().AreaCanvas().ClipRect();
-    ForEachShown([&](TzuDataEntity_Spanbar &item) {
-        const std::optional<TRect> rect = RectFromDataEntity(item);
-        if (rect && rect->Left < clip.Right && rect->Right > clip.Left) {
-            m_gant.DrawContent(item, *rect);
-        }
-    });
+    for (int layer = std::max(m_drawLayerStart, 0); layer < m_layers->Count(); ++layer) {
+        VisitAround(layer, {clip.Left, clip.Right}, TOrder::FirstFirst,
+                    [&](TzuDataEntity_Spanbar &item) {
+                        const std::optional<TRect> rect = RectFromDataEntity(item);
+                        if (rect && rect->Left < clip.Right && rect->Right > clip.Left) {
+                            m_gant.DrawContent(item, *rect);
+                        }
+                        return true;
+                    });
+    }
 }
 
 } // namespace korvane

@@ -123,6 +123,18 @@ private:
     friend class TGantDataKeeper;
     friend class TGantRowList;
 
+    struct TTimes
+    {
+        TDateTime From;
+        TDateTime To;
+    };
+
+    enum class TOrder : unsigned char { FirstFirst, LastFirst };
+
+    template <typename Visitor>
+    void VisitAround(int layer, TPixelSpan x, TOrder order, const Visitor &visit) const;
+    TTimes TimesAround(TPixelSpan x, int greatestFixedSize) const;
+    TTimes TimesOf(TPixelSpan x) const;
     TPixelSpan XSpan(const TzuDataEntity_Spanbar &item, TDateTime start, TDateTime stop) const;
     TPixelSpan YWithin(const TzuDataEntity_Spanbar &item, TPixelSpan rowY) const;
     TPixelSpan SubRowSpan(const TzuDataEntity_Spanbar &item, TPixelSpan row) const;
