@@ -160,7 +160,10 @@ void MainWindow::ShowPlan()
     m_remarksButton->setText(m_remarks->CountText());
     m_remarksButton->setVisible(!m_remarks->CountText().isEmpty());
     ShowCounts(plan);
-    m_pages->setCurrentWidget(m_chart);
+    if (m_pages->currentWidget() != m_chart) {
+        m_pages->setCurrentWidget(m_chart);
+        m_chart->GantArea().setFocus(Qt::OtherFocusReason);
+    }
     for (QAction *action : m_planActions) {
         action->setEnabled(true);
     }
