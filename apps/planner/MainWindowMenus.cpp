@@ -99,8 +99,8 @@ void MainWindow::MakeViewMenu()
     add(tr("Zoom &out"), {QKeySequence(tr("Ctrl+-"))}, [this] { m_chart->ZoomOut(); });
     menu.addSeparator();
     add(tr("Go to &today"), {QKeySequence(tr("Ctrl+T"))}, [this] { m_chart->GoTo(Now()); });
-    add(tr("&Earlier"), {QKeySequence(tr("Alt+Left"))}, [this, step] { m_chart->Pan(-step()); });
-    add(tr("&Later"), {QKeySequence(tr("Alt+Right"))}, [this, step] { m_chart->Pan(step()); });
+    add(tr("&Earlier"), {QKeySequence(tr("Ctrl+PgUp"))}, [this, step] { m_chart->Pan(-step()); });
+    add(tr("&Later"), {QKeySequence(tr("Ctrl+PgDown"))}, [this, step] { m_chart->Pan(step()); });
     menu.addSeparator();
     add(tr("E&xpand all"), {QKeySequence(tr("Ctrl+Shift+Right"))},
         [this] { m_chart->Tree().FullExpand(); });
