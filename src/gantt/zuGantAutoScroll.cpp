@@ -26,7 +26,7 @@ int TAutoScroll::Tick()
     if (m_beyond == 0) {
         return 0;
     }
-    const double speed = kLeastRows + std::abs(double{1} * m_beyond) * kRowsPerPixel;
+    const double speed = kLeastRows + std::abs(static_cast<double>(m_beyond)) * kRowsPerPixel;
     m_rows += std::copysign(std::min(speed, kMostRows), m_beyond);
     const double whole = std::trunc(m_rows);
     m_rows -= whole;
