@@ -44,28 +44,33 @@ TDistinctTimeHolderList Identical(std::int64_t count)
     return list;
 }
 
-template <TDistinctTimeHolderList Make(std::int64_t)>
-void Resolve(benchmark::State &state)
+template <TDistinctTimeHolderList Make(std::int64_t), void Separate(TDistinctTimeHolderList &)>
+void Run(benchmark::State &state)
 {
     for (auto _ : state) {
         state.PauseTiming();
         TDistinctTimeHolderList list = Make(state.range(0));
         state.ResumeTiming();
-        TTimeDistinctGeneric(list).ResolveConflicts();
+        Separate(list);
     }
     state.SetItemsProcessed(state.iterations() * state.range(0));
+}
+
+void Separation(TDistinctTimeHolderList &list)
+{
+    TTimeDistinctGeneric(list).ResolveConflicts();
+}
+
+template <TDistinctTimeHolderList Make(std::int64_t)>
+void Resolve(benchmark::State &state)
+{
+    Run<Make, Separation>(state);
 }
 
 template <TDistinctTimeHolderList Make(std::int64_t)>
 void DoubleLoop(benchmark::State &state)
 {
-    for (auto _ : state) {
-        state.PauseTiming();
-        TDistinctTimeHolderList list = Make(state.range(0));
-        state.ResumeTiming();
-        test::ResolvePlainly(list);
-    }
-    state.SetItemsProcessed(state.iterations() * state.range(0));
+    Run<Make, test::ResolvePlainly>(state);
 }
 
 BENCHMARK(Resolve<Sparse>)
