@@ -21,7 +21,8 @@ namespace korvane::planner {
 
 namespace {
 
-constexpr int kPanPart = 4; ///< share of the area's width that one step goes on
+constexpr double kZoomNotches = 2; ///< of the wheel, that one step zooms
+constexpr int kPanPart = 4;        ///< share of the axis that one step goes on
 
 QString Row(const QString &keys, const QString &text)
 {
@@ -92,15 +93,17 @@ void MainWindow::MakeViewMenu()
     const auto add = [&](const QString &text, const QList<QKeySequence> &shortcuts, auto function) {
         m_planActions += AddAction(menu, text, shortcuts, function);
     };
-    const auto step = [this] { return m_chart->GantArea().width() / kPanPart; };
+    TzuDateScaler &axis = m_chart->DateScaler();
+    const auto zoom = [&axis](double notches) { axis.ZoomAround(notches, axis.GetScaleLen() / 2); };
+    const auto pan = [&axis](int way) { axis.PanPixels(way * axis.GetScaleLen() / kPanPart); };
     add(tr("&Fit the plan"), {QKeySequence(tr("Ctrl+0"))}, [this] { m_chart->FitPlan(); });
     add(tr("Zoom &in"), {QKeySequence(tr("Ctrl++")), QKeySequence(tr("Ctrl+="))},
-        [this] { m_chart->ZoomIn(); });
-    add(tr("Zoom &out"), {QKeySequence(tr("Ctrl+-"))}, [this] { m_chart->ZoomOut(); });
+        [zoom] { zoom(kZoomNotches); });
+    add(tr("Zoom &out"), {QKeySequence(tr("Ctrl+-"))}, [zoom] { zoom(-kZoomNotches); });
     menu.addSeparator();
-    add(tr("Go to &today"), {QKeySequence(tr("Ctrl+T"))}, [this] { m_chart->GoTo(Now()); });
-    add(tr("&Earlier"), {QKeySequence(tr("Ctrl+PgUp"))}, [this, step] { m_chart->Pan(-step()); });
-    add(tr("&Later"), {QKeySequence(tr("Ctrl+PgDown"))}, [this, step] { m_chart->Pan(step()); });
+    add(tr("Go to &today"), {QKeySequence(tr("Ctrl+T"))}, [&axis] { axis.GoTo(Now()); });
+    add(tr("&Earlier"), {QKeySequence(tr("Ctrl+PgUp"))}, [pan] { pan(-1); });
+    add(tr("&Later"), {QKeySequence(tr("Ctrl+PgDown"))}, [pan] { pan(1); });
     menu.addSeparator();
     add(tr("E&xpand all"), {QKeySequence(tr("Ctrl+Shift+Right"))},
         [this] { m_chart->Tree().FullExpand(); });

@@ -6,7 +6,6 @@
 #include "PlanTree.h"
 #include "foundation/qt/zuConvert.h"
 #include "foundation/zuDateUtils.h"
-#include "plan/PlanDates.h"
 
 #include <QFontMetrics>
 #include <QLocale>
@@ -23,8 +22,9 @@ namespace {
 constexpr int kDaysPerWeek = 7;
 constexpr int kLeastMarkDistance = 24; // pixels, for labels of two digits
 constexpr int kScalerHeight = 44;
-constexpr int kNowInterval = 20'000; // milliseconds
-constexpr int kDatesDelay = 150;     // milliseconds
+constexpr double kZoomPerNotch = 0.8165; // two notches make 1.5
+constexpr int kNowInterval = 20'000;     // milliseconds
+constexpr int kDatesDelay = 150;         // milliseconds
 
 } // namespace
 
@@ -41,6 +41,7 @@ PlanChart::PlanChart(PlanDocument &document, QWidget *parent)
     SetLinkShow(TLinkShow::lsAlways);
     SetFirstDayOfWeekScaler(QLocale().firstDayOfWeek() % kDaysPerWeek + 1);
     DateScaler().SetPixelsForModeSwitch(kLeastMarkDistance);
+    DateScaler().SetZoomFactor(kZoomPerNotch);
     LabelAxis(DateScaler());
     m_title = new PlanTitle(&TreeSpacer());
     auto *corner = new QVBoxLayout(&TreeSpacer());
@@ -51,7 +52,6 @@ PlanChart::PlanChart(PlanDocument &document, QWidget *parent)
     Tree().SetRowSelect(true);
     Tree().SetRightClickSelect(true);
     GantArea().installEventFilter(this);
-    Tree().viewport()->installEventFilter(this);
     OnUserDrawBackground = [this](auto *, const TRect &rect, TCanvas &canvas) {
         PaintBackground(rect, canvas);
     };
@@ -94,7 +94,6 @@ TGantTree *PlanChart::CreateTree(QWidget *parent)
 PlanChart::~PlanChart()
 {
     GantArea().removeEventFilter(this);
-    Tree().viewport()->removeEventFilter(this);
 }
 
 const Plan &PlanChart::GetPlan() const
@@ -168,50 +167,8 @@ void PlanChart::FitPlan()
     const PlanSpan range = GetPlan().Range().value_or(
         PlanSpan{DateOf(m_now) - kDaysAround, DateOf(m_now) + kDaysAround});
     const TDateTime length = std::max(range.Finish - range.Start, 1.0);
-    Show({range.Start - length * kMarginBefore, range.Start + length * (1 + kMarginAfter)});
-}
-
-void PlanChart::Show(PlanSpan span)
-{
-    DateScaler().BeginUpdate();
-    SetStart(std::max(span.Start, kFirstPlanDate));
-    SetStop(std::min(span.Finish, kLastPlanDate));
-    DateScaler().EndUpdate();
-}
-
-void PlanChart::Zoom(double factor, int pixel)
-{
-    constexpr TDateTime kShortestSpan = 2.0 / kMinutesPerDay;
-    const double scale = Scale();
-    const int length = DateScaler().GetScaleLen();
-    if (scale <= 0 || length <= 0) {
-        return;
-    }
-    const double wanted = std::clamp(scale / factor, kShortestSpan / length,
-                                     (kLastPlanDate - kFirstPlanDate) / length);
-    DateScaler().SetCenterScale(wanted, DateScaler().PixelToDate(pixel), pixel);
-}
-
-void PlanChart::ZoomIn()
-{
-    Zoom(kZoomStep, DateScaler().GetScaleLen() / 2);
-}
-
-void PlanChart::ZoomOut()
-{
-    Zoom(1 / kZoomStep, DateScaler().GetScaleLen() / 2);
-}
-
-void PlanChart::GoTo(TDateTime instant)
-{
-    const TDateTime half = (Stop() - Start()) / 2;
-    const TDateTime middle = std::clamp(instant, kFirstPlanDate + half, kLastPlanDate - half);
-    Show({middle - half, middle + half});
-}
-
-void PlanChart::Pan(int pixels)
-{
-    GoTo((Start() + Stop()) / 2 + Scale() * pixels);
+    DateScaler().SetRange(range.Start - length * kMarginBefore,
+                          range.Start + length * (1 + kMarginAfter));
 }
 
 void PlanChart::SetScrollBarShown(bool shown)

@@ -16,7 +16,6 @@
 #include <vector>
 
 class QHelpEvent;
-class QWheelEvent;
 
 namespace korvane::planner {
 
@@ -34,7 +33,7 @@ class PlanTree;
 /// original. Times change by whole days as long as hours are too narrow to be told apart, so that
 /// times of day stay. A chart without edits only shows.
 ///
-/// With Ctrl the wheel zooms about the pointer, with Shift it moves along the time.
+/// A notch of the wheel zooms so little that two of them are a step of the menu.
 class PlanChart : public TzuGant, public IPlanWatcher
 {
     Q_OBJECT
@@ -50,16 +49,6 @@ public:
 
     /// Shows the plan's whole length with a margin; without any date the days around today.
     void FitPlan();
-    void Show(PlanSpan span);
-    /// Makes what is shown larger (factor > 1) or smaller; the instant at the area's pixel stays.
-    void Zoom(double factor, int pixel);
-    /// Zooms by one step about the middle.
-    void ZoomIn();
-    void ZoomOut();
-    /// Brings the instant to the middle.
-    void GoTo(TDateTime instant);
-    /// Moves the visible time by so many pixels, to later times when positive.
-    void Pan(int pixels);
     /// Whether there is room on the right for the scroll bar. There is, initially.
     void SetScrollBarShown(bool shown);
     bool IsScrollBarShown() const { return m_scrollBarShown; }
@@ -214,13 +203,10 @@ private:
     void PaintNow(const TRect &rect, TCanvas &canvas) const;
 
     // Input, PlanChartInput.cpp.
-    bool HandleWheel(QWheelEvent &event);
-    void TurnRows(int turn);
     void HandleToolTip(QHelpEvent &event);
     void PointAt(int pixel);
     void PointerLeft();
 
-    static constexpr double kZoomStep = 1.5;
     static constexpr double kHoursWidth = 240; ///< of a day, in pixels, from which on hours matter
 
     PlanDocument &m_document;
@@ -242,7 +228,6 @@ private:
     QBasicTimer m_nowTimer;
     QTimer m_datesTimer; ///< of ShowDates after edits
     std::optional<int> m_pointerPixel;
-    int m_wheelRest = 0;
     bool m_scrollBarShown = true;
 };
 

@@ -287,7 +287,7 @@ void PlanChart::ShowTask(const std::vector<int> &tasks)
     const TDateTime start = items.Bar->GetStartDateTime();
     const TDateTime stop = items.Bar->GetStopDateTime();
     if (stop < Start() || start > Stop()) {
-        GoTo(start + std::min(stop - start, Stop() - Start()) / 2);
+        DateScaler().GoTo(start + std::min(stop - start, Stop() - Start()) / 2);
     }
 }
 

@@ -1,6 +1,8 @@
 #include "PlanTree.h"
 
+#include <QApplication>
 #include <QPainter>
+#include <QWheelEvent>
 
 #include <array>
 
@@ -10,6 +12,16 @@ void PlanTree::SetRowLineColor(const QColor &color)
 {
     m_rowLineColor = color;
     viewport()->update();
+}
+
+void PlanTree::Scroll(int delta)
+{
+    if ((delta < 0) != (m_wheelRest < 0)) {
+        m_wheelRest = 0;
+    }
+    m_wheelRest += delta * QApplication::wheelScrollLines();
+    TzuTree_ComBasic::Scroll(m_wheelRest / QWheelEvent::DefaultDeltasPerStep);
+    m_wheelRest %= QWheelEvent::DefaultDeltasPerStep;
 }
 
 void PlanTree::drawRow(QPainter *painter, const QStyleOptionViewItem &option,

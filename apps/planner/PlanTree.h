@@ -8,7 +8,7 @@
 namespace korvane::planner {
 
 /// A row tree whose rows have a line between them, as those of the chart, and whose expanders are
-/// drawn with lines, so that they stay sharp in documents.
+/// drawn with lines, so that they stay sharp in documents. The wheel scrolls it as any other list.
 class PlanTree : public TGantTree
 {
     Q_OBJECT
@@ -17,6 +17,9 @@ public:
     using TGantTree::TGantTree;
 
     void SetRowLineColor(const QColor &color);
+    /// Scrolls by so many eighths of a degree of the wheel, down when positive; the current row
+    /// stays. What is less than a row is kept for the next turn.
+    void Scroll(int delta) override;
 
 protected:
     void drawRow(QPainter *painter, const QStyleOptionViewItem &option,
@@ -26,6 +29,7 @@ protected:
 
 private:
     QColor m_rowLineColor;
+    int m_wheelRest = 0;
 };
 
 } // namespace korvane::planner

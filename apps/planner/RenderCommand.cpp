@@ -22,7 +22,7 @@ void ShowRange(PlanChart &chart, const RenderRequest &request)
     if (from >= to) { // only one end is given, and the plan lies on its other side
         (request.From ? to : from) = request.From ? from + length : to - length;
     }
-    chart.Show({from, to});
+    chart.DateScaler().SetRange(from, to);
 }
 
 } // namespace

@@ -48,7 +48,7 @@ protected:
         m_window.show();
         m_window.Document().SetPlan(EditablePlan());
         m_before = m_window.Document().GetPlan();
-        Chart().Show({kMonday - 2, kMonday + 30});
+        Chart().DateScaler().SetRange(kMonday - 2, kMonday + 30);
         m_window.Edits().Clock = [this] { return m_clock; };
         Settle();
     }
@@ -342,7 +342,7 @@ TEST_F(PlanEditingTest, UndoSelectsWhatItWasAboutAndShowsIt)
     Settle();
     Trigger(u"Move later"_s);
     Chart().Tree().FullCollapse();
-    Chart().Show({kMonday + 500, kMonday + 510});
+    Chart().DateScaler().SetRange(kMonday + 500, kMonday + 510);
     Chart().SelectTasks({4});
     Settle();
     History().undo();
