@@ -24,6 +24,25 @@ if(KORVANE_SANITIZE)
     target_link_options(korvane_build_options INTERFACE -fsanitize=${KORVANE_SANITIZE})
 endif()
 
+# korvane_precompile(<target> [QT] [TEST]): reads the headers that most sources of the target include
+# only once. A compiler cache does better than that, and the two do not go together.
+function(korvane_precompile target)
+    cmake_parse_arguments(ARG "QT;TEST" "" "" ${ARGN})
+    if(CMAKE_CXX_COMPILER_LAUNCHER)
+        return()
+    endif()
+    set(headers
+        <algorithm> <functional> <map> <memory> <optional> <random> <string> <unordered_map> <vector>)
+    if(ARG_QT)
+        list(APPEND headers
+            <QApplication> <QLocale> <QMenu> <QMouseEvent> <QPainter> <QScrollBar> <QXmlStreamReader>)
+    endif()
+    if(ARG_TEST)
+        list(APPEND headers <gmock/gmock.h> <gtest/gtest.h>)
+    endif()
+    target_precompile_headers(${target} PRIVATE ${headers})
+endfunction()
+
 # Declares a library of the project. Its folders add sources and headers with
 # target_sources(<name> PRIVATE ... PUBLIC FILE_SET HEADERS FILES ...).
 function(korvane_add_library name alias)
@@ -51,9 +70,11 @@ function(korvane_add_test name)
     if(ARG_QT)
         set_target_properties(${name} PROPERTIES AUTOMOC ON)
         target_link_libraries(${name} PRIVATE korvane::widgets korvane_test_support_qt)
+        korvane_precompile(${name} QT TEST)
         set(environment "QT_QPA_PLATFORM=offscreen;LC_ALL=C.UTF-8;QT_LOGGING_RULES=qt.qpa.*=false")
     else()
         target_link_libraries(${name} PRIVATE korvane::core korvane_test_support GTest::gtest_main)
+        korvane_precompile(${name} TEST)
         set(environment "LC_ALL=C.UTF-8")
     endif()
     gtest_discover_tests(${name}
