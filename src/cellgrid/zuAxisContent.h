@@ -1,0 +1,188 @@
+// The columns or the rows of a cell grid: a paged list with a fixed head.
+#pragma once
+
+#include "cellgrid/zuAxisItem.h"
+#include "cellgrid/zuRunSequence.h"
+#include "data/zuDataList.h"
+#include "data/zuSequence.h"
+
+#include <memory>
+#include <optional>
+#include <vector>
+
+namespace korvane {
+
+class TBabGridCell;
+class TBabGridCellForViewer;
+
+/// One axis of a cell grid: a fixed head that is always loaded, then items of which one contiguous
+/// block is loaded; those before and after the block are only counted and are created when they are
+/// asked for. Items that are shown are never unloaded.
+///
+/// A real index counts all items; a position counts the loaded ones. Every change is reported to
+/// the grid cell, and the handlers of the viewer's grid cell load and unload. They may change the
+/// list. Lookups and changes cost a logarithm and a few steps along the loaded chunks.
+class TAxisContentList : public TObject
+{
+public:
+    TAxisContentList(TBabGridCell &gridCell, int defaultSize);
+    ~TAxisContentList() override;
+
+    TBabGridCell &getGridCell() const { return m_gridCell; }
+    bool IsRowAxis() const;
+
+    int Count() const { return m_loaded.Size() + m_unloadedBefore + m_unloadedAfter; }
+    int LoadedCount() const { return m_loaded.Size(); }
+    int VisibleCount() const { return m_visibles.Size(); }
+    /// Number of loaded items that are hidden.
+    int GetHiddenRowCount() const { return m_hiddens.Size(); }
+    int UnloadedBefore() const { return m_unloadedBefore; }
+    int UnloadedAfter() const { return m_unloadedAfter; }
+    /// Items of the head. The caller sees to it that they are loaded.
+    int FixedCount() const { return m_fixedCount; }
+    void SetFixedCount(int count);
+    /// Compares with UnloadedBefore alone, so that with a head and unloaded items behind it the
+    /// last of those count as loaded; IsPresent tells the truth.
+    bool IsLoaded(int index) const;
+    bool IsPresent(int index) const;
+    int IndexConvert_RealToLoaded(int index) const
+    {
+        return index < m_fixedCount ? index : index - m_unloadedBefore;
+    }
+    int IndexConvert_LoadedToReal(int position) const
+    {
+        return position < m_fixedCount ? position : position + m_unloadedBefore;
+    }
+
+    /// The item at a real index, loaded on demand; nil when there is none.
+    TAxisContentItem *getAxisContentItem(int index);
+    /// The item if it is loaded, else nil; never loads.
+    TAxisContentItem *FindLoaded(int index) const
+    {
+        return IsPresent(index) ? m_loaded.At(IndexConvert_RealToLoaded(index)) : nullptr;
+    }
+    /// These two throw std::out_of_range.
+    TAxisContentItem *getLoadedAxisContentItem(int position) const { return m_loaded.At(position); }
+    TAxisContentItem *getVisibleAxisContentItem(int k) const { return m_visibles.At(k); }
+    /// Real index of an item of this list; costs no refreshing of the others.
+    int IndexOf(const TAxisContentItem &item) const
+    {
+        return IndexConvert_LoadedToReal(m_loaded.IndexOf(&item));
+    }
+
+    TAxisContentItem *AddNew(TObject *value);
+    /// Throws std::logic_error while items are being loaded, std::out_of_range beyond 0..Count.
+    TAxisContentItem *InsertNew(int index, TObject *value);
+    /// Announces that many further items at the end without creating them.
+    void AddUnloaded(int count);
+    /// Loads what lies between. Throws std::out_of_range.
+    void Move(int from, int to);
+    /// Nothing when there is no such item. One that is not loaded only leaves the count.
+    void Drop(int index);
+    /// Removes items that are only counted; the viewer's handler may change the range. Both tests
+    /// use the raw counts, and a range that starts right behind the block leaves the tail alone.
+    void DeleteOfUnloaded(int from, int to);
+    void Clear() { CommonClear(0); }
+    void ClearKeepFixedItems() { CommonClear(m_fixedCount); }
+    /// Puts the loaded items behind the head in another order.
+    void Reorder(const std::vector<TAxisContentItem *> &items);
+    std::vector<TAxisContentItem *> LoadedItems() const { return m_loaded.Items(); }
+
+    /// The item at a real index behind the head; loads it and what lies between it and the block.
+    TAxisContentItem *EnsureLoadedItem(int index);
+    /// Creates the items `from`..`to` (both included) at one end of the block.
+    void LoadItems(int from, int to, TBlockEnd end);
+    bool IsLoading() const { return m_loadNesting > 0; }
+    bool LastLoadAtFront() const { return m_lastLoadAtFront; }
+    /// Throws std::out_of_range when the item is not loaded.
+    void Unload(int index, TBlockEnd toward);
+    /// The items that may only go together with this one. Throws std::logic_error when a handler
+    /// turned the interval round.
+    void UnloadIntervall(TAxisContentItem &item, int &first, int &last);
+    /// Neither shown nor with a selected cell, and the viewer's handler agrees. Throws
+    /// std::logic_error when the item is not where its index says.
+    bool CanUnload(TAxisContentItem &item);
+    /// Unloads from both ends of the block as far as it is allowed.
+    void Purge();
+    /// Deselects, forgets what is shown, and purges.
+    void UnloadAll();
+
+    /// The view fills these anew at each layout.
+    void AddToVisible(TAxisContentItem &item);
+    void ClearVisibles();
+    void UpdateHiddenItemsList(TAxisContentItem &item, bool hide);
+
+    bool IndexesOutOfDate() const { return m_indexesOutOfDate; }
+    int FirstStaleIndex() const { return m_firstStaleIndex; }
+    void EnsureListIndexes();
+    void ListIndexesOutOfDate(int index);
+    void UpdateListIndexesFrom(int index);
+    int ListIndexOf(const TAxisContentItem &item);
+
+    // Extents in pixels. Items that are not loaded keep the size that was measured, or the default.
+    int DefaultSize() const { return m_extents.Default(); }
+    void SetDefaultSize(int size) { m_extents.SetDefault(size); }
+    int SizeAt(int index) const { return m_extents.ExtentAt(index); }
+    /// Where the item begins, from the beginning of the axis; also for Count.
+    std::int64_t OffsetOf(int index) const { return m_extents.OffsetOf(index); }
+    std::int64_t TotalSize() const { return m_extents.Total(); }
+    /// The item at an offset, or the nearest one that is not hidden; -1 when there is none.
+    int IndexAt(std::int64_t offset) const { return m_extents.IndexAt(offset); }
+    /// The nearest item from the index on, in steps of 1 or -1, that is not hidden; -1 when none.
+    int NearestShown(int index, int step) const;
+    /// Counts the changes of what the axis holds and how large it is.
+    std::uint64_t Changes() const { return m_changes; }
+
+private:
+    friend class TAxisContentItem;
+
+    class TLoading;
+    struct TRange
+    {
+        int From;
+        int To;
+        TBlockEnd End;
+    };
+    using TLoaded =
+        TSequence<TAxisContentItem, TPlaceInItem<TAxisContentItem, TAxisContentItem::LoadedPlace>,
+                  TNumbering::PerItem>;
+
+    TBabGridCellForViewer *Viewer() const;
+    std::unique_ptr<TAxisContentItem> CreateItem(TObject *value);
+    void Place(int position, std::unique_ptr<TAxisContentItem> item);
+    /// Takes the item out of all sequences; its cells go with it.
+    std::unique_ptr<TAxisContentItem> Take(int position);
+    void CountChanged(int index, int by);
+    void SizeChanged(TAxisContentItem &item);
+    void CommonClear(int keep);
+    void RenumberBlock();
+    std::optional<TRange> RangeToLoad(int index) const;
+    void CallVirtualLoad(const TRange &range);
+    bool MayUnloadAll(int first, int last);
+    bool PurgeFront();
+    bool PurgeBack();
+    bool IsProtected(int index) const { return index >= m_protectFrom && index <= m_protectTo; }
+
+    TBabGridCell &m_gridCell;
+    TLoaded m_loaded; ///< its numbers are the cached indexes
+    TSequence<TAxisContentItem, TPlaceInItem<TAxisContentItem, TAxisContentItem::VisiblePlace>>
+        m_visibles;
+    TSequence<TAxisContentItem, TPlaceInItem<TAxisContentItem, TAxisContentItem::HiddenPlace>>
+        m_hiddens;
+    TRunSequence m_extents;                                       ///< by real index
+    std::shared_ptr<bool> m_lives = std::make_shared<bool>(true); ///< false once destroyed
+    std::uint64_t m_changes = 0;
+    int m_loadNesting = 0;
+    int m_firstStaleIndex = 0;
+    int m_unloadedBefore = 0;
+    int m_unloadedAfter = 0;
+    int m_fixedCount = 0;
+    int m_protectFrom = -1;
+    int m_protectTo = -1;
+    std::uint32_t m_lastId = 0;
+    bool m_lastLoadAtFront = false;
+    bool m_indexesOutOfDate = true;
+    bool m_keepLoaded = false; ///< nothing is purged
+};
+
+} // namespace korvane

@@ -1,0 +1,169 @@
+#include "cellgrid/zuBabGridCell.h"
+
+#include <algorithm>
+#include <unordered_map>
+#include <utility>
+
+namespace korvane {
+
+TBabGridCell::TBabGridCell()
+    : m_matris(*this)
+    , m_columns(*this, kDefaultWidth)
+    , m_rows(*this, kDefaultHeight)
+{
+}
+
+TBabGridCell::~TBabGridCell() = default;
+
+TBabGridCellForViewer *TBabGridCell::GetViewerGridCell() const
+{
+    return nullptr;
+}
+
+TBabCell &TBabGridCell::GetCell(TAxisContentItem &column, TAxisContentItem &row)
+{
+    if (TBabCell *cell = m_matris.FindCell(column, row)) {
+        return *cell;
+    }
+    std::unique_ptr<TBabCell> created;
+    if (TBabGridCellForViewer *viewer = GetViewerGridCell()) {
+        created = viewer->OnCreateCell(this, &column, &row);
+    }
+    if (created == nullptr) {
+        auto simple = std::make_unique<TBabSimpleCell>();
+        simple->Data().SetText(CellText(column, row));
+        created = std::move(simple);
+    }
+    return m_matris.PutCell(column, row, std::move(created));
+}
+
+TBabCell *TBabGridCell::GetCell(int column, int row)
+{
+    TAxisContentItem *columnItem = m_columns.getAxisContentItem(column);
+    TAxisContentItem *rowItem = m_rows.getAxisContentItem(row);
+    return columnItem != nullptr && rowItem != nullptr ? &GetCell(*columnItem, *rowItem) : nullptr;
+}
+
+std::string TBabGridCell::CellText(TAxisContentItem &column, TAxisContentItem &row)
+{
+    if (const TBabCell *cell = m_matris.FindCell(column, row)) {
+        return cell->Text();
+    }
+    std::string text;
+    if (TBabGridCellForViewer *viewer = GetViewerGridCell()) {
+        viewer->OnGetCellText(this, &column, &row, text);
+    }
+    return text;
+}
+
+void TBabGridCell::SetSelected(bool selected)
+{
+    TCellSelection &selection = m_matris.Selection();
+    if (!selected && selection.Empty()) {
+        return;
+    }
+    selection.Clear();
+    if (selected && m_rows.Count() > m_rows.FixedCount()) {
+        selection.Select({0, m_rows.FixedCount(), TCellSelection::kAllColumns, m_rows.Count() - 1});
+    }
+    if (TBabGridCellForViewer *viewer = GetViewerGridCell()) {
+        viewer->SelectionEvent.TriggerEvent(this);
+    }
+}
+
+void TBabGridCell::TellAxisChanged(TAxisContentList &list)
+{
+    if (TBabGridCellForViewer *viewer = GetViewerGridCell()) {
+        viewer->AxisEvent.TriggerEvent(&list);
+    }
+}
+
+void TBabGridCell::InsertingAxisItem(TAxisContentList &list, int /*index*/)
+{
+    TellAxisChanged(list);
+}
+
+void TBabGridCell::DroppingAxisItem(TAxisContentList &list, int index)
+{
+    TAxisContentItem &item = *list.FindLoaded(index);
+    if (&list == &m_rows) {
+        m_matris.RowGoes(item);
+    } else {
+        m_matris.ColumnGoes(item, m_rows);
+    }
+    TellAxisChanged(list);
+}
+
+void TBabGridCell::MowingAxisItem(TAxisContentList &list, int from, int to)
+{
+    if (&list == &m_rows) {
+        Selection().RowMoved(from, to);
+    } else {
+        Selection().ColumnMoved(from, to);
+    }
+    TellAxisChanged(list);
+}
+
+void TBabGridCell::ChangeInUnloaded(TAxisContentList &list)
+{
+    TellAxisChanged(list);
+}
+
+void TBabGridCell::ReorderingAxisItems(TAxisContentList &list, int first,
+                                       const std::vector<TAxisContentItem *> &items)
+{
+    if (&list == &m_rows && !Selection().Empty()) {
+        std::vector<int> order(items.size());
+        std::transform(items.begin(), items.end(), order.begin(),
+                       [&](TAxisContentItem *item) { return list.IndexOf(*item) - first; });
+        Selection().RowsReordered(first, order);
+    }
+    TellAxisChanged(list);
+}
+
+void TBabGridCell::AxisCountChanged(TAxisContentList &list, int index, int by)
+{
+    if (&list == &m_rows) {
+        Selection().RowsChanged(index, by);
+    } else {
+        Selection().ColumnsChanged(index, by);
+    }
+}
+
+bool TBabGridCell::HasSelectedCell(const TAxisContentList &list, int index) const
+{
+    return &list == &m_rows ? Selection().RowHasSelected(index)
+                            : Selection().ColumnHasSelected(index);
+}
+
+TBabGridCellForViewer *TBabSubGridCell::GetViewerGridCell() const
+{
+    return GridCell() != nullptr ? GridCell()->GetViewerGridCell() : nullptr;
+}
+
+int TBabSubGridCell::Level() const
+{
+    int level = 0;
+    for (const TBabGridCell *grid = GridCell(); grid != nullptr; grid = grid->GridCell()) {
+        ++level;
+    }
+    return level;
+}
+
+TBabGridCellForViewer::TBabGridCellForViewer()
+    : UserSizeEvent(this)
+    , HideEvent(this)
+    , AxisEvent(this)
+    , CellEvent(this)
+    , SelectionEvent(this)
+{
+}
+
+TBabGridCellForViewer::~TBabGridCellForViewer() = default;
+
+TBabGridCellForViewer *TBabGridCellForViewer::GetViewerGridCell() const
+{
+    return const_cast<TBabGridCellForViewer *>(this);
+}
+
+} // namespace korvane

@@ -1,0 +1,123 @@
+// A grid of cells, which may be a cell of another grid.
+#pragma once
+
+#include "cellgrid/zuAxisContent.h"
+#include "cellgrid/zuBabCell.h"
+#include "cellgrid/zuCellMatris.h"
+#include "foundation/zuEventHandling.h"
+#include "foundation/zuMethod.h"
+
+#include <string>
+#include <vector>
+
+namespace korvane {
+
+class TBabGridCellForViewer;
+
+/// Two axes, the cells at their crossings and what of them is selected.
+class TBabGridCell : public TBabCell
+{
+public:
+    static constexpr int kDefaultWidth = 64;
+    static constexpr int kDefaultHeight = 20;
+
+    TBabGridCell();
+    ~TBabGridCell() override;
+
+    TAxisContentList &Columns() { return m_columns; }
+    const TAxisContentList &Columns() const { return m_columns; }
+    TAxisContentList &Rows() { return m_rows; }
+    const TAxisContentList &Rows() const { return m_rows; }
+    TCellMatris &Matris() { return m_matris; }
+    const TCellMatris &Matris() const { return m_matris; }
+    TCellSelection &Selection() { return m_matris.Selection(); }
+    const TCellSelection &Selection() const { return m_matris.Selection(); }
+
+    /// The grid cell of the view that this grid is shown in, at any depth; nil while in none.
+    virtual TBabGridCellForViewer *GetViewerGridCell() const;
+
+    /// The cell at two items, made when it does not exist yet; the viewer says which class.
+    TBabCell &GetCell(TAxisContentItem &column, TAxisContentItem &row);
+    /// Likewise by real indexes, loading on demand; nil when there is no such crossing.
+    TBabCell *GetCell(int column, int row);
+    TBabCell *FindCell(const TAxisContentItem &column, const TAxisContentItem &row) const
+    {
+        return m_matris.FindCell(column, row);
+    }
+    /// What the crossing shows: its cell's text or, without a cell, what the viewer's handler says.
+    std::string CellText(TAxisContentItem &column, TAxisContentItem &row);
+
+    /// Deselecting deselects every cell; selecting selects all behind the heads.
+    void SetSelected(bool selected) override;
+
+    // Called by the axes.
+    virtual void InsertingAxisItem(TAxisContentList &list, int index);
+    virtual void DroppingAxisItem(TAxisContentList &list, int index);
+    virtual void MowingAxisItem(TAxisContentList &list, int from, int to);
+    virtual void ChangeInUnloaded(TAxisContentList &list);
+    /// The items behind the head are about to take this order.
+    void ReorderingAxisItems(TAxisContentList &list, int first,
+                             const std::vector<TAxisContentItem *> &items);
+    /// `by` items came at the index, or went from it, loaded or not.
+    void AxisCountChanged(TAxisContentList &list, int index, int by);
+    bool HasSelectedCell(const TAxisContentList &list, int index) const;
+
+private:
+    void TellAxisChanged(TAxisContentList &list);
+
+    TCellMatris m_matris;
+    TAxisContentList m_columns;
+    TAxisContentList m_rows;
+};
+
+/// A grid in a cell of another grid.
+class TBabSubGridCell : public TBabGridCell
+{
+public:
+    TBabGridCellForViewer *GetViewerGridCell() const override;
+    /// How many grids it is in; 1 for a cell of the view's grid.
+    int Level() const;
+};
+
+using TOnVirtualLoad =
+    TMethod<void(TBabGridCell *theGridCell, TAxisContentItem *theItem, bool isRow)>;
+/// A handler that clears `counted` takes the item off the count, too.
+using TOnVirtualUnLoad =
+    TMethod<void(TBabGridCell *theGridCell, TAxisContentItem *theItem, bool isRow, bool &counted)>;
+using TOnCanUnload = TMethod<void(TBabGridCell *theGridCell, TAxisContentItem *theItem, bool isRow,
+                                  bool &canUnload)>;
+/// May widen the real indexes `first`..`last` around an item.
+using TOnUnloadIntervall = TMethod<void(TBabGridCell *theGridCell, TAxisContentItem *theItem,
+                                        bool isRow, int &first, int &last)>;
+using TOnDeleteOfUnloaded =
+    TMethod<void(TBabGridCell *theGridCell, bool isRow, int &from, int &to)>;
+using TOnCreateCell = TMethod<std::unique_ptr<TBabCell>(
+    TBabGridCell *theGridCell, TAxisContentItem *theColumn, TAxisContentItem *theRow)>;
+using TOnGetCellText = TMethod<void(TBabGridCell *theGridCell, TAxisContentItem *theColumn,
+                                    TAxisContentItem *theRow, std::string &theText)>;
+
+/// The grid that a view shows, with the handlers of all grids inside.
+class TBabGridCellForViewer : public TBabGridCell
+{
+public:
+    TBabGridCellForViewer();
+    ~TBabGridCellForViewer() override;
+    TBabGridCellForViewer *GetViewerGridCell() const override;
+
+    TEvent UserSizeEvent;  ///< data: the item
+    TEvent HideEvent;      ///< data: nil
+    TEvent AxisEvent;      ///< an axis changed; data: the list
+    TEvent CellEvent;      ///< a cell changed; data: the cell
+    TEvent SelectionEvent; ///< data: the grid cell
+
+    TOnVirtualLoad OnVirtualLoad;           ///< fills an item that was asked for
+    TOnCanUnload OnCanUnload;               ///< without it nothing is unloaded
+    TOnVirtualUnLoad OnAxisItemUnload;      ///< the view's own, before the application's
+    TOnVirtualUnLoad OnVirtualUnLoad;       ///< an item is about to be unloaded
+    TOnUnloadIntervall OnUnloadIntervall;   ///< which items only go together
+    TOnDeleteOfUnloaded OnDeleteOfUnloaded; ///< before items are deleted that are only counted
+    TOnCreateCell OnCreateCell;             ///< nil from it: a simple cell with text
+    TOnGetCellText OnGetCellText;           ///< text of crossings without a cell
+};
+
+} // namespace korvane

@@ -1,0 +1,49 @@
+// The cells of a grid that exist.
+#pragma once
+
+#include "cellgrid/zuBabCell.h"
+#include "cellgrid/zuCellSelection.h"
+
+#include <memory>
+
+namespace korvane {
+
+class TAxisContentItem;
+class TAxisContentList;
+
+/// Cells exist once something was put into them; what they share with their column needs none. A
+/// cell costs memory where it stands only, and follows its row and column when those move.
+class TCellMatris : public TObject
+{
+public:
+    explicit TCellMatris(TBabGridCell &gridCell)
+        : m_gridCell(gridCell)
+    {
+    }
+
+    /// Nil when the cell does not exist.
+    TBabCell *FindCell(const TAxisContentItem &column, const TAxisContentItem &row) const;
+    /// The cell replaces the one that is there.
+    TBabCell &PutCell(TAxisContentItem &column, TAxisContentItem &row,
+                      std::unique_ptr<TBabCell> cell);
+    void RemoveCell(const TAxisContentItem &column, TAxisContentItem &row);
+    /// Number of cells that exist.
+    int CellCount() const { return m_cellCount; }
+    /// What goes with a row or a column that is about to go.
+    void RowGoes(TAxisContentItem &row);
+    void ColumnGoes(const TAxisContentItem &column, const TAxisContentList &rows);
+
+    TCellSelection &Selection() { return m_selection; }
+    const TCellSelection &Selection() const { return m_selection; }
+
+private:
+    class TCellsOfRow;
+
+    static TCellsOfRow *CellsOf(const TAxisContentItem &row);
+
+    TBabGridCell &m_gridCell;
+    TCellSelection m_selection;
+    int m_cellCount = 0;
+};
+
+} // namespace korvane

@@ -1,0 +1,73 @@
+// Which cells of a grid are selected.
+#pragma once
+
+#include "cellgrid/zuRunSequence.h"
+
+#include <limits>
+#include <map>
+#include <vector>
+
+namespace korvane {
+
+/// A block of cells; First and Last belong to it.
+struct TCellRange
+{
+    int FirstColumn = 0;
+    int FirstRow = 0;
+    int LastColumn = 0;
+    int LastRow = 0;
+
+    friend bool operator==(const TCellRange &, const TCellRange &) = default;
+};
+
+/// A selection by real indexes. Rows with the same selected columns that lie together are stored
+/// once, so that ten million selected rows cost what one costs; columns and rows that come, go or
+/// move take the selection with them.
+class TCellSelection
+{
+public:
+    /// Last column of whole rows: they stay whole when columns are added.
+    static constexpr int kAllColumns = std::numeric_limits<int>::max() - 1;
+
+    bool Empty() const { return m_rows.Count() == 0 || IsOneRun(0); }
+    bool IsSelected(int column, int row) const;
+    bool RowHasSelected(int row) const;
+    bool ColumnHasSelected(int column) const;
+    bool IsWholeRow(int row) const { return IsSelected(kAllColumns, row); }
+    /// Number of rows with a selected cell.
+    int RowCount() const;
+    /// The first row from `row` on that has a selected cell; -1 when there is none.
+    int NextRow(int row) const;
+
+    void Select(const TCellRange &range) { Change(range, true); }
+    void Deselect(const TCellRange &range) { Change(range, false); }
+    void Clear();
+    /// The selected blocks from top to bottom; they do not overlap.
+    std::vector<TCellRange> Ranges() const;
+
+    void RowsChanged(int row, int by);
+    void ColumnsChanged(int column, int by);
+    void RowMoved(int from, int to);
+    void ColumnMoved(int from, int to);
+    /// Rows from `first` on come to stand in another order: the new one at first + i was at
+    /// first + order[i].
+    void RowsReordered(int first, const std::vector<int> &order);
+
+private:
+    /// Selected columns as pairs of first and end, ascending and apart.
+    using TPattern = std::vector<int>;
+
+    static bool Contains(const TPattern &pattern, int column);
+    static TPattern Changed(const TPattern &pattern, int first, int end, bool selected);
+    bool IsOneRun(int value) const;
+    void Change(const TCellRange &range, bool selected);
+    int IdOf(const TPattern &pattern);
+    template <typename Transform>
+    void TransformPatterns(const Transform &transform);
+
+    TRunSequence m_rows; ///< number of the pattern of each row; rows behind have none selected
+    std::vector<TPattern> m_patterns{TPattern()};
+    std::map<TPattern, int> m_ids{{TPattern(), 0}};
+};
+
+} // namespace korvane
