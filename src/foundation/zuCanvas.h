@@ -48,6 +48,13 @@ struct TBrush
     friend bool operator==(const TBrush &, const TBrush &) = default;
 };
 
+/// Factors by which painted coordinates grow while printing; 1 on screen.
+struct TPrintScale
+{
+    double X = 1;
+    double Y = 1;
+};
+
 /// A set of numbered images. The core only passes it on; the toolkit half knows what is in it.
 class TImageList : public TObject
 {

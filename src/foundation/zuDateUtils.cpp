@@ -118,6 +118,13 @@ TDateTime TimeOf(TDateTime value)
     return static_cast<double>(Split(value).Ms) / static_cast<double>(kMsPerDay);
 }
 
+TDateTime NearestSecond(TDateTime value)
+{
+    constexpr double kSecondsPerDay = 86400;
+    const double day = std::floor(value);
+    return day + std::nearbyint((value - day) * kSecondsPerDay) / kSecondsPerDay;
+}
+
 int DayOfWeek(TDateTime value)
 {
     const std::chrono::weekday weekday(kEpoch + days(Split(value).Day));

@@ -48,6 +48,9 @@ TDateTime DateOf(TDateTime value);
 /// Time of day, 0 <= result < 1, to the nearest millisecond.
 TDateTime TimeOf(TDateTime value);
 
+/// The instant to the nearest whole second of its day, with carry into the next one.
+TDateTime NearestSecond(TDateTime value);
+
 /// 1 = Sunday ... 7 = Saturday.
 int DayOfWeek(TDateTime value);
 /// Throws std::invalid_argument when there is no such month in years 1..9999.

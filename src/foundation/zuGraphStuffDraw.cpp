@@ -10,6 +10,8 @@ namespace {
 
 /// More steps of colour are not told apart.
 constexpr int kRadiatedSteps = 48;
+/// How far a rectangle may reach beyond the clip: more than any outline, mark or wave is wide.
+constexpr int kSafeMargin = 64;
 
 unsigned Between(unsigned from, unsigned to, int step, int steps)
 {
@@ -23,6 +25,16 @@ TRect Shrunk(const TRect &rect, int byX, int byY)
 }
 
 } // namespace
+
+TRect GStuff::W95Safe(const TRect &rect, const TCanvas &canvas)
+{
+    const TRect clip = canvas.ClipRect();
+    const auto pull = [](int value, int low, int high) {
+        return std::clamp(value, low - kSafeMargin, high + kSafeMargin);
+    };
+    return {pull(rect.Left, clip.Left, clip.Right), pull(rect.Top, clip.Top, clip.Bottom),
+            pull(rect.Right, clip.Left, clip.Right), pull(rect.Bottom, clip.Top, clip.Bottom)};
+}
 
 TColor GStuff::TintColor(TColor color, int percent)
 {

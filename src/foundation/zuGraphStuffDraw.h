@@ -22,6 +22,10 @@ public:
     /// The rectangle with its edges in order, whichever corners it was spanned by.
     static TRect Fixrect(const TRect &rect);
 
+    /// The rectangle with its ends pulled in to just outside the clip rectangle, so that
+    /// coordinates stay in the range that every drawing backend handles. What is visible stays the
+    /// same.
+    static TRect W95Safe(const TRect &rect, const TCanvas &canvas);
     /// Mark of a selected item: a frame around it in the highlight colour with grips at its
     /// corners, where there is room for them.
     static void DoSelectContent(const TRect &rect, TCanvas &canvas);

@@ -1,4 +1,4 @@
-// What goes with a mouse or key event.
+// What goes with a mouse or key event, and what it does to a selection.
 #pragma once
 
 namespace korvane {
@@ -13,6 +13,20 @@ struct TShiftState
     bool Alt = false;
 
     friend bool operator==(const TShiftState &, const TShiftState &) = default;
+};
+
+/// When a click changes the selection.
+enum class TSelectStep : unsigned char {
+    Press,
+    Release, ///< of a button that was not dragged
+    Drop,    ///< release after a drag, or of another button than the left one
+};
+
+/// What becomes of the items that are to be selected, and of the others.
+enum class TSelectHow : unsigned char {
+    Replace, ///< they alone are selected
+    Add,     ///< they are selected as well
+    Toggle,  ///< they change sides
 };
 
 } // namespace korvane

@@ -37,6 +37,18 @@ struct TSize
     friend bool operator==(const TSize &, const TSize &) = default;
 };
 
+/// Pixels from the first to behind the last, along one axis.
+struct TPixelSpan
+{
+    int From = 0;
+    int To = 0;
+
+    int Length() const { return To - From; }
+    bool Contains(int pixel) const { return pixel >= From && pixel < To; }
+
+    friend bool operator==(const TPixelSpan &, const TPixelSpan &) = default;
+};
+
 /// A pixel rectangle, half-open: Right and Bottom lie outside.
 struct TRect
 {

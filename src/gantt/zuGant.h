@@ -21,13 +21,6 @@ namespace korvane {
 
 class TDateScalerGestures;
 
-/// Factors by which painted coordinates grow while printing; 1 on screen.
-struct TPrintScale
-{
-    double X = 1;
-    double Y = 1;
-};
-
 /// What the chart asks of the controls around it.
 class IGantHost
 {

@@ -1,7 +1,7 @@
 #include "gantt/zuGantData.h"
 
+#include "data/zuTimeIndex.h"
 #include "gantt/zuGantDataKeeper.h"
-#include "gantt/zuGantTimeIndex.h"
 
 #include <algorithm>
 #include <utility>
@@ -29,7 +29,7 @@ TzuDataList_GantRow &TzuDataEntity_Spanbar::IndexedLayer() const
 
 void TzuDataEntity_Spanbar::SetTimesInIndex(TDateTime start, TDateTime stop)
 {
-    TGantTimeIndex &index = *IndexedLayer().m_timeIndex;
+    TTimeIndex<TzuDataEntity_Spanbar> &index = *IndexedLayer().m_timeIndex;
     index.Remove(*this);
     m_start = start;
     m_stop = stop;
@@ -165,10 +165,10 @@ void TzuDataList_GantRow::Left(TzuDataEntity &entity)
     }
 }
 
-TGantTimeIndex &TzuDataList_GantRow::TimeIndex()
+TTimeIndex<TzuDataEntity_Spanbar> &TzuDataList_GantRow::TimeIndex()
 {
     if (m_timeIndex == nullptr) {
-        auto index = std::make_unique<TGantTimeIndex>(AllItems());
+        auto index = std::make_unique<TTimeIndex<TzuDataEntity_Spanbar>>(AllItems());
         m_timeIndex = std::move(index);
         for (TzuDataEntity_Spanbar *item : m_timeIndex->Items()) {
             item->m_inTimeIndex = true;

@@ -10,7 +10,8 @@
 
 namespace korvane {
 
-class TGantTimeIndex;
+template <typename Item>
+class TTimeIndex;
 class TzuDataList_GantRow;
 
 /// A time item: one bar, line, diamond or image on one row of the chart.
@@ -66,7 +67,7 @@ public:
 
 private:
     friend class TGantDataKeeper;
-    friend class TGantItemSet;
+    friend struct TSpanbarSetPlace;
     friend class TzuDataEntity_Link;
     friend class TzuDataList_GantRow;
 
@@ -96,6 +97,13 @@ private:
     TSpanbarStyle m_style = TSpanbarStyle::sbsSquare;
     bool m_kept = false;        ///< keepers are to be told when the item is freed
     bool m_inTimeIndex = false; ///< of its layer
+};
+
+/// Where a set of time items finds its number in the item.
+struct TSpanbarSetPlace
+{
+    static std::uint32_t &Of(TzuDataEntity_Spanbar &item) { return item.m_setSlot; }
+    static std::uint32_t Of(const TzuDataEntity_Spanbar &item) { return item.m_setSlot; }
 };
 
 /// A dependency line between two time items. Never drawn while either end is missing.
@@ -172,12 +180,13 @@ private:
     friend class TzuDataEntity_Spanbar;
 
     bool IsLong() const;
-    TGantTimeIndex &TimeIndex();
+    TTimeIndex<TzuDataEntity_Spanbar> &TimeIndex();
     std::vector<TzuDataEntity_Spanbar *> AllItems();
 
     TGantRow *m_row = nullptr;
-    std::unique_ptr<TGantTimeIndex> m_timeIndex; ///< made when a long layer is asked
-    int m_greatestFixedSize = 0;                 ///< of all that were ever in the index
+    std::unique_ptr<TTimeIndex<TzuDataEntity_Spanbar>>
+        m_timeIndex;             ///< made when a long layer is asked
+    int m_greatestFixedSize = 0; ///< of all that were ever in the index
 };
 
 /// The object as a time item. Throws std::bad_cast when it is of another class.

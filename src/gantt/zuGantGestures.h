@@ -1,10 +1,10 @@
 // What the mouse does in the area of a Gantt chart.
 #pragma once
 
+#include "foundation/zuAutoScroll.h"
 #include "foundation/zuGraphStuff.h"
-#include "gantt/zuGantAutoScroll.h"
+#include "foundation/zuOutline.h"
 #include "gantt/zuGantHint.h"
-#include "gantt/zuGantOutline.h"
 #include "gantt/zuGantSelection.h"
 
 #include <functional>
@@ -92,7 +92,7 @@ public:
     /// Moves or copies the selected items by an offset in pixels.
     void HandleMoveOfSelected(TPoint delta, bool copy);
     /// The text that a hint shows now: that of the running gesture.
-    TGantHint HintWantsNewText();
+    TGestureHint HintWantsNewText();
 
     TOnClickGantArea OnClickGantArea;
     TOnClickGantArea OnRightClickGantArea;
@@ -190,10 +190,10 @@ private:
     TGantCursor CursorOfGesture() const;
     TSelectHow BandRule() const;
     TRect BandRect() const;
-    TGantFeedback Feedback();
+    TGestureFeedback Feedback();
     void AddOutlinesOfSelected(std::vector<TRect> &frames);
     std::vector<TzuDataEntity_Spanbar *> SelectedOnRowsShownAt(int dy) const;
-    void ShowFeedback(TGantFeedback feedback);
+    void ShowFeedback(TGestureFeedback feedback);
     void InvalidateFeedback();
     void ShowHint();
 
@@ -210,7 +210,7 @@ private:
 
     TSnapHandler m_snap;
     TAutoScroll m_autoScroll;
-    TGantFeedback m_feedback;
+    TGestureFeedback m_feedback;
     std::shared_ptr<const bool> m_life; ///< expires with the chart
     TzuDataEntity_Spanbar *m_itemUnderMouse = nullptr;
     TzuDataEntity_Link *m_linkUnderMouse = nullptr; ///< of the last press; it waits for the release

@@ -98,7 +98,7 @@ void TGantGestures::UpdateBand()
 
 void TGantGestures::HandOverToDragAndDrop()
 {
-    const TGantDragData data = DragDataOf(SelectedItems(), m_mode == TGantMouseMoveMode::mmCopy);
+    const TItemDragData data = DragDataOf(SelectedItems(), m_mode == TGantMouseMoveMode::mmCopy);
     CancelGesture();
     InputHost().StartItemDrag(data);
 }
@@ -218,9 +218,9 @@ void TGantGestures::GantAreaPaint()
 
 // --- outlines ------------------------------------------------------------------------------------
 
-TGantFeedback TGantGestures::Feedback()
+TGestureFeedback TGantGestures::Feedback()
 {
-    TGantFeedback feedback;
+    TGestureFeedback feedback;
     UpdateScreenSnap();
     if (IsMove()) {
         AddOutlinesOfSelected(feedback.Frames);
@@ -294,7 +294,7 @@ std::vector<TzuDataEntity_Spanbar *> TGantGestures::SelectedOnRowsShownAt(int dy
     return items;
 }
 
-void TGantGestures::ShowFeedback(TGantFeedback feedback)
+void TGantGestures::ShowFeedback(TGestureFeedback feedback)
 {
     if (feedback == m_feedback) {
         return;
@@ -311,7 +311,7 @@ void TGantGestures::InvalidateFeedback()
         return;
     }
     for (const TRect &frame : m_feedback.Frames) {
-        InputHost().InvalidateOverlay(TGantOutlineDraw::BoundsOfFrame(frame));
+        InputHost().InvalidateOverlay(TOutlineDraw::BoundsOfFrame(frame));
     }
     if (!m_feedback.Band.IsEmpty()) {
         InputHost().InvalidateOverlay(m_feedback.Band);
@@ -324,16 +324,16 @@ void TGantGestures::GantAreaPaintOverlay(TCanvas &canvas)
         DrawOutline(frame, canvas);
     }
     if (!m_feedback.Band.IsEmpty()) {
-        TGantOutlineDraw::RubberBand(m_feedback.Band, canvas);
+        TOutlineDraw::RubberBand(m_feedback.Band, canvas);
     }
     if (m_feedback.HasArrow) {
-        TGantOutlineDraw::Arrow(m_feedback.ArrowFrom, m_feedback.ArrowTo, canvas);
+        TOutlineDraw::Arrow(m_feedback.ArrowFrom, m_feedback.ArrowTo, canvas);
     }
 }
 
 void TGantGestures::DrawOutline(const TRect &rect, TCanvas &canvas)
 {
-    TGantOutlineDraw::Frame(rect, canvas);
+    TOutlineDraw::Frame(rect, canvas);
 }
 
 // --- pointer and hint ----------------------------------------------------------------------------
@@ -388,15 +388,15 @@ TGantCursor TGantGestures::CursorOfGesture() const
 
 void TGantGestures::ShowHint()
 {
-    const TGantHint hint = HintWantsNewText();
-    if (hint != TGantHint{}) {
+    const TGestureHint hint = HintWantsNewText();
+    if (hint != TGestureHint{}) {
         InputHost().ShowGestureHint(hint, m_mouse);
     } else {
         InputHost().HideGestureHint();
     }
 }
 
-TGantHint TGantGestures::HintWantsNewText()
+TGestureHint TGantGestures::HintWantsNewText()
 {
     if (!m_dragging || !GestureRunning()) {
         return {};

@@ -54,10 +54,10 @@ public:
     /// Calls GestureTick every TAutoScroll::kTickMilliseconds while on.
     virtual void SetGestureTimer(bool on) = 0;
     /// Shows the hint beside a point of the area, or moves it there.
-    virtual void ShowGestureHint(const TGantHint &hint, TPoint at) = 0;
+    virtual void ShowGestureHint(const TGestureHint &hint, TPoint at) = 0;
     virtual void HideGestureHint() = 0;
     /// Lets the user carry items out of the chart. May come back only after the drop.
-    virtual void StartItemDrag(const TGantDragData &data) = 0;
+    virtual void StartItemDrag(const TItemDragData &data) = 0;
     /// Marks of items or links have changed: once after each operation.
     virtual void SelectionChanged() {}
 };

@@ -1,4 +1,5 @@
 // Painting of the Gantt area.
+#include "foundation/zuGraphStuffDraw.h"
 #include "foundation/zuRound.h"
 #include "gantt/zuGant.h"
 #include "gantt/zuTimeDraw.h"
@@ -146,7 +147,7 @@ void TGantCore::DrawContent(TzuDataEntity_Spanbar &item, const TRect &rect)
         TzuTimeDraw::DoSelectContent(inner, canvas);
     }
     if (&item == m_active) {
-        canvas.DrawFocusRect(TzuTimeDraw::W95Safe(inner, canvas));
+        canvas.DrawFocusRect(GStuff::W95Safe(inner, canvas));
     }
 }
 

@@ -16,15 +16,6 @@ class TDistinctTimeHolderList;
 class TGantCore;
 class TTimeDistinctGenericThread;
 
-/// Pixels from the first to behind the last, along one axis.
-struct TPixelSpan
-{
-    int From = 0;
-    int To = 0;
-
-    friend bool operator==(const TPixelSpan &, const TPixelSpan &) = default;
-};
-
 /// A row of the chart, bound to a node of the row tree. It owns the layer lists of its items.
 ///
 /// A row takes its rectangle from its node while the node's line is on screen; otherwise it is

@@ -1,12 +1,12 @@
 // The sub-rows of a row whose items are kept from overlapping.
 #include "data/zuTimeDistinctThread.h"
+#include "foundation/zuDateUtils.h"
 #include "foundation/zuDoLater.h"
 #include "foundation/zuReport.h"
 #include "gantt/zuGant.h"
 #include "gantt/zuGantRow.h"
 
 #include <algorithm>
-#include <cmath>
 #include <cstdint>
 #include <exception>
 #include <string>
@@ -15,14 +15,6 @@
 namespace korvane {
 
 namespace {
-
-constexpr double kSecondsPerDay = 86400;
-
-TDateTime NearestSecond(TDateTime time)
-{
-    const double day = std::floor(time);
-    return day + std::nearbyint((time - day) * kSecondsPerDay) / kSecondsPerDay;
-}
 
 /// What separates the items of one layer from those of another.
 std::string KeyOf(const TzuDataList &layer)

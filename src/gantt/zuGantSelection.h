@@ -1,10 +1,10 @@
 // Which items and links of a Gantt chart are selected, and which items are neighbours.
 #pragma once
 
+#include "data/zuItemSet.h"
 #include "foundation/zuInput.h"
 #include "gantt/zuGant.h"
 #include "gantt/zuGantInputHost.h"
-#include "gantt/zuGantItemSet.h"
 
 #include <memory>
 #include <unordered_set>
@@ -165,7 +165,7 @@ private:
     TGantRow *ShownRow(const TGantRow &from, TNodeStep step) const;
 
     IGantInputHost &m_inputHost;
-    TGantItemSet m_selected;
+    TItemSet<TzuDataEntity_Spanbar, TSpanbarSetPlace> m_selected;
     std::unordered_set<TzuDataEntity_Link *> m_selectedLinks;
     std::unique_ptr<TBand> m_band;
     TzuDataEntity_Spanbar *m_anchor = nullptr;

@@ -66,20 +66,6 @@ enum class TLinkStyle : unsigned char {
     tlsUserDraw,  ///< drawn by OnUserDrawLinks
 };
 
-/// When a click changes the selection.
-enum class TSelectStep : unsigned char {
-    Press,
-    Release, ///< of a button that was not dragged
-    Drop,    ///< release after a drag, or of another button than the left one
-};
-
-/// What becomes of the items that are to be selected, and of the others.
-enum class TSelectHow : unsigned char {
-    Replace, ///< they alone are selected
-    Add,     ///< they are selected as well
-    Toggle,  ///< they change sides
-};
-
 enum class TGantEnd : unsigned char { Start, Stop };
 
 /// A direction along the rows, or from row to row.

@@ -15,8 +15,6 @@ constexpr int kLineWidth = 2;
 constexpr int kEndMark = 4;
 constexpr int kWaveLength = 12;
 constexpr int kWaveHeight = 3;
-/// How far a rectangle may reach beyond the clip: more than any outline, mark or wave is wide.
-constexpr int kSafeMargin = 64;
 
 int MiddleY(const TRect &rect)
 {
@@ -36,19 +34,9 @@ TRect Shrunk(const TRect &rect, int by)
 
 } // namespace
 
-TRect TzuTimeDraw::W95Safe(const TRect &rect, const TCanvas &canvas)
-{
-    const TRect clip = canvas.ClipRect();
-    const auto pull = [](int value, int low, int high) {
-        return std::clamp(value, low - kSafeMargin, high + kSafeMargin);
-    };
-    return {pull(rect.Left, clip.Left, clip.Right), pull(rect.Top, clip.Top, clip.Bottom),
-            pull(rect.Right, clip.Left, clip.Right), pull(rect.Bottom, clip.Top, clip.Bottom)};
-}
-
 void TzuTimeDraw::DrawTime(TColor color, const TRect &rect, TCanvas &canvas)
 {
-    const TRect safe = W95Safe(rect, canvas);
+    const TRect safe = GStuff::W95Safe(rect, canvas);
     const TColor fill = canvas.ResolveColor(color);
     canvas.FillRect(safe, fill);
     Frame(canvas, safe, GStuff::TintColor(fill, kEdgeTint));
@@ -56,12 +44,12 @@ void TzuTimeDraw::DrawTime(TColor color, const TRect &rect, TCanvas &canvas)
 
 void TzuTimeDraw::DrawTimeHollow(TColor color, const TRect &rect, TCanvas &canvas)
 {
-    Frame(canvas, W95Safe(rect, canvas), canvas.ResolveColor(color));
+    Frame(canvas, GStuff::W95Safe(rect, canvas), canvas.ResolveColor(color));
 }
 
 void TzuTimeDraw::CoolOutline(TColor color, const TRect &rect, TCanvas &canvas)
 {
-    const TRect safe = W95Safe(rect, canvas);
+    const TRect safe = GStuff::W95Safe(rect, canvas);
     const TColor fill = canvas.ResolveColor(color);
     canvas.FillRect(safe, fill);
     Frame(canvas, safe, GStuff::TintColor(fill, kEdgeTint));
@@ -79,7 +67,7 @@ void TzuTimeDraw::CoolOutline(TColor color, const TRect &rect, TCanvas &canvas)
 
 void TzuTimeDraw::DrawPipe(TColor color, const TRect &rect, TCanvas &canvas)
 {
-    const TRect safe = W95Safe(rect, canvas);
+    const TRect safe = GStuff::W95Safe(rect, canvas);
     const TColor fill = canvas.ResolveColor(color);
     const TColor edge = GStuff::TintColor(fill, -40);
     const TColor shine = GStuff::TintColor(fill, 55);
@@ -99,7 +87,7 @@ void TzuTimeDraw::DrawPipe(TColor color, const TRect &rect, TCanvas &canvas)
 
 void TzuTimeDraw::LineOutline(TColor color, const TRect &rect, TCanvas &canvas, TLineEnds ends)
 {
-    const TRect safe = W95Safe(rect, canvas);
+    const TRect safe = GStuff::W95Safe(rect, canvas);
     const int middle = MiddleY(safe);
     const TColor fill = canvas.ResolveColor(color);
     canvas.FillRect(
@@ -115,7 +103,7 @@ void TzuTimeDraw::LineOutline(TColor color, const TRect &rect, TCanvas &canvas, 
 
 void TzuTimeDraw::WaveOutline(TColor color, const TRect &rect, TCanvas &canvas)
 {
-    const TRect safe = W95Safe(rect, canvas);
+    const TRect safe = GStuff::W95Safe(rect, canvas);
     const int middle = MiddleY(safe);
     const int height = std::min(kWaveHeight, std::max(1, safe.Height() / 2 - 1));
     // The wave hangs on the item's own start, so that it does not creep while the axis scrolls.
@@ -140,7 +128,7 @@ void TzuTimeDraw::WaveOutline(TColor color, const TRect &rect, TCanvas &canvas)
 
 void TzuTimeDraw::RombOutline(TColor color, const TRect &rect, TCanvas &canvas)
 {
-    const TRect safe = W95Safe(rect, canvas);
+    const TRect safe = GStuff::W95Safe(rect, canvas);
     const int middleX = safe.Left + safe.Width() / 2;
     const int middleY = MiddleY(safe);
     const TColor fill = canvas.ResolveColor(color);
@@ -161,7 +149,7 @@ void TzuTimeDraw::DrawImage(const TImageList *images, int index, const TRect &re
 
 void TzuTimeDraw::DoSelectContent(const TRect &rect, TCanvas &canvas)
 {
-    GStuff::DoSelectContent(W95Safe(rect, canvas), canvas);
+    GStuff::DoSelectContent(GStuff::W95Safe(rect, canvas), canvas);
 }
 
 } // namespace korvane

@@ -33,11 +33,6 @@ public:
     static void DrawImage(const TImageList *images, int index, const TRect &rect, TCanvas &canvas);
     /// GStuff::DoSelectContent.
     static void DoSelectContent(const TRect &rect, TCanvas &canvas);
-
-    /// The rectangle with its ends pulled in to just outside the clip rectangle, so that
-    /// coordinates stay in the range that every drawing backend handles. What is visible stays the
-    /// same.
-    static TRect W95Safe(const TRect &rect, const TCanvas &canvas);
 };
 
 } // namespace korvane

@@ -74,26 +74,26 @@ TEST_F(GantGestureRun, HintsTellTheTimesThatADropWouldGive)
     Press(120, 27);
     Move(130, 27);
     EXPECT_EQ(Host.Hint,
-              (TGantHint{"Start\t2009-07-10 12:00", "Stop\t2009-07-12 12:00", "Length\t2 d"}));
+              (TGestureHint{"Start\t2009-07-10 12:00", "Stop\t2009-07-12 12:00", "Length\t2 d"}));
     EXPECT_EQ(Host.HintAt, (TPoint{130, 27}));
     Release(130, 27);
-    EXPECT_EQ(Host.Hint, TGantHint{});
+    EXPECT_EQ(Host.Hint, TGestureHint{});
     Chart.Paint();
     Press(155, 27);
     Move(158, 31);
     EXPECT_EQ(Host.Hint[2], "Length\t2 d 3 h");
     Gant.CancelGesture();
-    EXPECT_EQ(Host.Hint, TGantHint{});
+    EXPECT_EQ(Host.Hint, TGestureHint{});
 
     AddItem(3, 200, 230)->Texts().AddText("Walls\nand roof", 0, 0, 1);
     Gant.SetStickyMode(TGantStickyMode::smDependency);
     Press(120, 27);
     Move(150, 27);
-    EXPECT_EQ(Host.Hint, (TGantHint{"From\tFoundations", "To\tFoundations", ""}));
+    EXPECT_EQ(Host.Hint, (TGestureHint{"From\tFoundations", "To\tFoundations", ""}));
     Move(170, 45);
-    EXPECT_EQ(Host.Hint, (TGantHint{"From\tFoundations", "", ""}));
+    EXPECT_EQ(Host.Hint, (TGestureHint{"From\tFoundations", "", ""}));
     Move(210, 63);
-    EXPECT_EQ(Host.Hint, (TGantHint{"From\tFoundations", "To\tWalls and roof", ""}));
+    EXPECT_EQ(Host.Hint, (TGestureHint{"From\tFoundations", "To\tWalls and roof", ""}));
 }
 
 TEST_F(GantGestureRun, LengthsReadAsDaysHoursAndMinutes)
@@ -219,7 +219,7 @@ TEST_F(GantGestureRun, WhatCancelsAGestureLeavesEverythingAsItWas)
         EXPECT_FALSE(Gant.GestureRunning()) << what;
         EXPECT_FALSE(Host.Timer) << what;
         EXPECT_THAT(Outlines(), IsEmpty()) << what;
-        EXPECT_EQ(Host.Hint, TGantHint{}) << what;
+        EXPECT_EQ(Host.Hint, TGestureHint{}) << what;
         EXPECT_EQ(Host.Cursor, TGantCursor::Area) << what;
         Move(300, 60);
         Release(300, 60);

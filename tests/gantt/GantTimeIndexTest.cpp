@@ -1,5 +1,5 @@
 // Long layers: what is painted and hit is found by time.
-#include "gantt/zuGantTimeIndex.h"
+#include "data/zuTimeIndex.h"
 #include "support/FakeGantHost.h"
 
 #include <algorithm>
@@ -35,7 +35,7 @@ TEST(GantTimeIndex, FindsWhatAWalkFinds)
     };
     std::vector<std::unique_ptr<TzuDataEntity_Spanbar>> owned;
     TItems in;
-    TGantTimeIndex index({});
+    TTimeIndex<TzuDataEntity_Spanbar> index({});
     for (int step = 0; step < 12'000; ++step) {
         if (in.empty() || pick(99) < (step < 6000 ? 70 : 30)) {
             owned.push_back(std::make_unique<TzuDataEntity_Spanbar>());
@@ -65,7 +65,7 @@ TEST(GantTimeIndex, FindsWhatAWalkFinds)
             index.Find(from, to, found);
         }
         ASSERT_EQ(Sorted(found), Sorted(expected)) << step;
-        ASSERT_EQ(Sorted(TGantTimeIndex(in).Items()), Sorted(in));
+        ASSERT_EQ(Sorted(TTimeIndex<TzuDataEntity_Spanbar>(in).Items()), Sorted(in));
     }
 }
 

@@ -103,18 +103,18 @@ struct FakeGantHost : IGantHost, IGantInputHost
     int LineHeight() const { return View->Shown.RowHeight; }
 
     bool Timer = false;
-    TGantHint Hint;
+    TGestureHint Hint;
     TPoint HintAt;
-    std::vector<TGantDragData> Drags;
+    std::vector<TItemDragData> Drags;
 
     void SetGestureTimer(bool on) override { Timer = on; }
-    void ShowGestureHint(const TGantHint &hint, TPoint at) override
+    void ShowGestureHint(const TGestureHint &hint, TPoint at) override
     {
         Hint = hint;
         HintAt = at;
     }
     void HideGestureHint() override { Hint = {}; }
-    void StartItemDrag(const TGantDragData &data) override { Drags.push_back(data); }
+    void StartItemDrag(const TItemDragData &data) override { Drags.push_back(data); }
     void BringRowIntoView(TGantRow &row) override { Tree.MakeVisible(*row.TreeNode()); }
     TGantRow *CurrentRow() override;
 };

@@ -201,17 +201,17 @@ bool TGantAreaInput::HandlePinch(const QNativeGestureEvent &event)
 
 // --- drag and drop -------------------------------------------------------------------------------
 
-void TGantAreaInput::StartItemDrag(const TGantDragData &data)
+void TGantAreaInput::StartItemDrag(const TItemDragData &data)
 {
     QMetaObject::invokeMethod(
         this, [this, data] { Guarded([&] { GantAreaStartDrag(data); }); }, Qt::QueuedConnection);
 }
 
-void TGantAreaInput::GantAreaStartDrag(const TGantDragData &data)
+void TGantAreaInput::GantAreaStartDrag(const TItemDragData &data)
 {
     auto *mime = new QMimeData;
     mime->setText(ToQt(data.Text));
-    mime->setData(QLatin1String(TGantDragData::kMimeType), QByteArray::fromStdString(data.Json));
+    mime->setData(QLatin1String(TItemDragData::kMimeType), QByteArray::fromStdString(data.Json));
     const QPointer<QDrag> drag(new QDrag(&m_area));
     drag->setMimeData(mime);
     const QPointer<TGantAreaInput> self(this);

@@ -31,7 +31,7 @@ public:
     /// Runs the chart's GestureTick while on.
     void SetTimer(bool on);
     /// Starts drag and drop when control comes back to the event loop.
-    void StartItemDrag(const TGantDragData &data);
+    void StartItemDrag(const TItemDragData &data);
     /// Handles what the wheel does to the axis; false when it is a turn for the rows.
     bool WheelOverAxis(const QWheelEvent &event);
 
@@ -47,7 +47,7 @@ private:
     bool HandleKey(const QEvent &event);
     bool HandlePinch(QGestureEvent &event);
     bool HandlePinch(const QNativeGestureEvent &event);
-    void GantAreaStartDrag(const TGantDragData &data);
+    void GantAreaStartDrag(const TItemDragData &data);
     void GantAreaDragOver(QDragMoveEvent &event);
     void GantAreaDragDrop(QDropEvent &event);
 

@@ -230,9 +230,9 @@ private:
     std::optional<int> RowTop(const TGantRow &row) const override;
     TGantRow *RowAtHeight(int y) const override;
     void SetGestureTimer(bool on) override;
-    void ShowGestureHint(const TGantHint &hint, TPoint at) override;
+    void ShowGestureHint(const TGestureHint &hint, TPoint at) override;
     void HideGestureHint() override;
-    void StartItemDrag(const TGantDragData &items) override;
+    void StartItemDrag(const TItemDragData &items) override;
     void SelectionChanged() override;
 
     TzuSplitter *m_splitter = nullptr;

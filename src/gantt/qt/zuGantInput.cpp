@@ -114,7 +114,7 @@ void TzuGant_ComBasic::SetGestureTimer(bool on)
     m_input->SetTimer(on);
 }
 
-void TzuGant_ComBasic::ShowGestureHint(const TGantHint &hint, TPoint at)
+void TzuGant_ComBasic::ShowGestureHint(const TGestureHint &hint, TPoint at)
 {
     m_hintWindow->ShowMoveInfo(ToQt(hint[0]), ToQt(hint[1]), ToQt(hint[2]),
                                m_area->mapToGlobal(ToQt(at)));
@@ -125,7 +125,7 @@ void TzuGant_ComBasic::HideGestureHint()
     m_hintWindow->DoHide();
 }
 
-void TzuGant_ComBasic::StartItemDrag(const TGantDragData &items)
+void TzuGant_ComBasic::StartItemDrag(const TItemDragData &items)
 {
     m_input->StartItemDrag(items);
 }

@@ -1,7 +1,7 @@
-#include "gantt/zuGantOutline.h"
+#include "foundation/zuOutline.h"
 
+#include "foundation/zuGraphStuffDraw.h"
 #include "foundation/zuRound.h"
-#include "gantt/zuTimeDraw.h"
 
 #include <algorithm>
 #include <array>
@@ -39,9 +39,9 @@ std::array<TPoint, 3> ArrowHead(TPoint from, TPoint to)
 
 } // namespace
 
-void TGantOutlineDraw::Frame(const TRect &rect, TCanvas &canvas)
+void TOutlineDraw::Frame(const TRect &rect, TCanvas &canvas)
 {
-    const TRect safe = TzuTimeDraw::W95Safe(rect, canvas);
+    const TRect safe = GStuff::W95Safe(rect, canvas);
     canvas.SetBrushColor(kLight);
     canvas.FrameRect(Grown(safe, 1));
     canvas.FrameRect(Grown(safe, -1));
@@ -49,9 +49,9 @@ void TGantOutlineDraw::Frame(const TRect &rect, TCanvas &canvas)
     canvas.FrameRect(safe);
 }
 
-void TGantOutlineDraw::RubberBand(const TRect &rect, TCanvas &canvas)
+void TOutlineDraw::RubberBand(const TRect &rect, TCanvas &canvas)
 {
-    const TRect safe = TzuTimeDraw::W95Safe(rect, canvas);
+    const TRect safe = GStuff::W95Safe(rect, canvas);
     canvas.SetBrushColor(kLight);
     canvas.FrameRect(safe);
     canvas.SetBrushColor(kDark);
@@ -67,7 +67,7 @@ void TGantOutlineDraw::RubberBand(const TRect &rect, TCanvas &canvas)
     }
 }
 
-void TGantOutlineDraw::Arrow(TPoint from, TPoint to, TCanvas &canvas)
+void TOutlineDraw::Arrow(TPoint from, TPoint to, TCanvas &canvas)
 {
     const TSmoothScope smooth(canvas);
     const std::array line{from, to};
@@ -83,12 +83,12 @@ void TGantOutlineDraw::Arrow(TPoint from, TPoint to, TCanvas &canvas)
     canvas.Polygon(head);
 }
 
-TRect TGantOutlineDraw::BoundsOfFrame(const TRect &rect)
+TRect TOutlineDraw::BoundsOfFrame(const TRect &rect)
 {
     return Grown(rect, 1);
 }
 
-TRect TGantOutlineDraw::BoundsOfArrow(TPoint from, TPoint to)
+TRect TOutlineDraw::BoundsOfArrow(TPoint from, TPoint to)
 {
     const TRect line{std::min(from.X, to.X), std::min(from.Y, to.Y), std::max(from.X, to.X),
                      std::max(from.Y, to.Y)};
@@ -107,14 +107,14 @@ TRect United(const TRect &a, const TRect &b)
             std::max(a.Bottom, b.Bottom)};
 }
 
-TRect TGantFeedback::Bounds() const
+TRect TGestureFeedback::Bounds() const
 {
     TRect bounds = Band;
     for (const TRect &frame : Frames) {
-        bounds = United(bounds, TGantOutlineDraw::BoundsOfFrame(frame));
+        bounds = United(bounds, TOutlineDraw::BoundsOfFrame(frame));
     }
     if (HasArrow) {
-        bounds = United(bounds, TGantOutlineDraw::BoundsOfArrow(ArrowFrom, ArrowTo));
+        bounds = United(bounds, TOutlineDraw::BoundsOfArrow(ArrowFrom, ArrowTo));
     }
     return bounds;
 }

@@ -1,48 +1,103 @@
-#include "gantt/zuGantTimeIndex.h"
+// Entities in order of time.
+#pragma once
 
-#include "gantt/zuGantData.h"
+#include "foundation/zuTypes.h"
 
 #include <algorithm>
 #include <cmath>
+#include <cstddef>
 #include <functional>
 #include <iterator>
 #include <limits>
+#include <vector>
 
 namespace korvane {
 
-namespace {
+/// Finds the items that lie within a stretch of time. Costs the items that are found,
+/// and little for the others; adding and removing one costs about the same at any size.
+///
+/// Items have GetStartDateTime and GetStopDateTime, and are observed. Their times must not change
+/// while they are in the index.
+template <typename Item>
+class TTimeIndex
+{
+public:
+    /// Of different items.
+    explicit TTimeIndex(const std::vector<Item *> &items);
 
-/// Where a block is divided. Neighbours that hold less than half of it together become one.
-constexpr std::size_t kMostEntries = 512;
-constexpr double kInfinity = std::numeric_limits<double>::infinity();
+    void Add(Item &item);
+    /// Nothing when the item is not in the index.
+    void Remove(Item &item);
+    std::size_t Count() const { return m_count; }
+    /// All items, in order of time.
+    std::vector<Item *> Items() const;
 
-} // namespace
+    /// Appends the items that touch the time from..to, both included, in no particular order. An
+    /// item that stops before it starts counts as its start.
+    void Find(TDateTime from, TDateTime to, std::vector<Item *> &items) const;
 
-TGantTimeIndex::TEntry::TEntry(TzuDataEntity_Spanbar &item)
+private:
+    /// Not a number is before everything as a start and after everything as a stop.
+    struct TEntry
+    {
+        explicit TEntry(Item &item);
+
+        bool IsBefore(const TEntry &other) const;
+
+        TDateTime Start;
+        TDateTime Stop;
+        Item *Owner;
+    };
+    struct TBlock
+    {
+        std::vector<TEntry> Entries; ///< never empty
+        TDateTime LastStop;
+
+        void UpdateLastStop();
+    };
+    /// Where a block is divided. Neighbours that hold less than half of it together become one.
+    static constexpr std::size_t kMostEntries = 512;
+    static constexpr double kForever = std::numeric_limits<double>::infinity();
+
+    using TBlocks = std::vector<TBlock>;
+
+    TBlocks::iterator BlockFor(const TEntry &entry);
+    void Split(TBlocks::iterator block);
+    void MergeWithNext(TBlocks::iterator block);
+
+    TBlocks m_blocks; ///< one after the other in time
+    std::size_t m_count = 0;
+};
+
+template <typename Item>
+TTimeIndex<Item>::TEntry::TEntry(Item &item)
     : Start(item.GetStartDateTime())
     , Stop(item.GetStopDateTime())
-    , Item(&item)
+    , Owner(&item)
 {
-    Start = std::isnan(Start) ? -kInfinity : Start;
-    Stop = std::isnan(Stop) ? kInfinity : std::max(Start, Stop);
+    Start = std::isnan(Start) ? -kForever : Start;
+    Stop = std::isnan(Stop) ? kForever : std::max(Start, Stop);
 }
 
-bool TGantTimeIndex::TEntry::IsBefore(const TEntry &other) const
+template <typename Item>
+bool TTimeIndex<Item>::TEntry::IsBefore(const TEntry &other) const
 {
-    return Start != other.Start ? Start < other.Start : std::less()(Item, other.Item);
+    return Start != other.Start ? Start < other.Start : std::less()(Owner, other.Owner);
 }
 
-void TGantTimeIndex::TBlock::UpdateLastStop()
+template <typename Item>
+void TTimeIndex<Item>::TBlock::UpdateLastStop()
 {
     LastStop = std::ranges::max_element(Entries, {}, &TEntry::Stop)->Stop;
 }
 
-TGantTimeIndex::TGantTimeIndex(const std::vector<TzuDataEntity_Spanbar *> &items)
+template <typename Item>
+TTimeIndex<Item>::TTimeIndex(const std::vector<Item *> &items)
     : m_count(items.size())
 {
     std::vector<TEntry> entries;
     entries.reserve(items.size());
-    for (TzuDataEntity_Spanbar *item : items) {
+    for (Item *item : items) {
         entries.emplace_back(*item);
     }
     std::ranges::sort(entries, [](const TEntry &a, const TEntry &b) { return a.IsBefore(b); });
@@ -58,14 +113,16 @@ TGantTimeIndex::TGantTimeIndex(const std::vector<TzuDataEntity_Spanbar *> &items
 }
 
 /// The last block that begins at or before the entry, else the first.
-TGantTimeIndex::TBlocks::iterator TGantTimeIndex::BlockFor(const TEntry &entry)
+template <typename Item>
+typename TTimeIndex<Item>::TBlocks::iterator TTimeIndex<Item>::BlockFor(const TEntry &entry)
 {
     const auto after = std::ranges::partition_point(
         m_blocks, [&entry](const TBlock &block) { return !entry.IsBefore(block.Entries.front()); });
     return after == m_blocks.begin() ? after : std::prev(after);
 }
 
-void TGantTimeIndex::Add(TzuDataEntity_Spanbar &item)
+template <typename Item>
+void TTimeIndex<Item>::Add(Item &item)
 {
     const TEntry entry(item);
     ++m_count;
@@ -83,7 +140,8 @@ void TGantTimeIndex::Add(TzuDataEntity_Spanbar &item)
     }
 }
 
-void TGantTimeIndex::Split(TBlocks::iterator block)
+template <typename Item>
+void TTimeIndex<Item>::Split(TBlocks::iterator block)
 {
     const auto middle =
         block->Entries.begin() + static_cast<std::ptrdiff_t>(block->Entries.size() / 2);
@@ -94,7 +152,8 @@ void TGantTimeIndex::Split(TBlocks::iterator block)
     m_blocks.insert(std::next(block), std::move(second));
 }
 
-void TGantTimeIndex::Remove(TzuDataEntity_Spanbar &item)
+template <typename Item>
+void TTimeIndex<Item>::Remove(Item &item)
 {
     const TEntry entry(item);
     const auto block = m_blocks.empty() ? m_blocks.end() : BlockFor(entry);
@@ -103,7 +162,7 @@ void TGantTimeIndex::Remove(TzuDataEntity_Spanbar &item)
     }
     const auto place = std::ranges::partition_point(
         block->Entries, [&entry](const TEntry &other) { return other.IsBefore(entry); });
-    if (place == block->Entries.end() || place->Item != &item) {
+    if (place == block->Entries.end() || place->Owner != &item) {
         return;
     }
     block->Entries.erase(place);
@@ -118,7 +177,8 @@ void TGantTimeIndex::Remove(TzuDataEntity_Spanbar &item)
     MergeWithNext(block);
 }
 
-void TGantTimeIndex::MergeWithNext(TBlocks::iterator block)
+template <typename Item>
+void TTimeIndex<Item>::MergeWithNext(TBlocks::iterator block)
 {
     const auto next = std::next(block);
     if (next == m_blocks.end()
@@ -130,15 +190,16 @@ void TGantTimeIndex::MergeWithNext(TBlocks::iterator block)
     m_blocks.erase(next);
 }
 
-std::vector<TzuDataEntity_Spanbar *> TGantTimeIndex::Items() const
+template <typename Item>
+std::vector<Item *> TTimeIndex<Item>::Items() const
 {
-    std::vector<TzuDataEntity_Spanbar *> items;
-    Find(-kInfinity, kInfinity, items);
+    std::vector<Item *> items;
+    Find(-kForever, kForever, items);
     return items;
 }
 
-void TGantTimeIndex::Find(TDateTime from, TDateTime to,
-                          std::vector<TzuDataEntity_Spanbar *> &items) const
+template <typename Item>
+void TTimeIndex<Item>::Find(TDateTime from, TDateTime to, std::vector<Item *> &items) const
 {
     for (const TBlock &block : m_blocks) {
         if (block.Entries.front().Start > to) {
@@ -152,7 +213,7 @@ void TGantTimeIndex::Find(TDateTime from, TDateTime to,
                 return;
             }
             if (entry.Stop >= from) {
-                items.push_back(entry.Item);
+                items.push_back(entry.Owner);
             }
         }
     }

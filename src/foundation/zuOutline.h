@@ -10,10 +10,10 @@ namespace korvane {
 
 /// Drawing of outlines. A dark and a light line run side by side, so that they are seen on every
 /// background. Pen and brush are left changed.
-class TGantOutlineDraw
+class TOutlineDraw
 {
 public:
-    TGantOutlineDraw() = delete;
+    TOutlineDraw() = delete;
 
     /// A frame around the rectangle's edge.
     static void Frame(const TRect &rect, TCanvas &canvas);
@@ -28,7 +28,7 @@ public:
 };
 
 /// What is shown of a gesture at one moment, in area pixels.
-struct TGantFeedback
+struct TGestureFeedback
 {
     std::vector<TRect> Frames;
     TRect Band; ///< of a rubber band; empty when there is none
@@ -39,7 +39,7 @@ struct TGantFeedback
     /// The smallest rectangle around all that is drawn.
     TRect Bounds() const;
 
-    friend bool operator==(const TGantFeedback &, const TGantFeedback &) = default;
+    friend bool operator==(const TGestureFeedback &, const TGestureFeedback &) = default;
 };
 
 /// The smallest rectangle around both; an empty one does not count.

@@ -1,4 +1,4 @@
-// How fast a chart scrolls its rows while a gesture is held past the edges of its area.
+// How fast rows or columns scroll while a gesture is held past the edges of an area.
 #pragma once
 
 namespace korvane {

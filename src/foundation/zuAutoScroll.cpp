@@ -1,4 +1,4 @@
-#include "gantt/zuGantAutoScroll.h"
+#include "foundation/zuAutoScroll.h"
 
 #include <algorithm>
 #include <cmath>
