@@ -162,7 +162,7 @@ void MainWindow::ShowPlan()
     ShowCounts(plan);
     if (m_pages->currentWidget() != m_chart) {
         m_pages->setCurrentWidget(m_chart);
-        m_chart->GantArea().setFocus(Qt::OtherFocusReason);
+        m_chart->setFocus();
     }
     for (QAction *action : m_planActions) {
         action->setEnabled(true);

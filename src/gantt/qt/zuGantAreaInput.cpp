@@ -11,7 +11,6 @@
 #include <QMimeData>
 #include <QMouseEvent>
 #include <QNativeGestureEvent>
-#include <QPinchGesture>
 #include <QPointer>
 #include <QWheelEvent>
 
@@ -113,7 +112,7 @@ bool TGantAreaInput::eventFilter(QObject *watched, QEvent *event)
     case QEvent::Gesture:
         return HandlePinch(*static_cast<QGestureEvent *>(event));
     case QEvent::NativeGesture:
-        return HandlePinch(*static_cast<QNativeGestureEvent *>(event));
+        return m_gant.DateScaler().Pinch(*static_cast<QNativeGestureEvent *>(event));
     default:
         break;
     }
@@ -176,27 +175,11 @@ bool TGantAreaInput::WheelOverAxis(const QWheelEvent &event)
 
 bool TGantAreaInput::HandlePinch(QGestureEvent &event)
 {
-    auto *pinch = static_cast<QPinchGesture *>(event.gesture(Qt::PinchGesture));
-    if (pinch == nullptr) {
-        return false;
+    const bool pinch = event.gesture(Qt::PinchGesture) != nullptr;
+    if (pinch) {
+        m_gant.CancelGesture(); // of the mouse that the first finger has become
     }
-    event.accept(pinch);
-    m_gant.CancelGesture(); // of the mouse that the first finger has become
-    if (pinch->changeFlags().testFlag(QPinchGesture::ScaleFactorChanged)) {
-        const int pixel = m_area.mapFromGlobal(pinch->centerPoint().toPoint()).x();
-        Guarded([&] { m_gant.DateScaler().ZoomBy(1 / pinch->scaleFactor(), pixel); });
-    }
-    return true;
-}
-
-bool TGantAreaInput::HandlePinch(const QNativeGestureEvent &event)
-{
-    if (event.gestureType() != Qt::ZoomNativeGesture) {
-        return false;
-    }
-    const int pixel = event.position().toPoint().x();
-    Guarded([&] { m_gant.DateScaler().ZoomBy(1 / (1 + event.value()), pixel); });
-    return true;
+    return pinch && m_gant.DateScaler().Pinch(event);
 }
 
 // --- drag and drop -------------------------------------------------------------------------------

@@ -8,7 +8,6 @@
 #include <QObject>
 
 class QGestureEvent;
-class QNativeGestureEvent;
 
 namespace korvane {
 
@@ -46,7 +45,6 @@ private:
     void WireDragAndDrop();
     bool HandleKey(const QEvent &event);
     bool HandlePinch(QGestureEvent &event);
-    bool HandlePinch(const QNativeGestureEvent &event);
     void GantAreaStartDrag(const TItemDragData &data);
     void GantAreaDragOver(QDragMoveEvent &event);
     void GantAreaDragDrop(QDropEvent &event);

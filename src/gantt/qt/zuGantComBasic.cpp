@@ -9,7 +9,7 @@
 #include "gantt/qt/zuGantAreaInput.h"
 #include "gantt/qt/zuGantAreaKeys.h"
 
-#include <QEvent>
+#include <QFocusEvent>
 #include <QHBoxLayout>
 #include <QPointer>
 #include <QScopedValueRollback>
@@ -78,14 +78,12 @@ void TzuGant_ComBasic::InitializeInConstructor()
 void TzuGant_ComBasic::CreateParts()
 {
     m_treeHolder = new QWidget(this);
-    m_splitter = new TzuSplitter(this);
     m_areaHolder = new QWidget(this);
     m_scrollHolder = new QWidget(this);
     m_pages = new TGantPageControl(this);
     m_pages->hide();
     auto *layout = TightLayout<QHBoxLayout>(*this);
     layout->addWidget(m_treeHolder);
-    layout->addWidget(m_splitter);
     layout->addWidget(m_areaHolder, 1);
     layout->addWidget(m_scrollHolder);
     layout->addWidget(m_pages, 1);
@@ -93,6 +91,9 @@ void TzuGant_ComBasic::CreateParts()
     CreateAreaSide(*m_areaHolder);
     CreateScrollSide(*m_scrollHolder);
     CreateTreeSide(*m_treeHolder);
+    // Behind all that Tab reaches before it: the first of them gets a window's first focus.
+    m_splitter = new TzuSplitter(this);
+    layout->insertWidget(1, m_splitter);
     m_hintWindow = new TGraphHintWindow(this);
 
     SetTreeWidth(kTreeWidth);
@@ -378,6 +379,11 @@ void TzuGant_ComBasic::resizeEvent(QResizeEvent *event)
 {
     QFrame::resizeEvent(event);
     OnResize(this);
+}
+
+void TzuGant_ComBasic::focusInEvent(QFocusEvent *event)
+{
+    m_area->setFocus(event->reason());
 }
 
 void TzuGant_ComBasic::changeEvent(QEvent *event)

@@ -47,6 +47,9 @@ using TOnGantAreaDragDrop = TMethod<void(TzuGant_ComBasic *theGant, QDropEvent &
 /// spacer of the scaler's height keeps the lines of the tree level with the rows of the area. It
 /// shows the 15 days before and after today until told otherwise.
 ///
+/// Tab goes from the tree to the area, the axis, the tabs and the splitter; a window gives its
+/// first focus to the tree, and setFocus() on the chart to the area.
+///
 /// Parts are created through virtual factories. A subclass that overrides one constructs its base
 /// with TConstruction::WithoutParts and calls InitializeInConstructor() first thing in its own
 /// constructor.
@@ -182,6 +185,7 @@ protected:
 
     bool eventFilter(QObject *watched, QEvent *event) override;
     void changeEvent(QEvent *event) override;
+    void focusInEvent(QFocusEvent *event) override;
     void resizeEvent(QResizeEvent *event) override;
 
 private:

@@ -103,6 +103,11 @@ public:
     void CallChange() override;
     QSize sizeHint() const override;
 
+    /// Two fingers have moved on a touch screen or touchpad, over the axis or over a control along
+    /// it: zooms about the place between them. False when they do something else.
+    bool Pinch(QGestureEvent &event);
+    bool Pinch(const QNativeGestureEvent &event);
+
 Q_SIGNALS:
     /// As OnChange.
     void changed();
@@ -142,8 +147,6 @@ private:
     bool TakesKey(const QKeyEvent &event) const;
     bool DoKey(const QKeyEvent &event);
     void CtrlChanged(const QKeyEvent &event);
-    void Pinch(QGestureEvent &event);
-    void NativePinch(const QNativeGestureEvent &event);
 
     QString DateFormatText() const;
     void SetDateFormatText(const QString &text);

@@ -101,11 +101,9 @@ bool TzuDateScaler::event(QEvent *event)
         }
         break;
     case QEvent::Gesture:
-        ReportFailure([&] { Pinch(*static_cast<QGestureEvent *>(event)); });
-        return event->isAccepted();
+        return Pinch(*static_cast<QGestureEvent *>(event));
     case QEvent::NativeGesture:
-        ReportFailure([&] { NativePinch(*static_cast<QNativeGestureEvent *>(event)); });
-        return event->isAccepted();
+        return Pinch(*static_cast<QNativeGestureEvent *>(event));
     case QEvent::UngrabMouse:
     case QEvent::WindowDeactivate:
     case QEvent::EnabledChange:
@@ -229,26 +227,30 @@ void TzuDateScaler::TurnWheel(const QWheelEvent &event)
     }
 }
 
-void TzuDateScaler::Pinch(QGestureEvent &event)
+bool TzuDateScaler::Pinch(QGestureEvent &event)
 {
     auto *pinch = static_cast<QPinchGesture *>(event.gesture(Qt::PinchGesture));
     if (pinch == nullptr) {
-        event.ignore();
-        return;
+        return false;
     }
     event.accept(pinch);
     CancelInteraction(); // the first finger may have begun a drag
     const bool ends = pinch->state() == Qt::GestureFinished; // tells the last change again
     if (!ends && (pinch->changeFlags() & QPinchGesture::ScaleFactorChanged) != 0) {
-        ZoomBy(1 / pinch->scaleFactor(), PixelOf(mapFromGlobal(pinch->centerPoint())));
+        const int pixel = PixelOf(mapFromGlobal(pinch->centerPoint()));
+        ReportFailure([&] { ZoomBy(1 / pinch->scaleFactor(), pixel); });
     }
+    return true;
 }
 
-void TzuDateScaler::NativePinch(const QNativeGestureEvent &event)
+bool TzuDateScaler::Pinch(const QNativeGestureEvent &event)
 {
-    if (event.gestureType() == Qt::ZoomNativeGesture) {
-        ZoomBy(1 / (1 + event.value()), PixelOf(event.position()));
+    if (event.gestureType() != Qt::ZoomNativeGesture) {
+        return false;
     }
+    const int pixel = PixelOf(mapFromGlobal(event.globalPosition()));
+    ReportFailure([&] { ZoomBy(1 / (1 + event.value()), pixel); });
+    return true;
 }
 
 bool TzuDateScaler::TakesKey(const QKeyEvent &event) const
