@@ -46,6 +46,9 @@ void PlanChart::ConnectGestures()
             m_edits->Link(TaskOf(*first), TaskOf(*second));
         }
     };
+    OnDependencyHint = [](auto *, auto *, auto *, TGestureHint &hint) {
+        hint[2] = FromQt(tr("Link\tFinish to start"));
+    };
     // Every press ends the mode.
     OnGantAreaMouseUp = [this](auto &&...) { SetLinking(m_linking); };
     OnDblClickGantArea = [this](auto *, TzuDataEntity_Spanbar *bar) {

@@ -6,14 +6,12 @@
 
 namespace korvane {
 
-std::string CaptionOf(TzuDataEntity_Spanbar &item)
+std::string CaptionOf(const TzuDataEntity_Spanbar &item)
 {
-    if (item.HasTexts()) {
-        const TzuTimeItemTextCollection &texts = item.Texts();
-        for (int i = 0; i < texts.GetCount(); ++i) {
-            if (!texts.GetTimeItemText(i).Text().empty()) {
-                return texts.GetTimeItemText(i).Text();
-            }
+    const TzuTimeItemTextCollection *texts = item.TextsIfAny();
+    for (int i = 0; texts != nullptr && i < texts->GetCount(); ++i) {
+        if (const std::string &text = texts->GetTimeItemText(i).Text(); !text.empty()) {
+            return text;
         }
     }
     const TGantRow *row = item.GetRow();

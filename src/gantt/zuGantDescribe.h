@@ -8,7 +8,7 @@
 namespace korvane {
 
 /// The item's first text that is not empty, or else the caption of its row.
-std::string CaptionOf(TzuDataEntity_Spanbar &item);
+std::string CaptionOf(const TzuDataEntity_Spanbar &item);
 /// Caption of the row's node; empty when it has none.
 std::string CaptionOf(const TGantRow &row);
 /// Captions of both ends.

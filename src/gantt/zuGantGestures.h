@@ -98,6 +98,7 @@ public:
     TOnClickGantArea OnRightClickGantArea;
     TOnDblClickGantArea OnDblClickGantArea;
     TOnDependencyAction OnDependencyAction;
+    TOnDependencyHint OnDependencyHint;
     TOnHintInfo OnHintInfo;
     /// Replaces SnapHandler and MoveOver12Then24.
     TOnSnapTimes OnSnapTimes;

@@ -402,7 +402,10 @@ TGestureHint TGantGestures::HintWantsNewText()
         return {};
     }
     if (m_mode == TGantMouseMoveMode::mmDependency) {
-        return HintOfDependency(m_gestureItem, GetDataEntityFromXY(m_mouse.X, m_mouse.Y));
+        const TzuDataEntity_Spanbar *target = GetDataEntityFromXY(m_mouse.X, m_mouse.Y);
+        TGestureHint hint = HintOfDependency(m_gestureItem, target);
+        OnDependencyHint(Component(), m_gestureItem, target, hint);
+        return hint;
     }
     if (m_itemUnderMouse == nullptr) {
         return {};

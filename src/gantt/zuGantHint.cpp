@@ -1,17 +1,8 @@
 #include "gantt/zuGantHint.h"
 
-namespace korvane {
+#include "gantt/zuGantDescribe.h"
 
-std::string CaptionOf(const TzuDataEntity_Spanbar &item)
-{
-    const TzuTimeItemTextCollection *texts = item.TextsIfAny();
-    for (int i = 0; texts != nullptr && i < texts->GetCount(); ++i) {
-        if (const std::string &text = texts->GetTimeItemText(i).Text(); !text.empty()) {
-            return text;
-        }
-    }
-    return {};
-}
+namespace korvane {
 
 TGestureHint HintOfDependency(const TzuDataEntity_Spanbar *first,
                               const TzuDataEntity_Spanbar *second)

@@ -12,8 +12,6 @@ namespace korvane {
 /// The captions of the item a link starts at and of the one it would end at, which may be null.
 TGestureHint HintOfDependency(const TzuDataEntity_Spanbar *first,
                               const TzuDataEntity_Spanbar *second);
-/// The item's first text that is not empty; else empty.
-std::string CaptionOf(const TzuDataEntity_Spanbar &item);
 
 TItemDragData DragDataOf(std::span<TzuDataEntity_Spanbar *const> items, bool copy);
 

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "foundation/zuCanvas.h"
+#include "foundation/zuGestureHint.h"
 #include "foundation/zuInput.h"
 #include "foundation/zuMethod.h"
 #include "foundation/zuTypes.h"
@@ -94,6 +95,12 @@ using TOnEndUserChange =
 /// link itself.
 using TOnDependencyAction =
     TMethod<void(TzuDataEntity_Spanbar *theFirst, TzuDataEntity_Spanbar *theSecond)>;
+/// A link is being drawn from an item, at present to another or to none. `hint` holds the captions
+/// of both; the third line is free, as for the kind of link. The handler may change all three, or
+/// empty them for no hint.
+using TOnDependencyHint =
+    TMethod<void(TzuGant_ComBasic *theGant, const TzuDataEntity_Spanbar *theFirst,
+                 const TzuDataEntity_Spanbar *theSecond, TGestureHint &hint)>;
 /// What a gesture ended on; no object and zeros for none. `theLength` is in days.
 using TOnHintInfo =
     TMethod<void(TObject *theObject, TDateTime theStart, TDateTime theStop, TDateTime theLength)>;

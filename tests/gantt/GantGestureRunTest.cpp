@@ -94,6 +94,16 @@ TEST_F(GantGestureRun, HintsTellTheTimesThatADropWouldGive)
     EXPECT_EQ(Host.Hint, (TGestureHint{"From\tFoundations", "", ""}));
     Move(210, 63);
     EXPECT_EQ(Host.Hint, (TGestureHint{"From\tFoundations", "To\tWalls and roof", ""}));
+
+    item->GetRow()->TreeNode()->SetText("Site");
+    item->Texts().GetTimeItemText(1).SetText("");
+    Gant.OnDependencyHint = [&](auto *, auto *first, auto *second, TGestureHint &hint) {
+        EXPECT_EQ(first, item);
+        hint[2] = second != nullptr ? "Link\tFinish to start" : "";
+    };
+    Move(212, 63);
+    EXPECT_EQ(Host.Hint,
+              (TGestureHint{"From\tSite", "To\tWalls and roof", "Link\tFinish to start"}));
 }
 
 TEST_F(GantGestureRun, LengthsReadAsDaysHoursAndMinutes)
