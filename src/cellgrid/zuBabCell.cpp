@@ -7,6 +7,7 @@
 #include <array>
 #include <charconv>
 #include <cmath>
+#include <utility>
 
 namespace korvane {
 
@@ -89,10 +90,10 @@ bool TBabCellData_DateTime::SetText(std::string_view text)
     return true;
 }
 
-void TBabCell::SetLayoutProp(const TLayoutProp *layout)
+void TBabCell::SetLayoutProp(std::shared_ptr<const TLayoutProp> layout)
 {
     if (layout != m_layoutProp) {
-        m_layoutProp = layout;
+        m_layoutProp = std::move(layout);
         Changed();
     }
 }

@@ -101,9 +101,9 @@ public:
     TAxisContentItem *Column() const { return m_column; }
     TAxisContentItem *Row() const { return m_row; }
 
-    /// Nil: that of the column, else the grid's.
-    const TLayoutProp *LayoutProp() const { return m_layoutProp; }
-    void SetLayoutProp(const TLayoutProp *layout);
+    /// Nil: that of the column, else the grid's. Shared with the layout that it comes from.
+    const TLayoutProp *LayoutProp() const { return m_layoutProp.get(); }
+    void SetLayoutProp(std::shared_ptr<const TLayoutProp> layout);
     bool ReadOnly() const { return m_readOnly; }
     void SetReadOnly(bool readOnly) { m_readOnly = readOnly; }
 
@@ -124,7 +124,7 @@ private:
     TBabGridCell *m_gridCell = nullptr;
     TAxisContentItem *m_column = nullptr;
     TAxisContentItem *m_row = nullptr;
-    const TLayoutProp *m_layoutProp = nullptr;
+    std::shared_ptr<const TLayoutProp> m_layoutProp;
     bool m_readOnly = false;
 };
 

@@ -13,7 +13,16 @@ TBabGridCell::TBabGridCell()
 {
 }
 
-TBabGridCell::~TBabGridCell() = default;
+TBabGridCell::~TBabGridCell()
+{
+    m_release(this);
+}
+
+void TBabGridCell::TieTo(TMethod<void(TBabGridCell *)> release)
+{
+    std::swap(m_release, release);
+    release(this);
+}
 
 TBabGridCellForViewer *TBabGridCell::GetViewerGridCell() const
 {

@@ -50,6 +50,10 @@ public:
     /// Deselecting deselects every cell; selecting selects all behind the heads.
     void SetSelected(bool selected) override;
 
+    /// Ties the grid to what it was built from: `release` is called when the grid is tied to
+    /// something else, and when it goes.
+    void TieTo(TMethod<void(TBabGridCell *theGridCell)> release);
+
     // Called by the axes.
     virtual void InsertingAxisItem(TAxisContentList &list, int index);
     virtual void DroppingAxisItem(TAxisContentList &list, int index);
@@ -65,6 +69,7 @@ public:
 private:
     void TellAxisChanged(TAxisContentList &list);
 
+    TMethod<void(TBabGridCell *)> m_release;
     TCellMatris m_matris;
     TAxisContentList m_columns;
     TAxisContentList m_rows;

@@ -1,0 +1,54 @@
+// What a grid view has to know of a column.
+#pragma once
+
+#include "cellgrid/zuLayoutProp.h"
+#include "foundation/zuTypes.h"
+
+#include <cstdint>
+#include <string>
+
+namespace korvane {
+
+class TAxisContentItem;
+class TBabGridCell;
+
+/// Editor and content of a column's cells.
+enum class TColumnKind : std::uint8_t {
+    tckSimpleEdit,
+    tckMemo,
+    tckBool,
+    tckCombo,
+    tckDate,
+    tckTime,
+    tckSubGrid,
+    tckSubTree
+};
+
+/// Whether cells of the kind hold text rather than a grid.
+constexpr bool IsSimpleKind(TColumnKind kind)
+{
+    return kind < TColumnKind::tckSubGrid;
+}
+
+/// A view takes an item's Value that is of this class for the item's column; columns of other
+/// values are plain text.
+class TBabColumn : public TObject
+{
+public:
+    virtual TColumnKind Kind() const = 0;
+    virtual const std::string &HeaderText() const = 0;
+    virtual bool SortEnable() const = 0;
+    virtual bool ReadOnly() const = 0;
+    virtual bool TreeButton() const = 0;
+    virtual bool HasIcon() const = 0;
+    virtual bool Groupcells() const = 0;
+    /// Nil: the grid's.
+    virtual const TLayoutProp *LayoutProp() const = 0;
+    /// Image of a cell; -1 for none.
+    virtual int IconIndex(TBabGridCell &grid, TAxisContentItem &row) = 0;
+    /// Whether neighbouring rows show the same in this column.
+    virtual bool InOneGroup(TBabGridCell &grid, TAxisContentItem &upper,
+                            TAxisContentItem &lower) = 0;
+};
+
+} // namespace korvane

@@ -1,0 +1,183 @@
+#include "grid/zuGrid.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace korvane {
+
+namespace {
+
+/// One fixed item of a size that the user may change, or none.
+void InitFixed(TAxisContentList &items, bool wanted, int size)
+{
+    if (wanted && items.FixedCount() != 1) {
+        items.SetFixedCount(1);
+        TAxisContentItem *item = items.InsertNew(0, nullptr);
+        item->SetUserSize(size);
+        item->SetUserSizeActive(true);
+    } else if (!wanted && items.FixedCount() > 0) {
+        items.SetFixedCount(0);
+        items.Drop(0);
+    }
+}
+
+} // namespace
+
+TzuGridCore::TzuGridCore(TBabGridCellForViewer &root, TMethod<void()> changed)
+    : m_root(root)
+    , m_changed(std::move(changed))
+    , m_layouts(*this)
+    , m_columns(*this, m_layouts)
+    , m_subGrids(*this, m_layouts)
+    , m_userSize(root.UserSizeEvent, TOnEvent::Bind<&TzuGridCore::UserSized>(this), false)
+{
+    root.OnCreateCell = TOnCreateCell::Bind<&TzuGridCore::CreateCell>(this);
+    root.OnGetCellText = korvane::TOnGetCellText::Bind<&TzuGridCore::GetCellText>(this);
+    InitColumnsAndFixed(root, m_columns, m_hasInfoCol, m_hasHeaders);
+}
+
+TzuGridCore::~TzuGridCore()
+{
+    m_root.OnCreateCell = nullptr;
+    m_root.OnGetCellText = nullptr;
+}
+
+void TzuGridCore::SetHasHeaders(bool value)
+{
+    if (value != m_hasHeaders) {
+        m_hasHeaders = value;
+        NeedEnsureFixed();
+    }
+}
+
+void TzuGridCore::SetHasInfoCol(bool value)
+{
+    if (value != m_hasInfoCol) {
+        m_hasInfoCol = value;
+        NeedEnsureFixed();
+    }
+}
+
+void TzuGridCore::InitColumnsAndFixed(TBabGridCell &gridCell, TzuGrid_Columns &columns,
+                                      bool hasInfoCol, bool hasHeaders)
+{
+    TAxisContentList &items = gridCell.Columns();
+    InitFixed(items, hasInfoCol, kInfoColumnWidth);
+    InitFixed(gridCell.Rows(), hasHeaders, kHeaderHeight);
+    const int wanted = items.FixedCount() + columns.Count();
+    while (items.Count() < wanted) {
+        items.AddNew(nullptr);
+    }
+    while (items.Count() > wanted) {
+        items.Drop(items.Count() - 1);
+    }
+    for (int index = 0; index < columns.Count(); ++index) {
+        TzuGrid_Column &column = columns.At(index);
+        TAxisContentItem &item = *items.getAxisContentItem(items.FixedCount() + index);
+        item.SetValue(&column);
+        if (item.GetUserSize() != column.Width() || !item.GetUserSizeActive()) {
+            item.SetUserSize(column.Width());
+            item.SetUserSizeActive(true);
+        }
+        item.SetHide(column.Hidden());
+    }
+    columns.AddGridCell(gridCell);
+}
+
+void TzuGridCore::NeedEnsureFixed()
+{
+    // Sorting by a column that is gone ends.
+    std::erase_if(m_sortKeys,
+                  [this](const TGridSortKey &key) { return m_columns.IndexOf(key.Column) < 0; });
+    InitColumnsAndFixed(m_root, m_columns, m_hasInfoCol, m_hasHeaders);
+    for (int index = 0; index < m_subGrids.Count(); ++index) {
+        TzuGrid_SubGrid &subGrid = m_subGrids.At(index);
+        for (TBabGridCell *grid : std::vector(subGrid.Columns().GridCells())) {
+            InitColumnsAndFixed(*grid, subGrid.Columns(), subGrid.HasInfoCol(),
+                                subGrid.HasHeaders());
+        }
+    }
+    m_changed();
+}
+
+/// What the user made of a column's width in one grid holds for all grids of the column.
+void TzuGridCore::UserSized(TSingleEventListener *listener)
+{
+    auto *item = static_cast<TAxisContentItem *>(listener->Data());
+    auto *column = dynamic_cast<TzuGrid_Column *>(item->Value());
+    if (column != nullptr && item->GetUserSizeActive()) {
+        column->SetWidth(item->GetUserSize());
+    }
+}
+
+std::unique_ptr<TBabCell> TzuGridCore::CreateCell(TBabGridCell *grid, TAxisContentItem *columnItem,
+                                                  TAxisContentItem *row)
+{
+    auto *column = dynamic_cast<TzuGrid_Column *>(columnItem->Value());
+    const bool isHead = grid->Rows().IndexOf(*row) < grid->Rows().FixedCount();
+    if (column == nullptr || isHead) {
+        return nullptr;
+    }
+    if (auto data = column->CreateData()) {
+        data->SetText(grid->CellText(*columnItem, *row));
+        return std::make_unique<TBabSimpleCell>(std::move(data));
+    }
+    TzuGrid_SubGrid *subGrid = m_subGrids.SubGridByName(column->SubGridName());
+    auto cell = std::make_unique<TBabSubGridCell>();
+    if (subGrid != nullptr) {
+        InitColumnsAndFixed(*cell, subGrid->Columns(), subGrid->HasInfoCol(),
+                            subGrid->HasHeaders());
+    }
+    OnInitSubGrid(Self(), cell.get(), columnItem, row);
+    return cell;
+}
+
+void TzuGridCore::GetCellText(TBabGridCell *grid, TAxisContentItem *columnItem,
+                              TAxisContentItem *row, std::string &text)
+{
+    const TAxisContentList &rows = grid->Rows();
+    if (rows.FixedCount() > 0 && rows.IndexOf(*row) < rows.FixedCount()) {
+        if (const auto *column = dynamic_cast<TBabColumn *>(columnItem->Value())) {
+            text = column->HeaderText();
+        }
+        return;
+    }
+    OnGetCellText(grid, columnItem, row, text);
+}
+
+TAxisContentItem *TzuGridCore::AddRows(int count)
+{
+    TAxisContentItem *last = nullptr;
+    for (int i = 0; i < count; ++i) {
+        last = m_root.Rows().AddNew(nullptr);
+    }
+    return last;
+}
+
+std::string TzuGridCore::CellText(int column, int row)
+{
+    TAxisContentItem *columnItem =
+        m_root.Columns().getAxisContentItem(m_root.Columns().FixedCount() + column);
+    TAxisContentItem *rowItem = m_root.Rows().getAxisContentItem(m_root.Rows().FixedCount() + row);
+    return columnItem != nullptr && rowItem != nullptr ? m_root.CellText(*columnItem, *rowItem)
+                                                       : std::string();
+}
+
+void TzuGridCore::SetCellText(int column, int row, std::string_view text)
+{
+    TBabCell *cell =
+        m_root.GetCell(m_root.Columns().FixedCount() + column, m_root.Rows().FixedCount() + row);
+    if (cell != nullptr) {
+        cell->SetText(text);
+    }
+}
+
+TzuGrid_SubGrid *TzuGridCore::SubGridOf(const TBabGridCell &gridCell) const
+{
+    const TAxisContentItem *item = gridCell.Column();
+    const auto *column =
+        item != nullptr ? dynamic_cast<const TzuGrid_Column *>(item->Value()) : nullptr;
+    return column != nullptr ? m_subGrids.SubGridByName(column->SubGridName()) : nullptr;
+}
+
+} // namespace korvane

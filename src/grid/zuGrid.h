@@ -1,0 +1,130 @@
+// The core of the grid: columns, sub-grids and cell layouts, and sorting.
+#pragma once
+
+#include "cellgrid/zuBabGridCell.h"
+#include "foundation/zuEventHandling.h"
+#include "grid/zuCellLayouts.h"
+#include "grid/zuGridColumns.h"
+#include "grid/zuGridSubGrids.h"
+
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace korvane {
+
+/// A column to sort by.
+struct TGridSortKey
+{
+    TzuGrid_Column *Column = nullptr;
+    bool Descending = false;
+
+    friend bool operator==(const TGridSortKey &, const TGridSortKey &) = default;
+};
+
+/// `theCell` is the row's cell in the sort column, nil where none exists; the key may be changed.
+using TOnGetUserSortCompareString = TMethod<void(TObject *theGrid, TzuGrid_Column *theColumn,
+                                                 std::string &theKey, TBabCell *theCell)>;
+/// Sorts the rows itself and sets `handled`, or leaves it to the grid.
+using TOnUserSort = TMethod<void(TObject *theGrid, TzuGrid_Column *theColumn, bool &handled)>;
+using TOnGridColumn = TMethod<void(TObject *theGrid, TzuGrid_Column *theColumn)>;
+using TOnInitSubGrid = TMethod<void(TObject *theGrid, TBabSubGridCell *theSubGrid,
+                                    TAxisContentItem *theColumn, TAxisContentItem *theRow)>;
+
+/// What TzuGrid adds to a view of a grid cell: the declarative columns, sub-grids and layouts, from
+/// which the axes of the view's grid and of every sub-grid are built.
+class TzuGridCore : private IGridModelHost
+{
+public:
+    static constexpr int kInfoColumnWidth = 20;
+    static constexpr int kHeaderHeight = 20;
+
+    /// The view's grid cell outlives the grid. `changed` is called when something is to be shown
+    /// anew.
+    TzuGridCore(TBabGridCellForViewer &root, TMethod<void()> changed);
+    TzuGridCore(const TzuGridCore &) = delete;
+    TzuGridCore &operator=(const TzuGridCore &) = delete;
+    virtual ~TzuGridCore();
+
+    bool HasHeaders() const { return m_hasHeaders; }
+    void SetHasHeaders(bool value);
+    bool HasInfoCol() const { return m_hasInfoCol; }
+    void SetHasInfoCol(bool value);
+    TzuGrid_Columns &Columns() { return m_columns; }
+    const TzuGrid_Columns &Columns() const { return m_columns; }
+    TzuGrid_SubGrids &SubGrids() { return m_subGrids; }
+    const TzuGrid_SubGrids &SubGrids() const { return m_subGrids; }
+    TzuCellLayouts &CellLayouts() { return m_layouts; }
+    const TzuCellLayouts &CellLayouts() const { return m_layouts; }
+    /// Whether a click on the header of a column with SortEnable sorts.
+    bool UserSortEnable() const { return m_userSortEnable; }
+    void SetUserSortEnable(bool value) { m_userSortEnable = value; }
+
+    TBabGridCellForViewer &RootCell() const { return m_root; }
+    /// Gives a grid its fixed column and row and one item per column.
+    static void InitColumnsAndFixed(TBabGridCell &gridCell, TzuGrid_Columns &columns,
+                                    bool hasInfoCol, bool hasHeaders);
+    /// Adds rows at the end; the last one, or nil when there is none.
+    TAxisContentItem *AddRows(int count);
+    /// Text of a crossing by column and row behind the heads; nothing when there is none.
+    std::string CellText(int column, int row);
+    void SetCellText(int column, int row, std::string_view text);
+    /// What the sub-grid of a cell was built from; nil for the view's grid.
+    TzuGrid_SubGrid *SubGridOf(const TBabGridCell &gridCell) const;
+
+    // Sorting. Only what is loaded completely is sorted here.
+    const std::vector<TGridSortKey> &SortKeys() const { return m_sortKeys; }
+    /// The column that is sorted by first, or nil.
+    TzuGrid_Column *SortColumn() const;
+    /// Sorts by the columns, the first one foremost, and marks their headers.
+    void SetSortKeys(std::vector<TGridSortKey> keys);
+    /// What a click on a header does: sorts by the column, or the other way round when it is the
+    /// first one already; with `add` it becomes the last one or turns round in its place.
+    void SortByUser(TzuGrid_Column &column, bool add);
+    /// Sorts again by the same columns.
+    void DoInternalResortOfContent();
+    /// By what the row is sorted in the first sort column.
+    std::string GetSortString(TAxisContentItem &row);
+
+    TOnGetUserSortCompareString OnGetUserSortCompareString;
+    TOnUserSort OnUserSort;
+    TOnGridColumn OnColumnSort; ///< after the rows were sorted
+    /// A sub-grid has its columns; its rows are to be added now.
+    TOnInitSubGrid OnInitSubGrid;
+    /// Text of crossings that no cell was put into.
+    TOnGetCellText OnGetCellText;
+
+protected:
+    /// The text in upper case, by which it is sorted. The core knows ASCII letters.
+    virtual std::string UpperCase(std::string text) const;
+    /// What handlers get as the grid.
+    virtual TObject *Self() { return nullptr; }
+
+private:
+    class TSortKeys;
+
+    void ModelChanged() override { m_changed(); }
+    void NeedEnsureFixed() override;
+    std::unique_ptr<TBabCell> CreateCell(TBabGridCell *grid, TAxisContentItem *column,
+                                         TAxisContentItem *row);
+    void GetCellText(TBabGridCell *grid, TAxisContentItem *column, TAxisContentItem *row,
+                     std::string &text);
+    void UserSized(TSingleEventListener *listener);
+    std::string SortString(TzuGrid_Column &column, TAxisContentItem &columnItem,
+                           TAxisContentItem &row, std::int64_t position);
+    void SortRows(const TGridSortKey &key);
+
+    TBabGridCellForViewer &m_root;
+    TMethod<void()> m_changed;
+    TzuCellLayouts m_layouts;
+    TzuGrid_Columns m_columns;
+    TzuGrid_SubGrids m_subGrids;
+    TSingleEventListener m_userSize;
+    std::vector<TGridSortKey> m_sortKeys;
+    bool m_hasHeaders = true;
+    bool m_hasInfoCol = true;
+    bool m_userSortEnable = false;
+};
+
+} // namespace korvane

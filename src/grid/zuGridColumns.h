@@ -1,0 +1,146 @@
+// The columns of a grid and of its sub-grids.
+#pragma once
+
+#include "cellgrid/zuBabColumn.h"
+#include "cellgrid/zuBabGridCell.h"
+#include "grid/zuCellLayouts.h"
+#include "grid/zuGridCollection.h"
+
+#include <memory>
+#include <string>
+#include <unordered_set>
+#include <vector>
+
+namespace korvane {
+
+class TzuGrid_Column;
+class TzuGrid_Columns;
+
+/// `theCell` is nil where nothing was put into the crossing yet.
+using TOnGetIconIndex = TMethod<void(TzuGrid_Column *theColumn, TAxisContentItem *theRow,
+                                     TBabCell *theCell, int &theIndex)>;
+/// Whether two neighbouring rows belong to one group; `theEqual` is on entry whether their texts
+/// are equal.
+using TOnGroupcellCompare = TMethod<void(TzuGrid_Column *theColumn, TAxisContentItem *theUpperRow,
+                                         TAxisContentItem *theLowerRow, bool &theEqual)>;
+
+class TzuGrid_Column : public TBabColumn
+{
+public:
+    TzuGrid_Column(TzuGrid_Columns &columns, int width, TColumnKind kind)
+        : m_columns(columns)
+        , m_width(width)
+        , m_kind(kind)
+    {
+    }
+
+    /// In pixels; the user size of the column in every grid.
+    int Width() const { return m_width; }
+    void SetWidth(int width);
+    TColumnKind Kind() const override { return m_kind; }
+    /// Contents of existing cells are kept as far as the new kind understands them.
+    void SetKind(TColumnKind kind);
+    const std::string &HeaderText() const override { return m_headerText; }
+    void SetHeaderText(std::string text);
+    /// Whether a click on the header may sort by the column.
+    bool SortEnable() const override { return m_sortEnable; }
+    void SetSortEnable(bool value) { Set(m_sortEnable, value); }
+    bool ReadOnly() const override { return m_readOnly; }
+    void SetReadOnly(bool value) { Set(m_readOnly, value); }
+    /// For tckSubGrid: which sub-grid its cells show.
+    const std::string &SubGridName() const { return m_subGridName; }
+    void SetSubGridName(std::string name);
+    bool TreeButton() const override { return m_treeButton; }
+    void SetTreeButton(bool value) { Set(m_treeButton, value); }
+    bool HasIcon() const override { return m_hasIcon; }
+    void SetHasIcon(bool value) { Set(m_hasIcon, value); }
+    bool Hidden() const { return m_hidden; }
+    void SetHidden(bool hidden);
+    const std::string &LayoutName() const { return m_layoutName; }
+    void SetLayoutName(std::string name);
+    bool Groupcells() const override { return m_groupcells; }
+    void SetGroupcells(bool value) { Set(m_groupcells, value); }
+    bool NumericSort() const { return m_numericSort; }
+    void SetNumericSort(bool value) { m_numericSort = value; }
+
+    TOnGetIconIndex OnGetIconIndex;
+    TOnGroupcellCompare OnGroupcellCompare;
+
+    TzuGrid_Columns &Columns() const { return m_columns; }
+    const TLayoutProp *LayoutProp() const override;
+    int IconIndex(TBabGridCell &grid, TAxisContentItem &row) override;
+    bool InOneGroup(TBabGridCell &grid, TAxisContentItem &upper, TAxisContentItem &lower) override;
+    /// New content for a cell of the column; nil for the kinds that are no simple ones.
+    std::unique_ptr<TBabCellData> CreateData() const;
+
+private:
+    void Set(bool &field, bool value);
+    template <typename Handle>
+    void ForEachCell(const Handle &handle);
+
+    TzuGrid_Columns &m_columns;
+    int m_width;
+    TColumnKind m_kind;
+    bool m_sortEnable = false;
+    bool m_readOnly = false;
+    bool m_treeButton = false;
+    bool m_hasIcon = false;
+    bool m_hidden = false;
+    bool m_groupcells = false;
+    bool m_numericSort = false;
+    std::string m_headerText;
+    std::string m_subGridName;
+    std::string m_layoutName;
+    /// What LayoutName means, and the state of the layouts that this was looked up in.
+    mutable std::shared_ptr<const TLayoutProp> m_layoutProp;
+    mutable int m_layoutLookUp = -1;
+};
+
+/// Columns, and the grids that were built from them; a change of the columns reaches every one.
+class TzuGrid_Columns : public TGridCollection<TzuGrid_Column>
+{
+public:
+    static constexpr int kDefaultWidth = 64;
+
+    TzuGrid_Columns(IGridModelHost &host, const TzuCellLayouts &layouts)
+        : m_host(host)
+        , m_layouts(layouts)
+    {
+    }
+    ~TzuGrid_Columns() override;
+
+    TzuGrid_Column *GetColumn(int index) const { return &At(index); }
+    /// What new columns start with.
+    int DefaultWidth() const { return m_defaultWidth; }
+    void SetDefaultWidth(int width) { m_defaultWidth = width; }
+    TColumnKind DefaultKind() const { return m_defaultKind; }
+    void SetDefaultKind(TColumnKind kind) { m_defaultKind = kind; }
+
+    const TzuCellLayouts &CellLayouts() const { return m_layouts; }
+    /// The grids that were built from the columns.
+    const std::vector<TBabGridCell *> &GridCells() const { return m_gridCells; }
+    void AddGridCell(TBabGridCell &gridCell);
+    /// The column's item in a grid that was built from the columns.
+    TAxisContentItem *ItemOf(const TzuGrid_Column &column, TBabGridCell &gridCell) const;
+
+protected:
+    std::unique_ptr<TzuGrid_Column> CreateItem() override;
+    void Inserted(int index) override;
+    void Deleting(int index) override;
+    void Moved(int from, int to) override;
+    void Changed() override { m_host.NeedEnsureFixed(); }
+
+private:
+    friend class TzuGrid_Column;
+
+    void Forget(TBabGridCell *gridCell);
+
+    IGridModelHost &m_host;
+    const TzuCellLayouts &m_layouts;
+    std::vector<TBabGridCell *> m_gridCells;
+    std::unordered_set<TBabGridCell *> m_known; ///< the same grids
+    int m_defaultWidth = kDefaultWidth;
+    TColumnKind m_defaultKind = TColumnKind::tckSimpleEdit;
+};
+
+} // namespace korvane

@@ -1,0 +1,210 @@
+// Sorting of the grid's rows.
+#include "grid/zuGrid.h"
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <cstring>
+#include <utility>
+
+namespace korvane {
+
+namespace {
+
+constexpr std::size_t kNumberLength = 17;
+constexpr std::size_t kPositionLength = 10;
+constexpr std::int64_t kPositions = 10'000'000'000;
+
+std::size_t CharacterCount(std::string_view text)
+{
+    return static_cast<std::size_t>(std::count_if(text.begin(), text.end(), [](char c) {
+        return (static_cast<unsigned char>(c) & 0xC0U) != 0x80U;
+    }));
+}
+
+/// The last 17 characters of 17 zeros followed by the key.
+void PadNumber(std::string &key)
+{
+    const std::size_t length = CharacterCount(key);
+    if (length <= kNumberLength) {
+        key.insert(0, kNumberLength - length, '0');
+        return;
+    }
+    std::size_t begin = 0;
+    for (std::size_t skip = length - kNumberLength; skip > 0; --skip) {
+        do {
+            ++begin;
+        } while ((static_cast<unsigned char>(key[begin]) & 0xC0U) == 0x80U);
+    }
+    key.erase(0, begin);
+}
+
+void AppendPosition(std::string &key, std::int64_t position)
+{
+    std::array<char, kPositionLength> digits{};
+    digits.fill('0');
+    std::array<char, 20> number{};
+    const auto *end =
+        std::to_chars(number.data(), number.data() + number.size(), position % kPositions).ptr;
+    const auto length = end - number.data();
+    std::copy_n(number.begin(), length, digits.end() - length);
+    key.append("###").append(digits.data(), digits.size());
+}
+
+} // namespace
+
+/// Keys in one piece of memory, compared by their first bytes as a number where these differ.
+class TzuGridCore::TSortKeys
+{
+public:
+    explicit TSortKeys(std::size_t count) { m_keys.reserve(count); }
+
+    void Add(std::string_view key, TAxisContentItem *row)
+    {
+        std::array<unsigned char, sizeof(std::uint64_t)> first{};
+        std::memcpy(first.data(), key.data(), std::min(key.size(), first.size()));
+        std::uint64_t prefix = 0;
+        for (const unsigned char byte : first) {
+            prefix = prefix << 8U | byte;
+        }
+        m_keys.push_back({prefix, m_text.size(), key.size(), row});
+        m_text += key;
+    }
+    std::vector<TAxisContentItem *> Sorted(bool descending)
+    {
+        const auto less = [this](const TKey &a, const TKey &b) {
+            return a.Prefix != b.Prefix ? a.Prefix < b.Prefix : TextOf(a) < TextOf(b);
+        };
+        if (descending) {
+            std::stable_sort(m_keys.begin(), m_keys.end(),
+                             [&less](const TKey &a, const TKey &b) { return less(b, a); });
+        } else {
+            std::stable_sort(m_keys.begin(), m_keys.end(), less);
+        }
+        std::vector<TAxisContentItem *> rows(m_keys.size());
+        std::transform(m_keys.begin(), m_keys.end(), rows.begin(),
+                       [](const TKey &key) { return key.Row; });
+        return rows;
+    }
+
+private:
+    struct TKey
+    {
+        std::uint64_t Prefix;
+        std::size_t Begin;
+        std::size_t Length;
+        TAxisContentItem *Row;
+    };
+    std::string_view TextOf(const TKey &key) const
+    {
+        return std::string_view(m_text).substr(key.Begin, key.Length);
+    }
+
+    std::string m_text;
+    std::vector<TKey> m_keys;
+};
+
+std::string TzuGridCore::UpperCase(std::string text) const
+{
+    std::transform(text.begin(), text.end(), text.begin(),
+                   [](char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 32) : c; });
+    return text;
+}
+
+TzuGrid_Column *TzuGridCore::SortColumn() const
+{
+    return m_sortKeys.empty() ? nullptr : m_sortKeys.front().Column;
+}
+
+std::string TzuGridCore::GetSortString(TAxisContentItem &row)
+{
+    TzuGrid_Column *column = SortColumn();
+    TAxisContentItem *columnItem = column != nullptr ? m_columns.ItemOf(*column, m_root) : nullptr;
+    return columnItem != nullptr ? SortString(*column, *columnItem, row, m_root.Rows().IndexOf(row))
+                                 : std::string();
+}
+
+std::string TzuGridCore::SortString(TzuGrid_Column &column, TAxisContentItem &columnItem,
+                                    TAxisContentItem &row, std::int64_t position)
+{
+    std::string key;
+    if (IsSimpleKind(column.Kind())) {
+        key = UpperCase(m_root.CellText(columnItem, row));
+    }
+    if (column.NumericSort()) {
+        PadNumber(key);
+    }
+    AppendPosition(key, position);
+    if (OnGetUserSortCompareString) {
+        OnGetUserSortCompareString(Self(), &column, key, m_root.FindCell(columnItem, row));
+    }
+    return key;
+}
+
+void TzuGridCore::SetSortKeys(std::vector<TGridSortKey> keys)
+{
+    m_sortKeys = std::move(keys);
+    DoInternalResortOfContent();
+}
+
+void TzuGridCore::SortByUser(TzuGrid_Column &column, bool add)
+{
+    if (!m_userSortEnable || !column.SortEnable()) {
+        return;
+    }
+    auto keys = m_sortKeys;
+    const auto known = std::find_if(keys.begin(), keys.end(),
+                                    [&](const TGridSortKey &key) { return key.Column == &column; });
+    if (add && known != keys.end()) {
+        known->Descending = !known->Descending;
+    } else if (add) {
+        keys.push_back({&column, false});
+    } else {
+        keys = {{&column, known == keys.begin() && known != keys.end() && !known->Descending}};
+    }
+    SetSortKeys(std::move(keys));
+}
+
+void TzuGridCore::DoInternalResortOfContent()
+{
+    if (m_sortKeys.empty()) {
+        m_changed();
+        return;
+    }
+    bool handled = false;
+    OnUserSort(Self(), SortColumn(), handled);
+    const TAxisContentList &rows = m_root.Rows();
+    const bool allLoaded = rows.UnloadedBefore() == 0 && rows.UnloadedAfter() == 0;
+    if (!handled && allLoaded) {
+        // Each sorting keeps the order of the one before among equals.
+        const auto keys = m_sortKeys;
+        std::for_each(keys.rbegin(), keys.rend(), [this](const auto &key) { SortRows(key); });
+    }
+    OnColumnSort(Self(), SortColumn());
+    m_changed();
+}
+
+void TzuGridCore::SortRows(const TGridSortKey &key)
+{
+    TAxisContentItem *columnItem = m_columns.ItemOf(*key.Column, m_root);
+    if (columnItem == nullptr) {
+        return;
+    }
+    const auto all = m_root.Rows().LoadedItems();
+    const auto changes = m_root.Rows().Changes();
+    const auto fixed = static_cast<std::size_t>(m_root.Rows().FixedCount());
+    TSortKeys keys(all.size());
+    for (std::size_t position = fixed; position < all.size(); ++position) {
+        // Turned round, the positions of equals must rise from last to first.
+        const auto place = static_cast<std::int64_t>(position);
+        keys.Add(SortString(*key.Column, *columnItem, *all[position],
+                            key.Descending ? kPositions - 1 - place : place),
+                 all[position]);
+        if (changes != m_root.Rows().Changes()) {
+            return; // a handler changed the rows
+        }
+    }
+    m_root.Rows().Reorder(keys.Sorted(key.Descending));
+}
+
+} // namespace korvane

@@ -1,0 +1,83 @@
+// The kinds of grids that cells of a grid may show.
+#pragma once
+
+#include "grid/zuGridColumns.h"
+
+#include <memory>
+#include <string>
+#include <string_view>
+#include <utility>
+
+namespace korvane {
+
+/// A grid that cells of kind tckSubGrid refer to by its name; many cells may be built from it.
+class TzuGrid_SubGrid : public TObject
+{
+public:
+    TzuGrid_SubGrid(IGridModelHost &host, const TzuCellLayouts &layouts)
+        : m_host(host)
+        , m_columns(host, layouts)
+    {
+    }
+
+    const std::string &Name() const { return m_name; }
+    void SetName(std::string name) { m_name = std::move(name); }
+    TzuGrid_Columns &Columns() { return m_columns; }
+    const TzuGrid_Columns &Columns() const { return m_columns; }
+    bool HasHeaders() const { return m_hasHeaders; }
+    void SetHasHeaders(bool value) { Set(m_hasHeaders, value); }
+    bool HasInfoCol() const { return m_hasInfoCol; }
+    void SetHasInfoCol(bool value) { Set(m_hasInfoCol, value); }
+    /// Whether the last column takes the room that is left in the cell.
+    bool ExtendLastColumnToWidth() const { return m_extendLastColumn; }
+    void SetExtendLastColumnToWidth(bool value) { Set(m_extendLastColumn, value); }
+
+private:
+    void Set(bool &field, bool value)
+    {
+        if (value != field) {
+            field = value;
+            m_host.NeedEnsureFixed();
+        }
+    }
+
+    IGridModelHost &m_host;
+    std::string m_name;
+    bool m_hasHeaders = true;
+    bool m_hasInfoCol = false;
+    bool m_extendLastColumn = false;
+    TzuGrid_Columns m_columns;
+};
+
+class TzuGrid_SubGrids : public TGridCollection<TzuGrid_SubGrid>
+{
+public:
+    TzuGrid_SubGrids(IGridModelHost &host, const TzuCellLayouts &layouts)
+        : m_host(host)
+        , m_layouts(layouts)
+    {
+    }
+    /// The first one of that name, whatever the case of its letters, or nil.
+    TzuGrid_SubGrid *SubGridByName(std::string_view name) const
+    {
+        for (int index = 0; index < Count(); ++index) {
+            if (SameName(At(index).Name(), name)) {
+                return &At(index);
+            }
+        }
+        return nullptr;
+    }
+
+protected:
+    std::unique_ptr<TzuGrid_SubGrid> CreateItem() override
+    {
+        return std::make_unique<TzuGrid_SubGrid>(m_host, m_layouts);
+    }
+    void Changed() override { m_host.ModelChanged(); }
+
+private:
+    IGridModelHost &m_host;
+    const TzuCellLayouts &m_layouts;
+};
+
+} // namespace korvane
