@@ -372,6 +372,13 @@ bool TGantKeys::Cancel()
 
 bool TGantKeys::Edit()
 {
+    if (OnEditDataEntity_Link && SelectedCount() == 0) {
+        const std::vector<TzuDataEntity_Link *> links = SelectedLinks();
+        if (links.size() == 1) {
+            OnEditDataEntity_Link(Component(), links.front());
+            return true;
+        }
+    }
     TzuDataEntity_Spanbar *active = ActiveDataEntity();
     if (active == nullptr) {
         return false;

@@ -57,7 +57,9 @@ enum class TGantKeyFunction : unsigned char {
     kfToggle, ///< selects or deselects the active item
     kfSelectAll,
     kfCancel, ///< ends a gesture, or else clears the selection
-    kfEdit,   ///< OnEditDataEntity_Spanbar, or else OnDblClickGantArea, of the active item
+    /// OnEditDataEntity_Link of a link that alone is selected; or else, of the active item,
+    /// OnEditDataEntity_Spanbar or OnDblClickGantArea.
+    kfEdit,
     kfDelete, ///< deletes what is selected when OnAskDelete agrees
     kfZoomIn, ///< about the active item, or else the middle of the axis
     kfZoomOut,
@@ -114,6 +116,8 @@ public:
     TOnLinkHint OnLinkHint;
     /// The user wants to edit an item, which can be edited.
     TOnGantItem OnEditDataEntity_Spanbar;
+    /// The user wants to edit a link: it alone is selected.
+    TOnGantLink OnEditDataEntity_Link;
     /// The user wants to delete what is selected. The chart deletes it when the handler says so; a
     /// handler that deletes on its own does not. Items that cannot be edited are not among them.
     TOnAskDelete OnAskDelete;

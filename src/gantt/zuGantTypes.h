@@ -124,6 +124,8 @@ using TOnCollisionDetected = TMethod<void(
     TzuGant_ComBasic *theGant, TzuDataEntity_Spanbar *theDataEntity, int theNewSubColPosition)>;
 /// An item that the user has asked to be edited.
 using TOnGantItem = TOnInfoPush_Spanbar;
+/// A link that the user has asked to be edited.
+using TOnGantLink = TMethod<void(TzuGant_ComBasic *theGant, TzuDataEntity_Link *theDataEntity)>;
 /// What is selected is to be deleted by the chart if the handler sets `allow`, which is false on
 /// entry.
 using TOnAskDelete =
