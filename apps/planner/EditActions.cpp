@@ -1,5 +1,6 @@
 #include "EditActions.h"
 
+#include "LinkDialog.h"
 #include "PlanChart.h"
 #include "PlanDocument.h"
 #include "PlanEdits.h"
@@ -50,6 +51,7 @@ EditActions::EditActions(QMenu &menu, PlanDocument &document, PlanEdits &edits, 
     openOn(chart.Tree(), *chart.Tree().viewport());
     connect(&chart, &PlanChart::selectionChanged, this, &EditActions::UpdateEnabled);
     connect(&chart, &PlanChart::taskActivated, this, &EditActions::ShowDetails);
+    connect(&chart, &PlanChart::linkActivated, this, &EditActions::ShowLink);
     // Not within the handler of the key: what it is about goes.
     connect(&chart, &PlanChart::deleteWanted, this, &EditActions::Delete, Qt::QueuedConnection);
     connect(&document, &PlanDocument::replaced, this, &EditActions::UpdateEnabled);
@@ -103,13 +105,14 @@ void EditActions::AddLinks()
                 m_edits.RemoveLinks(links);
             }
         });
+    QAction *edit = Add(tr("Edit link..."), {}, Needs::TaskOrLink, [this] { EditLink(); });
     QAction *draw = Add(tr("Dra&w links"), QKeySequence(tr("Ctrl+L")), Needs::Plan, [](bool) {});
     draw->setCheckable(true);
     connect(draw, &QAction::toggled, this, [this](bool on) {
         m_chart.SetLinking(on);
         Q_EMIT hinted(on ? tr("Drag from a task to the one that follows it.") : QString());
     });
-    m_contextActions += {nullptr, link, unlink};
+    m_contextActions += {nullptr, link, unlink, edit};
 }
 
 void EditActions::AddDates()
@@ -181,6 +184,27 @@ void EditActions::Nudge(int direction)
     if (!dates.empty()) {
         m_edits.SetDates(dates, PlanEdits::DateSource::Keyboard);
     }
+}
+
+/// The selected link, or else the one between the selected tasks.
+void EditActions::EditLink()
+{
+    std::vector<int> links = m_chart.SelectedPlanLinks();
+    if (links.empty()) {
+        links = m_edits.LinksAmong(m_chart.SelectedTasks());
+    }
+    if (links.size() == 1) {
+        ShowLink(links.front());
+    } else {
+        Q_EMIT hinted(tr("Select the link, or the two tasks that it joins."));
+    }
+}
+
+void EditActions::ShowLink(int link)
+{
+    auto *dialog = new LinkDialog(m_edits, link, m_chart.window());
+    dialog->setAttribute(Qt::WA_DeleteOnClose);
+    dialog->open();
 }
 
 void EditActions::ShowDetails(int task)

@@ -44,6 +44,8 @@ private:
     void Delete();
     void Nudge(int direction);
     void ShowDetails(int task);
+    void EditLink();
+    void ShowLink(int link);
 
     QMenu &m_menu;
     PlanDocument &m_document;

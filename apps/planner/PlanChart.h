@@ -90,6 +90,8 @@ Q_SIGNALS:
     void selectionChanged();
     /// A task was double-clicked, or the Enter key pressed on it.
     void taskActivated(int task);
+    /// The only selected link was double-clicked, or the Enter key pressed for it.
+    void linkActivated(int link);
     /// The Delete key was pressed in the area, or the tree was asked to delete.
     void deleteWanted();
     /// The instant under the pointer has changed.

@@ -52,12 +52,18 @@ void PlanChart::ConnectGestures()
     // Every press ends the mode.
     OnGantAreaMouseUp = [this](auto &&...) { SetLinking(m_linking); };
     OnDblClickGantArea = [this](auto *, TzuDataEntity_Spanbar *bar) {
+        const std::vector<int> links = SelectedPlanLinks();
         if (bar != nullptr) {
             Q_EMIT taskActivated(TaskOf(*bar));
+        } else if (links.size() == 1) { // by the first click
+            Q_EMIT linkActivated(links.front());
         }
     };
     OnEditDataEntity_Spanbar = [this](auto *, TzuDataEntity_Spanbar *bar) {
         Q_EMIT taskActivated(TaskOf(*bar));
+    };
+    OnEditDataEntity_Link = [this](auto *, TzuDataEntity_Link *line) {
+        Q_EMIT linkActivated(LinkOf(*line));
     };
     OnAskDelete = [this](auto *, const auto &, const auto &, bool &) { Q_EMIT deleteWanted(); };
     OnAfterSelectionChanged = [this](auto *) { AreaSelectionChanged(); };

@@ -42,7 +42,9 @@ void PlanChart::HandleToolTip(QHelpEvent &event)
 {
     const int task = TaskAt(event.pos());
     if (task == kNoIndex) {
-        QToolTip::hideText();
+        const TzuDataEntity_Link *line = GetLinkFromXY(event.pos().x(), event.pos().y());
+        const QString text = line != nullptr ? LinkToolTip(GetPlan(), LinkOf(*line)) : QString();
+        QToolTip::showText(event.globalPos(), text, &GantArea(), QRect(event.pos(), QSize(3, 3)));
         return;
     }
     const TzuDataEntity_Spanbar &bar = *Items(task).Bar;

@@ -187,11 +187,10 @@ TaskDates PlanEdits::NewTaskDates(int above) const
         start = range ? range->Start : DateOf(Now());
     }
     const WorkCalendar &calendar = plan.ProjectCalendar();
-    const auto fullest = std::ranges::max(calendar.WeekDays(), {}, &DayTimes::Minutes);
     // The first working minute at or after the start.
     constexpr double kMinute = 1.0 / kMinutesPerDay;
     const TDateTime first = calendar.FinishAfter(*start, 1) - kMinute;
-    return {above, {first, calendar.FinishAfter(first, fullest.Minutes())}};
+    return {above, {first, calendar.FinishAfter(first, calendar.DayMinutes())}};
 }
 
 bool PlanEdits::Insert(int above)
@@ -285,7 +284,15 @@ bool PlanEdits::RemoveLinks(const std::vector<int> &links)
     return Do(text, [&](PlanEditor &editor) { return editor.RemoveLinks(links); });
 }
 
-bool PlanEdits::Unlink(const std::vector<int> &tasks)
+bool PlanEdits::ChangeLink(int link, PlanLinkType type, PlanLag lag)
+{
+    const PlanLink &former = GetPlan().Links.at(std::size_t(link));
+    return Do(tr("Change the link of %1 and %2")
+                  .arg(NamesOf({former.Predecessor}), NamesOf({former.Successor})),
+              [&](PlanEditor &editor) { return editor.ChangeLink(link, type, lag); });
+}
+
+std::vector<int> PlanEdits::LinksAmong(const std::vector<int> &tasks) const
 {
     std::vector<int> sorted = tasks;
     std::ranges::sort(sorted);
@@ -298,6 +305,12 @@ bool PlanEdits::Unlink(const std::vector<int> &tasks)
             links.push_back(static_cast<int>(i));
         }
     }
+    return links;
+}
+
+bool PlanEdits::Unlink(const std::vector<int> &tasks)
+{
+    const std::vector<int> links = LinksAmong(tasks);
     if (links.empty()) {
         Q_EMIT refused(tr("There are no links between the selected tasks."));
         return false;

@@ -27,6 +27,9 @@ public:
 
     const Plan &GetPlan() const;
 
+    /// All links between two of the tasks; of a single task all that it has.
+    std::vector<int> LinksAmong(const std::vector<int> &tasks) const;
+
     // Each returns whether the plan has changed.
     bool SetDates(const std::vector<TaskDates> &dates, DateSource source = DateSource::Gesture);
     bool Rename(int task, const QString &name);
@@ -43,8 +46,9 @@ public:
     bool MoveDown(const std::vector<int> &tasks);
     bool Link(int predecessor, int successor);
     bool LinkInOrder(const std::vector<int> &tasks);
+    bool ChangeLink(int link, PlanLinkType type, PlanLag lag);
     bool RemoveLinks(const std::vector<int> &links);
-    /// All links between two of the tasks; of a single task all that it has.
+    /// Removes LinksAmong the tasks.
     bool Unlink(const std::vector<int> &tasks);
 
     /// Milliseconds from any moment on; by default those of the system's steady clock.

@@ -2,6 +2,7 @@
 
 #include "foundation/qt/zuConvert.h"
 #include "foundation/zuFormat.h"
+#include "plan/LinkText.h"
 
 #include <QLocale>
 #include <QStringList>
@@ -24,9 +25,8 @@ QString DateText(TDateTime instant)
 QString DurationText(const Plan &plan, const PlanSpan &span)
 {
     const WorkCalendar &calendar = plan.ProjectCalendar();
-    const auto fullest = std::ranges::max(calendar.WeekDays(), {}, &DayTimes::Minutes);
     const double minutes = calendar.MinutesBetween(span.Start, span.Finish);
-    const double days = minutes / std::max(fullest.Minutes(), 1);
+    const double days = minutes / std::max(calendar.DayMinutes(), 1);
     if (minutes <= 0) {
         return QLocale().toString((span.Finish - span.Start) * 24, 'g', 3)
                + QStringLiteral(" hours, none of them working time");
@@ -92,6 +92,17 @@ QString TaskToolTip(const Plan &plan, int index)
     rows += Row(QStringLiteral("Resources"), ResourcesText(plan, index));
     return QStringLiteral("<p style='white-space:pre-wrap'><b>%1</b></p><table>%2</table>%3")
         .arg(task.Name.toHtmlEscaped(), rows, NotesText(task.Notes));
+}
+
+QString LinkToolTip(const Plan &plan, int index)
+{
+    const PlanLink &link = plan.Links.at(static_cast<std::size_t>(index));
+    const auto nameOf = [&](int task) {
+        return plan.Tasks.at(static_cast<std::size_t>(task)).Name.toHtmlEscaped();
+    };
+    const QString text = LinkText(link, plan.ProjectCalendar().DayMinutes());
+    return QStringLiteral("<p style='white-space:pre-wrap'><b>%1</b> \u2192 <b>%2</b></p><p>%3</p>")
+        .arg(nameOf(link.Predecessor), nameOf(link.Successor), text.toHtmlEscaped());
 }
 
 } // namespace korvane::planner

@@ -197,6 +197,11 @@ WorkCalendar::WorkCalendar(Week week, std::vector<CalendarException> exceptions)
     }
 }
 
+int WorkCalendar::DayMinutes() const
+{
+    return std::ranges::max(m_week, {}, &DayTimes::Minutes).Minutes();
+}
+
 const DayTimes &WorkCalendar::TimesOf(int day) const
 {
     const auto after =

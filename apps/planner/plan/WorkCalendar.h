@@ -70,6 +70,8 @@ public:
     const std::vector<CalendarException> &Exceptions() const { return m_exceptions; }
 
     const DayTimes &TimesOf(int day) const;
+    /// Of the weekday that has the most: what is called a day of work.
+    int DayMinutes() const;
     bool IsWorkingDay(int day) const { return TimesOf(day).IsWorking(); }
 
     /// The earliest instant up to which that much working time has passed since `start`; the last

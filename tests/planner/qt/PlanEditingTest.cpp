@@ -1,5 +1,6 @@
 // Editing in the planner's window, with the mouse and the keys that users have.
 #include "EditActions.h"
+#include "LinkDialog.h"
 #include "MainWindow.h"
 #include "PlanChart.h"
 #include "PlanDocument.h"
@@ -10,8 +11,11 @@
 
 #include <QAction>
 #include <QApplication>
+#include <QComboBox>
+#include <QDoubleSpinBox>
 #include <QLineEdit>
 #include <QMenuBar>
+#include <QPushButton>
 #include <QSettings>
 #include <QSignalSpy>
 #include <QSpinBox>
@@ -98,6 +102,18 @@ protected:
         }
         QTest::mouseRelease(&area, Qt::LeftButton, modifiers, to);
         Settle();
+    }
+    /// Clicks somewhere on the way from 'Dig' to 'Paint', below the first bar.
+    QPoint SelectLink()
+    {
+        const QRect from = RectOf(1);
+        QPoint at(from.right() - 30, from.bottom() + 20);
+        while (at.x() < from.right() + 30 && Chart().SelectedPlanLinks().empty()) {
+            at.rx() += 1;
+            QTest::mouseClick(&Chart().GantArea(), Qt::LeftButton, {}, at);
+            Settle();
+        }
+        return at;
     }
     void Click(int task, Qt::KeyboardModifiers modifiers = {})
     {
@@ -313,13 +329,7 @@ TEST_F(PlanEditingTest, RowsOfTheTreeAreMovedAndDeletedByTheUser)
 
 TEST_F(PlanEditingTest, LinksAreSelectedWithTheMouseAndDeleted)
 {
-    const auto &line = static_cast<const TzuDataEntity_Link &>(*Chart().GetLinks().GetItems(0));
-    const QRect from = RectOf(1);
-    // Somewhere on the way from 'Dig' to 'Paint', below the first bar.
-    for (int x = from.right() - 30; x < from.right() + 30 && !line.GetSelected(); ++x) {
-        QTest::mouseClick(&Chart().GantArea(), Qt::LeftButton, {}, QPoint(x, from.bottom() + 20));
-        Settle();
-    }
+    SelectLink();
     ASSERT_EQ(Chart().SelectedPlanLinks(), std::vector{0});
     QTest::keyClick(&Chart().GantArea(), Qt::Key_Delete);
     Settle();
@@ -333,6 +343,50 @@ TEST_F(PlanEditingTest, LinksAreSelectedWithTheMouseAndDeleted)
     QTest::keyClick(&Chart().GantArea(), Qt::Key_Delete);
     Settle();
     EXPECT_EQ(Now().Tasks.size(), 4U);
+    ExpectUndoAllRestores();
+}
+
+TEST_F(PlanEditingTest, TheFormOfALinkChangesOrDeletesItInOneStep)
+{
+    const auto form = [this] {
+        Settle();
+        return m_window.findChild<LinkDialog *>();
+    };
+    const auto enter = [&](int type, double lag, LagMeasure measure) {
+        const auto combos = form()->findChildren<QComboBox *>();
+        combos.at(0)->setCurrentIndex(type);
+        combos.at(1)->setCurrentIndex(int(measure));
+        form()->findChild<QDoubleSpinBox *>()->setValue(lag);
+        form()->accept();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        Settle();
+    };
+    const QPoint onLink = SelectLink();
+    QTest::keyClick(&Chart().GantArea(), Qt::Key_Return);
+    ASSERT_NE(form(), nullptr);
+    enter(1, -1.5, LagMeasure::Days);
+    EXPECT_EQ(Now().Links[0].Type, PlanLinkType::StartToStart);
+    EXPECT_EQ(Now().Links[0].Lag, PlanLag{-720});
+    EXPECT_EQ(History().undoText(), u"Change the link of 'Dig' and 'Paint'");
+    EXPECT_EQ(Chart().SelectedPlanLinks(), std::vector{0}) << "it stays selected";
+    Trigger(u"Edit link..."_s);
+    enter(1, -1.5, LagMeasure::Days);
+    EXPECT_EQ(History().count(), 1) << "no change is no step";
+    Trigger(u"Edit link..."_s);
+    enter(0, 50, LagMeasure::ElapsedPercent);
+    QTest::mouseDClick(&Chart().GantArea(), Qt::LeftButton, {}, onLink);
+    ASSERT_NE(form(), nullptr) << "the line is where it was";
+    EXPECT_EQ(form()->findChildren<QComboBox *>().at(1)->currentText(), u"elapsed %");
+    for (QPushButton *button : form()->findChildren<QPushButton *>()) {
+        if (button->text() == u"&Delete") {
+            button->click();
+        }
+    }
+    EXPECT_EQ(Now().Links.size(), 1U);
+    EXPECT_EQ(History().count(), 3);
+    Chart().SelectTasks({0, 1});
+    Trigger(u"Edit link..."_s);
+    EXPECT_EQ(form(), nullptr) << "the tasks are not linked";
     ExpectUndoAllRestores();
 }
 
