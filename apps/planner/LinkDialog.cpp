@@ -96,8 +96,7 @@ void LinkDialog::FitDecimals()
 {
     const auto measure = LagMeasure(m_measure->currentIndex());
     const bool isPercent = measure == LagMeasure::Percent || measure == LagMeasure::ElapsedPercent;
-    const bool isMinutes =
-        measure == LagMeasure::Minutes || measure == LagMeasure::ElapsedMinutes;
+    const bool isMinutes = measure == LagMeasure::Minutes || measure == LagMeasure::ElapsedMinutes;
     m_lag->setDecimals(isPercent ? 0 : isMinutes ? 1 : 2);
 }
 

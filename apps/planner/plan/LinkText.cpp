@@ -13,8 +13,8 @@ struct Measure
 {
     const char *Name;
     PlanLagUnit Unit;
-    int Factor;        ///< minutes or percent; 0 for a working day
-    double Roundness;  ///< of which the number should be a multiple
+    int Factor;       ///< minutes or percent; 0 for a working day
+    double Roundness; ///< of which the number should be a multiple
 };
 
 constexpr std::array<Measure, kLagMeasures> kMeasures{{
