@@ -46,6 +46,18 @@ struct Options
     QCommandLineOption Ratio{QStringLiteral("dpr"),
                              QStringLiteral("Device pixels per pixel of a .png picture."),
                              QStringLiteral("ratio")};
+    QCommandLineOption Rows{
+        QStringLiteral("rows"),
+        QStringLiteral(
+            "What a row stands for. Timetables (a folder or .zip of GTFS tables): block, "
+            "route; by default blocks where trips name any. Job traces (.swf): node "
+            "(default), partition, queue, user, group."),
+        QStringLiteral("kind")};
+    QCommandLineOption Day{
+        QStringLiteral("day"),
+        QStringLiteral("The service day of a timetable (ISO 8601). By default the week in which "
+                       "most trips run is shown, every trip once, on its first day there."),
+        QStringLiteral("date")};
     QCommandLineOption Dark{QStringLiteral("dark"), QStringLiteral("Use dark colours.")};
 };
 
@@ -69,14 +81,17 @@ std::optional<QSize> ParseSize(const QString &text)
 CommandLine::CommandLine(const QStringList &arguments)
 {
     QCommandLineParser parser;
-    parser.setApplicationDescription(QStringLiteral("Shows project plans as Gantt charts."));
-    parser.addPositionalArgument(QStringLiteral("file"), QStringLiteral("The plan to open."),
-                                 QStringLiteral("[file]"));
+    parser.setApplicationDescription(
+        QStringLiteral("Shows project plans, timetables and job traces as Gantt charts."));
+    parser.addPositionalArgument(
+        QStringLiteral("file"),
+        QStringLiteral("The plan to open: a file, or a folder of GTFS tables."),
+        QStringLiteral("[file]"));
     const QCommandLineOption help = parser.addHelpOption();
     const QCommandLineOption version = parser.addVersionOption();
     const Options options;
-    parser.addOptions({options.Summary, options.Convert, options.Render, options.Size, options.From,
-                       options.To, options.Ratio, options.Dark});
+    parser.addOptions({options.Rows, options.Day, options.Summary, options.Convert, options.Render,
+                       options.Size, options.From, options.To, options.Ratio, options.Dark});
 
     const bool isParsed = parser.parse(arguments);
     m_helpText =
@@ -92,6 +107,8 @@ CommandLine::CommandLine(const QStringList &arguments)
         m_action = Action::PrintVersion;
     } else if (files.size() > 1) {
         m_action = Fail(QStringLiteral("only one file can be opened"));
+    } else if (ReadFileOptions(parser) == Action::ReportError) {
+        m_action = Action::ReportError;
     } else if (parser.isSet(options.Render)) {
         m_action = m_fileName.isEmpty() ? Fail(QStringLiteral("--render needs a file"))
                                         : ReadRequest(parser);
@@ -109,6 +126,28 @@ CommandLine::Action CommandLine::Fail(const QString &error)
 {
     m_error = error;
     return Action::ReportError;
+}
+
+/// Anything but ReportError when the options make sense.
+CommandLine::Action CommandLine::ReadFileOptions(const QCommandLineParser &parser)
+{
+    static const QStringList kRows = {QStringLiteral("block"), QStringLiteral("route"),
+                                      QStringLiteral("node"),  QStringLiteral("partition"),
+                                      QStringLiteral("queue"), QStringLiteral("user"),
+                                      QStringLiteral("group")};
+    const Options options;
+    m_reading.Rows = parser.value(options.Rows);
+    if (parser.isSet(options.Rows) && !kRows.contains(m_reading.Rows)) {
+        return Fail(QStringLiteral("--rows needs one of %1").arg(kRows.join(QStringLiteral(", "))));
+    }
+    if (parser.isSet(options.Day)) {
+        const auto day = ParseIsoDateTime(parser.value(options.Day));
+        if (!day || !IsPlanDate(*day)) {
+            return Fail(QStringLiteral("--day needs a date like 2026-11-02, from 1900 to 4000"));
+        }
+        m_reading.Day = static_cast<int>(*day);
+    }
+    return m_action;
 }
 
 CommandLine::Action CommandLine::ReadRequest(const QCommandLineParser &parser)
@@ -166,10 +205,10 @@ void PrintError(const QString &line)
     PrintLine(stderr, "planner: " + line.toLocal8Bit());
 }
 
-ExitCode PrintSummary(const QString &fileName)
+ExitCode PrintSummary(const QString &fileName, const ReadOptions &options)
 {
     NoProgress progress;
-    const PlanResult result = LoadPlan(fileName, PlanReaders::Builtin(), progress);
+    const PlanResult result = LoadPlan(fileName, PlanReaders::Builtin(options), progress);
     if (result.Status != PlanStatus::Loaded) {
         PrintError(ErrorLine(fileName, result.Error));
         return ExitCode::UnusableFile;
@@ -178,10 +217,10 @@ ExitCode PrintSummary(const QString &fileName)
     return ExitCode::Ok;
 }
 
-ExitCode Convert(const QString &fileName, const QString &output)
+ExitCode Convert(const QString &fileName, const ReadOptions &options, const QString &output)
 {
     NoProgress progress;
-    const PlanResult result = LoadPlan(fileName, PlanReaders::Builtin(), progress);
+    const PlanResult result = LoadPlan(fileName, PlanReaders::Builtin(options), progress);
     if (result.Status != PlanStatus::Loaded) {
         PrintError(ErrorLine(fileName, result.Error));
         return ExitCode::UnusableFile;

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "foundation/zuTypes.h"
+#include "plan/PlanReader.h"
 
 #include <QSize>
 #include <QString>
@@ -50,6 +51,8 @@ public:
     const QString &FileName() const { return m_fileName; }
     /// The file to write; filled for Convert.
     const QString &Output() const { return m_output; }
+    /// How the file is to be read.
+    const ReadOptions &Reading() const { return m_reading; }
     /// Filled for RenderPicture.
     const RenderRequest &Request() const { return m_request; }
     /// Whether dark colours are asked for rather than the system's.
@@ -61,11 +64,13 @@ public:
 private:
     Action Fail(const QString &error);
     Action ReadRequest(const QCommandLineParser &parser);
+    Action ReadFileOptions(const QCommandLineParser &parser);
     Action ReadRange(const QCommandLineParser &parser);
 
     Action m_action = Action::ShowWindow;
     QString m_fileName;
     QString m_output;
+    ReadOptions m_reading;
     RenderRequest m_request;
     bool m_dark = false;
     QString m_error;
@@ -75,8 +80,8 @@ private:
 /// Prints "planner: " and the line on standard error.
 void PrintError(const QString &line);
 /// Prints the plan's figures as JSON on standard output, or one line on standard error.
-ExitCode PrintSummary(const QString &fileName);
+ExitCode PrintSummary(const QString &fileName, const ReadOptions &options);
 /// Reads a plan and writes it as project XML.
-ExitCode Convert(const QString &fileName, const QString &output);
+ExitCode Convert(const QString &fileName, const ReadOptions &options, const QString &output);
 
 } // namespace korvane::planner

@@ -177,7 +177,8 @@ void MainWindow::ShowAbout()
     OpenBox(new QMessageBox(
         QMessageBox::NoIcon, tr("About the planner"),
         tr("<h3>Planner %1</h3><p>Shows project plans as Gantt charts: project XML files (.xml, "
-           ".xml.gz) and GanttProject files (.gan).</p><p>Built with Korvane, a library of visual "
+           ".xml.gz), GanttProject files (.gan), timetables (.zip, or a folder of GTFS tables) and "
+           "job traces (.swf).</p><p>Built with Korvane, a library of visual "
            "components for planning and scheduling.</p>")
             .arg(QStringLiteral(KORVANE_VERSION)),
         QMessageBox::Close, this));

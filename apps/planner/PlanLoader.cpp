@@ -17,10 +17,10 @@ namespace {
 constexpr qint64 kReportSteps = 200;
 constexpr qint64 kReportBytes = 1 << 20; ///< between two reports when the total is not known
 
-PlanResult Read(const QString &fileName, IProgress &progress)
+PlanResult Read(const QString &fileName, const ReadOptions &options, IProgress &progress)
 {
     try {
-        return LoadPlan(fileName, PlanReaders::Builtin(), progress);
+        return LoadPlan(fileName, PlanReaders::Builtin(options), progress);
     } catch (const std::exception &error) {
         return {PlanStatus::Refused, {}, {0, QString::fromUtf8(error.what())}};
     }
@@ -44,6 +44,7 @@ public:
     Job(PlanLoader &loader, const QString &fileName)
         : m_loader(loader)
         , m_fileName(fileName)
+        , m_options(loader.Options())
         , m_thread([this] { Run(); })
     {
     }
@@ -75,7 +76,7 @@ public:
 private:
     void Run()
     {
-        auto result = std::make_shared<PlanResult>(Read(m_fileName, *this));
+        auto result = std::make_shared<PlanResult>(Read(m_fileName, m_options, *this));
         Tell([&](News &news) { news.Result = std::move(result); });
         m_over = true;
     }
@@ -95,6 +96,7 @@ private:
 
     PlanLoader &m_loader;
     const QString m_fileName;
+    const ReadOptions m_options;
     std::atomic<bool> m_canceled = false;
     std::atomic<bool> m_over = false;
     qint64 m_step = -1; ///< the thread's own

@@ -21,6 +21,9 @@ public:
     explicit PlanLoader(QObject *parent = nullptr);
     ~PlanLoader() override;
 
+    /// For the loads to come.
+    void SetOptions(const ReadOptions &options) { m_options = options; }
+    const ReadOptions &Options() const { return m_options; }
     void Start(const QString &fileName);
     void Cancel();
     bool IsLoading() const { return m_job != nullptr; }
@@ -43,6 +46,7 @@ private:
 
     void TakeNews();
 
+    ReadOptions m_options;
     Job *m_job = nullptr;                     ///< the load that runs
     std::vector<std::unique_ptr<Job>> m_jobs; ///< also those given up that have not noticed yet
 };

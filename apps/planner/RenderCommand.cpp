@@ -27,10 +27,11 @@ void ShowRange(PlanChart &chart, const RenderRequest &request)
 
 } // namespace
 
-ExitCode RenderPlan(const QString &fileName, const RenderRequest &request)
+ExitCode RenderPlan(const QString &fileName, const ReadOptions &options,
+                    const RenderRequest &request)
 {
     NoProgress progress;
-    PlanResult result = LoadPlan(fileName, PlanReaders::Builtin(), progress);
+    PlanResult result = LoadPlan(fileName, PlanReaders::Builtin(options), progress);
     if (result.Status != PlanStatus::Loaded) {
         PrintError(ErrorLine(fileName, result.Error));
         return ExitCode::UnusableFile;

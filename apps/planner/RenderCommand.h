@@ -6,6 +6,7 @@
 namespace korvane::planner {
 
 /// Needs a QApplication, on any platform. Prints one line on standard error when it fails.
-ExitCode RenderPlan(const QString &fileName, const RenderRequest &request);
+ExitCode RenderPlan(const QString &fileName, const ReadOptions &options,
+                    const RenderRequest &request);
 
 } // namespace korvane::planner

@@ -2,6 +2,7 @@
 #include "CommandLine.h"
 #include "MainWindow.h"
 #include "PictureFormat.h"
+#include "PlanLoader.h"
 #include "RenderCommand.h"
 #include "Theme.h"
 
@@ -49,7 +50,7 @@ ExitCode Render(int argc, char **argv, const CommandLine &commandLine)
     qInstallMessageHandler([](QtMsgType, const QMessageLogContext &, const QString &) {});
     const QApplication application(argc, argv);
     ApplyTheme(commandLine);
-    return RenderPlan(commandLine.FileName(), commandLine.Request());
+    return RenderPlan(commandLine.FileName(), commandLine.Reading(), commandLine.Request());
 }
 
 int ShowWindow(int argc, char **argv, const CommandLine &commandLine)
@@ -61,6 +62,7 @@ int ShowWindow(int argc, char **argv, const CommandLine &commandLine)
     const QApplication application(argc, argv);
     ApplyTheme(commandLine);
     MainWindow window;
+    window.Loader().SetOptions(commandLine.Reading());
     window.show();
     if (!commandLine.FileName().isEmpty()) {
         window.Open(commandLine.FileName());
@@ -74,9 +76,10 @@ int Run(int argc, char **argv, const CommandLine &commandLine)
 {
     switch (commandLine.GetAction()) {
     case CommandLine::Action::PrintSummary:
-        return static_cast<int>(PrintSummary(commandLine.FileName()));
+        return static_cast<int>(PrintSummary(commandLine.FileName(), commandLine.Reading()));
     case CommandLine::Action::Convert:
-        return static_cast<int>(Convert(commandLine.FileName(), commandLine.Output()));
+        return static_cast<int>(
+            Convert(commandLine.FileName(), commandLine.Reading(), commandLine.Output()));
     case CommandLine::Action::RenderPicture:
         return static_cast<int>(Render(argc, argv, commandLine));
     case CommandLine::Action::PrintHelp:

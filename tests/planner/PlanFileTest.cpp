@@ -227,8 +227,9 @@ TEST(PlanFile, ErrorsAreOneLine)
 TEST(PlanFile, TheDialogFilterNamesEveryFormat)
 {
     EXPECT_EQ(PlanReaders::Builtin().DialogFilter(),
-              u"All plans (*.xml *.xml.gz *.gan *.gan.gz);;Project XML (*.xml *.xml.gz);;"
-              "GanttProject (*.gan *.gan.gz);;All files (*)");
+              u"All plans (*.xml *.xml.gz *.gan *.gan.gz *.zip trips.txt *.swf *.swf.gz);;"
+              "Project XML (*.xml *.xml.gz);;GanttProject (*.gan *.gan.gz);;"
+              "Timetable (*.zip trips.txt);;Job trace (*.swf *.swf.gz);;All files (*)");
 }
 
 } // namespace

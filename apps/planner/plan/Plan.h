@@ -107,6 +107,10 @@ struct PlanResource
 {
     std::int64_t Uid = kNoUid;
     QString Name;
+    /// Most units at work at the same time, 1 = one, full time; nothing where there is no limit, as
+    /// for material and costs.
+    std::optional<double> MaxUnits = 1;
+    int Calendar = kNoIndex; ///< its own one, index into Plan::Calendars
 };
 
 struct PlanAssignment
@@ -125,8 +129,15 @@ struct PlanCalendar
     WorkCalendar Times;
 };
 
+/// What a plan is made of in the first place.
+enum class PlanKind : std::uint8_t {
+    Tasks,     ///< a project's tasks
+    Intervals, ///< rows (the resources) with items on them (the tasks), as a timetable's
+};
+
 struct Plan
 {
+    PlanKind Kind = PlanKind::Tasks;
     QString Name;
     std::optional<TDateTime> Start;  ///< of the project, where the file names it
     std::optional<TDateTime> Finish; ///< of the project, where the file names it

@@ -44,6 +44,14 @@ void PlanBuilder::SetProject(const QString &name, std::optional<TDateTime> start
     m_plan.Finish = finish;
 }
 
+void PlanBuilder::SetIntervals()
+{
+    m_plan.Kind = PlanKind::Intervals;
+    WorkCalendar::Week week;
+    week.fill(DayTimes::WholeDay());
+    AddCalendar({1, QStringLiteral("Around the clock"), WorkCalendar(week)});
+}
+
 void PlanBuilder::CheckCount(std::size_t count, const QString &what, qint64 line)
 {
     if (count >= kMaxItems) {

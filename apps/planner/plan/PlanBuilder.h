@@ -49,6 +49,8 @@ public:
 
     void SetProject(const QString &name, std::optional<TDateTime> start,
                     std::optional<TDateTime> finish);
+    /// Of rows and items around the clock, every day.
+    void SetIntervals();
     void Remark(qint64 line, QString text) { m_plan.Remarks.Add(line, std::move(text)); }
 
     /// Takes a task in outline order: it becomes a subtask of the last one before it with a lower

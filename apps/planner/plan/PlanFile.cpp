@@ -1,8 +1,10 @@
 #include "plan/PlanFile.h"
 
+#include "plan/ClusterTraceReader.h"
 #include "plan/GanttProjectReader.h"
 #include "plan/GzipDevice.h"
 #include "plan/MspdiReader.h"
+#include "plan/TimetableReader.h"
 
 #include <QDir>
 #include <QFile>
@@ -70,6 +72,20 @@ private:
     qint64 m_done = 0;
 };
 
+/// A plan without a name is called as its file.
+PlanResult Named(PlanResult result, const QString &name)
+{
+    if (result.Value.Name.trimmed().isEmpty()) {
+        result.Value.Name = name;
+    }
+    return result;
+}
+
+PlanResult ReadFolder(const IPlanReader &reader, const QString &path, IProgress &progress)
+{
+    return Named(reader.ReadFolder(path, progress), QDir(path).dirName());
+}
+
 /// `content` is the file's, decompressed where that is needed.
 PlanResult ReadContent(QIODevice &content, WatchedFile &file, const QString &fileName,
                        const PlanReaders &readers, IProgress &progress)
@@ -79,25 +95,28 @@ PlanResult ReadContent(QIODevice &content, WatchedFile &file, const QString &fil
         return {PlanStatus::Canceled, {}, {}};
     }
     if (const IPlanReader *reader = readers.Find(head, fileName)) {
+        const QString folder = QFileInfo(fileName).path();
+        if (!reader->CanRead(head) && reader->CanReadFolder(folder)) {
+            return ReadFolder(*reader, folder, progress);
+        }
         PlanResult result = reader->Read(content, progress);
         if (result.Status == PlanStatus::Loaded && reader->IsWritten()) {
             result.Source = file.Source();
         }
-        if (result.Value.Name.trimmed().isEmpty()) {
-            result.Value.Name = QFileInfo(fileName).completeBaseName();
-        }
-        return result;
+        return Named(std::move(result), QFileInfo(fileName).completeBaseName());
     }
     return Refused(QStringLiteral("not a plan of a known format"));
 }
 
 } // namespace
 
-PlanReaders PlanReaders::Builtin()
+PlanReaders PlanReaders::Builtin(const ReadOptions &options)
 {
     PlanReaders readers;
     readers.Add(std::make_unique<MspdiReader>());
     readers.Add(std::make_unique<GanttProjectReader>());
+    readers.Add(std::make_unique<TimetableReader>(options));
+    readers.Add(std::make_unique<ClusterTraceReader>(options));
     return readers;
 }
 
@@ -121,6 +140,13 @@ const IPlanReader *PlanReaders::Find(const QByteArray &head, const QString &file
     return nullptr;
 }
 
+const IPlanReader *PlanReaders::FindForFolder(const QString &path) const
+{
+    const auto found =
+        std::ranges::find_if(m_readers, [&](const auto &r) { return r->CanReadFolder(path); });
+    return found != m_readers.end() ? found->get() : nullptr;
+}
+
 QString PlanReaders::DialogFilter() const
 {
     QStringList all;
@@ -142,7 +168,9 @@ PlanResult LoadPlan(const QString &fileName, const PlanReaders &readers, IProgre
         return Refused(QStringLiteral("no such file"));
     }
     if (info.isDir()) {
-        return Refused(QStringLiteral("a folder, not a file"));
+        const IPlanReader *reader = readers.FindForFolder(fileName);
+        return reader != nullptr ? ReadFolder(*reader, fileName, progress)
+                                 : Refused(QStringLiteral("a folder, not a file"));
     }
     QFile file(fileName);
     if (!file.open(QIODevice::ReadOnly)) {

@@ -51,7 +51,17 @@ struct PlanResult
     std::shared_ptr<const PlanSource> Source = {};
 };
 
-/// One file format. Readers have no state: one object reads any number of files, also at once.
+/// How files are read that can be read in more than one way.
+struct ReadOptions
+{
+    /// What a row stands for, as one of the format's choices; empty for its own default.
+    QString Rows;
+    /// The day of a timetable; without it the format chooses.
+    std::optional<int> Day;
+};
+
+/// One format of files or folders. Readers have no state: one object reads any number of files,
+/// also at once.
 class IPlanReader
 {
 public:
@@ -66,6 +76,14 @@ public:
     virtual QStringList FilePatterns() const = 0;
     /// Whether the content may be of this format, by its first bytes (decompressed, up to 4 kB).
     virtual bool CanRead(const QByteArray &head) const = 0;
+    /// Whether a folder is of this format as a whole. Then it can also be opened by a file in it
+    /// that matches the patterns.
+    virtual bool CanReadFolder(const QString & /*path*/) const { return false; }
+    /// As Read, for such a folder.
+    virtual PlanResult ReadFolder(const QString & /*path*/, IProgress & /*progress*/) const
+    {
+        return {};
+    }
     /// Whether plans are saved in this format, too.
     virtual bool IsWritten() const { return false; }
     /// `source` is open, possibly sequential, and stands at its beginning. Whatever its bytes are,

@@ -19,6 +19,12 @@ QJsonValue IsoOrNull(const std::optional<TDateTime> &instant)
 
 QJsonObject Summarize(const Plan &plan)
 {
+    if (plan.Kind == PlanKind::Intervals) {
+        return {{QStringLiteral("rows"), static_cast<qint64>(plan.Resources.size())},
+                {QStringLiteral("items"), static_cast<qint64>(plan.Tasks.size())},
+                {QStringLiteral("start"), IsoOrNull(plan.LeastStart)},
+                {QStringLiteral("finish"), IsoOrNull(plan.GreatestFinish)}};
+    }
     const auto milestones =
         std::ranges::count_if(plan.Tasks, [](const PlanTask &task) { return task.Milestone; });
     const auto summaries =

@@ -7,8 +7,9 @@
 
 namespace korvane::planner {
 
-/// `tasks`, `milestones`, `summaries` (as the file marks them), `links`, `resources`, and `start`
-/// and `finish` as ISO 8601 date-times or null.
+/// For interval sets `rows`, `items`, `start` and `finish`, else `tasks`, `milestones`, `summaries`
+/// (as the file marks them), `links`, `resources`, and `start` and `finish` as ISO 8601 date-times
+/// or null.
 QJsonObject Summarize(const Plan &plan);
 
 } // namespace korvane::planner
