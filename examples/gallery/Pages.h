@@ -11,6 +11,7 @@
 QWidget *CreateDateScalerPage();
 QWidget *CreateTreePage();
 QWidget *CreateGanttPage();
+QWidget *CreateSchemaPage();
 
 struct TGalleryPage
 {
@@ -24,4 +25,5 @@ inline const std::array kGalleryPages = {
     TGalleryPage{"Date scaler", "date-scaler", QSize(1000, 590), &CreateDateScalerPage},
     TGalleryPage{"Tree", "tree", QSize(1000, 480), &CreateTreePage},
     TGalleryPage{"Gantt chart", "gantt", QSize(1200, 600), &CreateGanttPage},
+    TGalleryPage{"Schedule", "schedule", QSize(1200, 560), &CreateSchemaPage},
 };

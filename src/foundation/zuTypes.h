@@ -85,6 +85,7 @@ struct TRect
 using TColor = std::uint32_t;
 
 inline constexpr TColor kSystemColorFlag = 0x80000000U;
+inline constexpr TColor clBackground = kSystemColorFlag | 1U;
 inline constexpr TColor clWindow = kSystemColorFlag | 5U;
 inline constexpr TColor clWindowText = kSystemColorFlag | 8U;
 inline constexpr TColor clHighlight = kSystemColorFlag | 13U;

@@ -11,6 +11,8 @@ namespace {
 QPalette::ColorRole RoleOf(TColor systemColor)
 {
     switch (systemColor) {
+    case clBackground:
+        return QPalette::Mid;
     case clWindow:
         return QPalette::Base;
     case clWindowText:

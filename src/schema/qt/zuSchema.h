@@ -1,0 +1,74 @@
+// The schedule view as the form designer and applications know it.
+#pragma once
+
+#include "schema/qt/zuSchemaComBasic.h"
+
+#include <QColor>
+#include <QDateTime>
+#include <QFont>
+
+namespace korvane {
+
+/// The schedule view with its designer properties and signals. Properties named after the scaler
+/// are those of the time axis.
+class TzuSchema : public TzuSchema_ComBasic
+{
+    Q_OBJECT
+    Q_PROPERTY(bool FlipView READ FlipView WRITE SetFlipView)
+    Q_PROPERTY(QColor SchemaColor READ BackColor WRITE SetBackColor)
+    Q_PROPERTY(QColor SchemaPyjamasColor READ PyjamasColor WRITE SetPyjamasColor)
+    Q_PROPERTY(QFont TextFont1 READ TextFont1 WRITE SetTextFont1)
+    Q_PROPERTY(QFont TextFont2 READ TextFont2 WRITE SetTextFont2)
+    Q_PROPERTY(QFont TextFont3 READ TextFont3 WRITE SetTextFont3)
+    Q_PROPERTY(bool CollisionDetectBetweenDataList READ CollisionDetectBetweenDataList WRITE
+                   SetCollisionDetectBetweenDataList)
+    Q_PROPERTY(bool CollisionDetect READ CollisionDetect WRITE SetCollisionDetect)
+    Q_PROPERTY(int LeastSubColWidth READ LeastSubColWidth WRITE SetLeastSubColWidth)
+    Q_PROPERTY(bool ResizeAllCol READ ResizeAllCol WRITE SetResizeAllCol)
+    Q_PROPERTY(
+        ScrollVisibilityKind ScrollVisibility READ ScrollVisibility WRITE SetScrollVisibilityKind)
+    Q_PROPERTY(QString ScalerDateFormat READ ScalerDateFormat WRITE SetScalerDateFormat)
+    Q_PROPERTY(QString ScalerTimeFormat READ ScalerTimeFormat WRITE SetScalerTimeFormat)
+    Q_PROPERTY(QDateTime ScalerStart READ ScalerStartDateTime WRITE SetScalerStartDateTime)
+    Q_PROPERTY(QDateTime ScalerStop READ ScalerStopDateTime WRITE SetScalerStopDateTime)
+    Q_PROPERTY(int ScalerWidth READ GetScalerWidth WRITE SetScalerWidth)
+    Q_PROPERTY(int ScalerHeight READ GetScalerHeight WRITE SetScalerHeight STORED false)
+    Q_PROPERTY(bool DrawShortLines READ DrawShortLines WRITE SetDrawShortLines)
+    Q_PROPERTY(bool RescaleWithCtrl READ RescaleWithCtrl WRITE SetRescaleWithCtrl)
+
+public:
+    // TScrollVisibility as the designer knows it.
+    enum ScrollVisibilityKind { svAlways, svWhenNeeded, svNever };
+    Q_ENUM(ScrollVisibilityKind)
+
+    using TzuSchema_ComBasic::TzuSchema_ComBasic;
+
+    QColor BackColor() const;
+    void SetBackColor(const QColor &color);
+    QColor PyjamasColor() const;
+    void SetPyjamasColor(const QColor &color);
+    QFont TextFont1() const { return TextQFont(1); }
+    void SetTextFont1(const QFont &font) { SetTextQFont(1, font); }
+    QFont TextFont2() const { return TextQFont(2); }
+    void SetTextFont2(const QFont &font) { SetTextQFont(2, font); }
+    QFont TextFont3() const { return TextQFont(3); }
+    void SetTextFont3(const QFont &font) { SetTextQFont(3, font); }
+    ScrollVisibilityKind ScrollVisibility() const
+    {
+        return static_cast<ScrollVisibilityKind>(GetScrollVisibility());
+    }
+    void SetScrollVisibilityKind(ScrollVisibilityKind kind)
+    {
+        SetScrollVisibility(static_cast<TScrollVisibility>(kind));
+    }
+    QDateTime ScalerStartDateTime() const;
+    void SetScalerStartDateTime(const QDateTime &start);
+    QDateTime ScalerStopDateTime() const;
+    void SetScalerStopDateTime(const QDateTime &stop);
+
+private:
+    QFont TextQFont(int style) const;
+    void SetTextQFont(int style, const QFont &font);
+};
+
+} // namespace korvane

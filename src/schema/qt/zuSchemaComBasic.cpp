@@ -1,0 +1,252 @@
+#include "schema/qt/zuSchemaComBasic.h"
+
+#include "foundation/qt/zuConvert.h"
+#include "foundation/qt/zuToolkit.h"
+#include "foundation/qt/zuXYSizer.h"
+#include "foundation/zuDateUtils.h"
+
+#include <QEvent>
+#include <QWheelEvent>
+
+#include <algorithm>
+
+namespace korvane {
+
+namespace {
+
+constexpr int kDaysAhead = 31;
+
+} // namespace
+
+TzuSchema_ComBasic::TzuSchema_ComBasic(QWidget *parent, TConstruction construction)
+    : QFrame(parent)
+    , TSchemaCore(static_cast<ISchemaHost &>(*this), this)
+{
+    InstallToolkitServices();
+    if (construction == TConstruction::Complete) {
+        InitializeInConstructor();
+    }
+}
+
+TzuSchema_ComBasic::~TzuSchema_ComBasic()
+{
+    // Handlers that run while the data goes still see all parts.
+    FinalizeData();
+}
+
+void TzuSchema_ComBasic::InitializeInConstructor()
+{
+    InitializeData();
+    CreateParts();
+    TSchemaPartSizes sizes = PartSizes();
+    sizes.HeaderHeight = m_header->sizeHint().height();
+    SetPartSizes(sizes);
+    UpdatePartSize();
+    UpdateColumnScrollerLater();
+}
+
+void TzuSchema_ComBasic::CreateParts()
+{
+    m_scaler = CreateDateScaler(this);
+    m_scaler->setObjectName(QStringLiteral("Scaler"));
+    m_scaler->SetRange(Now(), Now() + kDaysAhead);
+    m_scaler->OnChange = [this](TObject *) { ScaleChanged(); };
+    m_scaler->OnPrintResizeFont =
+        TzuOffscreenPaint::TOnPrintResizeFont::Bind<&TzuSchema_ComBasic::_OnPrintResizeFont>(this);
+    m_header = new THeaderControl_MouseControl(*this);
+    m_header->setObjectName(QStringLiteral("Header"));
+    m_flippedHeader = new TDrawGrid_Schema(*this);
+    m_flippedHeader->setObjectName(QStringLiteral("FlippedHeader"));
+    m_flippedHeader->hide();
+    m_area = new TzuOffscreenPaint(this);
+    m_area->setObjectName(QStringLiteral("SchemaArea"));
+    m_area->setFrameShape(QFrame::NoFrame);
+    m_area->SetTabStop(true);
+    m_area->setMouseTracking(true);
+    m_area->OnPaint = [this](TzuOffscreenPaint *) { SchemaPaint(); };
+    m_area->OnPrintResizeFont = m_scaler->OnPrintResizeFont;
+    m_scroller = new TSchemaColumnScroller(this);
+    connect(m_scroller, &TSchemaColumnScroller::stepped, this, &TzuSchema_ComBasic::ScrollColumns);
+    m_sizer = new TXYSizer(this);
+    m_sizer->setObjectName(QStringLiteral("itsXYSizer"));
+    m_sizer->OnResize = [this](TXYSizer *, TPoint delta) { PartResize(delta); };
+    setTabOrder(m_area, m_scaler);
+    setFocusProxy(m_area);
+}
+
+TzuDateScaler *TzuSchema_ComBasic::CreateDateScaler(QWidget *parent)
+{
+    return new TzuDateScaler(parent);
+}
+
+QString TzuSchema_ComBasic::ScalerDateFormat() const
+{
+    return ToQt(m_scaler->TDateScalerCore::DateFormat());
+}
+
+void TzuSchema_ComBasic::SetScalerDateFormat(const QString &format)
+{
+    m_scaler->TDateScalerCore::SetDateFormat(FromQt(format));
+}
+
+QString TzuSchema_ComBasic::ScalerTimeFormat() const
+{
+    return ToQt(m_scaler->TDateScalerCore::TimeFormat());
+}
+
+void TzuSchema_ComBasic::SetScalerTimeFormat(const QString &format)
+{
+    m_scaler->TDateScalerCore::SetTimeFormat(FromQt(format));
+}
+
+void TzuSchema_ComBasic::SetHeaderPopupmenu(QMenu *menu)
+{
+    m_header->SetPopupMenu(menu);
+    m_flippedHeader->SetPopupMenu(menu);
+}
+
+void TzuSchema_ComBasic::RePaint()
+{
+    update();
+    m_scaler->Invalidate();
+    ColumnsChanged();
+}
+
+void TzuSchema_ComBasic::_RefreshEverything()
+{
+    UpdatePartSize();
+    UpdateSubColumns();
+    RePaint();
+}
+
+void TzuSchema_ComBasic::ScrollColumns(int columns)
+{
+    const int first = Columns().TopLeftCol();
+    const int last = std::max(Columns().LastTopLeftCol(FlipView(), ColumnRoom()), first);
+    Columns().SetTopLeftCol(std::clamp(first + columns, 0, last));
+    UpdateColumnScroller();
+}
+
+void TzuSchema_ComBasic::ScrollColumnsByWheel(int units)
+{
+    m_wheelUnits += units;
+    const int columns = m_wheelUnits / QWheelEvent::DefaultDeltasPerStep;
+    m_wheelUnits -= columns * QWheelEvent::DefaultDeltasPerStep;
+    if (columns != 0) {
+        ScrollColumns(columns);
+    }
+}
+
+// --- layout --------------------------------------------------------------------------------------
+
+void TzuSchema_ComBasic::PlaceParts()
+{
+    if (m_sizer == nullptr) { // not all are there yet
+        return;
+    }
+    const TSchemaPartRects rects = Parts();
+    TSchemaHeaderControl *shown =
+        FlipView() ? static_cast<TSchemaHeaderControl *>(m_flippedHeader) : m_header;
+    TSchemaHeaderControl *hidden =
+        FlipView() ? static_cast<TSchemaHeaderControl *>(m_header) : m_flippedHeader;
+    hidden->hide();
+    hidden->lower();
+    m_scaler->setGeometry(ToQt(rects.Scaler));
+    m_area->setGeometry(ToQt(rects.Area));
+    shown->setGeometry(ToQt(rects.Header));
+    shown->show();
+    PlaceScroller();
+    m_sizer->setGeometry(ToQt(rects.Sizer));
+    m_sizer->raise();
+}
+
+/// In the corner, close to the columns.
+void TzuSchema_ComBasic::PlaceScroller()
+{
+    const QRect corner = ToQt(Parts().Corner);
+    const QSize size = m_scroller->sizeHint().boundedTo(corner.size());
+    m_scroller->SetFlip(FlipView());
+    m_scroller->setGeometry(
+        QRect(corner.bottomRight() - QPoint(size.width() - 1, size.height() - 1), size));
+    m_scroller->raise();
+}
+
+void TzuSchema_ComBasic::ShowColumnScroller(bool show)
+{
+    if (m_sizer == nullptr) {
+        return;
+    }
+    m_scroller->setVisible(show);
+    m_scroller->SetReach(Columns().TopLeftCol() > 0,
+                         Columns().TopLeftCol()
+                             < Columns().LastTopLeftCol(FlipView(), ColumnRoom()));
+}
+
+void TzuSchema_ComBasic::resizeEvent(QResizeEvent *event)
+{
+    QFrame::resizeEvent(event);
+    if (m_sizer != nullptr) {
+        UpdatePartSize();
+    }
+}
+
+void TzuSchema_ComBasic::changeEvent(QEvent *event)
+{
+    QFrame::changeEvent(event);
+    const bool seen = event->type() == QEvent::PaletteChange || event->type() == QEvent::FontChange
+                      || event->type() == QEvent::StyleChange;
+    if (seen && m_sizer != nullptr) {
+        RePaint();
+    }
+}
+
+void TzuSchema_ComBasic::_OnPrintResizeFont(TzuOffscreenPaint *caller, int &fontSize,
+                                            bool &defaultResize)
+{
+    OnPrintResizeFont(caller, fontSize, defaultResize);
+}
+
+// --- ISchemaHost ---------------------------------------------------------------------------------
+
+void TzuSchema_ComBasic::InvalidateArea()
+{
+    if (m_area != nullptr) {
+        m_area->Invalidate();
+    }
+}
+
+TSize TzuSchema_ComBasic::AreaSize() const
+{
+    return {m_area->Width(), m_area->Height()};
+}
+
+TPrintScale TzuSchema_ComBasic::AreaPrintScale() const
+{
+    return {m_area->GetScalex(), m_area->GetScaley()};
+}
+
+bool TzuSchema_ComBasic::AreaHasFocus() const
+{
+    return m_area->hasFocus() && !m_area->GetIsPrinting();
+}
+
+TFont TzuSchema_ComBasic::ComponentFont() const
+{
+    return FromQt(font());
+}
+
+void TzuSchema_ComBasic::HeaderOutOfDate()
+{
+    if (m_sizer != nullptr) {
+        m_header->update();
+        m_flippedHeader->update();
+    }
+}
+
+int TzuSchema_ComBasic::HeaderTextWidth(std::string_view text, bool flip) const
+{
+    const QWidget *header = flip ? static_cast<QWidget *>(m_flippedHeader) : m_header;
+    return header->fontMetrics().horizontalAdvance(ToQt(text));
+}
+
+} // namespace korvane

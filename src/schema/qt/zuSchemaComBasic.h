@@ -1,0 +1,138 @@
+// The behaviour of the schedule view: scaler, headers, sizer and drawn area.
+#pragma once
+
+#include "foundation/qt/zuOffscreenPaint.h"
+#include "scaler/qt/zuScaler.h"
+#include "schema/qt/zuSchemaHeader.h"
+#include "schema/zuSchema.h"
+
+#include <QFrame>
+#include <QString>
+
+class QDrag;
+class QDragMoveEvent;
+class QDropEvent;
+
+namespace korvane {
+
+class TXYSizer;
+
+/// `column` is the number of the column under the mouse, or -1.
+using TOnHeaderClick = TMethod<void(TzuSchema_ComBasic *theSchema, int column)>;
+using TOnHeaderStartDrag = TMethod<void(TzuSchema_ComBasic *theSchema, int column, QDrag &drag)>;
+using TOnHeaderEndDrag =
+    TMethod<void(TzuSchema_ComBasic *theSchema, int column, Qt::DropAction action)>;
+using TOnHeaderDragOver =
+    TMethod<void(TzuSchema_ComBasic *theSchema, int column, QDragMoveEvent &event)>;
+using TOnHeaderDragDrop =
+    TMethod<void(TzuSchema_ComBasic *theSchema, int column, QDropEvent &event)>;
+
+/// All behaviour of the schedule view.
+///
+/// The date scaler stands at the left and the header of the columns at the top; in the flipped view
+/// it is the other way round. The sizer moves the corner between them; the buttons in the corner
+/// scroll the columns. The date scaler is the only owner of the visible time. It shows the 31 days
+/// from now on until told otherwise.
+///
+/// Parts are created through virtual factories. A subclass that overrides one constructs its base
+/// with TConstruction::WithoutParts and calls InitializeInConstructor() first thing in its own
+/// constructor.
+class TzuSchema_ComBasic : public QFrame, public TSchemaCore, private ISchemaHost
+{
+    Q_OBJECT
+
+public:
+    enum class TConstruction { Complete, WithoutParts };
+
+    explicit TzuSchema_ComBasic(QWidget *parent = nullptr,
+                                TConstruction construction = TConstruction::Complete);
+    ~TzuSchema_ComBasic() override;
+
+    // The parts. Owned by the schedule.
+    TzuDateScaler &DateScaler() { return *m_scaler; }
+    const TzuDateScaler &DateScaler() const { return *m_scaler; }
+    TzuOffscreenPaint &SchemaArea() { return *m_area; }
+    THeaderControl_MouseControl &Header() { return *m_header; }
+    TDrawGrid_Schema &FlippedHeader() { return *m_flippedHeader; }
+    TXYSizer &Sizer() { return *m_sizer; }
+    TSchemaColumnScroller &ColumnScroller() { return *m_scroller; }
+
+    // The time axis.
+    TDateTime ScalerStart() const { return m_scaler->GetStart(); }
+    void SetScalerStart(TDateTime start) { m_scaler->SetStart(start); }
+    TDateTime ScalerStop() const { return m_scaler->GetStop(); }
+    void SetScalerStop(TDateTime stop) { m_scaler->SetStop(stop); }
+    QString ScalerDateFormat() const;
+    void SetScalerDateFormat(const QString &format);
+    QString ScalerTimeFormat() const;
+    void SetScalerTimeFormat(const QString &format);
+    bool RescaleWithCtrl() const { return m_scaler->RescaleWithCtrl(); }
+    void SetRescaleWithCtrl(bool on) { m_scaler->SetRescaleWithCtrl(on); }
+
+    /// The menu of both headers; observed.
+    QMenu *HeaderPopupmenu() const { return m_header->PopupMenu(); }
+    void SetHeaderPopupmenu(QMenu *menu);
+
+    /// Brackets nest on the drawn area.
+    void BeginUpdate() { m_area->BeginUpdate(); }
+    void EndUpdate() { m_area->EndUpdate(); }
+    void RePaint();
+    /// Everything anew: layout, headers, axis and area.
+    void _RefreshEverything();
+    /// Scrolls by so many columns, forward when positive, as far as there are columns to come.
+    void ScrollColumns(int columns);
+    /// Scrolls by the units of a wheel, forward when positive.
+    void ScrollColumnsByWheel(int units);
+
+    TOnHeaderClick OnHeaderClick;
+    /// The user drags a caption. Without a handler there is no drag; the handler may fill in what
+    /// is offered.
+    TOnHeaderStartDrag OnHeaderStartDrag;
+    TOnHeaderEndDrag OnHeaderEndDrag;
+    /// Something is dragged over a header; the handler accepts it or not. Without a handler
+    /// everything is accepted, if there is one of OnHeaderDragDrop.
+    TOnHeaderDragOver OnHeaderDragOver;
+    TOnHeaderDragDrop OnHeaderDragDrop;
+    /// Axis or area enlarges a font for printing.
+    TzuOffscreenPaint::TOnPrintResizeFont OnPrintResizeFont;
+
+protected:
+    /// Creates the parts through the factories.
+    void InitializeInConstructor();
+    virtual TzuDateScaler *CreateDateScaler(QWidget *parent);
+
+    void resizeEvent(QResizeEvent *event) override;
+    void changeEvent(QEvent *event) override;
+
+private:
+    void CreateParts();
+    void PlaceScroller();
+    void _OnPrintResizeFont(TzuOffscreenPaint *caller, int &fontSize, bool &defaultResize);
+
+    // ISchemaHost
+    TDateScalerGestures &Scaler() override { return *m_scaler; }
+    const TDateScalerGestures &Scaler() const override { return *m_scaler; }
+    void InvalidateArea() override;
+    TSize AreaSize() const override;
+    TCanvas &AreaCanvas() override { return m_area->GetOffscreenCanvas(); }
+    TPrintScale AreaPrintScale() const override;
+    bool AreaIsPrinting() const override { return m_area->GetIsPrinting(); }
+    bool AreaHasFocus() const override;
+    void PrintResizeAreaFont() override { m_area->PrintResizeFont(); }
+    TFont ComponentFont() const override;
+    TSize ComponentSize() const override { return {width(), height()}; }
+    void PlaceParts() override;
+    void HeaderOutOfDate() override;
+    int HeaderTextWidth(std::string_view text, bool flip) const override;
+    void ShowColumnScroller(bool show) override;
+
+    TzuDateScaler *m_scaler = nullptr;
+    TXYSizer *m_sizer = nullptr;
+    THeaderControl_MouseControl *m_header = nullptr;
+    TDrawGrid_Schema *m_flippedHeader = nullptr;
+    TzuOffscreenPaint *m_area = nullptr;
+    TSchemaColumnScroller *m_scroller = nullptr;
+    int m_wheelUnits = 0; ///< not yet a whole column
+};
+
+} // namespace korvane

@@ -1,0 +1,406 @@
+// The schedule view without its widgets: data, geometry and painting.
+#pragma once
+
+#include "data/zuDataEntityPack.h"
+#include "data/zuDataTraveser.h"
+#include "foundation/zuCanvas.h"
+#include "schema/zuSchemaColumns.h"
+#include "schema/zuSchemaData.h"
+#include "schema/zuSchemaParts.h"
+#include "schema/zuSchemaTimeIndex.h"
+#include "schema/zuSchemaTypes.h"
+
+#include <array>
+#include <memory>
+#include <optional>
+#include <string_view>
+#include <vector>
+
+namespace korvane {
+
+class TDateScalerGestures;
+class TDistinctTimeHolderList;
+class TTimeDistinctGenericThread;
+
+/// What the schedule asks of the controls around it.
+class ISchemaHost
+{
+public:
+    virtual ~ISchemaHost() = default;
+
+    /// The time axis, the only owner of the visible time.
+    virtual TDateScalerGestures &Scaler() = 0;
+    virtual const TDateScalerGestures &Scaler() const = 0;
+
+    /// Requests a repaint of the area; several requests before a paint cause one.
+    virtual void InvalidateArea() = 0;
+    virtual TSize AreaSize() const = 0;
+    /// Where the area is drawn now: the offscreen image or the printer.
+    virtual TCanvas &AreaCanvas() = 0;
+    virtual TPrintScale AreaPrintScale() const = 0;
+    virtual bool AreaIsPrinting() const = 0;
+    virtual bool AreaHasFocus() const = 0;
+    /// Enlarges the canvas font while printing; called after every change of the font.
+    virtual void PrintResizeAreaFont() = 0;
+    /// The component's own font.
+    virtual TFont ComponentFont() const = 0;
+
+    /// Extent of the whole component.
+    virtual TSize ComponentSize() const = 0;
+    /// Applies Parts(): the view or a part's size has changed.
+    virtual void PlaceParts() = 0;
+    /// Number, order, sizes or captions of the columns have changed: the header is out of date.
+    virtual void HeaderOutOfDate() = 0;
+    /// Width of a text in the font of a header.
+    virtual int HeaderTextWidth(std::string_view text, bool flip) const = 0;
+    /// Shows the column scroller, or not.
+    virtual void ShowColumnScroller(bool show) = 0;
+
+    virtual void ActiveTimeChanged() {}
+    /// A time or a column is gone; its address alone may be used.
+    virtual void EntityLeft(const TzuDataEntity * /*entity*/) {}
+};
+
+/// The state and the rules of a schedule: times in columns along a date scaler.
+///
+/// The normal view has the columns side by side and time running down; the flipped view has them
+/// one below the other and time running to the right. Both ask the same geometry, turned.
+///
+/// A schedule is created in two steps: construct, then InitializeData, which calls the factories.
+class TSchemaCore : public TObject
+{
+public:
+    using TTimes = TSchemaTimeIndex::TTimes;
+
+    /// `component` is what event handlers receive as the schedule; it may be null.
+    TSchemaCore(ISchemaHost &host, TzuSchema_ComBasic *component);
+    ~TSchemaCore() override;
+
+    ISchemaHost &Host() { return m_host; }
+    const ISchemaHost &Host() const { return m_host; }
+    /// The schedule as event handlers receive it; may be null.
+    TzuSchema_ComBasic *Component() const { return m_component; }
+    /// False before the lists are created and once they are released.
+    bool HasData() const { return m_columns != nullptr && !m_destroying; }
+
+    // --- data, zuSchema.cpp ---
+
+    TDataListColumns &Columns() { return *m_columns; }
+    const TDataListColumns &Columns() const { return *m_columns; }
+    /// The data lists that hold the times.
+    TzuDataList2lev &DataLists() { return *m_times; }
+
+    /// Appends a column. Null when a handler has removed it.
+    TzuDataEntity_SchemaColumn *AddColumn();
+    void RemoveColumn(TzuDataEntity_SchemaColumn *column);
+    void ClearColumns();
+    /// Appends a time to a data list, which is created when missing. Null when a handler has
+    /// removed it. Throws std::out_of_range for a negative index.
+    TzuDataEntity_SchemaTime *AddSchemaTime(int index);
+    TzuDataList *AddDataList();
+    /// Removes and frees a time. Null and times in no list are ignored.
+    void RemoveSchemaTime(TzuDataEntity_SchemaTime *time);
+    /// The first time, list by list, with the user reference. Walks all times.
+    TzuDataEntity_SchemaTime *FindSchemaTimeObjectFromUserReference(const void *reference);
+
+    /// The time that has the focus; null for none. A time of another schedule counts as none.
+    TzuDataEntity_SchemaTime *GetActiveDataEntity() const { return m_active; }
+    void SetActiveDataEntity(TzuDataEntity_SchemaTime *time);
+
+    /// The number of the time's column, and start and stop relative to that column's base date; 0
+    /// where there is no such column.
+    struct TPlace
+    {
+        TDateTime Start = 0;
+        TDateTime Stop = 0;
+        int Col = 0;
+    };
+    TPlace GetStartStopDateAndCol(const TzuDataEntity_SchemaTime &time) const;
+    bool IsInColumn(const TzuDataEntity_SchemaTime &time) const
+    {
+        return m_columns->IsCol(time.Col());
+    }
+
+    // --- properties, zuSchemaProperties.cpp ---
+
+    bool FlipView() const { return m_flipView; }
+    void SetFlipView(bool on);
+    TColor SchemaColor() const { return m_color; }
+    void SetSchemaColor(TColor color);
+    /// Every other column is a checkerboard of this and SchemaColor.
+    TColor SchemaPyjamasColor() const { return m_pyjamasColor; }
+    void SetSchemaPyjamasColor(TColor color);
+    /// Whether the axis' minor marks are continued as lines through the area, not the major ones
+    /// alone.
+    bool DrawShortLines() const { return m_drawShortLines; }
+    void SetDrawShortLines(bool on);
+    /// Font of text style 1, 2 or 3; throws std::out_of_range for others.
+    const TFont &TextFont(int style) const { return m_textFonts.at(FontSlot(style)); }
+    void SetTextFont(int style, const TFont &font);
+    bool ResizeAllCol() const { return m_resizeAllCol; }
+    void SetResizeAllCol(bool on) { m_resizeAllCol = on; }
+    /// Data lists as they lie above each other, the topmost first; -1 is skipped. Times of lists
+    /// that are not named are neither drawn nor found. Initially 0 to 10.
+    const TDrawLayerArray &DrawLayers() const { return m_drawLayers; }
+    void SetDrawLayers(TDrawLayerArray layers);
+    TScrollVisibility GetScrollVisibility() const { return m_scrollVisibility; }
+    void SetScrollVisibility(TScrollVisibility visibility);
+    /// Whether times that overlap get sub-columns. Switching it off puts every time across its
+    /// whole column again.
+    bool CollisionDetect() const { return m_collisionDetect; }
+    void SetCollisionDetect(bool on);
+    /// Whether times of different data lists share sub-columns. All times are one group then,
+    /// whatever column they are in.
+    bool CollisionDetectBetweenDataList() const { return m_collisionBetweenLists; }
+    void SetCollisionDetectBetweenDataList(bool on);
+    /// Least width of a sub-column, in pixels: a column with more of them is widened as far as that
+    /// needs, once they have been worked out. 0 leaves columns alone.
+    int LeastSubColWidth() const { return m_leastSubColWidth; }
+    void SetLeastSubColWidth(int pixels);
+
+    // Sizes of the parts, in pixels. The scaler's are those of its own rectangle in either view;
+    // setting them takes effect when the event loop next comes round.
+    const TSchemaPartSizes &PartSizes() const { return m_partSizes; }
+    void SetPartSizes(const TSchemaPartSizes &sizes);
+    TSchemaPartRects Parts() const;
+    int GetScalerWidth() const;
+    void SetScalerWidth(int value);
+    int GetScalerHeight() const;
+    void SetScalerHeight(int value);
+    /// The corner between the parts was dragged by so much.
+    void PartResize(TPoint delta);
+    /// Lays out the parts at once.
+    void UpdatePartSize();
+    void LayoutLater();
+    /// Brings the column scroller up to date.
+    void UpdateColumnScroller();
+    void UpdateColumnScrollerLater();
+    /// Extent of the area along the columns.
+    int ColumnRoom() const;
+
+    // --- geometry, zuSchemaGeometry.cpp ---
+
+    /// Pixels of a column; -1 and -1 for no column.
+    TPixelSpan ColumnToPixels(int col) const { return ColumnToPixels_fw(m_flipView, col); }
+    TPixelSpan ColumnToPixels_fw(bool flip, int col) const;
+    /// The column at a pixel of the column axis: -1 before the first shown one, their count behind
+    /// the last.
+    int PixelToColumn(int pixel) const { return m_columns->ColumnAt(m_flipView, pixel); }
+    int GetColumnSpace() const { return m_columns->GetColumnSpace(m_flipView); }
+
+    /// Pixels of a time across its column, or its sub-column. The column is there.
+    TPixelSpan HeaderPixelsFromStartStopFromDataEntity(bool flip,
+                                                       const TzuDataEntity_SchemaTime &time) const;
+    /// Pixels of a time along the axis; long enough to be drawn 5 pixels long.
+    TPixelSpan ScalerPixelsFromStartStopFromDataEntity(bool flip,
+                                                       const TzuDataEntity_SchemaTime &time) const;
+    TPixelSpan TimePixels(bool flip, TDateTime start, TDateTime stop) const;
+    /// Where a time is drawn. Nothing for one in no column or in one without extent, and when
+    /// OnGetDrawingRect hides it.
+    std::optional<TRect> RectFromDataEntity(bool flip, TzuDataEntity_SchemaTime &time) const;
+    std::optional<TRect> RectFromDataEntity(TzuDataEntity_SchemaTime &time) const
+    {
+        return RectFromDataEntity(m_flipView, time);
+    }
+    /// The rectangle that spans these pixels of the two axes, printing included.
+    TRect RectOf(bool flip, TPixelSpan column, TPixelSpan time) const;
+    /// The times, absolute, and the column that a rectangle drawn by the user stands for.
+    struct TStartAndLength
+    {
+        TDateTime Start = 0;
+        TDateTime Length = 0;
+        int Col = 0;
+    };
+    TStartAndLength StartAndLengthFromRect(const TRect &rect) const;
+    /// The topmost time at a point of the area, or null.
+    TzuDataEntity_SchemaTime *GetDataEntityFromXY(int x, int y);
+    /// The visible times of shown columns that a rectangle of the area touches, topmost first.
+    TTimes TimesIn(const TRect &rect);
+
+    // A point or a rectangle along the two axes.
+    int AlongColumns(TPoint at) const { return m_flipView ? at.Y : at.X; }
+    int AlongTime(TPoint at) const { return m_flipView ? at.X : at.Y; }
+    TPixelSpan AlongColumns(const TRect &rect) const;
+    TPixelSpan AlongTime(const TRect &rect) const;
+
+    /// Whether the time belongs to what the view shows, wherever its column is scrolled.
+    virtual bool IsVisible(TzuDataEntity_SchemaTime &time) const;
+
+    // --- painting, zuSchemaPaint.cpp ---
+
+    /// Draws the whole area on the host's canvas.
+    virtual void SchemaPaint();
+    void DoBackground(TCanvas &canvas, int x, int y, int w, int h) const;
+    void DoForeGround();
+    /// Draws one time into its rectangle, selection and focus marks included.
+    void DrawContent(TzuDataEntity_SchemaTime &time, const TRect &rect, TCanvas &canvas);
+    /// What OnDrawTimeContent replaces; handlers may call it and draw on top.
+    void DefaultDrawContent(const TzuDataEntity_SchemaTime &time, const TRect &rect,
+                            TCanvas &canvas) const;
+    void EnterTextStyle(TCanvas &canvas, int style) const;
+
+    // --- sub-columns, zuSchemaSubCols.cpp ---
+
+    /// Has the sub-columns worked out soon.
+    void UpdateSubColumns();
+    /// The scaler shows another time.
+    void ScaleChanged();
+
+    // Called by the lists and columns.
+    virtual void TimeJoined(TzuDataEntity_SchemaTime &time);
+    virtual void TimeLeft(TzuDataEntity_SchemaTime &time);
+    TSchemaTimeIndex &TimeIndex() { return m_index; }
+    void ColumnsChanged();
+
+    TOnContentChanged OnContentChanged_SchemaTime;
+    TOnSelectionChanged OnSelectionChanged_SchemaTime;
+    TOnDeleteItem OnDeleteItem_SchemaTime;
+    TOnInsertItem OnInsertItem_SchemaTime;
+    TOnInfoPush OnValueChanged_SchemaTime;
+    /// Times can be edited unless the handler says otherwise, by SetCanEdit.
+    TOnBeforeCanEditItem OnBeforeCanEditItem_SchemaTime;
+    TOnContentChanged OnContentChanged_Column;
+    TOnSelectionChanged OnSelectionChanged_Column;
+    TOnDeleteItem OnDeleteItem_Column;
+    TOnInsertItem OnInsertItem_Column;
+    TOnInfoPush OnValueChanged_Column;
+    TOnBeforeCanEditItem OnBeforeCanEditItem_Column;
+    /// After a change of start, stop or column of a time.
+    TOnChangeDataEntity_SchemaTime OnChangeDataEntity_SchemaTime;
+    TOnInitColumnDataObject OnInitColumnDataObject;
+    THeaderFromColumn OnHeaderFromColumn;
+    TUserDecideColSize OnUserDecideColSize;
+    /// With a handler, all times of the shown columns are passed for each paint.
+    TOnIsVisible OnIsVisible;
+    TOnGetDrawingRect OnGetDrawingRect;
+    TOnDrawTimeContent OnDrawTimeContent;
+    TDrawBackAndForeEvent OnDrawBackground;
+    TDrawBackAndForeEvent OnDrawForeground;
+    TSchemaNotify OnScalerChange;
+
+protected:
+    /// Creates lists and controllers through the factories. Called once, from the most derived
+    /// constructor that lets its class' factories take part.
+    void InitializeData();
+    /// Releases times and columns. Called from the destructor of the class whose parts the handlers
+    /// use.
+    void FinalizeData();
+
+    virtual std::unique_ptr<TzuDataList_Schema> CreateDataList();
+    virtual std::unique_ptr<TDataListColumns> CreateColumnsCollection();
+    virtual std::unique_ptr<TzuDataList2lev> Create2LevList();
+    virtual EntityClass ClassOfDataEntity_SchemaTime() const;
+    virtual EntityClass ClassOfDataEntity_SchemaColumn() const;
+
+    virtual void _OnInsertItem(TzuDataEntity *item);
+    virtual void _OnDeleteItem(TzuDataEntity *item);
+    virtual void _OnContentChanged(TzuDataList *list);
+    virtual void _OnInfoPush(TzuDataEntity *item);
+    virtual void _OnSelectionChanged(TzuDataList *list, TzuDataEntity *item);
+    virtual void _OnBeforeCanEditItem(TzuDataEntity *item);
+    virtual void _OnBeforeCanEditItem_Column(TzuDataEntity *item);
+
+    bool Knows(const TzuDataEntity_SchemaTime *time) const
+    {
+        return time != nullptr && TSchemaTimeIndex::Knows(*time);
+    }
+    /// The data lists as DrawLayers has them, the topmost first.
+    std::vector<TzuDataList *> Layers();
+    /// Puts times in the order in which a walk over the lists meets them; times of other lists are
+    /// dropped.
+    static void SortByPlace(const std::vector<TzuDataList *> &lists, TTimes &times);
+    std::vector<TzuDataList *> AllLists();
+
+    // Times of drawn data lists, topmost first, wherever columns and time are scrolled.
+
+    TTimes VisibleTimesOfAllColumns();
+    /// Of columns first..last that touch the time from..to, relative to the base dates.
+    TTimes TimesOfColumns(int first, int last, TDateTime from, TDateTime to);
+    /// Those that a rectangle touches, which may reach beyond the area.
+    TTimes TimesReached(const TRect &rect);
+    /// Where a time lies, also in a column that is scrolled away. It is in a column.
+    TRect VirtualRect(const TzuDataEntity_SchemaTime &time) const
+    {
+        return RectOf(m_flipView, HeaderPixelsFromStartStopFromDataEntity(m_flipView, time),
+                      ScalerPixelsFromStartStopFromDataEntity(m_flipView, time));
+    }
+
+private:
+    static std::size_t FontSlot(int style) { return static_cast<std::size_t>(style) - 1; }
+    template <typename T>
+    void AssignPainted(T &field, const T &value);
+    void WireControllers();
+    TRect AreaRect() const;
+    /// The shown columns that these pixels touch.
+    struct TColumnRange
+    {
+        int From = 0;
+        int To = 0; ///< behind the last
+    };
+    TColumnRange ColumnsAt(TPixelSpan pixels) const;
+    TColumnRange ShownColumns() const;
+    void Find(TColumnRange columns, TDateTime from, TDateTime to, TTimes &times);
+    void Collect(TColumnRange columns, TDateTime from, TDateTime to, TTimes &times);
+    /// A time and where it is drawn.
+    struct TShownTime
+    {
+        TzuDataEntity_SchemaTime *Time;
+        TRect Rect;
+    };
+    std::vector<TShownTime> ShownIn(const TRect &rect);
+    static void LoadAll(const std::vector<TzuDataList *> &lists);
+    struct TVisibleTime
+    {
+        TDateTime From = 0;
+        TDateTime To = 0;
+    };
+    TVisibleTime VisibleTime() const;
+    TVisibleTime NarrowedTo(TPixelSpan pixels, const TVisibleTime &visible) const;
+    TTimes VisibleTimes(TColumnRange columns);
+    TBrush PyjamasBrush() const;
+    void DrawStripes(TCanvas &canvas, const TRect &area) const;
+    void DrawMarks(TCanvas &canvas, const TRect &area) const;
+    void DrawColumnLines(TCanvas &canvas, const TRect &area) const;
+    int Scaled(bool alongColumns, int pixel) const;
+    void LineAcross(TCanvas &canvas, const TRect &area, int pixel, bool alongColumns) const;
+    void StopSeparation();
+    void FillHolders(TDistinctTimeHolderList &holders);
+    void UpdateSubColumns_DoLater(TObject *sender);
+    void UpdateSubColumns_Perform();
+    void SubColThreadDone(TTimeDistinctGenericThread *sender);
+    void ApplySubCols(TDistinctTimeHolderList &holders);
+    void WidenColumns();
+    void DropSubCols();
+    void SetScalerWidth_Perform(TObject *sender);
+    void SetScalerHeight_Perform(TObject *sender);
+    void UpdatePartSize_Perform(TObject *sender);
+    void UpdateColumnScroller_Perform(TObject *sender);
+
+    ISchemaHost &m_host;
+    TzuSchema_ComBasic *m_component;
+    TzuListController m_timeController;
+    TzuListController m_columnController;
+    TSchemaTimeIndex m_index;
+    std::vector<std::unique_ptr<TzuDataList_Schema>> m_dataLists;
+    std::unique_ptr<TzuDataList2lev> m_times;
+    std::unique_ptr<TDataListColumns> m_columns;
+    std::shared_ptr<TTimeDistinctGenericThread> m_separation;
+    std::array<TFont, 3> m_textFonts;
+    TDrawLayerArray m_drawLayers{0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10};
+    TzuDataEntity_SchemaTime *m_active = nullptr;
+    TSchemaPartSizes m_partSizes;
+    int m_newScalerWidth = 0;
+    int m_newScalerHeight = 0;
+    int m_leastSubColWidth = 0;
+    TColor m_color = clGreen;
+    TColor m_pyjamasColor = clOlive;
+    TScrollVisibility m_scrollVisibility = TScrollVisibility::svWhenNeeded;
+    bool m_flipView = false;
+    bool m_drawShortLines = false;
+    bool m_resizeAllCol = true;
+    bool m_collisionDetect = true;
+    bool m_collisionBetweenLists = false;
+    bool m_destroying = false;
+};
+
+} // namespace korvane

@@ -1,0 +1,214 @@
+// Entities of the schedule view: times, their texts, and columns.
+#pragma once
+
+#include "data/zuDataEntityPack.h"
+#include "schema/zuSchemaTypes.h"
+
+#include <array>
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace korvane {
+
+class TDataListColumns;
+class TSchemaCore;
+class TSchemaTimeIndex;
+
+/// One line of text inside a time.
+class TzuSchemaText
+{
+public:
+    TzuSchemaText() = default;
+    TzuSchemaText(std::string_view text, TPoint pos, int style)
+        : m_text(text)
+        , m_pos(pos)
+        , m_style(style)
+    {
+    }
+
+    /// 1, 2 or 3: the component's TextFont1 to 3; any other: its own font.
+    int Style() const { return m_style; }
+    void SetStyle(int style) { m_style = style; }
+    /// UTF-8; an empty text is not drawn.
+    const std::string &Text() const { return m_text; }
+    void SetText(std::string_view text) { m_text = text; }
+    /// Of the text's top left corner, in pixels from that of the time.
+    TPoint Pos() const { return m_pos; }
+    void SetPos(TPoint pos) { m_pos = pos; }
+
+private:
+    std::string m_text;
+    TPoint m_pos;
+    int m_style = 0;
+};
+
+/// A time: one block in one column of the schedule.
+///
+/// Start, stop and column announce their change; the other setters only store, so that DoInfoPush
+/// (inherited) shows what they changed.
+class TzuDataEntity_SchemaTime : public TzuDataEntity
+{
+public:
+    using TTexts = std::vector<TzuSchemaText>;
+
+    TzuDataEntity_SchemaTime() = default;
+    ~TzuDataEntity_SchemaTime() override;
+    void AfterCreate(TzuDataList *list) override;
+
+    // Absolute times, whatever the column's base date.
+    TDateTime GetStartDateTime() const { return m_start; }
+    void SetStartDateTime(TDateTime start);
+    TDateTime GetStopDateTime() const { return m_stop; }
+    void SetStopDateTime(TDateTime stop);
+    /// Number of the column; any number that there is no column for puts the time in none. Another
+    /// column takes the time out of its sub-column.
+    int Col() const { return m_col; }
+    void SetCol(int col);
+
+    /// The sub-column, 0-based, that separates the time from those that overlap it. Without
+    /// InSubCol the time is drawn across the whole column.
+    int SubCol() const { return m_subCol; }
+    void SetSubCol(int subCol) { m_subCol = subCol; }
+    bool InSubCol() const { return m_inSubCol; }
+    void SetInSubCol(bool on) { m_inSubCol = on; }
+
+    TColor Color() const { return m_color; }
+    void SetColor(TColor color) { m_color = color; }
+    TColor FrameColor() const { return m_frameColor; }
+    void SetFrameColor(TColor color) { m_frameColor = color; }
+    /// Pixels left free across the column, at its near and at its far side.
+    int NearMargin() const { return m_nearMargin; }
+    void SetNearMargin(int pixels) { m_nearMargin = pixels; }
+    int FarMargin() const { return m_farMargin; }
+    void SetFarMargin(int pixels) { m_farMargin = pixels; }
+
+    const TTexts &Texts() const;
+    void AddText(std::string_view text, int x, int y, int style);
+    /// Replaces a line; an index that does not exist is ignored.
+    void AlterText(int index, std::string_view text, int x, int y, int style);
+    void ClearTexts() { m_texts.reset(); }
+
+private:
+    friend class TSchemaTimeIndex;
+    friend class TzuDataList_Schema;
+    friend struct TSchemaSelectionPlace;
+    friend struct TSchemaPendingPlace;
+
+    /// How the index of the schedule knows the time.
+    enum class TIndexed : std::uint8_t { No, Pending, Yes };
+
+    void BeforeIndexedChange();
+
+    TDateTime m_start = 0;
+    TDateTime m_stop = 0;
+    std::unique_ptr<TTexts> m_texts;
+    int m_col = 0;
+    int m_subCol = 0;
+    int m_nearMargin = 0;
+    int m_farMargin = 0;
+    TColor m_color = clWhite;
+    TColor m_frameColor = clBlack;
+    // Places in the sets that hold the time.
+    std::uint32_t m_selectionSlot = 0;
+    std::uint32_t m_pendingSlot = 0;
+    TIndexed m_indexed = TIndexed::No;
+    bool m_inSubCol = false;
+};
+
+struct TSchemaSelectionPlace
+{
+    template <typename Time>
+    static auto &Of(Time &time)
+    {
+        return time.m_selectionSlot;
+    }
+};
+struct TSchemaPendingPlace
+{
+    template <typename Time>
+    static auto &Of(Time &time)
+    {
+        return time.m_pendingSlot;
+    }
+};
+
+/// A column of the schedule. Its number is its index in the list.
+class TzuDataEntity_SchemaColumn : public TzuDataEntity
+{
+public:
+    TzuDataEntity_SchemaColumn() = default;
+    ~TzuDataEntity_SchemaColumn() override;
+
+    /// The list that holds the column; null once the column was cleaned. Throws std::bad_cast when
+    /// the list is of another class.
+    TDataListColumns *Columns() const;
+
+    /// The header's caption.
+    const std::string &GetText() const { return m_text; }
+    void SetText(std::string_view text);
+    /// The shown size in the current view, in pixels: 0 while the column is scrolled away.
+    int GetWidth() const;
+    /// Sets it until the columns are scrolled; TDataListColumns::SetColumnSize sets it for good.
+    void SetWidth(int value);
+    /// The same in the flipped view (the height of the column's row) or in the normal one.
+    int GetWidth_FW(bool flip) const;
+    void SetWidth_FW(bool flip, int value);
+
+    /// The size that a column gets when it is scrolled into view, in the normal and in the flipped
+    /// view.
+    int SavedWidth() const { return m_savedSize[0]; }
+    void SetSavedWidth(int pixels) { SetSaved(false, pixels); }
+    int SavedHeight() const { return m_savedSize[1]; }
+    void SetSavedHeight(int pixels) { SetSaved(true, pixels); }
+    int Saved_FW(bool flip) const { return m_savedSize[flip ? 1 : 0]; }
+
+    /// Into how many sub-columns times that overlap split the column; at least 1.
+    int SubColCount() const { return m_subColCount; }
+    void SetSubColCount(int count) { m_subColCount = count; }
+
+    /// What OnInitColumnDataObject made for the column, which owns it.
+    TObject *DataObject() const { return m_dataObject.get(); }
+    void SetDataObject(std::unique_ptr<TObject> object) { m_dataObject = std::move(object); }
+
+    /// The date that the column stands for, or 0: a time is shown at its absolute times less this.
+    TDateTime BaseDate = 0;
+
+private:
+    friend class TDataListColumns;
+
+    void SetSaved(bool flip, int pixels);
+    TDataListColumns *Holder() const;
+
+    std::unique_ptr<TObject> m_dataObject;
+    std::string m_text;
+    int m_subColCount = 1;
+    std::array<int, 2> m_savedSize{}; ///< in the normal, in the flipped view
+    std::array<int, 2> m_shownSize{};
+};
+
+/// The times of one data list of a schedule.
+class TzuDataList_Schema : public TzuDataList
+{
+public:
+    ~TzuDataList_Schema() override;
+
+    /// The schedule that knows the list's times; null for a list of its own.
+    TSchemaCore *Schema() const { return m_schema; }
+    /// Once, before the list holds times.
+    void SetSchema(TSchemaCore *schema) { m_schema = schema; }
+
+protected:
+    void Joined(TzuDataEntity &entity) override;
+    void Left(TzuDataEntity &entity) override;
+
+private:
+    TSchemaCore *m_schema = nullptr;
+};
+
+/// The entity as a time. Throws std::bad_cast when it is of another class.
+TzuDataEntity_SchemaTime &DataEntity_Schema(TObject &object);
+
+} // namespace korvane
