@@ -38,10 +38,11 @@ struct Options
                             QStringLiteral("Size of the picture in pixels, by default 1400x900."),
                             QStringLiteral("WxH")};
     QCommandLineOption From{QStringLiteral("from"),
-                            QStringLiteral("First date or date-time in the picture (ISO 8601)."),
+                            QStringLiteral("First date or date-time in the picture, or of the "
+                                           "occurrences to count (ISO 8601)."),
                             QStringLiteral("date")};
     QCommandLineOption To{QStringLiteral("to"),
-                          QStringLiteral("Last date or date-time in the picture (ISO 8601)."),
+                          QStringLiteral("Where the picture, or what is counted, ends (ISO 8601)."),
                           QStringLiteral("date")};
     QCommandLineOption Ratio{QStringLiteral("dpr"),
                              QStringLiteral("Device pixels per pixel of a .png picture."),
@@ -118,7 +119,7 @@ CommandLine::CommandLine(const QStringList &arguments)
             m_fileName.isEmpty() ? Fail(QStringLiteral("--convert needs a file")) : Action::Convert;
     } else if (parser.isSet(options.Summary)) {
         m_action = m_fileName.isEmpty() ? Fail(QStringLiteral("--summary needs a file"))
-                                        : Action::PrintSummary;
+                                        : ReadRange(parser, Action::PrintSummary);
     }
 }
 
@@ -177,10 +178,10 @@ CommandLine::Action CommandLine::ReadRequest(const QCommandLineParser &parser)
     const double pixels = static_cast<double>(m_request.Size.width()) * m_request.Size.height()
                           * m_request.Ratio * m_request.Ratio;
     return pixels > kMostPixels ? Fail(QStringLiteral("the picture would be too large"))
-                                : ReadRange(parser);
+                                : ReadRange(parser, Action::RenderPicture);
 }
 
-CommandLine::Action CommandLine::ReadRange(const QCommandLineParser &parser)
+CommandLine::Action CommandLine::ReadRange(const QCommandLineParser &parser, Action action)
 {
     const Options options;
     const std::pair<const QCommandLineOption *, std::optional<TDateTime> *> ends[] = {
@@ -197,7 +198,7 @@ CommandLine::Action CommandLine::ReadRange(const QCommandLineParser &parser)
     if (m_request.From && m_request.To && *m_request.From >= *m_request.To) {
         return Fail(QStringLiteral("--from must lie before --to"));
     }
-    return Action::RenderPicture;
+    return action;
 }
 
 void PrintError(const QString &line)

@@ -53,7 +53,7 @@ public:
     const QString &Output() const { return m_output; }
     /// How the file is to be read.
     const ReadOptions &Reading() const { return m_reading; }
-    /// Filled for RenderPicture.
+    /// Filled for RenderPicture; its range for PrintSummary, too.
     const RenderRequest &Request() const { return m_request; }
     /// Whether dark colours are asked for rather than the system's.
     bool Dark() const { return m_dark; }
@@ -65,7 +65,8 @@ private:
     Action Fail(const QString &error);
     Action ReadRequest(const QCommandLineParser &parser);
     Action ReadFileOptions(const QCommandLineParser &parser);
-    Action ReadRange(const QCommandLineParser &parser);
+    /// The action, when the ends of the range make sense.
+    Action ReadRange(const QCommandLineParser &parser, Action action);
 
     Action m_action = Action::ShowWindow;
     QString m_fileName;

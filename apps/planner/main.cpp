@@ -4,6 +4,7 @@
 #include "PictureFormat.h"
 #include "PlanLoader.h"
 #include "RenderCommand.h"
+#include "ScheduleCommands.h"
 #include "Theme.h"
 
 #include <QApplication>
@@ -76,7 +77,10 @@ int Run(int argc, char **argv, const CommandLine &commandLine)
 {
     switch (commandLine.GetAction()) {
     case CommandLine::Action::PrintSummary:
-        return static_cast<int>(PrintSummary(commandLine.FileName(), commandLine.Reading()));
+        return static_cast<int>(
+            IsScheduleFile(commandLine.FileName())
+                ? PrintScheduleSummary(commandLine.FileName(), commandLine.Request())
+                : PrintSummary(commandLine.FileName(), commandLine.Reading()));
     case CommandLine::Action::Convert:
         return static_cast<int>(
             Convert(commandLine.FileName(), commandLine.Reading(), commandLine.Output()));

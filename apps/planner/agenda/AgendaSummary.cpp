@@ -19,4 +19,11 @@ QJsonObject Summarize(const Agenda &agenda, const std::optional<AgendaSeconds> &
             {QStringLiteral("occurrences"), count}};
 }
 
+QJsonObject Summarize(const Programme &programme)
+{
+    return {{QStringLiteral("rooms"), static_cast<qint64>(programme.Rooms.size())},
+            {QStringLiteral("days"), static_cast<qint64>(programme.Days.size())},
+            {QStringLiteral("events"), static_cast<qint64>(programme.Talks.size())}};
+}
+
 } // namespace korvane::planner

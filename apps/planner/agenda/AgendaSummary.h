@@ -1,7 +1,8 @@
-// Calendars in figures.
+// Calendars and programmes in figures.
 #pragma once
 
 #include "agenda/AgendaOccurrences.h"
+#include "agenda/Programme.h"
 
 #include <QJsonObject>
 
@@ -12,5 +13,7 @@ namespace korvane::planner {
 /// it open; `occurrences` is null when they have no end.
 QJsonObject Summarize(const Agenda &agenda, const std::optional<AgendaSeconds> &from = {},
                       const std::optional<AgendaSeconds> &to = {});
+/// `rooms`, `days` and `events`.
+QJsonObject Summarize(const Programme &programme);
 
 } // namespace korvane::planner
