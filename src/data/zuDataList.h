@@ -144,6 +144,8 @@ protected:
     /// freed while the list holds them.
     virtual void Joined(TzuDataEntity & /*entity*/) {}
     virtual void Left(TzuDataEntity & /*entity*/) {}
+    /// The loaded entities stand in another order.
+    virtual void Reordered() {}
 
 private:
     friend class TzuDataEntity;

@@ -186,6 +186,7 @@ void TzuDataList::Sort(TSortDirection direction)
             std::reverse(items.begin(), items.end());
         }
         m_items.Reorder(items);
+        Reordered();
     }
     ListIndexesOutOfDate(0);
     Fire<&TzuListController::OnContentChanged>(this);

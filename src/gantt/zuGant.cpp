@@ -320,6 +320,7 @@ void TGantCore::UpdateSubColumnsOf(const TzuDataList *list) const
 
 void TGantCore::_OnSelectionChanged(TzuDataList *list, TzuDataEntity *item)
 {
+    TimeDataEntity(*item).Touch();
     m_host.InvalidateArea();
     OnSelectionChanged_Spanbar(this, list, item);
 }

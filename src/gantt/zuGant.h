@@ -127,6 +127,8 @@ public:
     void DefaultBackGround(const TRect &rect, TCanvas &canvas) const;
     /// Draws one item into its rectangle, selection and focus marks included.
     void DrawContent(TzuDataEntity_Spanbar &item, const TRect &rect);
+    /// The part of an item's rectangle that is drawn.
+    TRect InsetRect(const TzuDataEntity_Spanbar &item, const TRect &rect) const;
     /// Takes the rectangles of the rows on screen afresh from the row tree.
     void UpdateRects();
 
@@ -199,8 +201,6 @@ protected:
     virtual void _OnDeleteItem_Link(TzuDataEntity *link);
     virtual void _OnSelectionChanged_Link(TzuDataList *list, TzuDataEntity *link);
     void _OnItemFreed(const TzuDataEntity_Spanbar *item) override;
-    /// The part of an item's rectangle that is drawn.
-    TRect InsetRect(const TzuDataEntity_Spanbar &item, const TRect &rect) const;
     void _OnLinkFreed(const TzuDataEntity_Link *link) override;
     void _OnTimeItemSyleSet(const TzuTimeItemTextCollection &collection, TCanvas &canvas,
                             int style);
@@ -214,6 +214,7 @@ private:
     void DrawRowBackgound(const TRect &rect, TCanvas &canvas) const;
     void RenderLinks();
     void CollectLinksOnScreen();
+    std::vector<TzuDataEntity_Spanbar *> LinkedItems(TzuDataList &layer) const;
     void RenderLink(TzuDataEntity_Link &link);
     void RenderUserLink(TzuDataEntity_Link &link, TLinkPoints points, TLinkMark mark);
     void ForgetLink(const TzuDataEntity_Link *link);

@@ -1,7 +1,7 @@
 #include "gantt/zuGantData.h"
 
-#include "data/zuTimeIndex.h"
 #include "gantt/zuGantDataKeeper.h"
+#include "gantt/zuGantTimeIndex.h"
 
 #include <algorithm>
 #include <utility>
@@ -13,7 +13,7 @@ TzuDataEntity_Spanbar::~TzuDataEntity_Spanbar()
     if (m_kept) {
         TGantDataKeeper::Freed(this);
     }
-    if (m_inTimeIndex) {
+    if (std::exchange(m_inTimeIndex, false)) {
         IndexedLayer().m_timeIndex->Remove(*this);
     }
     while (m_links != nullptr && !m_links->empty()) {
@@ -29,16 +29,29 @@ TzuDataList_GantRow &TzuDataEntity_Spanbar::IndexedLayer() const
 
 void TzuDataEntity_Spanbar::SetTimesInIndex(TDateTime start, TDateTime stop)
 {
-    TTimeIndex<TzuDataEntity_Spanbar> &index = *IndexedLayer().m_timeIndex;
+    TGantTimeIndex &index = *IndexedLayer().m_timeIndex;
     index.Remove(*this);
     m_start = start;
     m_stop = stop;
     index.Add(*this);
 }
 
+void TzuDataEntity_Spanbar::TouchInIndex()
+{
+    IndexedLayer().m_timeIndex->Touch(*this);
+}
+
+void TzuDataEntity_Spanbar::SetVisible(bool visible)
+{
+    if (visible != GetVisible()) {
+        Touch();
+    }
+    TzuDataEntity::SetVisible(visible);
+}
+
 void TzuDataEntity_Spanbar::SetFixedSize(int pixels)
 {
-    m_fixedSize = pixels;
+    Assign(m_fixedSize, pixels);
     if (m_inTimeIndex) {
         int &greatest = IndexedLayer().m_greatestFixedSize;
         greatest = std::max(greatest, pixels);
@@ -100,6 +113,7 @@ void TzuDataEntity_Link::Attach(TEnd &end, TzuDataEntity_Spanbar *item)
     }
     if (item->m_links == nullptr) {
         item->m_links = std::make_unique<std::vector<TzuDataEntity_Link *>>();
+        item->Touch();
     }
     end = {item, static_cast<std::uint32_t>(item->m_links->size())};
     item->m_links->push_back(this);
@@ -120,6 +134,7 @@ void TzuDataEntity_Link::Detach(TEnd &end)
     links.pop_back();
     if (links.empty()) {
         end.Item->m_links.reset();
+        end.Item->Touch();
     }
     end = {};
 }
@@ -165,10 +180,17 @@ void TzuDataList_GantRow::Left(TzuDataEntity &entity)
     }
 }
 
-TTimeIndex<TzuDataEntity_Spanbar> &TzuDataList_GantRow::TimeIndex()
+void TzuDataList_GantRow::Reordered()
+{
+    if (m_timeIndex != nullptr) {
+        m_timeIndex->TouchAll();
+    }
+}
+
+TGantTimeIndex &TzuDataList_GantRow::TimeIndex()
 {
     if (m_timeIndex == nullptr) {
-        auto index = std::make_unique<TTimeIndex<TzuDataEntity_Spanbar>>(AllItems());
+        auto index = std::make_unique<TGantTimeIndex>(AllItems());
         m_timeIndex = std::move(index);
         for (TzuDataEntity_Spanbar *item : m_timeIndex->Items()) {
             item->m_inTimeIndex = true;
@@ -191,19 +213,6 @@ std::vector<TzuDataEntity_Spanbar *> TzuDataList_GantRow::AllItems()
     for (int i = 0; i < LoadedCount(); ++i) {
         items.push_back(static_cast<TzuDataEntity_Spanbar *>(GetLoaded(i)));
     }
-    return items;
-}
-
-std::vector<TzuDataEntity_Spanbar *> TzuDataList_GantRow::ItemsInTime(TDateTime from, TDateTime to)
-{
-    std::vector<TzuDataEntity_Spanbar *> items;
-    TimeIndex().Find(from, to, items);
-    // Putting many in order costs more than passing all.
-    if (items.size() > static_cast<std::size_t>(Count()) / 8) {
-        return AllItems();
-    }
-    std::ranges::sort(items, {},
-                      [this](const TzuDataEntity_Spanbar *item) { return IndexOf(item); });
     return items;
 }
 

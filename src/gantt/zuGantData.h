@@ -10,8 +10,7 @@
 
 namespace korvane {
 
-template <typename Item>
-class TTimeIndex;
+class TGantTimeIndex;
 class TzuDataList_GantRow;
 
 /// A time item: one bar, line, diamond or image on one row of the chart.
@@ -31,17 +30,19 @@ public:
     TDateTime GetStopDateTime() const { return m_stop; }
     void SetStopDateTime(TDateTime stop) { SetTimes(m_start, stop); }
 
+    void SetVisible(bool visible) override;
+
     TSpanbarStyle GetStyle() const { return m_style; }
-    void SetStyle(TSpanbarStyle style) { m_style = style; }
+    void SetStyle(TSpanbarStyle style) { Assign(m_style, style); }
     /// Fill or line colour.
     TColor GetColor() const { return m_color; }
     void SetColor(TColor color) { m_color = color; }
     /// Pixels left free between the row's (or sub-row's) top edge and the item.
     int InsetTop() const { return m_insetTop; }
-    void SetInsetTop(int pixels) { m_insetTop = pixels; }
+    void SetInsetTop(int pixels) { Assign(m_insetTop, pixels); }
     /// Pixels left free between the item and the row's (or sub-row's) bottom edge.
     int InsetBottom() const { return m_insetBottom; }
-    void SetInsetBottom(int pixels) { m_insetBottom = pixels; }
+    void SetInsetBottom(int pixels) { Assign(m_insetBottom, pixels); }
     /// Width in pixels of a symbol centred on the start; below 1 the item spans start to stop.
     int FixedSize() const { return m_fixedSize; }
     void SetFixedSize(int pixels);
@@ -49,16 +50,24 @@ public:
     bool IsResizable() const { return m_fixedSize < 1; }
     /// Index into the chart's ImageList, for sbsImage.
     int ImageIndex() const { return m_imageIndex; }
-    void SetImageIndex(int index) { m_imageIndex = index; }
+    void SetImageIndex(int index) { Assign(m_imageIndex, index); }
     /// Sub-row assigned by the overlap separation, 1 = topmost; 0 = none, the item spans the row.
     int SubCol() const { return m_subCol; }
-    void SetSubCol(int subCol) { m_subCol = subCol; }
+    void SetSubCol(int subCol) { Assign(m_subCol, subCol); }
 
     /// The texts drawn inside the item. The collection is allocated when first asked for.
     TzuTimeItemTextCollection &Texts();
     /// The same without allocating it; null when there is none.
     const TzuTimeItemTextCollection *TextsIfAny() const { return m_texts.get(); }
     bool HasTexts() const { return m_texts != nullptr && m_texts->GetCount() > 0; }
+
+    /// Whether the item is drawn, and how, has changed by other means than a setter.
+    void Touch()
+    {
+        if (m_inTimeIndex) {
+            TouchInIndex();
+        }
+    }
 
     /// The row that the item lies on. The item must be in a row's list.
     TGantRow *GetRow() const;
@@ -81,6 +90,15 @@ private:
         }
     }
     void SetTimesInIndex(TDateTime start, TDateTime stop);
+    template <typename T>
+    void Assign(T &field, T value)
+    {
+        if (field != value) {
+            field = value;
+            Touch();
+        }
+    }
+    void TouchInIndex();
     TzuDataList_GantRow &IndexedLayer() const;
 
     TDateTime m_start = 0;
@@ -162,11 +180,10 @@ public:
     TGantRow *GetRow() const { return m_row; }
     void SetRow(TGantRow *row) { m_row = row; }
 
-    /// The items that touch the time from..to, both included, in list order, and when these are
-    /// many some others. Costs what is found. Only for a layer that picks by time.
-    std::vector<TzuDataEntity_Spanbar *> ItemsInTime(TDateTime from, TDateTime to);
     /// Whether the layer is long and all its items are loaded.
     bool PicksByTime() const { return IsFullyLoaded() && (m_timeIndex != nullptr || IsLong()); }
+    /// The items in order of time; of a layer that picks by time.
+    TGantTimeIndex &TimeIndex();
     /// Width in pixels of the largest symbol; of a layer that picks by time.
     int GreatestFixedSize();
 
@@ -175,18 +192,17 @@ public:
 protected:
     void Joined(TzuDataEntity &entity) override;
     void Left(TzuDataEntity &entity) override;
+    void Reordered() override;
 
 private:
     friend class TzuDataEntity_Spanbar;
 
     bool IsLong() const;
-    TTimeIndex<TzuDataEntity_Spanbar> &TimeIndex();
     std::vector<TzuDataEntity_Spanbar *> AllItems();
 
     TGantRow *m_row = nullptr;
-    std::unique_ptr<TTimeIndex<TzuDataEntity_Spanbar>>
-        m_timeIndex;             ///< made when a long layer is asked
-    int m_greatestFixedSize = 0; ///< of all that were ever in the index
+    std::unique_ptr<TGantTimeIndex> m_timeIndex; ///< made when a long layer is asked
+    int m_greatestFixedSize = 0;                 ///< of all that were ever in the index
 };
 
 /// The object as a time item. Throws std::bad_cast when it is of another class.

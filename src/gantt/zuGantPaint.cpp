@@ -2,10 +2,12 @@
 #include "foundation/zuGraphStuffDraw.h"
 #include "foundation/zuRound.h"
 #include "gantt/zuGant.h"
+#include "gantt/zuGantTimeIndex.h"
 #include "gantt/zuTimeDraw.h"
 #include "scaler/zuScalerGestures.h"
 
 #include <algorithm>
+#include <limits>
 #include <utility>
 
 namespace korvane {
@@ -199,9 +201,7 @@ void TGantCore::CollectLinksOnScreen()
     ++m_linkPass;
     for (TGantRow *row : m_rows->RowsOnScreen()) {
         for (int layer = 0; layer < row->Layers().Count(); ++layer) {
-            const TzuDataList *items = row->Layers().GetDataList(layer);
-            for (int i = 0; i < items->LoadedCount(); ++i) {
-                const auto *item = static_cast<const TzuDataEntity_Spanbar *>(items->GetLoaded(i));
+            for (const auto *item : LinkedItems(*row->Layers().GetDataList(layer))) {
                 for (TzuDataEntity_Link *link : item->Links()) {
                     if (link->EnterPass(m_linkPass)) {
                         m_drawnLinks.emplace_back(link->ListIndex(), link);
@@ -211,6 +211,28 @@ void TGantCore::CollectLinksOnScreen()
         }
     }
     std::ranges::sort(m_drawnLinks);
+}
+
+/// Those whose links may be drawn.
+std::vector<TzuDataEntity_Spanbar *> TGantCore::LinkedItems(TzuDataList &layer) const
+{
+    std::vector<TzuDataEntity_Spanbar *> linked;
+    auto *items = dynamic_cast<TzuDataList_GantRow *>(&layer);
+    if (items != nullptr && items->PicksByTime()) {
+        constexpr TDateTime kEver = std::numeric_limits<TDateTime>::infinity();
+        const bool inView = m_linkShow != TLinkShow::lsAlways;
+        const TDateScalerCore &scaler = m_host.Scaler();
+        items->TimeIndex().FindLinked(inView ? scaler.GetStart() : -kEver,
+                                      inView ? scaler.GetStop() : kEver, linked);
+        return linked;
+    }
+    for (int i = 0; i < layer.LoadedCount(); ++i) {
+        auto *item = static_cast<TzuDataEntity_Spanbar *>(layer.GetLoaded(i));
+        if (!item->Links().empty()) {
+            linked.push_back(item);
+        }
+    }
+    return linked;
 }
 
 TLinkEnd TGantCore::LinkEndOf(const TzuDataEntity_Spanbar &item) const

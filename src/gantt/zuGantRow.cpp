@@ -2,6 +2,7 @@
 
 #include "foundation/zuRound.h"
 #include "gantt/zuGant.h"
+#include "gantt/zuGantDensity.h"
 #include "scaler/zuScalerGestures.h"
 #include "tree/zuTreeData.h"
 
@@ -15,8 +16,6 @@ namespace korvane {
 
 namespace {
 
-/// Least width of an item's rectangle, so that short items stay visible and can be hit.
-constexpr int kLeastItemWidth = 5;
 constexpr TRect kScrolledAway{-1, -1, -1, -1};
 /// Days from the origin of time beyond which nothing is told apart.
 constexpr TDateTime kFarTime = 1e9;
@@ -227,48 +226,39 @@ TRect TGantRow::RectAt(const TzuDataEntity_Spanbar &item, TPixelSpan rowY, TDate
 
 TzuDataEntity_Spanbar *TGantRow::FindDataEntityFromXY(int x, int y)
 {
-    if (!IsOnScreen()) {
-        return nullptr;
-    }
     TzuDataEntity_Spanbar *hit = nullptr;
-    const auto test = [&](TzuDataEntity_Spanbar &item) {
-        const std::optional<TRect> rect = RectFromDataEntity(item);
-        hit = rect && rect->Contains({x, y}) ? &item : nullptr;
-        return hit == nullptr;
-    };
-    for (int layer = m_layers->Count() - 1; layer >= std::max(m_drawLayerStart, 0); --layer) {
-        VisitAround(layer, {x, x + 1}, TOrder::LastFirst, test);
-        if (hit != nullptr) {
-            break;
+    const int firstLayer = std::max(m_drawLayerStart, 0);
+    if (IsOnScreen() && GetVisible()) {
+        for (int layer = m_layers->Count() - 1; hit == nullptr && layer >= firstLayer; --layer) {
+            hit = TopmostOf(*m_layers->GetDataList(layer), {x, y});
         }
     }
     return hit;
 }
 
-/// Calls visit(item) for the visible items of a layer that may reach into the columns, and for some
-/// others, until the call returns false.
-template <typename Visitor>
-void TGantRow::VisitAround(int layer, TPixelSpan x, TOrder order, const Visitor &visit) const
+TzuDataEntity_Spanbar *TGantRow::TopmostOf(TzuDataList &layer, TPoint at) const
 {
-    TzuDataList &list = *m_layers->GetDataList(layer);
-    const auto visitAt = [&](int count, const auto &itemAt) {
-        for (int i = 0; i < count; ++i) {
-            auto *item = itemAt(order == TOrder::FirstFirst ? i : count - 1 - i);
-            if (item != nullptr && item->GetVisible() && !visit(*item)) {
-                return;
-            }
-        }
-    };
-    auto *items = dynamic_cast<TzuDataList_GantRow *>(&list);
-    if (items == nullptr || !items->PicksByTime()) {
-        visitAt(list.Count(),
-                [&list](int i) { return static_cast<TzuDataEntity_Spanbar *>(list.GetItems(i)); });
-        return;
+    const TPixelSpan rowY{m_rect.Top, m_rect.Bottom};
+    if (TzuDataList_GantRow *items = AsLong(layer)) {
+        TGantTopmost topmost(*this, layer, rowY, at);
+        const auto [from, to] = TimesAround({at.X, at.X + 1}, items->GreatestFixedSize());
+        items->TimeIndex().Visit(from, to, topmost);
+        return topmost.Item();
     }
-    const auto [from, to] = TimesAround(x, items->GreatestFixedSize());
-    const std::vector<TzuDataEntity_Spanbar *> found = items->ItemsInTime(from, to);
-    visitAt(static_cast<int>(found.size()),
-            [&found](int i) { return found[static_cast<std::size_t>(i)]; });
+    for (int i = layer.Count() - 1; i >= 0; --i) {
+        auto *item = static_cast<TzuDataEntity_Spanbar *>(layer.GetItems(i));
+        if (item != nullptr && item->GetVisible() && RectFromDataEntity(*item, rowY).Contains(at)) {
+            return item;
+        }
+    }
+    return nullptr;
+}
+
+/// The layer when its items are picked by time, or null.
+TzuDataList_GantRow *TGantRow::AsLong(TzuDataList &layer)
+{
+    auto *items = dynamic_cast<TzuDataList_GantRow *>(&layer);
+    return items != nullptr && items->PicksByTime() ? items : nullptr;
 }
 
 /// The times that items must touch to reach into some columns of the area.
@@ -310,16 +300,33 @@ TzuDataEntity_Spanbar *TGantRow::FindDataEntityFromX(int x)
 
 void TGantRow::DrawContent()
 {
+    if (IsOnScreen() && GetVisible()) {
+        for (int layer = std::max(m_drawLayerStart, 0); layer < m_layers->Count(); ++layer) {
+            DrawLayer(*m_layers->GetDataList(layer));
+        }
+    }
+}
+
+void TGantRow::DrawLayer(TzuDataList &layer)
+{
     const TRect clip = m_gant.Host().AreaCanvas().ClipRect();
-    for (int layer = std::max(m_drawLayerStart, 0); layer < m_layers->Count(); ++layer) {
-        VisitAround(layer, {clip.Left, clip.Right}, TOrder::FirstFirst,
-                    [&](TzuDataEntity_Spanbar &item) {
-                        const std::optional<TRect> rect = RectFromDataEntity(item);
-                        if (rect && rect->Left < clip.Right && rect->Right > clip.Left) {
-                            m_gant.DrawContent(item, *rect);
-                        }
-                        return true;
-                    });
+    const TPixelSpan rowY{m_rect.Top, m_rect.Bottom};
+    if (TzuDataList_GantRow *items = AsLong(layer)) {
+        TGantDensity density(m_gant, *this, layer, rowY);
+        const auto [from, to] = TimesAround({clip.Left, clip.Right}, items->GreatestFixedSize());
+        items->TimeIndex().Visit(from, to, density);
+        density.Draw();
+        return;
+    }
+    for (int i = 0; i < layer.Count(); ++i) {
+        auto *item = static_cast<TzuDataEntity_Spanbar *>(layer.GetItems(i));
+        if (item == nullptr || !item->GetVisible()) {
+            continue;
+        }
+        const TRect rect = RectFromDataEntity(*item, rowY);
+        if (rect.Left < clip.Right && rect.Right > clip.Left) {
+            m_gant.DrawContent(*item, rect);
+        }
     }
 }
 

@@ -91,7 +91,9 @@ public:
     TPixelSpan XStartStopFromDataEntity(const TzuDataEntity_Spanbar &item) const;
     /// Vertical extent of an item in area pixels; nothing while the row is scrolled away or hidden.
     std::optional<TPixelSpan> YStartStopFromDataEntity(const TzuDataEntity_Spanbar &item) const;
-    /// Rectangle of an item in area pixels, at least 5 wide; nothing where it has no vertical
+    /// Least width of an item's rectangle, so that short items stay visible and can be hit.
+    static constexpr int kLeastItemWidth = 5;
+    /// Rectangle of an item in area pixels, at least that wide; nothing where it has no vertical
     /// place.
     std::optional<TRect> RectFromDataEntity(const TzuDataEntity_Spanbar &item) const;
 
@@ -105,7 +107,8 @@ public:
     TzuDataEntity_Spanbar *FindDataEntityFromXY(int x, int y);
     /// The same at the row's first line of pixels.
     TzuDataEntity_Spanbar *FindDataEntityFromX(int x);
-    /// Draws the visible items, first layer to last.
+    /// Draws the visible items, first layer to last. In a long layer those that crowd on the same
+    /// pixels become a strip; see TGantDensity.
     void DrawContent();
 
     void CleanForFree() override;
@@ -120,10 +123,9 @@ private:
         TDateTime To;
     };
 
-    enum class TOrder : unsigned char { FirstFirst, LastFirst };
-
-    template <typename Visitor>
-    void VisitAround(int layer, TPixelSpan x, TOrder order, const Visitor &visit) const;
+    TzuDataEntity_Spanbar *TopmostOf(TzuDataList &layer, TPoint at) const;
+    void DrawLayer(TzuDataList &layer);
+    static TzuDataList_GantRow *AsLong(TzuDataList &layer);
     TTimes TimesAround(TPixelSpan x, int greatestFixedSize) const;
     TTimes TimesOf(TPixelSpan x) const;
     TPixelSpan XSpan(const TzuDataEntity_Spanbar &item, TDateTime start, TDateTime stop) const;

@@ -316,6 +316,7 @@ void TGantSelection::_OnAfterChangeOwner(TzuDataEntity *item)
 void TGantSelection::_OnSelectionChanged(TzuDataList *list, TzuDataEntity *item)
 {
     TzuDataEntity_Spanbar &timeItem = TimeDataEntity(*item);
+    timeItem.Touch();
     if (item->GetSelected()) {
         Keep(&timeItem);
         m_selected.Add(&timeItem);
