@@ -7,6 +7,7 @@
 #include "plan/PlanSummary.h"
 
 #include <QCommandLineParser>
+#include <QHash>
 #include <QJsonDocument>
 
 #include <cstdio>
@@ -21,6 +22,7 @@ constexpr int kGreatestSide = 20'000;
 constexpr double kLeastRatio = 0.25;
 constexpr double kGreatestRatio = 8;
 constexpr double kMostPixels = 4e8;
+constexpr int kMostPages = 1000;
 
 struct Options
 {
@@ -47,6 +49,19 @@ struct Options
     QCommandLineOption Ratio{QStringLiteral("dpr"),
                              QStringLiteral("Device pixels per pixel of a .png picture."),
                              QStringLiteral("ratio")};
+    QCommandLineOption Print{QStringLiteral("print"),
+                             QStringLiteral("Print the plan into a .pdf file and exit."),
+                             QStringLiteral("pages")};
+    QCommandLineOption Paper{QStringLiteral("paper"),
+                             QStringLiteral("Paper to print on: A0 to A6, letter, legal, tabloid, "
+                                            "or WIDTHxHEIGHT in millimetres; by default A4."),
+                             QStringLiteral("size")};
+    QCommandLineOption Landscape{QStringLiteral("landscape"),
+                                 QStringLiteral("Print on paper turned on its side.")};
+    QCommandLineOption Fit{QStringLiteral("fit"),
+                           QStringLiteral("Pages to print on at most, ACROSSxDOWN; 0 for as many "
+                                          "as it takes, by default 1x0."),
+                           QStringLiteral("pages")};
     QCommandLineOption Rows{
         QStringLiteral("rows"),
         QStringLiteral(
@@ -68,13 +83,43 @@ void PrintLine(std::FILE *stream, const QByteArray &text)
     std::fputc('\n', stream);
 }
 
-std::optional<QSize> ParseSize(const QString &text)
+/// Two whole numbers, not negative, with an x between them.
+std::optional<QSize> ParsePair(const QString &text)
 {
     const QStringList sides = text.toLower().split(u'x');
-    const QSize size(sides.value(0).toInt(), sides.value(1).toInt());
+    bool isWidth = false;
+    bool isHeight = false;
+    const QSize size(sides.value(0).toInt(&isWidth), sides.value(1).toInt(&isHeight));
+    return sides.size() == 2 && isWidth && isHeight && !size.isNull() && size.width() >= 0
+                   && size.height() >= 0
+               ? std::optional(size)
+               : std::nullopt;
+}
+
+std::optional<QSize> ParseSize(const QString &text)
+{
+    const auto size = ParsePair(text);
     const auto fits = [](int side) { return side >= kLeastSide && side <= kGreatestSide; };
-    return sides.size() == 2 && fits(size.width()) && fits(size.height()) ? std::optional(size)
-                                                                          : std::nullopt;
+    return size && fits(size->width()) && fits(size->height()) ? size : std::nullopt;
+}
+
+/// In millimetres; the sizes of ISO 216 and of North America by name.
+std::optional<QSize> ParsePaper(const QString &text)
+{
+    constexpr int kLeastMillimetres = 50;
+    constexpr int kMostMillimetres = 5000;
+    static const QHash<QString, QSize> kPapers = {
+        {QStringLiteral("a0"), {841, 1189}},   {QStringLiteral("a1"), {594, 841}},
+        {QStringLiteral("a2"), {420, 594}},    {QStringLiteral("a3"), {297, 420}},
+        {QStringLiteral("a4"), {210, 297}},    {QStringLiteral("a5"), {148, 210}},
+        {QStringLiteral("a6"), {105, 148}},    {QStringLiteral("letter"), {216, 279}},
+        {QStringLiteral("legal"), {216, 356}}, {QStringLiteral("tabloid"), {279, 432}}};
+    const auto known = kPapers.constFind(text.toLower());
+    const auto size = known != kPapers.cend() ? std::optional(*known) : ParsePair(text);
+    const auto fits = [](int side) {
+        return side >= kLeastMillimetres && side <= kMostMillimetres;
+    };
+    return size && fits(size->width()) && fits(size->height()) ? size : std::nullopt;
 }
 
 } // namespace
@@ -92,7 +137,8 @@ CommandLine::CommandLine(const QStringList &arguments)
     const QCommandLineOption version = parser.addVersionOption();
     const Options options;
     parser.addOptions({options.Rows, options.Day, options.Summary, options.Convert, options.Render,
-                       options.Size, options.From, options.To, options.Ratio, options.Dark});
+                       options.Print, options.Paper, options.Landscape, options.Fit, options.Size,
+                       options.From, options.To, options.Ratio, options.Dark});
 
     const bool isParsed = parser.parse(arguments);
     m_helpText =
@@ -113,6 +159,9 @@ CommandLine::CommandLine(const QStringList &arguments)
     } else if (parser.isSet(options.Render)) {
         m_action = m_fileName.isEmpty() ? Fail(QStringLiteral("--render needs a file"))
                                         : ReadRequest(parser);
+    } else if (parser.isSet(options.Print)) {
+        m_action = m_fileName.isEmpty() ? Fail(QStringLiteral("--print needs a file"))
+                                        : ReadPrintRequest(parser);
     } else if (parser.isSet(options.Convert)) {
         m_output = parser.value(options.Convert);
         m_action =
@@ -179,6 +228,34 @@ CommandLine::Action CommandLine::ReadRequest(const QCommandLineParser &parser)
                           * m_request.Ratio * m_request.Ratio;
     return pixels > kMostPixels ? Fail(QStringLiteral("the picture would be too large"))
                                 : ReadRange(parser, Action::RenderPicture);
+}
+
+CommandLine::Action CommandLine::ReadPrintRequest(const QCommandLineParser &parser)
+{
+    const Options options;
+    m_pages.File = parser.value(options.Print);
+    if (PictureFormatOf(m_pages.File) != PictureFormat::Pdf) {
+        return Fail(QStringLiteral("--print needs a .pdf file to write"));
+    }
+    if (parser.isSet(options.Paper)) {
+        const auto paper = ParsePaper(parser.value(options.Paper));
+        if (!paper) {
+            return Fail(QStringLiteral("--paper needs A0 to A6, letter, legal, tabloid, or "
+                                       "WIDTHxHEIGHT in millimetres, each from 50 to 5000"));
+        }
+        m_pages.Paper = *paper;
+    }
+    m_pages.Landscape = parser.isSet(options.Landscape);
+    if (parser.isSet(options.Fit)) {
+        const auto pages = ParsePair(parser.value(options.Fit));
+        if (!pages || pages->width() > kMostPages || pages->height() > kMostPages) {
+            return Fail(
+                QStringLiteral("--fit needs ACROSSxDOWN, each from 0 to %1").arg(kMostPages));
+        }
+        m_pages.PagesAcross = pages->width();
+        m_pages.PagesDown = pages->height();
+    }
+    return ReadRange(parser, Action::PrintPages);
 }
 
 CommandLine::Action CommandLine::ReadRange(const QCommandLineParser &parser, Action action)

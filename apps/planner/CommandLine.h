@@ -28,6 +28,17 @@ struct RenderRequest
     std::optional<TDateTime> To;
 };
 
+/// What --print is asked for.
+struct PrintRequest
+{
+    QString File;          ///< the PDF to write
+    QSize Paper{210, 297}; ///< millimetres
+    bool Landscape = false;
+    /// Pages at most; 0: as many as it takes.
+    int PagesAcross = 1;
+    int PagesDown = 0;
+};
+
 /// The parsed command line. Needs no application object, so that it can be parsed before it is
 /// known whether a display is wanted.
 class CommandLine
@@ -38,6 +49,7 @@ public:
         PrintSummary,
         Convert, ///< into Output()
         RenderPicture,
+        PrintPages,
         PrintHelp,
         PrintVersion,
         ReportError, ///< Error() says what is wrong with the command line
@@ -53,8 +65,10 @@ public:
     const QString &Output() const { return m_output; }
     /// How the file is to be read.
     const ReadOptions &Reading() const { return m_reading; }
-    /// Filled for RenderPicture; its range for PrintSummary, too.
+    /// Filled for RenderPicture; its range for PrintSummary and PrintPages, too.
     const RenderRequest &Request() const { return m_request; }
+    /// Filled for PrintPages.
+    const PrintRequest &Pages() const { return m_pages; }
     /// Whether dark colours are asked for rather than the system's.
     bool Dark() const { return m_dark; }
     /// One line.
@@ -64,6 +78,7 @@ public:
 private:
     Action Fail(const QString &error);
     Action ReadRequest(const QCommandLineParser &parser);
+    Action ReadPrintRequest(const QCommandLineParser &parser);
     Action ReadFileOptions(const QCommandLineParser &parser);
     /// The action, when the ends of the range make sense.
     Action ReadRange(const QCommandLineParser &parser, Action action);
@@ -73,6 +88,7 @@ private:
     QString m_output;
     ReadOptions m_reading;
     RenderRequest m_request;
+    PrintRequest m_pages;
     bool m_dark = false;
     QString m_error;
     QString m_helpText;

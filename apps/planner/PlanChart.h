@@ -62,6 +62,7 @@ public:
     /// Null for a task without dates.
     const TzuDataEntity_Spanbar *BarOf(int task) const { return Items(task).Bar; }
     const TzuDataEntity_Tree *NodeOf(int task) const { return Items(task).Node; }
+    static int TaskOfNode(const TzuDataEntity_Tree &node) { return TaskOf(node); }
 
     /// Those of the selected bars; without any the one of the tree's current row. Ascending.
     std::vector<int> SelectedTasks();

@@ -3,6 +3,7 @@
 #include "MainWindow.h"
 #include "PictureFormat.h"
 #include "PlanLoader.h"
+#include "PrintCommand.h"
 #include "RenderCommand.h"
 #include "ScheduleCommands.h"
 #include "Theme.h"
@@ -50,6 +51,10 @@ ExitCode Render(int argc, char **argv, const CommandLine &commandLine)
     // What the toolkit has to say about a missing desktop is of no interest here.
     qInstallMessageHandler([](QtMsgType, const QMessageLogContext &, const QString &) {});
     const QApplication application(argc, argv);
+    if (commandLine.GetAction() == CommandLine::Action::PrintPages) {
+        return PrintPlan(commandLine.FileName(), commandLine.Reading(), commandLine.Pages(),
+                         commandLine.Request());
+    }
     ApplyTheme(commandLine);
     return RenderPlan(commandLine.FileName(), commandLine.Reading(), commandLine.Request());
 }
@@ -85,6 +90,7 @@ int Run(int argc, char **argv, const CommandLine &commandLine)
         return static_cast<int>(
             Convert(commandLine.FileName(), commandLine.Reading(), commandLine.Output()));
     case CommandLine::Action::RenderPicture:
+    case CommandLine::Action::PrintPages:
         return static_cast<int>(Render(argc, argv, commandLine));
     case CommandLine::Action::PrintHelp:
         std::fputs(qPrintable(commandLine.HelpText()), stdout);

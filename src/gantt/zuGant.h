@@ -43,6 +43,11 @@ public:
     virtual void PrintResizeAreaFont() = 0;
 
     virtual void ActiveItemChanged() {}
+
+    /// Whether selection, focus and the link pointed at are marked; a print leaves them out.
+    virtual bool ShowsMarks() const { return true; }
+    /// A link has been drawn along these lines, in painted pixels.
+    virtual void LinkDrawn(const TzuDataEntity_Link & /*link*/, std::span<const TPoint> /*line*/) {}
 };
 
 /// The state and the rules of a Gantt chart. Time items lie in layers on rows; links join them.
@@ -125,6 +130,8 @@ public:
     TBrush BackgroundBrush() const;
     /// The background that OnUserDrawBackground replaces; handlers may call it and draw on top.
     void DefaultBackGround(const TRect &rect, TCanvas &canvas) const;
+    /// The lines between rows and at the marks of the axis, a part of the default background.
+    void DrawRowBackgound(const TRect &rect, TCanvas &canvas) const;
     /// Draws one item into its rectangle, selection and focus marks included.
     void DrawContent(TzuDataEntity_Spanbar &item, const TRect &rect);
     /// The part of an item's rectangle that is drawn.
@@ -211,7 +218,6 @@ private:
     bool Holds(const TzuDataEntity_Spanbar &item) const;
     void DoBackground();
     void DoVerticalPyjamas(const TRect &rect, TCanvas &canvas) const;
-    void DrawRowBackgound(const TRect &rect, TCanvas &canvas) const;
     void RenderLinks();
     void CollectLinksOnScreen();
     std::vector<TzuDataEntity_Spanbar *> LinkedItems(TzuDataList &layer) const;

@@ -145,6 +145,9 @@ void TGantCore::DrawContent(TzuDataEntity_Spanbar &item, const TRect &rect)
     if (item.HasTexts()) {
         item.Texts().DrawToCanvasInsideRect(inner, canvas, m_onStyleSet);
     }
+    if (!m_host.ShowsMarks()) {
+        return;
+    }
     if (item.GetSelected()) {
         TzuTimeDraw::DoSelectContent(inner, canvas);
     }
@@ -273,6 +276,9 @@ void TGantCore::RenderLink(TzuDataEntity_Link &link)
     if (link.GetSelected()) {
         mark = TLinkMark::Selected;
     }
+    if (!m_host.ShowsMarks()) {
+        mark = TLinkMark::None;
+    }
     Keep(&link);
     if (link.GetStyle() == TLinkStyle::tlsUserDraw) {
         RenderUserLink(link, points, mark);
@@ -281,6 +287,7 @@ void TGantCore::RenderLink(TzuDataEntity_Link &link)
         DrawLink(m_host.AreaCanvas(), route, style, link.GetColor(), mark);
         m_shownLinks.push_back({&link, route, {}});
     }
+    m_host.LinkDrawn(link, m_shownLinks.back().Line());
 }
 
 void TGantCore::RenderUserLink(TzuDataEntity_Link &link, TLinkPoints points, TLinkMark mark)

@@ -59,6 +59,14 @@ void TDateScalerCore::SetRange(TDateTime start, TDateTime stop)
     EndUpdate();
 }
 
+void TDateScalerCore::AssignLook(const TDateScalerCore &other)
+{
+    m_horizontal = other.m_horizontal;
+    m_pixelsForModeSwitch = other.m_pixelsForModeSwitch;
+    m_passes = other.m_passes;
+    AssignLabels(other);
+}
+
 double TDateScalerCore::GetScale() const
 {
     const int length = GetScaleLen();

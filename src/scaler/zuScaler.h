@@ -68,6 +68,10 @@ public:
     /// Zooms so that `date` stays at `pixel`.
     virtual void SetCenterScale(double newScale, TDateTime date, int pixel);
 
+    /// Takes over everything that decides how times are shown, but for range and size: labels,
+    /// fonts, passes, label handlers.
+    void AssignLook(const TDateScalerCore &other);
+
     bool Horizontal() const { return m_horizontal; }
     void SetHorizontal(bool horizontal);
     /// The least distance of two minor marks, in pixels; below 1 there are no marks.

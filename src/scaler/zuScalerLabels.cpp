@@ -10,6 +10,21 @@ TScalerLabels::TScalerLabels()
     m_textFonts.fill({.Name = "Arial", .Size = 7});
 }
 
+void TScalerLabels::AssignLabels(const TScalerLabels &other)
+{
+    m_dateFormat = other.m_dateFormat;
+    m_timeFormat = other.m_timeFormat;
+    m_firstDayOfWeek = other.m_firstDayOfWeek;
+    m_weekNumbers = other.m_weekNumbers;
+    m_weekPrefix = other.m_weekPrefix;
+    m_weekYearFormat = other.m_weekYearFormat;
+    m_quarterPrefix = other.m_quarterPrefix;
+    m_textFonts = other.m_textFonts;
+    OnUserStringShort = other.OnUserStringShort;
+    OnUserStringLong = other.OnUserStringLong;
+    LabelsChanged();
+}
+
 void TScalerLabels::SetLabelText(std::string &property, std::string value)
 {
     if (value != property) {

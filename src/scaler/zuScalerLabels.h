@@ -86,6 +86,8 @@ protected:
     TScalerLabels(const TScalerLabels &) = delete;
     TScalerLabels &operator=(const TScalerLabels &) = delete;
 
+    /// Takes over formats, fonts, calendar and handlers of other labels.
+    void AssignLabels(const TScalerLabels &other);
     /// Texts have changed, and have to be asked for again.
     virtual void LabelsChanged() = 0;
     /// Only the looks have changed.

@@ -26,6 +26,11 @@ TEST(CommandLine, IsParsedIntoOneAction)
         {{u"--summary"_s}, ReportError, {}},
         {{u"--summary"_s, u"a"_s, u"b"_s}, ReportError, u"a"_s},
         {{u"--sumary"_s, u"a"_s}, ReportError, u"a"_s},
+        {{u"--print"_s, u"p.pdf"_s, u"a.xml"_s, u"--fit=2x0"_s}, PrintPages, u"a.xml"_s},
+        {{u"--print"_s, u"p.pdf"_s, u"a"_s, u"--paper=200x300"_s}, PrintPages, u"a"_s},
+        {{u"--print"_s, u"p.png"_s, u"a"_s}, ReportError, u"a"_s},
+        {{u"--print"_s, u"p.pdf"_s, u"a"_s, u"--paper=A9"_s}, ReportError, u"a"_s},
+        {{u"--print"_s, u"p.pdf"_s, u"a"_s, u"--fit=2x"_s}, ReportError, u"a"_s},
         {{u"--help"_s, u"--summary"_s}, PrintHelp, {}},
         {{u"--version"_s}, PrintVersion, {}},
     };

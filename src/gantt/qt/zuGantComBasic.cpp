@@ -8,6 +8,7 @@
 #include "gantt/qt/zuGantAccessible.h"
 #include "gantt/qt/zuGantAreaInput.h"
 #include "gantt/qt/zuGantAreaKeys.h"
+#include "gantt/qt/zuGantPrintView.h"
 
 #include <QFocusEvent>
 #include <QHBoxLayout>
@@ -402,6 +403,10 @@ int TzuGant_ComBasic::VerticalOffset() const
 
 void TzuGant_ComBasic::CollectVisibleNodes(std::vector<TVisibleNode> &nodes)
 {
+    if (m_printView != nullptr) {
+        m_printView->CollectRows(nodes);
+        return;
+    }
     m_tree->EnsureLayout();
     const TPoint shift{0, -VerticalOffset()};
     for (const TTreeRow &row : m_tree->VisibleRowEntities()) {
@@ -418,22 +423,46 @@ void TzuGant_ComBasic::InvalidateArea()
 
 TSize TzuGant_ComBasic::AreaSize() const
 {
-    return {m_area->Width(), m_area->Height()};
+    return {PaintedArea().Width(), PaintedArea().Height()};
 }
 
 TCanvas &TzuGant_ComBasic::AreaCanvas()
 {
-    return m_area->GetOffscreenCanvas();
+    return PaintedArea().GetOffscreenCanvas();
 }
 
 TPrintScale TzuGant_ComBasic::AreaPrintScale() const
 {
-    return {m_area->GetScalex(), m_area->GetScaley()};
+    return {PaintedArea().GetScalex(), PaintedArea().GetScaley()};
 }
 
 void TzuGant_ComBasic::PrintResizeAreaFont()
 {
-    m_area->PrintResizeFont();
+    PaintedArea().PrintResizeFont();
+}
+
+void TzuGant_ComBasic::SetPrintView(IGantPrintView *view)
+{
+    m_printView = view;
+    UpdateRects();
+    InvalidateArea();
+}
+
+TzuOffscreenPaint &TzuGant_ComBasic::PaintedArea() const
+{
+    return m_printView != nullptr ? m_printView->Area() : *m_area;
+}
+
+TzuDateScaler &TzuGant_ComBasic::PaintedAxis() const
+{
+    return m_printView != nullptr ? m_printView->Axis() : *m_scaler;
+}
+
+void TzuGant_ComBasic::LinkDrawn(const TzuDataEntity_Link &link, std::span<const TPoint> line)
+{
+    if (m_printView != nullptr) {
+        m_printView->LinkDrawn(link, line);
+    }
 }
 
 } // namespace korvane

@@ -21,6 +21,7 @@ class QScrollBar;
 
 namespace korvane {
 
+class IGantPrintView;
 class TGantAreaInput;
 class TGantAreaKeys;
 class TGraphHintWindow;
@@ -68,12 +69,12 @@ public:
                               TConstruction construction = TConstruction::Complete);
     ~TzuGant_ComBasic() override;
 
-    // The parts. Owned by the chart.
-    TzuDateScaler &DateScaler() { return *m_scaler; }
-    const TzuDateScaler &DateScaler() const { return *m_scaler; }
+    // The parts. Owned by the chart. While a print is drawn, axis and area are those of the print.
+    TzuDateScaler &DateScaler() { return PaintedAxis(); }
+    const TzuDateScaler &DateScaler() const { return PaintedAxis(); }
     TGantTree &Tree() { return *m_tree; }
     const TGantTree &Tree() const { return *m_tree; }
-    TzuOffscreenPaint &GantArea() { return *m_area; }
+    TzuOffscreenPaint &GantArea() { return PaintedArea(); }
     QScrollBar &VertScrollBar() { return *m_scrollBar; }
     TzuSplitter &Splitter() { return *m_splitter; }
     /// The strip above the tree, as high as the axis. Empty; an application may put widgets in it.
@@ -141,6 +142,10 @@ public:
     /// Refreshes scaler, tree and area, each unless it is the sender.
     void RefreshOthers(const QWidget *sender);
     void RePaint();
+
+    /// Draws for a print from now on: on the view's area, along its axis, with its rows. Null goes
+    /// back to what is on screen, which has stayed as it was. The view is observed.
+    void SetPrintView(IGantPrintView *view);
 
     /// The pointer over the area where it is over nothing that can be dragged.
     QCursor CursorGantArea() const { return m_areaCursor; }
@@ -210,8 +215,8 @@ private:
     int VerticalOffset() const;
 
     // IGantHost
-    TDateScalerGestures &Scaler() override { return *m_scaler; }
-    const TDateScalerGestures &Scaler() const override { return *m_scaler; }
+    TDateScalerGestures &Scaler() override { return PaintedAxis(); }
+    const TDateScalerGestures &Scaler() const override { return PaintedAxis(); }
     void CollectVisibleNodes(std::vector<TVisibleNode> &nodes) override;
     void InvalidateArea() override;
     TSize AreaSize() const override;
@@ -219,6 +224,10 @@ private:
     TPrintScale AreaPrintScale() const override;
     void PrintResizeAreaFont() override;
     void ActiveItemChanged() override;
+    bool ShowsMarks() const override { return m_printView == nullptr; }
+    void LinkDrawn(const TzuDataEntity_Link &link, std::span<const TPoint> line) override;
+    TzuOffscreenPaint &PaintedArea() const;
+    TzuDateScaler &PaintedAxis() const;
 
     // IGantInputHost
     void FocusArea() override;
@@ -250,6 +259,7 @@ private:
     TzuDateScaler *m_scaler = nullptr;
     TGantTree *m_tree = nullptr;
     TzuOffscreenPaint *m_area = nullptr;
+    IGantPrintView *m_printView = nullptr;
     TGraphHintWindow *m_hintWindow = nullptr;
     std::unique_ptr<TGantAreaKeys> m_keys;
     QCursor m_areaCursor;

@@ -48,7 +48,8 @@ void TzuGant_ComBasic::FocusArea()
 
 bool TzuGant_ComBasic::AreaHasFocus() const
 {
-    return m_area->hasFocus() && !m_area->GetIsPrinting() && m_keys->FocusByKeyboard();
+    return m_area->hasFocus() && m_printView == nullptr && !m_area->GetIsPrinting()
+           && m_keys->FocusByKeyboard();
 }
 
 void TzuGant_ComBasic::SetAreaCursor(TGantCursor cursor)

@@ -1,0 +1,30 @@
+// What a print of the Gantt chart draws on and shows.
+#pragma once
+
+#include "gantt/zuGantRowList.h"
+
+#include <span>
+#include <vector>
+
+namespace korvane {
+
+class TzuDataEntity_Link;
+class TzuDateScaler;
+class TzuOffscreenPaint;
+
+/// Stands in for axis, area and row tree on screen while a chart is printed, so that none of them
+/// has to be moved.
+class IGantPrintView
+{
+public:
+    virtual ~IGantPrintView() = default;
+
+    virtual TzuDateScaler &Axis() = 0;
+    virtual TzuOffscreenPaint &Area() = 0;
+    /// Appends the rows to draw, top to bottom, with their places in area pixels.
+    virtual void CollectRows(std::vector<TVisibleNode> &rows) = 0;
+    /// A link has been drawn along these lines, in painted pixels.
+    virtual void LinkDrawn(const TzuDataEntity_Link & /*link*/, std::span<const TPoint> /*line*/) {}
+};
+
+} // namespace korvane

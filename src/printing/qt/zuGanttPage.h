@@ -1,0 +1,58 @@
+// One page of a printed Gantt chart.
+#pragma once
+
+#include "foundation/qt/zuOffscreenPaint.h"
+#include "gantt/qt/zuGantPrintView.h"
+#include "printing/qt/zuGanttPrinting.h"
+#include "scaler/qt/zuScaler.h"
+
+#include <optional>
+#include <vector>
+
+namespace korvane {
+
+enum class TPageSide : unsigned char { Left, Top, Right, Bottom };
+
+/// Where a link leaves a page, in pixels of the area.
+struct TLinkCrossing
+{
+    QPointF At;
+    TPageSide Side = TPageSide::Left;
+};
+
+/// Axis, area and rows of a page, in controls of their own that are never shown.
+class TGanttPage : public IGantPrintView
+{
+public:
+    /// The printing is laid out.
+    TGanttPage(TzuGanttPrinting &printing, const TPrintPage &page);
+
+    const TPrintPage &Page() const { return m_page; }
+    TzuDateScaler &Axis() override { return m_axis; }
+    TzuOffscreenPaint &Area() override { return m_area; }
+    /// The page's rows and those at the ends of links that run through it.
+    void CollectRows(std::vector<TVisibleNode> &rows) override;
+    void LinkDrawn(const TzuDataEntity_Link &link, std::span<const TPoint> line) override;
+
+    /// Headings and rows, with their places in the area.
+    const std::vector<TVisibleNode> &Rows() const { return m_rows; }
+    const std::vector<TLinkCrossing> &Crossings() const { return m_crossings; }
+    QSize AreaSize() const { return m_area.size(); }
+
+    /// Draws the page's part of the chart; the axis' upper left corner is given.
+    void Paint(QPainter &painter, QPoint at);
+
+private:
+    TVisibleNode Placed(int row, int y) const;
+    void PlaceRows();
+    void NoteCrossing(QPointF from, QPointF to);
+
+    TzuGanttPrinting &m_printing;
+    TPrintPage m_page;
+    TzuDateScaler m_axis;
+    TzuOffscreenPaint m_area;
+    std::vector<TVisibleNode> m_rows;
+    std::vector<TLinkCrossing> m_crossings;
+};
+
+} // namespace korvane

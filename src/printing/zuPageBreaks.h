@@ -1,0 +1,95 @@
+// How content longer than a page is cut into pages along one direction.
+#pragma once
+
+#include "foundation/zuTypes.h"
+
+#include <functional>
+#include <vector>
+
+namespace korvane {
+
+/// Content along one direction of the paper, with the places where it may be cut. Positions run
+/// from 0 to Length, in pixels of the screen.
+class IPrintAxis
+{
+public:
+    virtual ~IPrintAxis() = default;
+
+    virtual double Length() const = 0;
+    /// The best end for a page that begins at `from` and may reach `limit`, which lies before the
+    /// end of the content: from < result <= limit.
+    virtual double BreakBefore(double from, double limit) const = 0;
+    /// Room for what a page that begins at `from` shows again at its start.
+    virtual double RepeatedAt(double /*from*/) const { return 0; }
+};
+
+/// A page's share of an axis. The repeated part stands before it and is not counted in From and To.
+struct TPageSpan
+{
+    double From = 0;
+    double To = 0;
+    double Repeated = 0;
+
+    friend bool operator==(const TPageSpan &, const TPageSpan &) = default;
+};
+
+/// Pages of at most `capacity` pixels, repeated parts included. None for content without length;
+/// throws std::invalid_argument when a page would have no room.
+std::vector<TPageSpan> SplitIntoPages(const IPrintAxis &axis, double capacity);
+
+/// The least capacity that needs no more than so many pages (at least 1), to a hundredth of a pixel
+/// where pages become fewer steadily with growing capacity.
+double CapacityForPages(const IPrintAxis &axis, int pages);
+
+/// Rows of one height, in an outline. A page never cuts through a row, unless a single one is
+/// higher than the page, and begins with the headings of the groups that it continues.
+class TPrintRows : public IPrintAxis
+{
+public:
+    /// `parents` has an entry for each row: the index of its heading, which stands before it, or
+    /// -1. `rowHeight` is positive. Not more than `maxHeadings` innermost headings are repeated.
+    TPrintRows(std::vector<int> parents, int rowHeight, int maxHeadings);
+
+    double Length() const override;
+    double BreakBefore(double from, double limit) const override;
+    double RepeatedAt(double from) const override;
+
+    int Count() const { return static_cast<int>(m_parents.size()); }
+    int RowHeight() const { return m_rowHeight; }
+    /// The row that a position lies in.
+    int RowAt(double position) const { return static_cast<int>(position / m_rowHeight); }
+    /// The repeated headings of a page that begins with a row, outermost first.
+    std::vector<int> HeadingsAt(int row) const;
+
+private:
+    std::vector<int> m_parents;
+    int m_rowHeight;
+    int m_maxHeadings;
+};
+
+/// The time of a chart. A page ends at the boundary of the longest calendar unit (year, quarter,
+/// month, week, day, hour, ten minutes, minute) that leaves it at least three fifths full, or else
+/// where it is full.
+class TPrintTime : public IPrintAxis
+{
+public:
+    /// The mapping between times and whole pixels of the content.
+    struct TMapping
+    {
+        std::function<int(TDateTime)> ToPixel;
+        std::function<TDateTime(int)> ToDate;
+    };
+
+    /// `firstDayOfWeek` is 1 (Sunday) to 7.
+    TPrintTime(TMapping mapping, int length, int firstDayOfWeek);
+
+    double Length() const override { return m_length; }
+    double BreakBefore(double from, double limit) const override;
+
+private:
+    TMapping m_mapping;
+    int m_length;
+    int m_firstDayOfWeek;
+};
+
+} // namespace korvane

@@ -1,0 +1,35 @@
+// Texts of page headers and footers.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace korvane {
+
+/// What the fields of a header or footer stand for, ready to be shown.
+struct TPrintFields
+{
+    std::string Title;
+    std::string File;
+    std::string Date;  ///< of the print
+    std::string Time;  ///< of the print
+    std::string Range; ///< what the page shows
+    int Page = 1;
+    int Pages = 1;
+};
+
+/// The text with "{title}", "{file}", "{date}", "{time}", "{range}", "{page}" and "{pages}"
+/// replaced. "{{" is a brace; any other brace stays as it stands.
+std::string ExpandPrintFields(std::string_view text, const TPrintFields &fields);
+
+/// The three texts of a header or footer.
+struct TPrintLine
+{
+    std::string Left;
+    std::string Center;
+    std::string Right;
+
+    bool IsEmpty() const { return Left.empty() && Center.empty() && Right.empty(); }
+};
+
+} // namespace korvane

@@ -1,0 +1,78 @@
+// How large content is printed, and what each page shows of it.
+#pragma once
+
+#include "printing/zuPageBreaks.h"
+
+#include <vector>
+
+namespace korvane {
+
+enum class TPrintFit : unsigned char {
+    pfPercent, ///< as large as Percent says
+    pfWidth,   ///< one page wide
+    pfHeight,  ///< one page high
+    pfPages    ///< at most PagesAcross by PagesDown pages
+};
+
+struct TPrintScaling
+{
+    TPrintFit Fit = TPrintFit::pfPercent;
+    double Percent = 100; ///< of the size on screen, at 96 pixels per inch
+    int PagesAcross = 1;  ///< 0: as many as it takes
+    int PagesDown = 0;    ///< 0: as many as it takes
+    bool Enlarge = false; ///< whether fitting may also make things larger than on screen
+};
+
+/// Content that needs several pages in both directions. Every page repeats the labels at its left
+/// and the head at its top.
+struct TPrintContent
+{
+    const IPrintAxis &Across;
+    const IPrintAxis &Down;
+    double LabelWidth = 0;
+    double HeadHeight = 0; ///< of what is repeated, at top and bottom together
+};
+
+/// The part of a page within margins, header and footer, in pixels at 96 per inch.
+struct TPrintRoom
+{
+    double Width = 0;
+    double Height = 0;
+};
+
+/// One page: a column of pages by a row of pages.
+struct TPrintPage
+{
+    int Column = 0;
+    int Row = 0;
+    TPageSpan Across;
+    TPageSpan Down;
+};
+
+/// What is printed on which page. Pages go down first, then across.
+class TPrintLayout
+{
+public:
+    TPrintLayout() = default;
+    /// Throws std::runtime_error when there is nothing to print or no room for it.
+    TPrintLayout(const TPrintContent &content, const TPrintRoom &room,
+                 const TPrintScaling &scaling);
+
+    /// Paper pixels (96 per inch) per pixel of content.
+    double Scale() const { return m_scale; }
+    int Columns() const { return static_cast<int>(m_across.size()); }
+    int Rows() const { return static_cast<int>(m_down.size()); }
+    int PageCount() const { return Columns() * Rows(); }
+    /// Page 0 .. PageCount() - 1; throws std::out_of_range for others.
+    TPrintPage Page(int index) const;
+    int PageIndex(int column, int row) const { return column * Rows() + row; }
+    const std::vector<TPageSpan> &Across() const { return m_across; }
+    const std::vector<TPageSpan> &Down() const { return m_down; }
+
+private:
+    double m_scale = 1;
+    std::vector<TPageSpan> m_across;
+    std::vector<TPageSpan> m_down;
+};
+
+} // namespace korvane
