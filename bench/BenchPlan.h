@@ -189,7 +189,7 @@ inline int RunSteps(int argc, char **argv, std::initializer_list<TStep> steps,
     for (const int size : sizes) {
         for (const TStep &step : steps) {
             auto *registered = benchmark::RegisterBenchmark(step.Name, step.Run);
-            registered->Arg(size)->Unit(benchmark::kMillisecond);
+            registered->Arg(size)->Unit(benchmark::kMicrosecond);
             if (step.Iterations > 0) {
                 registered->Iterations(step.Iterations);
             }
