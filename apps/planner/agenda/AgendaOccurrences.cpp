@@ -318,8 +318,12 @@ AgendaOccurrences::AgendaOccurrences(const Agenda &agenda)
         const AgendaEvent &event = agenda.Events[i];
         const int index = static_cast<int>(i);
         if (!event.Override) {
-            if (event.Series != nullptr && event.Start) {
-                m_masters.insert({event.Calendar, event.Uid}, index);
+            if (event.Series != nullptr && event.Start && !event.Uid.isEmpty()) {
+                const std::pair key(event.Calendar, event.Uid);
+                if (m_masters.contains(key)) {
+                    m_ambiguous.insert(key);
+                }
+                m_masters.insert(key, index);
             }
             continue;
         }
@@ -369,7 +373,7 @@ void AgendaOccurrences::Add(const AgendaRange &range, int event,
     const std::pair key(one.Calendar, one.Uid);
     if (one.Series != nullptr && !one.Override) {
         const auto lock = LockIcal();
-        const bool hasOverrides = m_masters.value(key) == event;
+        const bool hasOverrides = m_masters.value(key, -1) == event;
         Series(m_agenda, event, hasOverrides ? m_overrides.value(key) : std::vector<int>())
             .Find(range, found);
     } else if (IsIn(range, one.Start->Wall) && !m_superseded.contains(event)) {
@@ -395,6 +399,13 @@ std::vector<AgendaOccurrence> AgendaOccurrences::StartingIn(const AgendaRange &r
     std::vector<AgendaOccurrence> found;
     Add(range, event, found);
     return found;
+}
+
+bool AgendaOccurrences::CanBeOverridden(int series) const
+{
+    const AgendaEvent &event = m_agenda.Events[static_cast<std::size_t>(series)];
+    return m_masters.value({event.Calendar, event.Uid}, -1) == series
+           && !m_ambiguous.contains({event.Calendar, event.Uid});
 }
 
 bool AgendaOccurrences::IsEndless() const

@@ -47,6 +47,9 @@ public:
     std::vector<AgendaOccurrence> StartingIn(const AgendaRange &range) const;
     /// The same of one event, and of what stands for its occurrences when it is a series.
     std::vector<AgendaOccurrence> StartingIn(const AgendaRange &range, int event) const;
+    /// Whether single occurrences of a series can be told by others than itself. That takes a UID,
+    /// and one that no other series of the calendar has.
+    bool CanBeOverridden(int series) const;
     /// Whether there is a rule that never ends.
     bool IsEndless() const;
 
@@ -59,7 +62,8 @@ private:
     /// Of those that share a UID the one that overrides belong to, and these.
     QHash<std::pair<int, QByteArray>, int> m_masters;
     QHash<std::pair<int, QByteArray>, std::vector<int>> m_overrides;
-    QSet<int> m_superseded; ///< overrides that others have taken the place of
+    QSet<std::pair<int, QByteArray>> m_ambiguous; ///< shared by several series
+    QSet<int> m_superseded;                       ///< overrides that others have taken the place of
 };
 
 /// The moment on the wall that the start's zone has when it is `time`; exceptions and overrides are

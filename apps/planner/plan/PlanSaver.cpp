@@ -11,22 +11,7 @@
 
 namespace korvane::planner {
 
-namespace {
-
-std::optional<QString> WriteTo(QIODevice &file, const Plan &plan, const PlanSource *source,
-                               bool isCompressed)
-{
-    if (!isCompressed) {
-        return WriteMspdi(plan, source, file);
-    }
-    GzipWriter zipped(file);
-    const auto error = WriteMspdi(plan, source, zipped);
-    return error || zipped.Finish() ? error : std::optional(WriteFailure());
-}
-
-} // namespace
-
-std::optional<QString> SavePlan(const Plan &plan, const PlanSource *source, const QString &fileName)
+std::optional<QString> SaveFile(const QString &fileName, const WriteFunction &write)
 {
     const QFileInfo info(fileName);
     if (info.isDir()) {
@@ -44,14 +29,28 @@ std::optional<QString> SavePlan(const Plan &plan, const PlanSource *source, cons
         if (!file.open(QIODevice::WriteOnly)) {
             return file.errorString();
         }
-        const bool isCompressed = fileName.endsWith(u".gz", Qt::CaseInsensitive);
-        if (const auto error = WriteTo(file, plan, source, isCompressed)) {
+        std::optional<QString> error;
+        if (fileName.endsWith(u".gz", Qt::CaseInsensitive)) {
+            GzipWriter zipped(file);
+            error = write(zipped);
+            if (!error && !zipped.Finish()) {
+                error = WriteFailure();
+            }
+        } else {
+            error = write(file);
+        }
+        if (error) {
             return error;
         }
         return file.commit() ? std::nullopt : std::optional(file.errorString());
     } catch (const std::bad_alloc &) {
         return QStringLiteral("not enough memory");
     }
+}
+
+std::optional<QString> SavePlan(const Plan &plan, const PlanSource *source, const QString &fileName)
+{
+    return SaveFile(fileName, [&](QIODevice &file) { return WriteMspdi(plan, source, file); });
 }
 
 } // namespace korvane::planner

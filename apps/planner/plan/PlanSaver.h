@@ -4,14 +4,21 @@
 #include "plan/Plan.h"
 #include "plan/PlanSource.h"
 
+#include <functional>
 #include <optional>
 
 namespace korvane::planner {
 
-/// Writes the plan as project XML, compressed when the name ends in ".gz", beside the file and puts
-/// it in the file's place when it is complete and on the disk. Until then the former file stays as
-/// it is. Its permissions are kept, and so is a symbolic link, whose target is replaced. Returns
-/// what went wrong.
+/// Writes into an open device; returns what went wrong.
+using WriteFunction = std::function<std::optional<QString>(QIODevice &)>;
+
+/// Writes a file, compressed when its name ends in ".gz", beside the one that is there and puts it
+/// in that one's place when it is complete and on the disk. Until then the former file stays as it
+/// is. Its permissions are kept, and so is a symbolic link, whose target is replaced. Returns what
+/// went wrong.
+std::optional<QString> SaveFile(const QString &fileName, const WriteFunction &write);
+
+/// Saves the plan as project XML.
 std::optional<QString> SavePlan(const Plan &plan, const PlanSource *source,
                                 const QString &fileName);
 
