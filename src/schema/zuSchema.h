@@ -175,6 +175,8 @@ public:
     /// Brings the column scroller up to date.
     void UpdateColumnScroller();
     void UpdateColumnScrollerLater();
+    /// Scrolls by so many columns, forward when positive, as far as there are columns to come.
+    void ScrollColumns(int columns);
     /// Extent of the area along the columns.
     int ColumnRoom() const;
 
@@ -216,6 +218,8 @@ public:
     TzuDataEntity_SchemaTime *GetDataEntityFromXY(int x, int y);
     /// The visible times of shown columns that a rectangle of the area touches, topmost first.
     TTimes TimesIn(const TRect &rect);
+    /// The visible times of a column, scrolled away or not, topmost first.
+    TTimes VisibleTimesOf(int col) { return VisibleTimesOf(col, col + 1); }
 
     // A point or a rectangle along the two axes.
     int AlongColumns(TPoint at) const { return m_flipView ? at.Y : at.X; }
@@ -241,8 +245,10 @@ public:
 
     // --- sub-columns, zuSchemaSubCols.cpp ---
 
-    /// Has the sub-columns worked out soon.
+    /// Has the sub-columns worked out soon, in the background.
     void UpdateSubColumns();
+    /// Works them out at once, as pictures and prints need it.
+    void UpdateSubColumnsNow();
     /// The scaler shows another time.
     void ScaleChanged();
 
@@ -313,7 +319,9 @@ protected:
 
     // Times of drawn data lists, topmost first, wherever columns and time are scrolled.
 
-    TTimes VisibleTimesOfAllColumns();
+    TTimes VisibleTimesOfAllColumns() { return VisibleTimesOf(0, m_columns->Count()); }
+    /// Of columns from..to-1.
+    TTimes VisibleTimesOf(int from, int to);
     /// Of columns first..last that touch the time from..to, relative to the base dates.
     TTimes TimesOfColumns(int first, int last, TDateTime from, TDateTime to);
     /// Those that a rectangle touches, which may reach beyond the area.

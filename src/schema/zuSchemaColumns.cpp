@@ -314,10 +314,11 @@ void TDataListColumns::_OnColumnsInsertItem(TzuDataEntity *item)
         }
         column.SetDataObject(std::move(object));
     }
-    const int index = IndexOf(&column);
-    for (const bool flip : {false, true}) {
-        column.m_savedSize[Of(flip)] = m_defaultSize[Of(flip)];
-        column.m_shownSize[Of(flip)] = index < m_first ? 0 : m_defaultSize[Of(flip)];
+    column.m_savedSize = m_defaultSize;
+    if (IndexOf(&column) < m_first) {
+        ++m_first; // the same columns stay scrolled away, and this one with them
+    } else {
+        column.m_shownSize = m_defaultSize;
     }
     SizesChanged();
     m_schema.OnInsertItem_Column(&m_schema, item);
@@ -327,7 +328,12 @@ void TDataListColumns::_OnColumnsDeleteItem(TzuDataEntity *item)
 {
     m_placesStale = true;
     if (m_schema.HasData()) {
-        if (m_first >= std::max(Count(), 1)) {
+        const bool noneShown = m_first >= Count();
+        m_first = std::clamp(m_first, 0, Count());
+        while (m_first > 0 && At(m_first - 1).m_shownSize != std::array<int, 2>{}) {
+            --m_first; // one of those before it is gone
+        }
+        if (noneShown && m_first >= Count()) {
             Scroll(std::max(Count() - 1, 0));
         }
         SizesChanged();
@@ -343,7 +349,7 @@ void TDataListColumns::_OnColumnsContentChanged(TzuDataList *list)
     m_placesStale = true;
     if (Count() > 0) {
         TzuDataEntity_SchemaColumn &last = At(Count() - 1);
-        last.m_savedSize = {m_defaultSize[0], m_defaultSize[1]};
+        last.m_savedSize = m_defaultSize;
     }
     SizesChanged();
     m_schema.OnContentChanged_Column(&m_schema, list);

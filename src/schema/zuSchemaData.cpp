@@ -93,7 +93,14 @@ void TzuDataEntity_SchemaTime::AlterText(int index, std::string_view text, int x
 
 // --- columns -------------------------------------------------------------------------------------
 
-TzuDataEntity_SchemaColumn::~TzuDataEntity_SchemaColumn() = default;
+/// One that goes without any event is still to be forgotten.
+TzuDataEntity_SchemaColumn::~TzuDataEntity_SchemaColumn()
+{
+    if (TDataListColumns *columns = Holder()) {
+        columns->Schema().Host().EntityLeft(this);
+        columns->SizesChanged();
+    }
+}
 
 TDataListColumns *TzuDataEntity_SchemaColumn::Columns() const
 {

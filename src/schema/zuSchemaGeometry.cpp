@@ -279,11 +279,11 @@ TSchemaCore::TTimes TSchemaCore::TimesIn(const TRect &rect)
     return times;
 }
 
-TSchemaCore::TTimes TSchemaCore::VisibleTimesOfAllColumns()
+TSchemaCore::TTimes TSchemaCore::VisibleTimesOf(int from, int to)
 {
     const std::vector<TzuDataList *> layers = Layers();
     LoadAll(layers);
-    TTimes times = VisibleTimes({0, m_columns->Count()});
+    TTimes times = VisibleTimes({from, to});
     SortByPlace(layers, times);
     return times;
 }

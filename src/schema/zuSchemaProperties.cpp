@@ -183,6 +183,14 @@ void TSchemaCore::UpdateColumnScroller()
                               || (m_scrollVisibility == TScrollVisibility::svWhenNeeded && needed));
 }
 
+void TSchemaCore::ScrollColumns(int columns)
+{
+    const int first = m_columns->TopLeftCol();
+    const int last = std::max(m_columns->LastTopLeftCol(m_flipView, ColumnRoom()), first);
+    m_columns->SetTopLeftCol(std::clamp(first + columns, 0, last));
+    UpdateColumnScroller();
+}
+
 void TSchemaCore::UpdateColumnScrollerLater()
 {
     TDoLater::DoLater(TDoLaterCall::Bind<&TSchemaCore::UpdateColumnScroller_Perform>(this));

@@ -61,6 +61,17 @@ void TSchemaCore::UpdateSubColumns_Perform()
     }
 }
 
+void TSchemaCore::UpdateSubColumnsNow()
+{
+    if (m_collisionDetect && HasData()) {
+        StopSeparation();
+        TDistinctTimeHolderList holders;
+        FillHolders(holders);
+        TTimeDistinctGeneric(holders).ResolveConflicts();
+        ApplySubCols(holders);
+    }
+}
+
 void TSchemaCore::FillHolders(TDistinctTimeHolderList &holders)
 {
     const std::vector<TzuDataList *> lists = AllLists();

@@ -8,7 +8,7 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-struct SchemaData : test::TSchemaFixture<TSchemaCore>
+struct SchemaData : test::TSchemaFixture
 {
     int Pushes = 0;
 

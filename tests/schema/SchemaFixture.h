@@ -9,12 +9,11 @@
 namespace korvane::test {
 
 /// Three columns of 120 pixels (18 when flipped) under an axis of a minute per pixel.
-template <typename Core>
 struct TSchemaFixture : testing::Test
 {
     TDayAxis Day;
     FakeSchemaHost Host{*Day.Axis};
-    TTestSchema<Core> Schema{Host};
+    TestSchema Schema{Host};
 
     TSchemaFixture() { AddColumns(3); }
 

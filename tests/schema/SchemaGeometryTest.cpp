@@ -7,7 +7,7 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::SizeIs;
 
-struct SchemaGeometry : test::TSchemaFixture<TSchemaCore>
+struct SchemaGeometry : test::TSchemaFixture
 {
     TPixelSpan Pixels(int col) { return Schema.ColumnToPixels(col); }
 };

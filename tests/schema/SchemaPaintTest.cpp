@@ -8,7 +8,7 @@ using test::TCanvasCall;
 using test::TCanvasOp;
 using testing::ElementsAre;
 
-struct SchemaPaint : test::TSchemaFixture<TSchemaCore>
+struct SchemaPaint : test::TSchemaFixture
 {
     std::vector<TRect> Filled(const std::vector<TCanvasCall> &calls, TBrush brush)
     {

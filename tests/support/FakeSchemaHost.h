@@ -4,12 +4,13 @@
 
 #include "foundation/zuDoLater.h"
 #include "scaler/zuScalerGestures.h"
-#include "schema/zuSchema.h"
+#include "schema/zuSchemaKeys.h"
 #include "support/FakeScalerHost.h"
 #include "support/RecordingCanvas.h"
 
 #include <memory>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace korvane::test {
@@ -17,7 +18,7 @@ namespace korvane::test {
 inline constexpr TDateTime kMinuteLength = 1.0 / (24 * 60);
 
 /// Counts requests and answers with its fields.
-struct FakeSchemaHost : ISchemaHost
+struct FakeSchemaHost : ISchemaHost, ISchemaInputHost
 {
     explicit FakeSchemaHost(TDateScalerGestures &scaler)
         : Axis(scaler)
@@ -57,27 +58,40 @@ struct FakeSchemaHost : ISchemaHost
     }
     void ShowColumnScroller(bool show) override { ScrollerShown = show; }
     void EntityLeft(const TzuDataEntity *entity) override { Gone.push_back(entity); }
+
+    TSchemaCursor Cursor = TSchemaCursor::Area;
+    bool Timer = false;
+    TGestureHint Hint;
+    TzuDataEntity_SchemaTime *Pointed = nullptr;
+    std::vector<std::pair<bool, TPoint>> Menus;
+    std::vector<TItemDragData> Drags;
+    int SelectionChanges = 0;
+
+    void FocusArea() override { Focused = true; }
+    void SetAreaCursor(TSchemaCursor cursor) override { Cursor = cursor; }
+    void InvalidateOverlay(const TRect &) override {}
+    void SetGestureTimer(bool on) override { Timer = on; }
+    void ShowGestureHint(const TGestureHint &hint, TPoint) override { Hint = hint; }
+    void HideGestureHint() override { Hint = {}; }
+    void PointAtTime(TzuDataEntity_SchemaTime *time, TPoint) override { Pointed = time; }
+    bool PopUpMenu(bool onTime, TPoint at) override
+    {
+        Menus.emplace_back(onTime, at);
+        return true;
+    }
+    void StartTimeDrag(const TItemDragData &data) override { Drags.push_back(data); }
+    void SelectionChanged() override { ++SelectionChanges; }
 };
 
-template <typename Core>
-class TTestSchema : public Core
+class TestSchema : public TSchemaKeys
 {
 public:
-    template <typename... Hosts>
-    explicit TTestSchema(Hosts &...hosts)
-        : Core(hosts..., nullptr)
+    explicit TestSchema(FakeSchemaHost &host)
+        : TSchemaKeys(host, host, nullptr)
     {
-        this->InitializeData();
+        InitializeData();
     }
-    ~TTestSchema() override { this->FinalizeData(); }
-
-    std::function<EntityClass()> TimeClass;
-
-protected:
-    EntityClass ClassOfDataEntity_SchemaTime() const override
-    {
-        return TimeClass ? TimeClass() : Core::ClassOfDataEntity_SchemaTime();
-    }
+    ~TestSchema() override { FinalizeData(); }
 };
 
 /// An axis that shows the first day, a minute per pixel.

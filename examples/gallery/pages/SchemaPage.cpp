@@ -72,6 +72,7 @@ void Fill(TzuSchema &schema)
         time->SetFarMargin(2);
         time->AddText(talk.Title, 4, 3, 2);
     }
+    schema.UpdateSubColumnsNow(); // or soon, in the background
 }
 
 } // namespace

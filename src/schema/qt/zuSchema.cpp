@@ -1,6 +1,9 @@
 #include "schema/qt/zuSchema.h"
 
 #include "foundation/qt/zuConvert.h"
+#include "foundation/zuLifeWatch.h"
+
+#include <QPointer>
 
 namespace korvane {
 
@@ -52,6 +55,53 @@ QDateTime TzuSchema::ScalerStopDateTime() const
 void TzuSchema::SetScalerStopDateTime(const QDateTime &stop)
 {
     SetScalerStop(FromQt(stop));
+}
+
+void TzuSchema::TellOf(TzuDataEntity *item, const std::function<void()> &handlers,
+                       void (TzuSchema::*signal)(TzuDataEntity_SchemaTime *))
+{
+    const QPointer<TzuSchema> self(this);
+    const TzuLifeWatch lives(*item);
+    handlers();
+    if (signal != nullptr && !self.isNull() && lives) {
+        Q_EMIT(this->*signal)(&DataEntity_Schema(*item));
+    }
+}
+
+void TzuSchema::_OnInsertItem(TzuDataEntity *item)
+{
+    TellOf(
+        item, [&] { TzuSchema_ComBasic::_OnInsertItem(item); }, &TzuSchema::timeInserted);
+}
+
+void TzuSchema::_OnDeleteItem(TzuDataEntity *item)
+{
+    TellOf(
+        item, [&] { TzuSchema_ComBasic::_OnDeleteItem(item); }, &TzuSchema::timeDeleted);
+}
+
+void TzuSchema::_OnInfoPush(TzuDataEntity *item)
+{
+    const bool storing = SettingTimes(); // the last announcement alone counts
+    TellOf(
+        item, [&] { TzuSchema_ComBasic::_OnInfoPush(item); },
+        storing ? nullptr : &TzuSchema::timeChanged);
+}
+
+void TzuSchema::_OnSelectionChanged(TzuDataList *list, TzuDataEntity *item)
+{
+    TellOf(
+        item, [&] { TzuSchema_ComBasic::_OnSelectionChanged(list, item); },
+        &TzuSchema::timeSelectionChanged);
+}
+
+void TzuSchema::DoScalerChange()
+{
+    const QPointer<TzuSchema> self(this);
+    TzuSchema_ComBasic::DoScalerChange();
+    if (!self.isNull()) {
+        Q_EMIT scalerChanged(ScalerStartDateTime(), ScalerStopDateTime());
+    }
 }
 
 } // namespace korvane

@@ -7,6 +7,8 @@
 #include <QDateTime>
 #include <QFont>
 
+#include <functional>
+
 namespace korvane {
 
 /// The schedule view with its designer properties and signals. Properties named after the scaler
@@ -33,6 +35,18 @@ class TzuSchema : public TzuSchema_ComBasic
     Q_PROPERTY(QDateTime ScalerStop READ ScalerStopDateTime WRITE SetScalerStopDateTime)
     Q_PROPERTY(int ScalerWidth READ GetScalerWidth WRITE SetScalerWidth)
     Q_PROPERTY(int ScalerHeight READ GetScalerHeight WRITE SetScalerHeight STORED false)
+    Q_PROPERTY(bool StartSnapONOFF READ StartSnapONOFF WRITE SetStartSnapONOFF)
+    Q_PROPERTY(bool LengthSnapONOFF READ LengthSnapONOFF WRITE SetLengthSnapONOFF)
+    Q_PROPERTY(double StartSnap READ StartSnap WRITE SetStartSnap)
+    Q_PROPERTY(double LengthSnap READ LengthSnap WRITE SetLengthSnap)
+    Q_PROPERTY(bool ShowBigONOFF READ ShowBigONOFF WRITE SetShowBigONOFF)
+    Q_PROPERTY(
+        bool MoveInTimeWhenColSwitch READ MoveInTimeWhenColSwitch WRITE SetMoveInTimeWhenColSwitch)
+    Q_PROPERTY(bool StartDragWhenTimeMoveOutside READ StartDragWhenTimeMoveOutside WRITE
+                   SetStartDragWhenTimeMoveOutside)
+    Q_PROPERTY(QMenu *HeaderPopupmenu READ HeaderPopupmenu WRITE SetHeaderPopupmenu)
+    Q_PROPERTY(QMenu *PopupSchema READ PopupSchema WRITE SetPopupSchema)
+    Q_PROPERTY(QMenu *PopupMenu READ PopupMenu WRITE SetPopupMenu)
     Q_PROPERTY(bool DrawShortLines READ DrawShortLines WRITE SetDrawShortLines)
     Q_PROPERTY(bool RescaleWithCtrl READ RescaleWithCtrl WRITE SetRescaleWithCtrl)
 
@@ -66,7 +80,25 @@ public:
     QDateTime ScalerStopDateTime() const;
     void SetScalerStopDateTime(const QDateTime &stop);
 
+Q_SIGNALS:
+    // What is deleted is about to go; do not keep it.
+    void timeInserted(korvane::TzuDataEntity_SchemaTime *time);
+    void timeDeleted(korvane::TzuDataEntity_SchemaTime *time);
+    void timeChanged(korvane::TzuDataEntity_SchemaTime *time);
+    void timeSelectionChanged(korvane::TzuDataEntity_SchemaTime *time);
+    void scalerChanged(const QDateTime &start, const QDateTime &stop);
+
+protected:
+    void _OnInsertItem(TzuDataEntity *item) override;
+    void _OnDeleteItem(TzuDataEntity *item) override;
+    void _OnInfoPush(TzuDataEntity *item) override;
+    void _OnSelectionChanged(TzuDataList *list, TzuDataEntity *item) override;
+    void DoScalerChange() override;
+
 private:
+    /// Runs the handlers, then tells of a time, unless it or the schedule is gone.
+    void TellOf(TzuDataEntity *item, const std::function<void()> &handlers,
+                void (TzuSchema::*signal)(TzuDataEntity_SchemaTime *));
     QFont TextQFont(int style) const;
     void SetTextQFont(int style, const QFont &font);
 };

@@ -1,9 +1,13 @@
 #include "schema/qt/zuSchemaComBasic.h"
 
 #include "foundation/qt/zuConvert.h"
+#include "foundation/qt/zuGraphStuff.h"
 #include "foundation/qt/zuToolkit.h"
 #include "foundation/qt/zuXYSizer.h"
 #include "foundation/zuDateUtils.h"
+#include "schema/qt/zuSchemaAccessible.h"
+#include "schema/qt/zuSchemaAreaInput.h"
+#include "schema/qt/zuSchemaHint.h"
 
 #include <QEvent>
 #include <QWheelEvent>
@@ -20,9 +24,10 @@ constexpr int kDaysAhead = 31;
 
 TzuSchema_ComBasic::TzuSchema_ComBasic(QWidget *parent, TConstruction construction)
     : QFrame(parent)
-    , TSchemaCore(static_cast<ISchemaHost &>(*this), this)
+    , TSchemaKeys(static_cast<ISchemaHost &>(*this), static_cast<ISchemaInputHost &>(*this), this)
 {
     InstallToolkitServices();
+    InstallSchemaAccessibility();
     if (construction == TConstruction::Complete) {
         InitializeInConstructor();
     }
@@ -50,7 +55,7 @@ void TzuSchema_ComBasic::CreateParts()
     m_scaler = CreateDateScaler(this);
     m_scaler->setObjectName(QStringLiteral("Scaler"));
     m_scaler->SetRange(Now(), Now() + kDaysAhead);
-    m_scaler->OnChange = [this](TObject *) { ScaleChanged(); };
+    m_scaler->OnChange = [this](TObject *) { DoScalerChange(); };
     m_scaler->OnPrintResizeFont =
         TzuOffscreenPaint::TOnPrintResizeFont::Bind<&TzuSchema_ComBasic::_OnPrintResizeFont>(this);
     m_header = new THeaderControl_MouseControl(*this);
@@ -65,8 +70,12 @@ void TzuSchema_ComBasic::CreateParts()
     m_area->setMouseTracking(true);
     m_area->OnPaint = [this](TzuOffscreenPaint *) { SchemaPaint(); };
     m_area->OnPrintResizeFont = m_scaler->OnPrintResizeFont;
+    m_input = std::make_unique<TSchemaAreaInput>(*this, *m_area);
+    m_smallHint = new TGraphHintWindow(this);
+    m_bigHint = new TzuSchema_ComBasicHintWindow(*this);
     m_scroller = new TSchemaColumnScroller(this);
-    connect(m_scroller, &TSchemaColumnScroller::stepped, this, &TzuSchema_ComBasic::ScrollColumns);
+    connect(m_scroller, &TSchemaColumnScroller::stepped, this,
+            [this](int columns) { ScrollColumns(columns); });
     m_sizer = new TXYSizer(this);
     m_sizer->setObjectName(QStringLiteral("itsXYSizer"));
     m_sizer->OnResize = [this](TXYSizer *, TPoint delta) { PartResize(delta); };
@@ -117,14 +126,6 @@ void TzuSchema_ComBasic::_RefreshEverything()
     UpdatePartSize();
     UpdateSubColumns();
     RePaint();
-}
-
-void TzuSchema_ComBasic::ScrollColumns(int columns)
-{
-    const int first = Columns().TopLeftCol();
-    const int last = std::max(Columns().LastTopLeftCol(FlipView(), ColumnRoom()), first);
-    Columns().SetTopLeftCol(std::clamp(first + columns, 0, last));
-    UpdateColumnScroller();
 }
 
 void TzuSchema_ComBasic::ScrollColumnsByWheel(int units)
@@ -185,8 +186,15 @@ void TzuSchema_ComBasic::ShowColumnScroller(bool show)
 void TzuSchema_ComBasic::resizeEvent(QResizeEvent *event)
 {
     QFrame::resizeEvent(event);
-    if (m_sizer != nullptr) {
-        UpdatePartSize();
+    if (m_sizer == nullptr) {
+        return;
+    }
+    UpdatePartSize();
+    // Columns that have room now come back.
+    const int last = Columns().LastTopLeftCol(FlipView(), ColumnRoom());
+    if (Columns().TopLeftCol() > last) {
+        Columns().SetTopLeftCol(last);
+        UpdateColumnScroller();
     }
 }
 
@@ -247,6 +255,87 @@ int TzuSchema_ComBasic::HeaderTextWidth(std::string_view text, bool flip) const
 {
     const QWidget *header = flip ? static_cast<QWidget *>(m_flippedHeader) : m_header;
     return header->fontMetrics().horizontalAdvance(ToQt(text));
+}
+
+void TzuSchema_ComBasic::ActiveTimeChanged()
+{
+    TellActiveTime(*this);
+}
+
+void TzuSchema_ComBasic::EntityLeft(const TzuDataEntity *entity)
+{
+    if (m_bigHint != nullptr) {
+        m_bigHint->Forget(entity);
+        TellEntityLeft(*this, entity);
+    }
+}
+
+// --- ISchemaInputHost ----------------------------------------------------------------------------
+
+void TzuSchema_ComBasic::FocusArea()
+{
+    m_area->setFocus(Qt::MouseFocusReason);
+}
+
+void TzuSchema_ComBasic::SetAreaCursor(TSchemaCursor cursor)
+{
+    Qt::CursorShape shape = Qt::ArrowCursor;
+    switch (cursor) {
+    case TSchemaCursor::Resize:
+        shape = FlipView() ? Qt::SizeHorCursor : Qt::SizeVerCursor;
+        break;
+    case TSchemaCursor::Move:
+        shape = Qt::ClosedHandCursor;
+        break;
+    case TSchemaCursor::Copy:
+        shape = Qt::DragCopyCursor;
+        break;
+    case TSchemaCursor::Area:
+        break;
+    }
+    if (m_area->cursor().shape() != shape) {
+        m_area->setCursor(shape);
+    }
+}
+
+void TzuSchema_ComBasic::SetGestureTimer(bool on)
+{
+    m_input->SetTimer(on);
+}
+
+void TzuSchema_ComBasic::ShowGestureHint(const TGestureHint &hint, TPoint at)
+{
+    m_smallHint->ShowMoveInfo(ToQt(hint[0]), ToQt(hint[1]), ToQt(hint[2]),
+                              m_area->mapToGlobal(ToQt(at)));
+}
+
+void TzuSchema_ComBasic::HideGestureHint()
+{
+    m_smallHint->DoHide();
+}
+
+void TzuSchema_ComBasic::PointAtTime(TzuDataEntity_SchemaTime *time, TPoint at)
+{
+    m_bigHint->PointAt(time, m_area->mapToGlobal(ToQt(at)));
+}
+
+bool TzuSchema_ComBasic::PopUpMenu(bool onTime, TPoint at)
+{
+    QMenu *menu = onTime && m_popupSchema != nullptr ? m_popupSchema : m_popupMenu;
+    if (menu != nullptr) {
+        menu->popup(m_area->mapToGlobal(ToQt(at)));
+    }
+    return menu != nullptr;
+}
+
+void TzuSchema_ComBasic::StartTimeDrag(const TItemDragData &times)
+{
+    m_input->StartTimeDrag(times);
+}
+
+void TzuSchema_ComBasic::SelectionChanged()
+{
+    TellTimeSelection(*this);
 }
 
 } // namespace korvane

@@ -4,10 +4,13 @@
 #include "foundation/qt/zuOffscreenPaint.h"
 #include "scaler/qt/zuScaler.h"
 #include "schema/qt/zuSchemaHeader.h"
-#include "schema/zuSchema.h"
+#include "schema/zuSchemaKeys.h"
 
 #include <QFrame>
+#include <QPointer>
 #include <QString>
+
+#include <memory>
 
 class QDrag;
 class QDragMoveEvent;
@@ -15,7 +18,10 @@ class QDropEvent;
 
 namespace korvane {
 
+class TGraphHintWindow;
+class TSchemaAreaInput;
 class TXYSizer;
+class TzuSchema_ComBasicHintWindow;
 
 /// `column` is the number of the column under the mouse, or -1.
 using TOnHeaderClick = TMethod<void(TzuSchema_ComBasic *theSchema, int column)>;
@@ -27,6 +33,12 @@ using TOnHeaderDragOver =
 using TOnHeaderDragDrop =
     TMethod<void(TzuSchema_ComBasic *theSchema, int column, QDropEvent &event)>;
 
+using TOnSchemaStartDrag = TMethod<void(TzuSchema_ComBasic *theSchema, QDrag &drag)>;
+using TOnSchemaEndDrag = TMethod<void(TzuSchema_ComBasic *theSchema, Qt::DropAction action)>;
+/// Positions of the events are in area pixels.
+using TOnSchemaDragOver = TMethod<void(TzuSchema_ComBasic *theSchema, QDragMoveEvent &event)>;
+using TOnSchemaDragDrop = TMethod<void(TzuSchema_ComBasic *theSchema, QDropEvent &event)>;
+
 /// All behaviour of the schedule view.
 ///
 /// The date scaler stands at the left and the header of the columns at the top; in the flipped view
@@ -37,7 +49,10 @@ using TOnHeaderDragDrop =
 /// Parts are created through virtual factories. A subclass that overrides one constructs its base
 /// with TConstruction::WithoutParts and calls InitializeInConstructor() first thing in its own
 /// constructor.
-class TzuSchema_ComBasic : public QFrame, public TSchemaCore, private ISchemaHost
+class TzuSchema_ComBasic : public QFrame,
+                           public TSchemaKeys,
+                           private ISchemaHost,
+                           private ISchemaInputHost
 {
     Q_OBJECT
 
@@ -56,6 +71,10 @@ public:
     TDrawGrid_Schema &FlippedHeader() { return *m_flippedHeader; }
     TXYSizer &Sizer() { return *m_sizer; }
     TSchemaColumnScroller &ColumnScroller() { return *m_scroller; }
+    /// Tells what a gesture changes.
+    TGraphHintWindow &SmallHint() { return *m_smallHint; }
+    /// The enlargement of the time that the pointer rests on.
+    TzuSchema_ComBasicHintWindow &BigHint() { return *m_bigHint; }
 
     // The time axis.
     TDateTime ScalerStart() const { return m_scaler->GetStart(); }
@@ -72,6 +91,12 @@ public:
     /// The menu of both headers; observed.
     QMenu *HeaderPopupmenu() const { return m_header->PopupMenu(); }
     void SetHeaderPopupmenu(QMenu *menu);
+    /// The menu of times; observed.
+    QMenu *PopupSchema() const { return m_popupSchema; }
+    void SetPopupSchema(QMenu *menu) { m_popupSchema = menu; }
+    /// The menu elsewhere in the area, and where there is no PopupSchema; observed.
+    QMenu *PopupMenu() const { return m_popupMenu; }
+    void SetPopupMenu(QMenu *menu) { m_popupMenu = menu; }
 
     /// Brackets nest on the drawn area.
     void BeginUpdate() { m_area->BeginUpdate(); }
@@ -79,8 +104,6 @@ public:
     void RePaint();
     /// Everything anew: layout, headers, axis and area.
     void _RefreshEverything();
-    /// Scrolls by so many columns, forward when positive, as far as there are columns to come.
-    void ScrollColumns(int columns);
     /// Scrolls by the units of a wheel, forward when positive.
     void ScrollColumnsByWheel(int units);
 
@@ -93,6 +116,14 @@ public:
     /// everything is accepted, if there is one of OnHeaderDragDrop.
     TOnHeaderDragOver OnHeaderDragOver;
     TOnHeaderDragDrop OnHeaderDragDrop;
+    /// Times are about to be carried out of the schedule. The handler may change what is offered;
+    /// with no data set there is no drag. The end tells what the place of the drop has made of it.
+    TOnSchemaStartDrag OnSchemaStartDrag;
+    TOnSchemaEndDrag OnSchemaEndDrag;
+    /// Something is dragged over the area; the handler accepts it or not. Without a handler
+    /// everything is accepted, if there is one of OnSchemaDragDrop.
+    TOnSchemaDragOver OnSchemaDragOver;
+    TOnSchemaDragDrop OnSchemaDragDrop;
     /// Axis or area enlarges a font for printing.
     TzuOffscreenPaint::TOnPrintResizeFont OnPrintResizeFont;
 
@@ -100,6 +131,8 @@ protected:
     /// Creates the parts through the factories.
     void InitializeInConstructor();
     virtual TzuDateScaler *CreateDateScaler(QWidget *parent);
+    /// The axis shows another time.
+    virtual void DoScalerChange() { ScaleChanged(); }
 
     void resizeEvent(QResizeEvent *event) override;
     void changeEvent(QEvent *event) override;
@@ -125,6 +158,20 @@ private:
     void HeaderOutOfDate() override;
     int HeaderTextWidth(std::string_view text, bool flip) const override;
     void ShowColumnScroller(bool show) override;
+    void ActiveTimeChanged() override;
+    void EntityLeft(const TzuDataEntity *entity) override;
+
+    // ISchemaInputHost
+    void FocusArea() override;
+    void SetAreaCursor(TSchemaCursor cursor) override;
+    void InvalidateOverlay(const TRect &rect) override { m_area->InvalidateOverlay(rect); }
+    void SetGestureTimer(bool on) override;
+    void ShowGestureHint(const TGestureHint &hint, TPoint at) override;
+    void HideGestureHint() override;
+    void PointAtTime(TzuDataEntity_SchemaTime *time, TPoint at) override;
+    bool PopUpMenu(bool onTime, TPoint at) override;
+    void StartTimeDrag(const TItemDragData &times) override;
+    void SelectionChanged() override;
 
     TzuDateScaler *m_scaler = nullptr;
     TXYSizer *m_sizer = nullptr;
@@ -132,6 +179,11 @@ private:
     TDrawGrid_Schema *m_flippedHeader = nullptr;
     TzuOffscreenPaint *m_area = nullptr;
     TSchemaColumnScroller *m_scroller = nullptr;
+    TGraphHintWindow *m_smallHint = nullptr;
+    TzuSchema_ComBasicHintWindow *m_bigHint = nullptr;
+    std::unique_ptr<TSchemaAreaInput> m_input;
+    QPointer<QMenu> m_popupSchema;
+    QPointer<QMenu> m_popupMenu;
     int m_wheelUnits = 0; ///< not yet a whole column
 };
 

@@ -2,8 +2,10 @@
 #include "foundation/zuDoLater.h"
 #include "schema/qt/zuSchema.h"
 
+#include <QAccessible>
 #include <QApplication>
 #include <QMouseEvent>
+#include <QWheelEvent>
 
 #include <gmock/gmock.h>
 
@@ -120,6 +122,76 @@ TEST_F(SchemaControl, TheEdgeBetweenTwoCaptionsResizes)
         EXPECT_EQ(Schema.ColumnToPixels_fw(flip, 0).Length(), before) << flip;
         EXPECT_FALSE(header.IsResizing());
     }
+}
+
+TEST_F(SchemaControl, TheMouseInTheAreaMovesTimes)
+{
+    const auto rect = Schema.RectFromDataEntity(*Times[1]).value();
+    const QPoint middle((rect.Left + rect.Right) / 2, (rect.Top + rect.Bottom) / 2);
+    const TDateTime start = Times[1]->GetStartDateTime();
+    Drag(Schema.SchemaArea(), middle, middle + QPoint(0, 50));
+    EXPECT_GT(Times[1]->GetStartDateTime(), start + 0.05);
+    EXPECT_EQ(Times[1]->Col(), 1);
+    EXPECT_TRUE(Schema.SchemaArea().hasFocus() || !Schema.isActiveWindow());
+}
+
+TEST_F(SchemaControl, TheWheelTurnsWhatRunsAlongIt)
+{
+    struct TCase
+    {
+        bool Flip;
+        Qt::KeyboardModifiers Modifiers;
+        bool Time;
+        bool Columns;
+        bool Zoom;
+    };
+    Schema.resize(430, 100);
+    const TCase cases[]{
+        {false, Qt::NoModifier, true, false, false},
+        {false, Qt::ShiftModifier, false, true, false},
+        {true, Qt::NoModifier, false, true, false},
+        {true, Qt::ShiftModifier, true, false, false},
+        {false, Qt::ControlModifier, true, false, true},
+    };
+    for (const TCase &test : cases) {
+        Schema.SetFlipView(test.Flip);
+        Schema.Columns().SetTopLeftCol(0);
+        Schema.DateScaler().SetRange(kDay, kDay + 1);
+        Settle();
+        const QPointF at(20, 20);
+        QWheelEvent event(at, Schema.SchemaArea().mapToGlobal(at), {}, {0, -120}, Qt::NoButton,
+                          test.Modifiers, Qt::NoScrollPhase, false);
+        QCoreApplication::sendEvent(&Schema.SchemaArea(), &event);
+        EXPECT_EQ(Schema.ScalerStart() != kDay, test.Time) << test.Flip;
+        EXPECT_EQ(Schema.ScalerStop() - Schema.ScalerStart() > 1.01, test.Zoom);
+        EXPECT_EQ(Schema.Columns().TopLeftCol(), test.Columns ? 1 : 0) << test.Flip;
+    }
+}
+
+TEST_F(SchemaControl, AssistiveToolsSeeColumnsAndTimes)
+{
+    Times[1]->AddText("Talk", 0, 0, 1);
+    QAccessibleInterface *area = QAccessible::queryAccessibleInterface(&Schema.SchemaArea());
+    ASSERT_NE(area, nullptr);
+    ASSERT_EQ(area->childCount(), 5);
+    QAccessibleInterface *column = area->child(1);
+    EXPECT_EQ(column->text(QAccessible::Name), "Column 1");
+    EXPECT_EQ(area->indexOfChild(column), 1);
+    ASSERT_EQ(column->childCount(), 1);
+    QAccessibleInterface *time = column->child(0);
+    EXPECT_EQ(time->text(QAccessible::Name), "Talk");
+    EXPECT_EQ(time->parent(), column);
+    const QRect place = time->rect();
+    EXPECT_EQ(column->childAt(place.center().x(), place.center().y()), time);
+    EXPECT_FALSE(time->state().selected);
+    time->actionInterface()->doAction(QAccessibleActionInterface::toggleAction());
+    EXPECT_TRUE(time->state().selected);
+    Schema.RemoveSchemaTime(Times[1]);
+    EXPECT_FALSE(time->isValid());
+    EXPECT_EQ(column->childCount(), 0);
+    Schema.ClearColumns();
+    EXPECT_FALSE(column->isValid());
+    EXPECT_EQ(area->childCount(), 0);
 }
 
 } // namespace
