@@ -4,6 +4,7 @@
 #include "PictureFormat.h"
 #include "PlanChart.h"
 #include "PlanDocument.h"
+#include "PrintActions.h"
 #include "RecentFiles.h"
 #include "RemarksPanel.h"
 #include "foundation/zuDateUtils.h"
@@ -75,6 +76,8 @@ void MainWindow::MakeFileMenu()
                                &MainWindow::ChooseSaveName);
     m_planActions += AddAction(menu, tr("Save as &picture..."), {QKeySequence(tr("Ctrl+E"))},
                                &MainWindow::ChoosePicture);
+    menu.addSeparator();
+    m_planActions += (new PrintActions(menu, *m_document, *this))->Actions();
     menu.addSeparator();
     AddAction(menu, tr("&Quit"), {QKeySequence(tr("Ctrl+Q"))}, &QWidget::close);
 }

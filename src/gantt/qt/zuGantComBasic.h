@@ -110,12 +110,12 @@ public:
     void SetTreeWidth(int pixels);
 
     // The time axis.
-    TDateTime Start() const { return m_scaler->GetStart(); }
+    TDateTime Start() const { return PaintedAxis().GetStart(); }
     void SetStart(TDateTime start) { m_scaler->SetStart(start); }
-    TDateTime Stop() const { return m_scaler->GetStop(); }
+    TDateTime Stop() const { return PaintedAxis().GetStop(); }
     void SetStop(TDateTime stop) { m_scaler->SetStop(stop); }
     /// Days per pixel.
-    double Scale() const { return m_scaler->GetScale(); }
+    double Scale() const { return PaintedAxis().GetScale(); }
     void SetScale(double scale) { m_scaler->SetScale(scale); }
     double Get_ZoomFactor() const { return m_scaler->ZoomFactor(); }
     void Set_ZoomFactor(double factor) { m_scaler->SetZoomFactor(factor); }

@@ -323,9 +323,14 @@ void TzuGanttPrinting::PaintLabel(QPainter &painter, const QRectF &cell, const T
         }
     }
     QFont font = LabelFont(tree);
-    font.setBold(font.bold() || look.Style.Bold);
-    font.setItalic(font.italic() || look.Style.Italic);
-    font.setStrikeOut(font.strikeOut() || look.Style.StrikeOut);
+    if (!entity.GetFontName().empty()) {
+        font.setFamily(ToQt(entity.GetFontName()));
+    }
+    const TFontStyles own = entity.GetFontStyle();
+    font.setBold(font.bold() || own.Bold || look.Style.Bold);
+    font.setItalic(font.italic() || own.Italic || look.Style.Italic);
+    font.setUnderline(own.Underline || look.Style.Underline);
+    font.setStrikeOut(own.StrikeOut || look.Style.StrikeOut);
     painter.setFont(font);
     painter.setPen(look.TextColor ? Readable(ToQt(*look.TextColor, QPalette(Qt::white)))
                                   : QColor(Qt::black));
