@@ -134,7 +134,24 @@ void Memory(benchmark::State &state)
     }
 }
 
-/// One event of a mouse that drags what is selected, with the repaint that follows.
+/// Counts the paints of a widget.
+class TPaintCounter : public QObject
+{
+public:
+    explicit TPaintCounter(QWidget &widget) { widget.installEventFilter(this); }
+
+    int Paints = 0;
+
+protected:
+    bool eventFilter(QObject * /*watched*/, QEvent *event) override
+    {
+        Paints += event->type() == QEvent::Paint ? 1 : 0;
+        return false;
+    }
+};
+
+/// One event of a mouse that drags what is selected, with the repaint that follows. A step that
+/// draws nothing is an error.
 void DragBy(benchmark::State &state, TPlan &plan)
 {
     TzuGant &chart = plan.Chart();
@@ -146,11 +163,18 @@ void DragBy(benchmark::State &state, TPlan &plan)
     QMouseEvent event(QEvent::MouseButtonPress, press, chart.GantArea().mapToGlobal(press),
                       Qt::LeftButton, Qt::LeftButton, {});
     QCoreApplication::sendEvent(&chart.GantArea(), &event);
+    Settle();
+    TPaintCounter area(chart.GantArea());
     int step = 0;
     for (auto _ : state) {
         MoveMouse(chart, press + QPoint(20 + 10 * (++step % 10), 5), Qt::LeftButton);
         Settle();
+        if (area.Paints < step || !chart.GestureRunning()) {
+            state.SkipWithError("a step of the drag was not drawn");
+            break;
+        }
     }
+    state.counters["paints_per_step"] = static_cast<double>(area.Paints) / std::max(step, 1);
     chart.CancelGesture();
     chart.ClearSelection();
     Settle();
