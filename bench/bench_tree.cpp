@@ -112,6 +112,32 @@ void InsertAndRemoveOne(benchmark::State &state)
     }
 }
 
+/// A root, with all that is below it, to another place among the roots and back.
+void MoveOne(benchmark::State &state)
+{
+    TWindow &window = WindowOf(state);
+    TzuDataEntity_Tree &root = window.MiddleRoot();
+    const int from = window.Entities() / kGroup / 2;
+    for (auto _ : state) {
+        root.Move(from + from / 2);
+        Settle();
+        root.Move(from);
+        Settle();
+    }
+}
+
+/// All roots the other way round, and back.
+void SortRoots(benchmark::State &state)
+{
+    TWindow &window = WindowOf(state);
+    for (auto _ : state) {
+        window.Tree.Sort({nullptr, TSortDirection::Descending});
+        Settle();
+        window.Tree.Sort({nullptr, TSortDirection::Ascending});
+        Settle();
+    }
+}
+
 /// The same without the view: what the rules of the tree cost by themselves.
 void InsertAndRemoveOneUnseen(benchmark::State &state)
 {
@@ -214,10 +240,12 @@ int main(int argc, char **argv)
         add("ScrollOneRow", ScrollOneRow);
         add("InsertAndRemoveOne", InsertAndRemoveOne);
         add("InsertAndRemoveOneUnseen", InsertAndRemoveOneUnseen);
+        add("MoveOne", MoveOne);
         add("ChangeOneCaption", ChangeOneCaption);
         add("CollapseAndExpandOne", CollapseAndExpandOne);
         add("CollapseAndExpandAll", CollapseAndExpandAll);
         add("RowsInView", RowsInView);
+        add("SortRoots", SortRoots);
     }
     benchmark::RegisterBenchmark("Memory", Memory)->Arg(1'000'000)->Iterations(1);
     benchmark::Initialize(&argc, argv);

@@ -2,12 +2,13 @@
 #pragma once
 
 #include "foundation/zuCanvas.h"
+#include "tree/qt/zuCustomTreeView.h"
 #include "tree/qt/zuTreeDrag.h"
 #include "tree/zuTreeUser.h"
 
 #include <QElapsedTimer>
 #include <QPointer>
-#include <QTreeView>
+#include <QString>
 
 #include <cstdint>
 #include <memory>
@@ -17,8 +18,8 @@ class QMenu;
 
 namespace korvane {
 
+class TTreeCaptionEdit;
 class TTreeNodeDelegate;
-class TTreeNodeModel;
 class TzuImageList;
 
 enum class TBorderStyle : std::uint8_t { bsNone, bsSingle };
@@ -47,9 +48,11 @@ struct TTreeItemLook
     bool Hot = false; ///< under the pointer
 };
 
-/// All behaviour of the tree. Rows have one height and scroll row by row. The view's model is the
-/// tree's own; its items are not to be changed through it.
-class TzuTree_ComBasic : public QTreeView,
+/// All behaviour of the tree. The view's model is the tree's own; its items are not to be changed
+/// through it. A caption that is being edited when its node goes, because the entity moves
+/// elsewhere or is hidden, goes on being edited where it is shown again; otherwise the entity takes
+/// the text.
+class TzuTree_ComBasic : public TCustomTreeView,
                          private ITreeHost,
                          private ITreeNodeObserver,
                          public TTreeUserCore,
@@ -106,10 +109,6 @@ public:
     const TzuImageList *Images() const { return m_images; }
     void SetImages(const TzuImageList *images);
 
-    /// In pixels; by default what the font and the icons need.
-    int RowHeight() const;
-    /// 0 returns to the default.
-    void SetRowHeight(int height);
     /// As of the last update of the display.
     TScrollInfo ScrollInfo() const;
     /// Scrolls by a number of rows.
@@ -121,6 +120,9 @@ public:
     /// Its picture shows while dragging; one without picture leaves the platform's own.
     const QCursor &DragCursor() const { return m_dragCursor; }
     void SetDragCursor(const QCursor &cursor) { m_dragCursor = cursor; }
+    /// How long a drag rests on a node before the node is expanded, in milliseconds.
+    int autoExpandDelay() const { return m_autoExpandDelay; }
+    void setAutoExpandDelay(int milliseconds) { m_autoExpandDelay = milliseconds; }
     /// Drags the topmost selected entities until they are dropped; for a handler of the mouse.
     void BeginDrag();
 
@@ -133,10 +135,9 @@ public:
 
     TOnCustomDrawItem OnCustomDrawItem;
 
-    /// Brings nodes, layout and scroll range up to date at once, as a paint does.
+    /// Brings nodes, selection and editor up to date at once, as a paint does.
     void EnsureLayout();
 
-    void doItemsLayout() override;
     void selectAll() override { SelectAll(); }
     /// Makes the next row current whose caption begins with what was typed.
     void keyboardSearch(const QString &typed) override;
@@ -170,6 +171,7 @@ protected:
     /// Selecting is the tree's own business.
     QItemSelectionModel::SelectionFlags selectionCommand(const QModelIndex &index,
                                                          const QEvent *event) const override;
+    void commitData(QWidget *editor) override;
     void closeEditor(QWidget *editor, QAbstractItemDelegate::EndEditHint hint) override;
     bool edit(const QModelIndex &index, EditTrigger trigger, QEvent *event) override;
     void currentChanged(const QModelIndex &current, const QModelIndex &previous) override;
@@ -180,6 +182,9 @@ protected:
     void drawBranches(QPainter *painter, const QRect &rect,
                       const QModelIndex &index) const override;
     void initViewItemOption(QStyleOptionViewItem *option) const override;
+    /// What the font and the icons need.
+    int DefaultRowHeight() const override;
+    void ToggleNode(TTreeNode_zuSub &node, bool expand) override;
 
 private:
     friend class TTreeDragging;
@@ -204,49 +209,37 @@ private:
     void BeforeRelease() override;
 
     // Not to be used from outside: the tree would not hear of it.
-    using QTreeView::collapseAll;
-    using QTreeView::expandAll;
-    using QTreeView::expandToDepth;
-    using QTreeView::setItemDelegate;
-    using QTreeView::setModel;
+    using TCustomTreeView::setItemDelegate;
+    using TCustomTreeView::setModel;
+
+    using TCustomTreeView::RowRect; // and not that of the core
 
     class TMirroring;
 
-    void DetachModel();
-    void AttachModel();
     void BringViewUpToDate();
-    void ShowStates(const TTreeNode_zuSub &top);
-    void ShowInserted(const TTreeNode_zuSub &node);
-    void ShowExpansion(TTreeNode_zuSub &node);
     void ShowSelection();
     void MarkSelected(const QItemSelection &selection, bool selected);
-    void NodeToggled(const QModelIndex &index, bool expanded);
-    TTreeNode_zuSub *NodeAtPoint(const QPoint &point) const;
-    /// Of icon and caption in a row; behind the branches.
-    QRect ItemRect(const TTreeNode_zuSub &node, const QRect &row) const;
+    void EditorOpened(TTreeCaptionEdit &editor, TzuDataEntity_Tree *entity);
+    void EditorGone(const TTreeCaptionEdit &editor);
+    void ResumeEditing();
     bool IsOnItem(const TTreeNode_zuSub &node, const QPoint &point) const;
     bool IsOnCaption(const TTreeNode_zuSub &node, const QPoint &point) const;
     bool ShowsFocus() const;
-    QRect RowRect(const TTreeNode_zuSub &node) const;
     void FollowPointer(const QEvent &event);
     void ScrollTowards(int y);
     void MakeVisibleIfCurrent();
-    void RepaintRow(const TTreeNode_zuSub &node);
-    void ApplyTopRow();
     void HandleScrollInfo();
     void PostUpdate();
-    int PageRows() const;
-    int LastTopRow() const;
-    int DefaultRowHeight() const;
     TTreeItemLook LookOf(const TTreeNode_zuSub &node, const QModelIndex &index) const;
     void DrawLines(QPainter &painter, const QRect &rect, const QModelIndex &index) const;
     bool ShowElidedCaption(const QPoint &at, const QPoint &globalAt);
 
-    TTreeNodeModel *m_model;
     TTreeNodeDelegate *m_delegate;
     std::unique_ptr<TTreeDragging> m_dragging;
     QPointer<QMenu> m_popupMenu;
     TzuDataEntity_Tree *m_popupEntity = nullptr;
+    TzuDataEntity_Tree *m_editedEntity = nullptr; ///< nil when the user has closed the editor
+    std::optional<QString> m_rescuedText;         ///< typed into an editor that went with its node
     QCursor m_dragCursor;
     QString m_search;         ///< typed so far
     QElapsedTimer m_searched; ///< since the last letter
@@ -256,11 +249,7 @@ private:
     TColor m_color = clWindow;
     TColor m_fontColor = clWindowText;
     TScrollInfo m_scrollInfo;
-    int m_rowHeight = 0;             ///< set by hand; 0 when by default
-    mutable int m_autoRowHeight = 0; ///< 0 until measured
-    int m_wantedTopRow = -1;         ///< to be applied once the layout is made
-    int m_changesSinceLayout = 0;
-    int m_selectionsSinceLayout = 0;
+    int m_autoExpandDelay = 700;
     int m_mirroring = 0;      ///< the view is being made to follow the tree
     unsigned m_structure = 0; ///< counts the changes to the nodes
     TDragMode m_dragMode = TDragMode::dmManual;
@@ -268,7 +257,6 @@ private:
     bool m_pressing = false;     ///< the view handles a press
     bool m_pressedItem = false;  ///< and the button is still down
     bool m_pressedAgain = false; ///< on the only selected entity
-    bool m_layouting = false;
     bool m_updatePosted = false;
     bool m_released = false;
     bool m_selectionOutOfDate = false;

@@ -38,7 +38,7 @@ void TTreeNodeDelegate::initStyleOption(QStyleOptionViewItem *option,
                                         const QModelIndex &index) const
 {
     QStyledItemDelegate::initStyleOption(option, index);
-    const TTreeNode_zuSub *node = m_tree.m_model->NodeAt(index);
+    const TTreeNode_zuSub *node = m_tree.Nodes().NodeAt(index);
     if (node == nullptr) {
         return;
     }
@@ -69,7 +69,7 @@ void TTreeNodeDelegate::Draw(QPainter &painter, const QStyleOptionViewItem &opti
 {
     QStyleOptionViewItem item = option;
     initStyleOption(&item, index);
-    if (m_tree.m_model->NodeAt(index)->Data() != nullptr) {
+    if (m_tree.Nodes().NodeAt(index)->Data() != nullptr) {
         SetImage(item, look.ImageIndex);
         item.font.setBold(item.font.bold() || look.Style.Bold);
         item.font.setItalic(item.font.italic() || look.Style.Italic);
@@ -86,16 +86,25 @@ void TTreeNodeDelegate::Draw(QPainter &painter, const QStyleOptionViewItem &opti
 // --- editing -------------------------------------------------------------------------------------
 
 QWidget *TTreeNodeDelegate::createEditor(QWidget *parent, const QStyleOptionViewItem & /*option*/,
-                                         const QModelIndex & /*index*/) const
+                                         const QModelIndex &index) const
 {
-    return new TTreeCaptionEdit(parent);
+    auto *field = new TTreeCaptionEdit(parent);
+    field->setFont(m_tree.font());
+    const TTreeNode_zuSub *node = m_tree.Nodes().NodeAt(index);
+    m_tree.EditorOpened(*field, node != nullptr ? node->Data() : nullptr);
+    return field;
+}
+
+void TTreeNodeDelegate::destroyEditor(QWidget *editor, const QModelIndex &index) const
+{
+    m_tree.EditorGone(*static_cast<TTreeCaptionEdit *>(editor));
+    QStyledItemDelegate::destroyEditor(editor, index);
 }
 
 void TTreeNodeDelegate::setEditorData(QWidget *editor, const QModelIndex &index) const
 {
     auto *field = static_cast<TTreeCaptionEdit *>(editor);
     if (!field->isModified()) { // what is being typed wins
-        field->setFont(m_tree.font());
         field->setText(index.data(Qt::EditRole).toString());
         field->selectAll();
     }
@@ -121,7 +130,7 @@ void TTreeNodeDelegate::setModelData(QWidget *editor, QAbstractItemModel * /*mod
                                      const QModelIndex &index) const
 {
     auto *field = static_cast<TTreeCaptionEdit *>(editor);
-    const TTreeNode_zuSub *node = m_tree.m_model->NodeAt(index);
+    const TTreeNode_zuSub *node = m_tree.Nodes().NodeAt(index);
     if (node == nullptr || node->Data() == nullptr || field->IsRefused()) {
         return;
     }

@@ -24,6 +24,7 @@ public:
 
     QWidget *createEditor(QWidget *parent, const QStyleOptionViewItem &option,
                           const QModelIndex &index) const override;
+    void destroyEditor(QWidget *editor, const QModelIndex &index) const override;
     void setEditorData(QWidget *editor, const QModelIndex &index) const override;
     /// The caption's place, up to the right edge of the tree.
     void updateEditorGeometry(QWidget *editor, const QStyleOptionViewItem &option,

@@ -16,39 +16,12 @@ namespace korvane {
 
 // --- places --------------------------------------------------------------------------------------
 
-TTreeNode_zuSub *TzuTree_ComBasic::NodeAtPoint(const QPoint &point) const
-{
-    const TTreeGeometry view = Geometry();
-    return point.y() >= 0 && point.y() < view.Height
-               ? RootNode().NodeAtRow(view.TopRow + point.y() / view.RowHeight)
-               : nullptr;
-}
-
-/// The node is shown.
-QRect TzuTree_ComBasic::RowRect(const TTreeNode_zuSub &node) const
-{
-    const TTreeGeometry view = Geometry();
-    // Rows far away end beyond any view.
-    const int far = view.Height / view.RowHeight + 2;
-    const int fromTop = std::clamp(node.Row() - view.TopRow, -far, far);
-    return {0, fromTop * view.RowHeight, view.Width, view.RowHeight};
-}
-
-QRect TzuTree_ComBasic::ItemRect(const TTreeNode_zuSub &node, const QRect &row) const
-{
-    const int levels = node.Level() + (rootIsDecorated() ? 1 : 0);
-    const int left = columnViewportPosition(0) + levels * indentation();
-    const int right = columnViewportPosition(0) + columnWidth(0);
-    const QRect item(left, row.top(), std::max(right - left, 0), row.height());
-    return isRightToLeft() ? QStyle::visualRect(layoutDirection(), row, item) : item;
-}
-
 /// The room behind the caption does not count.
 bool TzuTree_ComBasic::IsOnCaption(const TTreeNode_zuSub &node, const QPoint &point) const
 {
     QStyleOptionViewItem option;
     initViewItemOption(&option);
-    const int width = m_delegate->CaptionWidth(option, m_model->IndexOf(&node));
+    const int width = m_delegate->CaptionWidth(option, Nodes().IndexOf(&node));
     const QRect item = ItemRect(node, RowRect(node));
     return isRightToLeft() ? point.x() > item.right() - width && point.x() <= item.right()
                            : point.x() >= item.left() && point.x() < item.left() + width;
@@ -59,16 +32,6 @@ bool TzuTree_ComBasic::IsOnItem(const TTreeNode_zuSub &node, const QPoint &point
 {
     const QRect item = ItemRect(node, RowRect(node));
     return point.x() >= item.left() && point.x() <= item.right();
-}
-
-void TzuTree_ComBasic::RepaintRow(const TTreeNode_zuSub &node)
-{
-    const TTreeGeometry geometry = Geometry();
-    const int row = node.Row();
-    if (row >= geometry.TopRow && row - geometry.TopRow <= geometry.Height / geometry.RowHeight) {
-        viewport()->update(0, (row - geometry.TopRow) * geometry.RowHeight, geometry.Width,
-                           geometry.RowHeight);
-    }
 }
 
 /// Repaints the rows under the pointer, before and after it moved.
@@ -99,7 +62,7 @@ void TzuTree_ComBasic::FollowPointer(const QEvent &event)
 
 void TzuTree_ComBasic::initViewItemOption(QStyleOptionViewItem *option) const
 {
-    QTreeView::initViewItemOption(option);
+    TCustomTreeView::initViewItemOption(option);
     option->showDecorationSelected = m_rowSelect;
 }
 
@@ -159,7 +122,7 @@ void MuteSelection(QPalette &palette)
 void TzuTree_ComBasic::drawRow(QPainter *painter, const QStyleOptionViewItem &option,
                                const QModelIndex &index) const
 {
-    const TTreeNode_zuSub *node = m_model->NodeAt(index);
+    const TTreeNode_zuSub *node = Nodes().NodeAt(index);
     if (node == nullptr) {
         return;
     }
@@ -209,7 +172,7 @@ void TzuTree_ComBasic::drawBranches(QPainter *painter, const QRect &rect,
         DrawLines(*painter, rect, index);
     }
     if (m_showButtons) {
-        QTreeView::drawBranches(painter, rect, index);
+        TCustomTreeView::drawBranches(painter, rect, index);
     }
 }
 
@@ -220,7 +183,7 @@ void TzuTree_ComBasic::DrawLines(QPainter &painter, const QRect &rect,
     const auto hasNext = [](const TTreeNode_zuSub &node) {
         return node.Index() + 1 < node.Parent()->ChildCount();
     };
-    const TTreeNode_zuSub *node = m_model->NodeAt(index);
+    const TTreeNode_zuSub *node = Nodes().NodeAt(index);
     if (node == nullptr || indentation() <= 0) {
         return;
     }

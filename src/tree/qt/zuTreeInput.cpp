@@ -1,5 +1,7 @@
 // What the user does in the tree's view: mouse, keys, editing, dragging.
 #include "foundation/qt/zuConvert.h"
+#include "foundation/zuReport.h"
+#include "tree/qt/zuTreeAccessible.h"
 #include "tree/qt/zuTreeComBasic.h"
 #include "tree/qt/zuTreeEdit.h"
 #include "tree/qt/zuTreeModel.h"
@@ -15,6 +17,7 @@
 
 #include <algorithm>
 #include <optional>
+#include <stdexcept>
 #include <utility>
 
 namespace korvane {
@@ -64,21 +67,19 @@ std::optional<TTreeKey> TreeKeyOf(const QKeyEvent &event, bool rightToLeft)
 
 // --- what the view tells -------------------------------------------------------------------------
 
-void TzuTree_ComBasic::NodeToggled(const QModelIndex &index, bool expanded)
+void TzuTree_ComBasic::ToggleNode(TTreeNode_zuSub &node, bool expand)
 {
-    TTreeNode_zuSub *node = m_model->NodeAt(index);
-    if (m_mirroring == 0 && node != nullptr) {
-        NodeExpandedByUser(*node, expanded);
-    }
+    NodeExpandedByUser(node, expand);
 }
 
 void TzuTree_ComBasic::currentChanged(const QModelIndex &current, const QModelIndex &previous)
 {
-    QTreeView::currentChanged(current, previous);
+    TCustomTreeView::currentChanged(current, previous);
+    TellCurrentRow(*this);
     if (m_mirroring > 0 || m_pressing) {
         return;
     }
-    TTreeNode_zuSub *node = m_model->NodeAt(current);
+    TTreeNode_zuSub *node = Nodes().NodeAt(current);
     if (node != nullptr && node->Data() != nullptr) {
         MousePressed(*node, {}, TMouseButton::mbLeft); // by an assistive program, say
         ForgetPress();
@@ -90,7 +91,7 @@ void TzuTree_ComBasic::currentChanged(const QModelIndex &current, const QModelIn
 void TzuTree_ComBasic::selectionChanged(const QItemSelection &selected,
                                         const QItemSelection &deselected)
 {
-    QTreeView::selectionChanged(selected, deselected);
+    TCustomTreeView::selectionChanged(selected, deselected);
     if (m_mirroring == 0) {
         MarkSelected(deselected, false);
         MarkSelected(selected, true);
@@ -109,7 +110,7 @@ void TzuTree_ComBasic::MarkSelected(const QItemSelection &selection, bool select
             return;
         }
         const TTreeNode_zuSub *parent =
-            range.parent().isValid() ? m_model->NodeAt(range.parent()) : &RootNode();
+            range.parent().isValid() ? Nodes().NodeAt(range.parent()) : &RootNode();
         for (int row = range.top(); row <= range.bottom() && unchanged(); ++row) {
             NodeMarkedByUser(*parent->Child(row), selected);
         }
@@ -140,7 +141,7 @@ void TzuTree_ComBasic::mousePressEvent(QMouseEvent *event)
     const QPointer<TzuTree_ComBasic> lives(this);
     {
         const QScopedValueRollback pressing(m_pressing, true);
-        QTreeView::mousePressEvent(event);
+        TCustomTreeView::mousePressEvent(event);
         if (!lives) {
             return;
         }
@@ -159,7 +160,7 @@ void TzuTree_ComBasic::mousePressEvent(QMouseEvent *event)
 void TzuTree_ComBasic::mouseMoveEvent(QMouseEvent *event)
 {
     if ((event->buttons() & Qt::LeftButton) == 0) {
-        QTreeView::mouseMoveEvent(event);
+        TCustomTreeView::mouseMoveEvent(event);
         return;
     }
     const QPoint point = event->position().toPoint();
@@ -199,7 +200,7 @@ void TzuTree_ComBasic::mouseReleaseEvent(QMouseEvent *event)
         MouseReleased();
     }
     if (lives) {
-        QTreeView::mouseReleaseEvent(event);
+        TCustomTreeView::mouseReleaseEvent(event);
     }
 }
 
@@ -222,7 +223,7 @@ void TzuTree_ComBasic::keyPressEvent(QKeyEvent *event)
         m_search.clear();
         return;
     }
-    QTreeView::keyPressEvent(event);
+    TCustomTreeView::keyPressEvent(event);
 }
 
 void TzuTree_ComBasic::keyboardSearch(const QString &typed)
@@ -280,7 +281,7 @@ void TzuTree_ComBasic::EditNode(TTreeNode_zuSub &node)
         MakeVisible(*entity);
         EnsureLayout();
         if (entity->Node() != nullptr) {
-            edit(m_model->IndexOf(entity->Node()), AllEditTriggers, nullptr);
+            edit(Nodes().IndexOf(entity->Node()), AllEditTriggers, nullptr);
         }
     }
 }
@@ -288,25 +289,25 @@ void TzuTree_ComBasic::EditNode(TTreeNode_zuSub &node)
 bool TzuTree_ComBasic::edit(const QModelIndex &index, EditTrigger trigger, QEvent *event)
 {
     if ((trigger & editTriggers()) == 0 && trigger != AllEditTriggers) {
-        return QTreeView::edit(index, trigger, event);
+        return TCustomTreeView::edit(index, trigger, event);
     }
-    const TTreeNode_zuSub *node = m_model->NodeAt(index);
+    const TTreeNode_zuSub *node = Nodes().NodeAt(index);
     if (node == nullptr || node->Data() == nullptr || ReadOnly()) {
         return false;
     }
     if (indexWidget(index) != nullptr || state() == EditingState) {
-        return QTreeView::edit(index, trigger, event);
+        return TCustomTreeView::edit(index, trigger, event);
     }
     if (trigger == SelectedClicked) {
         // The view waits whether it becomes a double click, and then edits the current node.
         const auto *click = static_cast<const QMouseEvent *>(event);
         return std::exchange(m_pressedAgain, false) && click != nullptr
                && IsOnCaption(*node, click->position().toPoint())
-               && QTreeView::edit(index, trigger, event);
+               && TCustomTreeView::edit(index, trigger, event);
     }
     const unsigned structure = m_structure;
     return CanEdit(*node->Data()) && structure == m_structure
-           && QTreeView::edit(index, trigger, event);
+           && TCustomTreeView::edit(index, trigger, event);
 }
 
 void TzuTree_ComBasic::closeEditor(QWidget *editor, QAbstractItemDelegate::EndEditHint hint)
@@ -317,7 +318,55 @@ void TzuTree_ComBasic::closeEditor(QWidget *editor, QAbstractItemDelegate::EndEd
         field->setFocus();
         return;
     }
-    QTreeView::closeEditor(editor, hint);
+    if (m_mirroring == 0) {
+        m_editedEntity = nullptr;
+    } // otherwise its node goes, and it is yet to be seen what becomes of the text
+    TCustomTreeView::closeEditor(editor, hint);
+}
+
+void TzuTree_ComBasic::commitData(QWidget *editor)
+{
+    if (m_mirroring == 0) {
+        TCustomTreeView::commitData(editor);
+    }
+}
+
+void TzuTree_ComBasic::EditorOpened(TTreeCaptionEdit &editor, TzuDataEntity_Tree *entity)
+{
+    m_editedEntity = entity;
+    if (m_rescuedText) {
+        editor.setText(*m_rescuedText);
+        editor.setModified(true);
+    }
+}
+
+void TzuTree_ComBasic::EditorGone(const TTreeCaptionEdit &editor)
+{
+    if (m_editedEntity != nullptr && editor.isModified()) {
+        m_rescuedText = editor.text();
+        PostUpdate();
+    }
+}
+
+/// Of a caption whose editor went with its node.
+void TzuTree_ComBasic::ResumeEditing()
+{
+    if (!m_rescuedText || m_editedEntity == nullptr) {
+        m_rescuedText.reset();
+        return;
+    }
+    TzuDataEntity_Tree &entity = *std::exchange(m_editedEntity, nullptr);
+    if (entity.Node() != nullptr && entity.Node()->IsShown()) {
+        setState(NoState);
+        TCustomTreeView::edit(Nodes().IndexOf(entity.Node()), AllEditTriggers, nullptr);
+        m_rescuedText.reset();
+        return;
+    }
+    try {
+        Edit(entity, FromQt(*std::exchange(m_rescuedText, {})));
+    } catch (const std::length_error &error) {
+        Report(error.what());
+    }
 }
 
 // --- dragging ------------------------------------------------------------------------------------
@@ -358,6 +407,7 @@ void TzuTree_ComBasic::EntityLeaves(TzuDataEntity_Tree &entity, bool forGood)
     if (forGood) {
         m_dragging->Forget(entity);
         m_popupEntity = m_popupEntity == &entity ? nullptr : m_popupEntity;
+        m_editedEntity = m_editedEntity == &entity ? nullptr : m_editedEntity;
     }
 }
 

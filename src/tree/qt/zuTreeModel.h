@@ -15,8 +15,8 @@ namespace korvane {
 
 /// Presents the nodes below a root. Internal ids are node pointers.
 ///
-/// While it is detached the model is empty; so a burst of changes costs two resets, and nothing
-/// asks for nodes meanwhile. Changes of captions are not announced: the tree repaints their rows.
+/// While it is detached the model is empty. Changes of captions are not announced: the tree
+/// repaints their rows.
 class TTreeNodeModel : public QAbstractItemModel
 {
     Q_OBJECT
@@ -31,7 +31,8 @@ public:
     /// The root outlives the attachment. A model begins detached.
     void Attach(const TTreeNode_zuSub &root);
     void Detach();
-    bool IsAttached() const { return m_root != nullptr; }
+    /// Nil while detached.
+    const TTreeNode_zuSub *Root() const { return m_root; }
     void SetEdit(TEdit edit) { m_edit = std::move(edit); }
     /// The font of captions that have none of their own.
     void SetFont(const QFont &font) { m_font = font; }

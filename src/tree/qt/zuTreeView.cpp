@@ -125,19 +125,8 @@ void TzuTree_ComBasic::SetImages(const TzuImageList *images)
         return;
     }
     m_images = images;
-    m_autoRowHeight = 0;
-    scheduleDelayedItemsLayout();
-}
-
-int TzuTree_ComBasic::RowHeight() const
-{
-    if (m_rowHeight > 0) {
-        return m_rowHeight;
-    }
-    if (m_autoRowHeight == 0) {
-        m_autoRowHeight = DefaultRowHeight();
-    }
-    return m_autoRowHeight;
+    ForgetRowHeight();
+    RowsChanged();
 }
 
 int TzuTree_ComBasic::DefaultRowHeight() const
@@ -156,15 +145,6 @@ int TzuTree_ComBasic::DefaultRowHeight() const
     return std::max(height, option.fontMetrics.height() + kCaptionPadding);
 }
 
-void TzuTree_ComBasic::SetRowHeight(int height)
-{
-    if (m_rowHeight != std::max(height, 0)) {
-        m_rowHeight = std::max(height, 0);
-        scheduleDelayedItemsLayout();
-        HandleScrollInfo();
-    }
-}
-
 // --- events --------------------------------------------------------------------------------------
 
 bool TzuTree_ComBasic::event(QEvent *event)
@@ -172,7 +152,7 @@ bool TzuTree_ComBasic::event(QEvent *event)
     if (event->type() == QEvent::KeyPress || event->type() == QEvent::Show) {
         BringViewUpToDate();
     }
-    return QTreeView::event(event);
+    return TCustomTreeView::event(event);
 }
 
 bool TzuTree_ComBasic::viewportEvent(QEvent *event)
@@ -188,7 +168,7 @@ bool TzuTree_ComBasic::viewportEvent(QEvent *event)
             return true;
         }
     }
-    return QTreeView::viewportEvent(event);
+    return TCustomTreeView::viewportEvent(event);
 }
 
 bool TzuTree_ComBasic::ShowElidedCaption(const QPoint &at, const QPoint &globalAt)
@@ -210,27 +190,24 @@ bool TzuTree_ComBasic::ShowElidedCaption(const QPoint &at, const QPoint &globalA
 void TzuTree_ComBasic::paintEvent(QPaintEvent *event)
 {
     BringViewUpToDate();
-    QTreeView::paintEvent(event);
+    TCustomTreeView::paintEvent(event);
     QPainter painter(viewport());
     m_dragging->Draw(painter);
 }
 
 void TzuTree_ComBasic::resizeEvent(QResizeEvent *event)
 {
-    QTreeView::resizeEvent(event);
+    TCustomTreeView::resizeEvent(event);
     HandleScrollInfo();
 }
 
 void TzuTree_ComBasic::changeEvent(QEvent *event)
 {
     if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange) {
-        m_autoRowHeight = 0;
-        m_model->SetFont(font());
+        ForgetRowHeight();
+        Nodes().SetFont(font());
     }
-    QTreeView::changeEvent(event);
-    if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange) {
-        HandleScrollInfo();
-    }
+    TCustomTreeView::changeEvent(event);
 }
 
 } // namespace korvane

@@ -1,0 +1,38 @@
+// The tree as assistive tools see it.
+#pragma once
+
+#include "foundation/qt/zuAccessible.h"
+#include "tree/qt/zuTreeComBasic.h"
+
+#include <QAccessibleWidget>
+
+namespace korvane {
+
+/// A tree whose children are its rows, top to bottom, those scrolled away included. A row is told
+/// by its place: it has the caption and the states of the node that stands there when it is asked,
+/// and can be expanded, collapsed and made the current one.
+class TTreeAccessible : public QAccessibleWidget
+{
+public:
+    explicit TTreeAccessible(TzuTree_ComBasic &tree)
+        : QAccessibleWidget(&tree, QAccessible::Tree)
+    {
+    }
+
+    TzuTree_ComBasic &Tree() const { return *static_cast<TzuTree_ComBasic *>(object()); }
+
+    int childCount() const override { return Tree().CountVisible(); }
+    /// Null where there is no row.
+    QAccessibleInterface *child(int index) const override;
+    QAccessibleInterface *childAt(int x, int y) const override;
+    int indexOfChild(const QAccessibleInterface *child) const override;
+    QAccessibleInterface *focusChild() const override;
+
+private:
+    mutable TAccessibleParts m_rows;
+};
+
+/// Tells assistive tools that another row of a tree that has the focus is the current one.
+void TellCurrentRow(TzuTree_ComBasic &tree);
+
+} // namespace korvane
