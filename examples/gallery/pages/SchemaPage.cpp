@@ -42,6 +42,8 @@ void LookCalm(TzuSchema &schema)
 {
     schema.SetSchemaColor(clWindow);
     schema.SetSchemaPyjamasColor(clBtnFace);
+    constexpr int kBright = 128;
+    schema.SetDrawShortLines(schema.palette().base().color().lightness() > kBright); // silver lines
     for (int style = 1; style <= 3; ++style) {
         TFont font = schema.TextFont(style);
         font.Color = clBlack; // times are light in dark palettes, too
@@ -56,7 +58,6 @@ void Fill(TzuSchema &schema)
     schema.SetScalerStop(kDay + 17 * kHour);
     schema.SetScalerDateFormat(QStringLiteral("d MMM"));
     schema.SetScalerTimeFormat(QStringLiteral("hh:nn"));
-    schema.SetDrawShortLines(true);
     for (const char *room : {"Auditorium", "Seminar room", "Garden terrace, in the old orangery"}) {
         if (TzuDataEntity_SchemaColumn *column = schema.AddColumn()) {
             column->SetText(room);
