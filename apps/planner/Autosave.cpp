@@ -52,6 +52,12 @@ std::optional<QString> Write(const Plan &plan, const PlanSource *source, const Q
     return SavePlan(plan, source, Autosave::CopyOf(fileName));
 }
 
+void Remove(const QString &fileName)
+{
+    QFile::remove(Autosave::CopyOf(fileName));
+    QFile::remove(KeyOf(fileName) + kNameSuffix);
+}
+
 } // namespace
 
 Autosave::Autosave(PlanDocument &document, QObject *parent)
@@ -111,10 +117,18 @@ void Autosave::Discard()
 {
     m_quiet.stop();
     m_latest.stop();
-    Wait();
-    if (m_lock != nullptr && m_lock->isLocked()) {
-        QFile::remove(CopyOf(m_fileName));
-        QFile::remove(KeyOf(m_fileName) + kNameSuffix);
+    if (m_lock == nullptr || !m_lock->isLocked()) {
+        return;
+    }
+    if (IsWriting()) {
+        m_job = std::async(std::launch::async,
+                           [job = std::move(m_job), fileName = m_fileName]() mutable {
+                               job.wait();
+                               Remove(fileName);
+                               return std::optional<QString>();
+                           });
+    } else {
+        Remove(m_fileName);
     }
 }
 
@@ -130,6 +144,7 @@ void Autosave::FollowDocument()
         return;
     }
     Discard();
+    Wait();
     m_fileName = m_document.FileName();
     m_lock.reset();
     if (!m_fileName.isEmpty() && Folder().mkpath(QStringLiteral("."))) {
@@ -150,11 +165,10 @@ void Autosave::PlanChanged()
 
 void Autosave::WriteCopy()
 {
-    constexpr std::chrono::seconds kAtOnce{0};
     if (!m_document.IsModified() || m_lock == nullptr || !m_lock->isLocked()) {
         return;
     }
-    if (m_job.valid() && m_job.wait_for(kAtOnce) != std::future_status::ready) {
+    if (IsWriting()) {
         m_quiet.start();
         return;
     }
@@ -164,6 +178,12 @@ void Autosave::WriteCopy()
     m_job = std::async(std::launch::async,
                        [plan = m_document.GetPlan(), source = m_document.Source(),
                         fileName = m_fileName] { return Write(plan, source.get(), fileName); });
+}
+
+bool Autosave::IsWriting() const
+{
+    constexpr std::chrono::seconds kAtOnce{0};
+    return m_job.valid() && m_job.wait_for(kAtOnce) != std::future_status::ready;
 }
 
 void Autosave::Wait()

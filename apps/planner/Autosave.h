@@ -39,7 +39,7 @@ public:
 
     /// When the copy that lies there was written, if that is later than the document's file was.
     std::optional<QDateTime> Recoverable() const;
-    /// Takes the copy away.
+    /// Takes the copy away; one that is being written, when it is complete.
     void Discard();
 
     /// Whether this is the planner that may save into the document's file. Asks again for a lock
@@ -58,6 +58,7 @@ Q_SIGNALS:
 private:
     void FollowDocument();
     void PlanChanged();
+    bool IsWriting() const;
 
     PlanDocument &m_document;
     QString m_fileName; ///< for which the copy is

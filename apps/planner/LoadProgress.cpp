@@ -1,6 +1,5 @@
 #include "LoadProgress.h"
 
-#include <QFileInfo>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QProgressBar>
@@ -20,25 +19,30 @@ LoadProgress::LoadProgress(QWidget *parent)
     : QWidget(parent)
     , m_label(new QLabel(this))
     , m_bar(new QProgressBar(this))
+    , m_cancel(new QPushButton(tr("Cancel"), this))
 {
-    auto *cancel = new QPushButton(tr("Cancel"), this);
-    cancel->setObjectName(QStringLiteral("cancelLoad"));
+    m_cancel->setObjectName(QStringLiteral("cancelLoad"));
     auto *layout = new QHBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(m_label);
     layout->addWidget(m_bar);
-    layout->addWidget(cancel);
+    layout->addWidget(m_cancel);
     m_bar->setFixedWidth(kBarWidth);
     m_patience.setSingleShot(true);
     m_patience.setInterval(kPatience);
     connect(&m_patience, &QTimer::timeout, this, &QWidget::show);
-    connect(cancel, &QPushButton::clicked, this, &LoadProgress::cancelRequested);
+    connect(m_cancel, &QPushButton::clicked, this, &LoadProgress::cancelRequested);
     hide();
 }
 
-void LoadProgress::Begin(const QString &fileName)
+void LoadProgress::SetCancelable(bool cancelable)
 {
-    m_label->setText(tr("Opening %1").arg(QFileInfo(fileName).fileName()));
+    m_cancel->setVisible(cancelable);
+}
+
+void LoadProgress::Begin(const QString &text)
+{
+    m_label->setText(text);
     m_bar->setRange(0, 0);
     m_patience.start();
 }

@@ -1,4 +1,4 @@
-// Shows how far a load has come, in a status bar.
+// Shows how far a load or a save has come, in a status bar.
 #pragma once
 
 #include <QTimer>
@@ -6,10 +6,12 @@
 
 class QLabel;
 class QProgressBar;
+class QPushButton;
 
 namespace korvane::planner {
 
-/// A progress bar with a button that cancels. It appears only when a load takes a while.
+/// A progress bar, for what can be cancelled with a button that does so. It appears only when the
+/// work takes a while.
 class LoadProgress : public QWidget
 {
     Q_OBJECT
@@ -17,7 +19,9 @@ class LoadProgress : public QWidget
 public:
     explicit LoadProgress(QWidget *parent = nullptr);
 
-    void Begin(const QString &fileName);
+    /// `text` says what is done.
+    void Begin(const QString &text);
+    void SetCancelable(bool cancelable);
     /// `total` is 0 when it is not known.
     void SetProgress(qint64 done, qint64 total);
     void End();
@@ -28,6 +32,7 @@ Q_SIGNALS:
 private:
     QLabel *m_label;
     QProgressBar *m_bar;
+    QPushButton *m_cancel;
     QTimer m_patience; ///< runs until the progress is worth showing
 };
 

@@ -1,6 +1,7 @@
 #include "MainWindow.h"
 
 #include "Autosave.h"
+#include "BackgroundSaver.h"
 #include "LoadProgress.h"
 #include "Picture.h"
 #include "PlanChart.h"
@@ -76,6 +77,7 @@ MainWindow::MainWindow(QWidget *parent)
     , m_edits(new PlanEdits(*m_document, *m_chart, this))
     , m_autosave(new Autosave(*m_document, this))
     , m_loader(new PlanLoader(this))
+    , m_saver(new BackgroundSaver(this))
     , m_remarks(new RemarksPanel(this))
 {
     setWindowTitle(tr("Planner"));
@@ -91,6 +93,8 @@ MainWindow::MainWindow(QWidget *parent)
     connect(m_loader, &PlanLoader::finished, this,
             [this](const QString &fileName, const auto &result) { LoadEnded(fileName, *result); });
     connect(m_loader, &PlanLoader::progressed, m_progress, &LoadProgress::SetProgress);
+    connect(m_saver, &BackgroundSaver::finished, this, &MainWindow::SaveEnded);
+    connect(m_saver, &BackgroundSaver::progressed, m_saveProgress, &LoadProgress::SetProgress);
     connect(m_progress, &LoadProgress::cancelRequested, this, &MainWindow::CancelLoad);
     connect(m_chart, &PlanChart::pointedAt, this, &MainWindow::ShowInstant);
     connect(m_chart, &PlanChart::pointerLeft, m_instant, &QLabel::clear);
@@ -118,6 +122,8 @@ void MainWindow::MakeStatusBar()
     m_instant = new QLabel(this);
     m_instant->setContentsMargins(kStatusMargin, 0, 0, 0);
     m_progress = new LoadProgress(this);
+    m_saveProgress = new LoadProgress(this);
+    m_saveProgress->SetCancelable(false);
     m_counts = new QLabel(this);
     m_remarksButton = new QToolButton(this);
     m_remarksButton->setAutoRaise(true);
@@ -128,7 +134,9 @@ void MainWindow::MakeStatusBar()
     });
     statusBar()->addWidget(m_instant, 1);
     statusBar()->addWidget(m_progress);
+    statusBar()->addWidget(m_saveProgress);
     m_progress->hide();
+    m_saveProgress->hide();
     statusBar()->addPermanentWidget(m_counts);
     statusBar()->addPermanentWidget(m_remarksButton);
     m_remarksButton->hide();

@@ -10,6 +10,7 @@
 
 #include <functional>
 #include <memory>
+#include <optional>
 
 class QLabel;
 class QStackedWidget;
@@ -18,6 +19,7 @@ class QToolButton;
 namespace korvane::planner {
 
 class Autosave;
+class BackgroundSaver;
 class LoadProgress;
 class PlanChart;
 class PlanDocument;
@@ -44,13 +46,15 @@ public:
     void OpenLeftBehind();
     /// Saves into the plan's file; asks for a name where that cannot be.
     void Save();
-    /// Saves into this file, which is the plan's from then on.
+    /// Saves into this file, which is the plan's when it is complete. Meanwhile the plan can be
+    /// edited; a window that is closed goes when the plan is saved.
     void SaveTo(const QString &fileName);
     Autosave &Copies() { return *m_autosave; }
     PlanDocument &Document() { return *m_document; }
     PlanEdits &Edits() { return *m_edits; }
     PlanChart &Chart() { return *m_chart; }
     PlanLoader &Loader() { return *m_loader; }
+    BackgroundSaver &Saver() { return *m_saver; }
 
 protected:
     void dragEnterEvent(QDragEnterEvent *event) override;
@@ -90,6 +94,8 @@ private:
     void ChooseSaveName();
     void LoadEnded(const QString &fileName, PlanResult &result);
     void CancelLoad();
+    void BeginLoad(const QString &fileName, const QString &shownName);
+    void SaveEnded(const QString &fileName, const std::optional<QString> &error);
 
     void ShowPlan();
     void ShowTitle();
@@ -105,14 +111,18 @@ private:
     PlanEdits *m_edits;
     Autosave *m_autosave;
     PlanLoader *m_loader;
+    BackgroundSaver *m_saver;
     RemarksPanel *m_remarks;
     LoadProgress *m_progress = nullptr;
+    LoadProgress *m_saveProgress = nullptr;
     QLabel *m_instant = nullptr;
     QLabel *m_counts = nullptr;
     QToolButton *m_remarksButton = nullptr;
-    FileState m_fileState;   ///< of the plan's file, when it was read or saved
-    FileState m_loadedState; ///< of the file that is being read
-    QString m_recoveredName; ///< file of the copy that is being read; empty for others
+    FileState m_fileState;            ///< of the plan's file, when it was read or saved
+    FileState m_loadedState;          ///< of the file that is being read
+    QString m_recoveredName;          ///< file of the copy that is being read; empty for others
+    int m_savedRevision = 0;          ///< of the plan that is being saved
+    std::function<void()> m_nextSave; ///< wanted while the plan is being saved
     std::function<void()> m_afterSaving;
     QList<QAction *> m_planActions; ///< enabled while a plan is shown
 };

@@ -1,5 +1,6 @@
 // Opening and saving in the planner's window.
 #include "Autosave.h"
+#include "BackgroundSaver.h"
 #include "LoadProgress.h"
 #include "MainWindow.h"
 #include "PlanDocument.h"
@@ -8,7 +9,6 @@
 #include "plan/PlanFile.h"
 #include "plan/PlanSaver.h"
 
-#include <QApplication>
 #include <QCloseEvent>
 #include <QFileDialog>
 #include <QFileInfo>
@@ -50,10 +50,9 @@ void MainWindow::Open(const QString &fileName)
 {
     WhenSaved([this, fileName] {
         const QString path = QFileInfo(fileName).absoluteFilePath();
-        m_progress->Begin(path);
         m_loadedState = StateOf(path);
         m_recoveredName.clear();
-        m_loader->Start(path);
+        BeginLoad(path, path);
     });
 }
 
@@ -65,6 +64,12 @@ void MainWindow::OpenLeftBehind()
     }
 }
 
+void MainWindow::BeginLoad(const QString &fileName, const QString &shownName)
+{
+    m_progress->Begin(tr("Opening %1").arg(NameOf(shownName)));
+    m_loader->Start(fileName);
+}
+
 void MainWindow::CancelLoad()
 {
     m_loader->Cancel();
@@ -74,6 +79,7 @@ void MainWindow::CancelLoad()
 void MainWindow::LoadEnded(const QString &fileName, PlanResult &result)
 {
     m_progress->End();
+    m_saver->Wait(); // for the plan that is to be replaced
     const QString recovered = std::exchange(m_recoveredName, {});
     if (result.Status != PlanStatus::Loaded) {
         const QString name = NameOf(fileName);
@@ -108,8 +114,7 @@ void MainWindow::OfferRecovery()
     connect(box, &QMessageBox::finished, this, [this](int answer) {
         if (answer == QMessageBox::Yes) {
             m_recoveredName = m_document->FileName();
-            m_progress->Begin(m_recoveredName);
-            m_loader->Start(Autosave::CopyOf(m_recoveredName));
+            BeginLoad(Autosave::CopyOf(m_recoveredName), m_recoveredName);
         } else {
             m_autosave->Discard();
         }
@@ -117,9 +122,14 @@ void MainWindow::OfferRecovery()
 }
 
 /// Goes on when nothing is lost by it: at once, when the plan has been saved, or when its changes
-/// are not wanted.
+/// are not wanted. Changes that are made while the plan is being saved are asked about afterwards.
 void MainWindow::WhenSaved(std::function<void()> goOn)
 {
+    const auto again = [this, goOn] { WhenSaved(goOn); };
+    if (m_saver->IsSaving()) {
+        m_afterSaving = again;
+        return;
+    }
     if (!m_document->IsModified()) {
         goOn();
         return;
@@ -127,12 +137,12 @@ void MainWindow::WhenSaved(std::function<void()> goOn)
     auto *box = OpenQuestion(tr("Save the changes of %1?").arg(NameOf(m_document->FileName())),
                              tr("They are lost otherwise."),
                              QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel);
-    connect(box, &QMessageBox::finished, this, [this, goOn = std::move(goOn)](int answer) {
+    connect(box, &QMessageBox::finished, this, [this, goOn, again](int answer) {
         if (answer == QMessageBox::Discard) {
             m_document->History().setClean();
             goOn();
         } else if (answer == QMessageBox::Save) {
-            m_afterSaving = goOn;
+            m_afterSaving = again;
             Save();
         }
     });
@@ -141,6 +151,10 @@ void MainWindow::WhenSaved(std::function<void()> goOn)
 /// Plans of formats that are not written, and the sample, are saved under another name.
 void MainWindow::Save()
 {
+    if (m_saver->IsSaving()) {
+        m_nextSave = [this] { Save(); };
+        return;
+    }
     const QString fileName = m_document->FileName();
     const bool isProjectXml = m_document->Source() != nullptr
                               || fileName.endsWith(u".xml", Qt::CaseInsensitive)
@@ -186,20 +200,32 @@ void MainWindow::ChooseSaveName()
 
 void MainWindow::SaveTo(const QString &fileName)
 {
-    const auto goOn = std::exchange(m_afterSaving, {});
     const QString path = QFileInfo(fileName).absoluteFilePath();
-    QApplication::setOverrideCursor(Qt::WaitCursor);
-    const auto error = SavePlan(m_document->GetPlan(), m_document->Source().get(), path);
-    QApplication::restoreOverrideCursor();
+    if (m_saver->IsSaving()) {
+        m_nextSave = [this, path] { SaveTo(path); };
+        return;
+    }
+    m_savedRevision = m_document->Revision();
+    m_saveProgress->Begin(tr("Saving %1").arg(NameOf(path)));
+    m_saver->Start(m_document->GetPlan(), m_document->Source(), path);
+}
+
+void MainWindow::SaveEnded(const QString &fileName, const std::optional<QString> &error)
+{
+    m_saveProgress->End();
     if (error) {
-        const QString name = NameOf(path);
+        m_afterSaving = {};
+        m_nextSave = {};
+        const QString name = NameOf(fileName);
         ShowError(tr("%1 cannot be saved.").arg(name), ErrorLine(name, {0, *error}));
         return;
     }
-    m_fileState = StateOf(path);
-    m_document->SetSaved(path);
-    RecentFiles::Add(path);
-    if (goOn) {
+    m_fileState = StateOf(fileName);
+    m_document->SetSaved(fileName, m_savedRevision);
+    RecentFiles::Add(fileName);
+    if (const auto next = std::exchange(m_nextSave, {})) {
+        next();
+    } else if (const auto goOn = std::exchange(m_afterSaving, {})) {
         goOn();
     }
 }
@@ -207,7 +233,7 @@ void MainWindow::SaveTo(const QString &fileName)
 void MainWindow::closeEvent(QCloseEvent *event)
 {
     CancelLoad();
-    if (m_document->IsModified()) {
+    if (m_document->IsModified() || m_saver->IsSaving()) {
         event->ignore();
         WhenSaved([this] { close(); });
         return;

@@ -19,6 +19,7 @@ void PlanDocument::SetPlan(Plan plan, const QString &fileName,
                            std::shared_ptr<const PlanSource> source)
 {
     const Plan former = std::exchange(m_plan, std::move(plan));
+    ++m_revision;
     m_source = std::move(source);
     m_fileName = fileName;
     m_history.clear();
@@ -26,9 +27,11 @@ void PlanDocument::SetPlan(Plan plan, const QString &fileName,
     Q_EMIT fileNameChanged(m_fileName);
 }
 
-void PlanDocument::SetSaved(const QString &fileName)
+void PlanDocument::SetSaved(const QString &fileName, int revision)
 {
-    m_history.setClean();
+    if (revision == m_revision) {
+        m_history.setClean();
+    }
     if (fileName != m_fileName) {
         m_fileName = fileName;
         Q_EMIT fileNameChanged(m_fileName);

@@ -32,8 +32,11 @@ public:
     /// Where the plan lies; empty when it lies in no file.
     const QString &FileName() const { return m_fileName; }
     const std::shared_ptr<const PlanSource> &Source() const { return m_source; }
-    /// The plan as it is now lies in that file.
-    void SetSaved(const QString &fileName);
+    /// Tells states of the plan apart: another number after every change.
+    int Revision() const { return m_revision; }
+    /// The plan as it was at a revision lies in that file. Changes since then are still to be
+    /// saved.
+    void SetSaved(const QString &fileName, int revision);
     /// The plan differs from its file, although there is nothing to undo.
     void SetModified() { m_history.resetClean(); }
 
@@ -46,6 +49,7 @@ public:
     void Edit(Function change)
     {
         change(m_plan);
+        ++m_revision;
         Q_EMIT changed();
     }
 
@@ -63,6 +67,7 @@ private:
     QString m_fileName;
     std::shared_ptr<const PlanSource> m_source;
     QUndoStack m_history;
+    int m_revision = 0;
 };
 
 } // namespace korvane::planner

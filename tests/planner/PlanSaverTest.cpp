@@ -1,13 +1,8 @@
 #include "PlanText.h"
+#include "SmallDisk.h"
 #include "plan/PlanSaver.h"
 
 #include <QDir>
-
-#include <csignal>
-
-#ifdef Q_OS_UNIX
-#include <sys/resource.h>
-#endif
 
 namespace korvane::planner::test {
 namespace {
@@ -50,30 +45,6 @@ TEST(PlanSaver, NamesWhatCannotBeWrittenAndLeavesItAlone)
 }
 
 #ifdef Q_OS_UNIX
-/// Files cannot grow beyond some bytes, as on a disk that is full.
-class SmallDisk
-{
-public:
-    explicit SmallDisk(rlim_t size)
-        : m_handler(std::signal(SIGXFSZ, SIG_IGN))
-    {
-        getrlimit(RLIMIT_FSIZE, &m_former);
-        const rlimit limit{size, m_former.rlim_max};
-        setrlimit(RLIMIT_FSIZE, &limit);
-    }
-    SmallDisk(const SmallDisk &) = delete;
-    SmallDisk &operator=(const SmallDisk &) = delete;
-    ~SmallDisk()
-    {
-        setrlimit(RLIMIT_FSIZE, &m_former);
-        std::signal(SIGXFSZ, m_handler);
-    }
-
-private:
-    void (*m_handler)(int);
-    rlimit m_former{};
-};
-
 TEST(PlanSaver, AFullDiskKeepsTheFormerFile)
 {
     for (const QString &name : {u"a.xml"_s, u"a.xml.gz"_s}) {

@@ -33,13 +33,15 @@ struct Row
 class Writer
 {
 public:
-    Writer(const Plan &plan, const Plan &before, const QByteArray &text, QIODevice &target)
+    Writer(const Plan &plan, const Plan &before, const QByteArray &text, QIODevice &target,
+           IProgress &progress)
         : m_difference(before, plan)
         , m_text(text)
         , m_root(RootElement(View(m_text)))
         , m_children(ChildrenOf(m_root.Content))
         , m_markup(m_root)
         , m_output(&target)
+        , m_progress(progress)
     {
     }
 
@@ -75,6 +77,7 @@ private:
     MspdiCustomFields m_custom;
     MspdiTaskFields m_taskFields{m_difference, m_markup, m_custom};
     XmlOutput m_output;
+    IProgress &m_progress;
     std::vector<QString> m_outlineNumbers; ///< empty when the outline is as before
     std::int64_t m_row = 0;
 };
@@ -355,7 +358,9 @@ void Writer::WriteTasks()
         }
     };
     writeCompanions(atBeginning);
-    for (int task = 0; task < std::ssize(Now().Tasks); ++task) {
+    const auto count = std::ssize(Now().Tasks);
+    for (int task = 0; task < count; ++task) {
+        m_progress.Report(count + task, 2 * count);
         WriteTask(task, rowOf[task]);
         writeCompanions(companions[task]);
     }
@@ -443,32 +448,49 @@ void Writer::WriteAssignments()
     }
 }
 
+/// The reading of the source as the first half of a save.
+class HalfProgress final : public IProgress
+{
+public:
+    explicit HalfProgress(IProgress &whole)
+        : m_whole(whole)
+    {
+    }
+
+    void Report(qint64 done, qint64 total) override { m_whole.Report(done, 2 * total); }
+    bool IsCanceled() const override { return false; }
+
+private:
+    IProgress &m_whole;
+};
+
 /// The plan as it was read.
-std::optional<Plan> Reread(const QByteArray &text)
+std::optional<Plan> Reread(const QByteArray &text, IProgress &progress)
 {
     QBuffer buffer;
     buffer.setData(text);
     buffer.open(QIODevice::ReadOnly);
-    NoProgress progress;
-    PlanResult result = MspdiReader().Read(buffer, progress);
+    HalfProgress half(progress);
+    PlanResult result = MspdiReader().Read(buffer, half);
     return result.Status == PlanStatus::Loaded ? std::optional(std::move(result.Value))
                                                : std::nullopt;
 }
 
 } // namespace
 
-std::optional<QString> WriteMspdi(const Plan &plan, const PlanSource *source, QIODevice &target)
+std::optional<QString> WriteMspdi(const Plan &plan, const PlanSource *source, QIODevice &target,
+                                  IProgress &progress)
 {
     static const QByteArray kEmptyProject =
         "<?xml version=\"1.0\" encoding=\"UTF-8\" standalone=\"yes\"?>\n<Project xmlns=\""
         + mspdi::kNamespace.toUtf8() + "\"></Project>";
     const QByteArray text = source != nullptr ? InUtf8(source->Text()) : kEmptyProject;
-    const auto before = source != nullptr ? Reread(text) : Plan();
+    const auto before = source != nullptr ? Reread(text, progress) : Plan();
     if (!before) {
         return QStringLiteral("what the plan was read from is damaged");
     }
-    return Writer(plan, *before, text, target).Write() ? std::nullopt
-                                                       : std::optional(WriteFailure());
+    return Writer(plan, *before, text, target, progress).Write() ? std::nullopt
+                                                                 : std::optional(WriteFailure());
 }
 
 QString WriteFailure()

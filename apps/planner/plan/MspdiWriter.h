@@ -3,6 +3,7 @@
 #pragma once
 
 #include "plan/Plan.h"
+#include "plan/PlanReader.h"
 #include "plan/PlanSource.h"
 
 #include <optional>
@@ -20,8 +21,18 @@ namespace korvane::planner {
 /// Without a source the whole document is new. Items whose UIDs the format cannot use (0, none, or
 /// one that is taken) get others, there and in the plan that is read back.
 ///
-/// `target` is open for writing. Returns what went wrong.
-std::optional<QString> WriteMspdi(const Plan &plan, const PlanSource *source, QIODevice &target);
+/// `target` is open for writing. Returns what went wrong. The first half of the progress is the
+/// reading of the source, the second one the writing of the tasks; its counts have no unit. It
+/// cannot be cancelled.
+std::optional<QString> WriteMspdi(const Plan &plan, const PlanSource *source, QIODevice &target,
+                                  IProgress &progress);
+
+inline std::optional<QString> WriteMspdi(const Plan &plan, const PlanSource *source,
+                                         QIODevice &target)
+{
+    NoProgress progress;
+    return WriteMspdi(plan, source, target, progress);
+}
 /// That the target has not taken everything; devices that take a part leave the reason open.
 QString WriteFailure();
 

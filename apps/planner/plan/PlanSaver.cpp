@@ -48,9 +48,11 @@ std::optional<QString> SaveFile(const QString &fileName, const WriteFunction &wr
     }
 }
 
-std::optional<QString> SavePlan(const Plan &plan, const PlanSource *source, const QString &fileName)
+std::optional<QString> SavePlan(const Plan &plan, const PlanSource *source, const QString &fileName,
+                                IProgress &progress)
 {
-    return SaveFile(fileName, [&](QIODevice &file) { return WriteMspdi(plan, source, file); });
+    return SaveFile(fileName,
+                    [&](QIODevice &file) { return WriteMspdi(plan, source, file, progress); });
 }
 
 } // namespace korvane::planner

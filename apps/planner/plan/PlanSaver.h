@@ -2,6 +2,7 @@
 #pragma once
 
 #include "plan/Plan.h"
+#include "plan/PlanReader.h"
 #include "plan/PlanSource.h"
 
 #include <functional>
@@ -18,8 +19,16 @@ using WriteFunction = std::function<std::optional<QString>(QIODevice &)>;
 /// went wrong.
 std::optional<QString> SaveFile(const QString &fileName, const WriteFunction &write);
 
-/// Saves the plan as project XML.
-std::optional<QString> SavePlan(const Plan &plan, const PlanSource *source,
-                                const QString &fileName);
+/// Saves the plan as project XML. The progress is told as for WriteMspdi.
+std::optional<QString> SavePlan(const Plan &plan, const PlanSource *source, const QString &fileName,
+                                IProgress &progress);
+
+/// A save that nobody watches.
+inline std::optional<QString> SavePlan(const Plan &plan, const PlanSource *source,
+                                       const QString &fileName)
+{
+    NoProgress progress;
+    return SavePlan(plan, source, fileName, progress);
+}
 
 } // namespace korvane::planner

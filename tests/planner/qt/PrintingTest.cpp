@@ -55,7 +55,7 @@ TEST(Printing, ThePreviewFollowsItsFieldsAndIsRememberedPerFile)
     dialog = open();
     EXPECT_EQ(dialog->findChildren<QSpinBox *>()[1]->value(), 1);
     close(dialog);
-    document.SetSaved(QStringLiteral("another.xml"));
+    document.SetSaved(QStringLiteral("another.xml"), document.Revision());
     dialog = open();
     EXPECT_EQ(dialog->findChildren<QSpinBox *>()[1]->value(), 0);
     close(dialog);

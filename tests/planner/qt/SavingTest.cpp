@@ -1,9 +1,11 @@
 #include "Autosave.h"
+#include "BackgroundSaver.h"
 #include "MainWindow.h"
 #include "PlanChart.h"
 #include "PlanDocument.h"
 #include "PlanEdits.h"
 #include "PlanLoader.h"
+#include "SmallDisk.h"
 #include "SmallPlan.h"
 
 #include <QApplication>
@@ -63,6 +65,22 @@ protected:
         return result.Value.Tasks.empty() ? QString() : result.Value.Tasks[0].Name;
     }
 
+    void WaitForSave()
+    {
+        m_window->Saver().Wait();
+        QApplication::processEvents();
+    }
+    void Save()
+    {
+        m_window->Save();
+        WaitForSave();
+    }
+    void SaveTo(const QString &file)
+    {
+        m_window->SaveTo(file);
+        WaitForSave();
+    }
+
     QMessageBox *Box() const
     {
         QMessageBox *shown = nullptr;
@@ -77,7 +95,7 @@ protected:
         ASSERT_NE(box, nullptr);
         ASSERT_NE(box->button(button), nullptr);
         box->button(button)->click();
-        QApplication::processEvents();
+        WaitForSave();
     }
 
     PlanFolder m_folder;
@@ -90,16 +108,16 @@ TEST_F(SavingTest, SavesAndTellsWhatIsNotSaved)
     EXPECT_FALSE(m_window->isWindowModified());
     Rename(u"Other"_s);
     EXPECT_TRUE(m_window->isWindowModified());
-    m_window->Save();
+    Save();
     EXPECT_FALSE(m_window->isWindowModified());
     EXPECT_EQ(NameIn(file), u"Other");
     m_window->Document().History().undo();
     EXPECT_TRUE(m_window->isWindowModified());
-    m_window->Save();
+    Save();
     EXPECT_EQ(NameIn(file), u"Task 1");
     EXPECT_EQ(Box(), nullptr);
     const QString copy = m_folder.Path(u"b.xml.gz"_s);
-    m_window->SaveTo(copy);
+    SaveTo(copy);
     EXPECT_EQ(m_window->Document().FileName(), copy);
     EXPECT_EQ(NameIn(copy), u"Task 1");
 }
@@ -133,7 +151,7 @@ TEST_F(SavingTest, AFailureKeepsFileAndChanges)
 {
     const QString file = OpenPlan();
     Rename(u"Other"_s);
-    m_window->SaveTo(m_folder.Path(u"no/such/folder.xml"_s));
+    SaveTo(m_folder.Path(u"no/such/folder.xml"_s));
     ASSERT_NE(Box(), nullptr);
     EXPECT_TRUE(Box()->informativeText().contains(u"does not exist"));
     Answer(QMessageBox::Ok);
@@ -148,19 +166,89 @@ TEST_F(SavingTest, AFailureKeepsFileAndChanges)
     EXPECT_EQ(m_window->Document().FileName(), file);
 }
 
+TEST_F(SavingTest, ThePlanIsEditedWhileItIsSavedAndTheWindowWaitsToClose)
+{
+    const QString file = OpenPlan();
+    Rename(u"First"_s);
+    m_window->Save();
+    ASSERT_TRUE(m_window->Saver().IsSaving());
+    Rename(u"Second"_s);
+    WaitForSave();
+    EXPECT_EQ(NameIn(file), u"First");
+    EXPECT_TRUE(m_window->isWindowModified()) << "the second change is still to be saved";
+
+    m_window->Save();
+    Rename(u"Third"_s);
+    m_window->Save();
+    WaitForSave(); // for the second one, which the first one is followed by
+    WaitForSave();
+    EXPECT_EQ(NameIn(file), u"Third");
+    EXPECT_FALSE(m_window->isWindowModified());
+    EXPECT_EQ(Box(), nullptr) << "nobody else has written the file";
+
+    Rename(u"Fourth"_s);
+    m_window->Save();
+    Rename(u"Fifth"_s);
+    EXPECT_FALSE(m_window->close());
+    EXPECT_EQ(Box(), nullptr);
+    WaitForSave();
+    EXPECT_EQ(NameIn(file), u"Fourth");
+    Answer(QMessageBox::Save);
+    EXPECT_EQ(NameIn(file), u"Fifth");
+    EXPECT_FALSE(m_window->isVisible());
+}
+
+TEST_F(SavingTest, NothingWaitsForACopyThatIsNoLongerWanted)
+{
+    const QString file = OpenPlan();
+    Rename(u"Other"_s);
+    m_window->Copies().WriteCopy();
+    m_window->Document().History().undo();
+    m_window->Copies().Wait();
+    EXPECT_FALSE(QFile::exists(Autosave::CopyOf(file)));
+}
+
+#ifdef Q_OS_UNIX
+TEST_F(SavingTest, AFullDiskLosesNeitherFileNorChangesNorCopy)
+{
+    const QString file = OpenPlan();
+    Rename(u"Kept"_s);
+    m_window->Copies().WriteCopy();
+    m_window->Copies().Wait();
+    Rename(u"Latest"_s);
+    QSignalSpy failed(&m_window->Copies(), &Autosave::failed);
+    {
+        const SmallDisk disk(200);
+        m_window->Copies().WriteCopy();
+        m_window->Copies().Wait();
+        EXPECT_FALSE(m_window->close());
+        Answer(QMessageBox::Save);
+    }
+    EXPECT_EQ(failed.size(), 1);
+    ASSERT_NE(Box(), nullptr);
+    EXPECT_TRUE(Box()->informativeText().contains(u"disk may be full"));
+    EXPECT_EQ(NameIn(file), u"Task 1");
+    EXPECT_EQ(NameIn(Autosave::CopyOf(file)), u"Kept");
+    EXPECT_TRUE(m_window->isVisible());
+    EXPECT_TRUE(m_window->isWindowModified());
+    Save();
+    EXPECT_EQ(NameIn(file), u"Latest");
+}
+#endif
+
 TEST_F(SavingTest, NoticesThatTheFileWasChangedElsewhere)
 {
     const QString file = OpenPlan();
     Rename(u"Mine"_s);
     m_folder.Write(u"a.xml"_s, ProjectText(5));
-    m_window->Save();
+    Save();
     Answer(QMessageBox::Cancel);
     EXPECT_EQ(NameIn(file), u"Task 1");
-    m_window->Save();
+    Save();
     Answer(QMessageBox::Save);
     EXPECT_EQ(NameIn(file), u"Mine");
     Rename(u"Again"_s);
-    m_window->Save();
+    Save();
     EXPECT_EQ(Box(), nullptr);
 }
 
@@ -169,15 +257,15 @@ TEST_F(SavingTest, OtherFormatsAreSavedUnderAnotherName)
     Open(m_folder.Write(u"a.gan"_s, "<project name='a'><tasks><task id='0' name='t' "
                                     "start='2026-11-02' duration='1'/></tasks></project>"));
     Rename(u"Other"_s);
-    m_window->Save();
+    Save();
     auto *dialog = m_window->findChild<QFileDialog *>();
     ASSERT_NE(dialog, nullptr);
     EXPECT_TRUE(m_window->isWindowModified());
     dialog->reject();
-    m_window->SaveTo(m_folder.Path(u"a.xml"_s));
+    SaveTo(m_folder.Path(u"a.xml"_s));
     EXPECT_EQ(NameIn(m_folder.Path(u"a.xml"_s)), u"Other");
     Rename(u"Third"_s);
-    m_window->Save();
+    Save();
     EXPECT_EQ(NameIn(m_folder.Path(u"a.xml"_s)), u"Third");
 }
 
@@ -196,7 +284,7 @@ TEST_F(SavingTest, RecoversWhatAPlannerThatWasKilledHadNotSaved)
     EXPECT_EQ(FirstName(), u"Precious");
     EXPECT_EQ(m_window->Document().FileName(), file);
     EXPECT_TRUE(m_window->isWindowModified());
-    m_window->Save();
+    Save();
     EXPECT_EQ(NameIn(file), u"Precious");
     EXPECT_FALSE(QFile::exists(Autosave::CopyOf(file)));
 
@@ -224,12 +312,13 @@ TEST_F(SavingTest, TwoPlannersDoNotFight)
     Open(file);
     EXPECT_EQ(Box(), nullptr);
     Rename(u"Second"_s);
-    m_window->Save();
+    Save();
     ASSERT_NE(Box(), nullptr);
     EXPECT_TRUE(Box()->text().contains(u"another planner"));
     Answer(QMessageBox::Ok);
     EXPECT_EQ(NameIn(file), u"Task 1");
     first->Save();
+    first->Saver().Wait();
     EXPECT_EQ(NameIn(file), u"First");
 }
 

@@ -1,5 +1,6 @@
 // A session with the planner on a real display: mouse and keys come from xdotool, and what they did
 // is read from the file that the planner saves after every step.
+#include "Autosave.h"
 #include "MainWindow.h"
 #include "PlanChart.h"
 #include "PlanCompare.h"
@@ -34,14 +35,14 @@ protected:
         for (const char *variable : {"XDG_CONFIG_HOME", "XDG_DATA_HOME", "XDG_RUNTIME_DIR"}) {
             qputenv(variable, m_folder.Path().toUtf8());
         }
+        QCoreApplication::setOrganizationName(u"Korvane"_s);
+        QCoreApplication::setApplicationName(u"planner"_s);
         ASSERT_TRUE(QFile::copy(QStringLiteral(KORVANE_SAMPLES "/observatory.xml"), m_file));
         QFile::setPermissions(m_file, QFile::ReadOwner | QFile::WriteOwner);
         m_original = PlanIn(m_file);
         ASSERT_FALSE(m_original.Tasks.empty());
         m_planner.setProcessChannelMode(QProcess::ForwardedChannels);
-        m_planner.start(QStringLiteral(KORVANE_PLANNER), {m_file});
-        Use({u"search"_s, u"--sync"_s, u"--onlyvisible"_s, u"--name"_s, m_original.Name,
-             u"windowmove"_s, u"0"_s, u"0"_s, u"windowfocus"_s, u"--sync"_s});
+        Start({m_file});
         // The same window, where it can be asked what stands where.
         m_twin.setAttribute(Qt::WA_DontShowOnScreen);
         m_twin.Document().SetPlan(m_original);
@@ -55,6 +56,17 @@ protected:
         m_planner.waitForFinished();
     }
 
+    void Start(const QStringList &arguments)
+    {
+        m_planner.start(QStringLiteral(KORVANE_PLANNER), arguments);
+        GoToWindow(m_original.Name, {u"windowmove"_s, u"0"_s, u"0"_s});
+    }
+    /// Waits for a window by a part of its title, and gives it the keyboard.
+    static void GoToWindow(const QString &title, const QStringList &commands = {})
+    {
+        Use(QStringList{u"search"_s, u"--sync"_s, u"--onlyvisible"_s, u"--name"_s, title} + commands
+            + QStringList{u"windowfocus"_s, u"--sync"_s});
+    }
     /// At the pace of a user: what one event brings about is there when the next one comes.
     static void Use(const QStringList &commands)
     {
@@ -175,14 +187,36 @@ TEST_F(PlannerSession, EveryEditReachesTheFileAndUndoTakesAllBack)
 
     const QString copy = m_folder.Path(u"copy.xml"_s);
     Keys({u"ctrl+shift+s"_s});
-    Use({u"search"_s, u"--sync"_s, u"--onlyvisible"_s, u"--name"_s, u"Save the plan"_s,
-         u"windowfocus"_s, u"--sync"_s, u"key"_s, u"ctrl+a"_s});
+    GoToWindow(u"Save the plan"_s);
+    Keys({u"ctrl+a"_s});
     Type(copy);
     TakePicture(u"save as"_s);
     Keys({u"Return"_s});
-    Use({u"search"_s, u"--sync"_s, u"--onlyvisible"_s, u"--name"_s, u"copy.xml"_s});
+    GoToWindow(u"copy.xml"_s);
     EXPECT_EQ(Difference(PlanIn(copy), m_original), "");
     TakePicture(u"saved as"_s);
+}
+
+TEST_F(PlannerSession, WhatAKilledPlannerHadNotSavedIsRecovered)
+{
+    const QString moved = u"Application under review"_s;
+    const auto isMoved = [&](const Plan &plan) {
+        const std::size_t task = Task(moved);
+        return plan.Tasks.size() > task && *plan.Tasks[task].Dates != *m_original.Tasks[task].Dates;
+    };
+    Drag(BarOf(moved).center(), BarOf(moved).center() + QPoint(30, 0));
+    EXPECT_TRUE(
+        korvane::test::WaitUntil([&] { return isMoved(PlanIn(Autosave::CopyOf(m_file))); }));
+    m_planner.kill();
+    m_planner.waitForFinished();
+    EXPECT_EQ(Difference(PlanIn(m_file), m_original), "");
+    Start({});
+    GoToWindow(u"^Planner$"_s);
+    TakePicture(u"offered"_s);
+    Keys({u"alt+r"_s});
+    GoToWindow(m_original.Name);
+    Expect(u"recovered"_s, isMoved);
+    EXPECT_FALSE(QFile::exists(Autosave::CopyOf(m_file)));
 }
 
 } // namespace
