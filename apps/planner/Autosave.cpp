@@ -73,7 +73,9 @@ Autosave::Autosave(PlanDocument &document, QObject *parent)
     connect(&document, &PlanDocument::fileNameChanged, this, &Autosave::FollowDocument);
     connect(&document, &PlanDocument::changed, this, &Autosave::PlanChanged);
     connect(&document, &PlanDocument::modifiedChanged, this, [this](bool modified) {
-        if (!modified) {
+        if (modified) {
+            PlanChanged(); // a first change is announced before the plan counts as modified
+        } else {
             Discard();
         }
     });

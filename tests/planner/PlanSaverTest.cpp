@@ -47,15 +47,18 @@ TEST(PlanSaver, NamesWhatCannotBeWrittenAndLeavesItAlone)
 #ifdef Q_OS_UNIX
 TEST(PlanSaver, AFullDiskKeepsTheFormerFile)
 {
-    for (const QString &name : {u"a.xml"_s, u"a.xml.gz"_s}) {
+    for (const auto &[name, tasks] : {std::pair(u"a.xml"_s, 20'000),
+                                      {u"a.xml.gz"_s, 20'000},
+                                      {u"a.xml"_s, 20},
+                                      {u"a.xml.gz"_s, 500}}) {
         const PlanFolder folder;
         const QString path = folder.Write(name, "old");
         std::optional<QString> error;
         {
             const SmallDisk disk(2000);
-            error = SavePlan(PlanWithTasks(20'000), nullptr, path);
+            error = SavePlan(PlanWithTasks(tasks), nullptr, path);
         }
-        ASSERT_TRUE(error.has_value());
+        ASSERT_TRUE(error.has_value()) << tasks;
         EXPECT_TRUE(error->contains(u"disk may be full")) << error->toStdString();
         EXPECT_EQ(ContentOf(path), "old");
         EXPECT_EQ(QDir(folder.Path()).entryList(QDir::Files).size(), 1) << "nothing is left over";

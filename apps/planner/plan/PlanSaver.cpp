@@ -42,6 +42,9 @@ std::optional<QString> SaveFile(const QString &fileName, const WriteFunction &wr
         if (error) {
             return error;
         }
+        if (!file.flush()) { // commit() does not tell that the last bytes were not taken
+            return WriteFailure();
+        }
         return file.commit() ? std::nullopt : std::optional(file.errorString());
     } catch (const std::bad_alloc &) {
         return QStringLiteral("not enough memory");

@@ -61,11 +61,12 @@ protected:
         m_planner.start(QStringLiteral(KORVANE_PLANNER), arguments);
         GoToWindow(m_original.Name, {u"windowmove"_s, u"0"_s, u"0"_s});
     }
-    /// Waits for a window by a part of its title, and gives it the keyboard.
-    static void GoToWindow(const QString &title, const QStringList &commands = {})
+    /// Waits for a window of the planner by a part of its title, and gives it the keyboard.
+    void GoToWindow(const QString &title, const QStringList &commands = {})
     {
-        Use(QStringList{u"search"_s, u"--sync"_s, u"--onlyvisible"_s, u"--name"_s, title} + commands
-            + QStringList{u"windowfocus"_s, u"--sync"_s});
+        Use(QStringList{u"search"_s, u"--sync"_s, u"--onlyvisible"_s, u"--all"_s, u"--pid"_s,
+                        QString::number(m_planner.processId()), u"--name"_s, title}
+            + commands + QStringList{u"windowfocus"_s, u"--sync"_s});
     }
     /// At the pace of a user: what one event brings about is there when the next one comes.
     static void Use(const QStringList &commands)
@@ -205,6 +206,7 @@ TEST_F(PlannerSession, WhatAKilledPlannerHadNotSavedIsRecovered)
         return plan.Tasks.size() > task && *plan.Tasks[task].Dates != *m_original.Tasks[task].Dates;
     };
     Drag(BarOf(moved).center(), BarOf(moved).center() + QPoint(30, 0));
+    TakePicture(u"dragged"_s);
     EXPECT_TRUE(
         korvane::test::WaitUntil([&] { return isMoved(PlanIn(Autosave::CopyOf(m_file))); }));
     m_planner.kill();
