@@ -16,6 +16,16 @@ namespace korvane::planner {
 
 namespace {
 
+/// Shows no more decimals than there are.
+class LagBox : public QDoubleSpinBox
+{
+public:
+    QString textFromValue(double value) const override
+    {
+        return locale().toString(value, 'f', QLocale::FloatingPointShortest);
+    }
+};
+
 QLabel *NewNameLabel(const QString &name)
 {
     constexpr int kNameWidth = 320;
@@ -33,7 +43,7 @@ LinkDialog::LinkDialog(PlanEdits &edits, int link, QWidget *parent)
     , m_edits(edits)
     , m_link(link)
     , m_type(new QComboBox)
-    , m_lag(new QDoubleSpinBox)
+    , m_lag(new LagBox)
     , m_measure(new QComboBox)
 {
     setWindowTitle(tr("Link properties"));
@@ -52,7 +62,9 @@ LinkDialog::LinkDialog(PlanEdits &edits, int link, QWidget *parent)
     form->addRow(tr("From"), nameOf(Link().Predecessor));
     form->addRow(tr("To"), nameOf(Link().Successor));
     form->addRow(tr("&Type"), m_type);
-    form->addRow(tr("&Lag"), lag);
+    auto *lagLabel = new QLabel(tr("&Lag"));
+    lagLabel->setBuddy(m_lag);
+    form->addRow(lagLabel, lag);
     auto *buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel);
     QPushButton *remove = buttons->addButton(tr("&Delete"), QDialogButtonBox::DestructiveRole);
     remove->setAutoDefault(false);
