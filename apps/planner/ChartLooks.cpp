@@ -49,9 +49,12 @@ ChartLooks::ChartLooks(const QPalette &palette)
     Text = FromQt(text);
     MutedText = FromQt(Mix(text, base, 0.66));
     Task = FromQt(Mix(accent, base, m_dark ? 0.62 : 0.5));
-    Summary = FromQt(Mix(text, base, m_dark ? 0.3 : 0.34));
+    Summary = FromQt(Mix(text, base, m_dark ? 0.3 : 0.24)); // names stay legible when it is done
     Milestone = FromQt(Mix(amber, base, 0.9));
     Link = FromQt(Mix(text, base, m_dark ? 0.55 : 0.5));
+    Baseline = FromQt(Mix(text, base, 0.45));
+    Deadline = FromQt(m_dark ? QColor(0x4C, 0xC3, 0x8A) : QColor(0x1F, 0x8A, 0x55));
+    MissedDeadline = FromQt(m_dark ? QColor(0xFF, 0x6B, 0x6B) : QColor(0xD0, 0x2B, 0x2B));
     Grid = WithAlpha(text, m_dark ? 0.13 : 0.09);
     FineGrid = WithAlpha(text, m_dark ? 0.05 : 0.04);
     DayOff = WithAlpha(text, m_dark ? 0.06 : 0.045);

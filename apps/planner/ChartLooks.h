@@ -23,6 +23,9 @@ struct ChartLooks
     TColor Summary;   ///< what is still to be done of a summary task
     TColor Milestone; ///< not yet reached
     TColor Link;
+    TColor Baseline; ///< what was planned once
+    TColor Deadline; ///< one that is met
+    TColor MissedDeadline;
     QColor Grid;     ///< lines between rows and between the axis' large periods; translucent
     QColor FineGrid; ///< lines between the axis' small periods; translucent
     QColor DayOff;   ///< laid over what is not working time; translucent

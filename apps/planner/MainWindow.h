@@ -72,6 +72,10 @@ private:
     template <typename Function>
     QAction *AddAction(QMenu &menu, const QString &text, const QList<QKeySequence> &shortcuts,
                        Function function);
+    /// Adds an action for something that is shown or not, which the settings remember.
+    template <typename Function>
+    void AddToggle(QMenu &menu, const QString &text, const QString &key, bool initially,
+                   Function setShown);
     void ChooseFile();
     void ChoosePicture();
     void ShowShortcuts();

@@ -16,6 +16,7 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QMessageBox>
+#include <QSettings>
 #include <QStatusBar>
 
 namespace korvane::planner {
@@ -47,6 +48,21 @@ QAction *MainWindow::AddAction(QMenu &menu, const QString &text,
     action->setShortcuts(shortcuts);
     connect(action, &QAction::triggered, this, function);
     return action;
+}
+
+template <typename Function>
+void MainWindow::AddToggle(QMenu &menu, const QString &text, const QString &key, bool initially,
+                           Function setShown)
+{
+    QAction *action = menu.addAction(text);
+    action->setCheckable(true);
+    connect(action, &QAction::toggled, this, [key, setShown](bool on) {
+        setShown(on);
+        QSettings().setValue(key, on);
+    });
+    const bool shown = QSettings().value(key, initially).toBool();
+    action->setChecked(shown);
+    setShown(shown);
 }
 
 void MainWindow::MakeMenus()
@@ -113,6 +129,10 @@ void MainWindow::MakeViewMenu()
     add(tr("&Collapse all"), {QKeySequence(tr("Ctrl+Shift+Left"))},
         [this] { m_chart->Tree().FullCollapse(); });
     menu.addSeparator();
+    AddToggle(menu, tr("&Baselines"), QStringLiteral("baselines"), false,
+              [this](bool on) { m_chart->SetBaselinesShown(on); });
+    AddToggle(menu, tr("&Deadlines"), QStringLiteral("deadlines"), true,
+              [this](bool on) { m_chart->SetDeadlinesShown(on); });
     QAction *remarks = m_remarks->toggleViewAction();
     remarks->setText(tr("&Remarks"));
     menu.addAction(remarks);

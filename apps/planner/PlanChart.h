@@ -53,6 +53,13 @@ public:
     void SetScrollBarShown(bool shown);
     bool IsScrollBarShown() const { return m_scrollBarShown; }
 
+    /// Whether the dates that were planned once are drawn below the bars. They are not, initially.
+    void SetBaselinesShown(bool shown);
+    bool AreBaselinesShown() const { return m_baselinesShown; }
+    /// Whether arrows mark deadlines. They do, initially.
+    void SetDeadlinesShown(bool shown);
+    bool AreDeadlinesShown() const { return m_deadlinesShown; }
+
     /// The present time, which is marked by a line.
     TDateTime GetNow() const { return m_now; }
     void SetNow(TDateTime now);
@@ -205,6 +212,17 @@ private:
     LinkEnd EndOf(const TzuDataEntity_Spanbar &bar, const TzuDataEntity_Spanbar &other);
     void PaintNow(const TRect &rect, TCanvas &canvas) const;
 
+    // Baselines and deadlines, PlanChartMarks.cpp.
+    /// What rows are higher by, and bars keep clear of, for the baselines.
+    int BaselineRoom() const;
+    /// Calls `function(task, row's rectangle)`.
+    template <typename Function>
+    void ForTasksOnScreen(const Function &function);
+    void PaintBaselines(const TRect &area, TCanvas &canvas);
+    void PaintDeadlines(TCanvas &canvas);
+    /// Where the arrow of a deadline ends that stands just behind the bar; or else the bar does.
+    int DeadlineBeside(int task, const TRect &bar) const;
+
     // Input, PlanChartInput.cpp.
     void HandleToolTip(QHelpEvent &event);
     void PointAt(int pixel);
@@ -232,6 +250,8 @@ private:
     QTimer m_datesTimer; ///< of ShowDates after edits
     std::optional<int> m_pointerPixel;
     bool m_scrollBarShown = true;
+    bool m_baselinesShown = false;
+    bool m_deadlinesShown = true;
 };
 
 } // namespace korvane::planner

@@ -176,10 +176,11 @@ void PlanChart::FillBar(const PlanTask &task, TzuDataEntity_Spanbar &bar) const
                  : task.IsSummary() ? TSpanbarStyle::sbsSpan
                  : isDrawnHere      ? TSpanbarStyle::sbsUser
                                     : TSpanbarStyle::sbsSquare);
-    bar.SetFixedSize(isSymbol ? m_tree->RowHeight() - 2 * kMilestoneInset - 2 : 0);
+    const int height = m_tree->RowHeight() - BaselineRoom();
+    bar.SetFixedSize(isSymbol ? height - 2 * kMilestoneInset - 2 : 0);
     const int inset = isSymbol ? kMilestoneInset : task.IsSummary() ? kSummaryInset : kTaskInset;
     bar.SetInsetTop(inset);
-    bar.SetInsetBottom(inset);
+    bar.SetInsetBottom(inset + BaselineRoom());
     const TColor open = ColorOf(task);
     bar.SetColor(task.PercentComplete >= 100 ? m_looks.Done(open) : open);
     bar.SetCanEdit(m_edits != nullptr);

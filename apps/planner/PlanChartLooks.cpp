@@ -34,7 +34,8 @@ void PlanChart::ApplyFonts()
     Tree().SetFont(font);
     Tree().SetColor(m_looks.Back);
     m_tree->SetRowLineColor(m_looks.Grid);
-    Tree().SetRowHeight(std::max(kLeastRowHeight, QFontMetrics(ToQt(font)).height() + kRowSpare));
+    const int textHeight = QFontMetrics(ToQt(font)).height();
+    Tree().SetRowHeight(std::max(kLeastRowHeight, textHeight + kRowSpare) + BaselineRoom());
 
     font.Size = std::max(7, font.Size - 1);
     TDateScalerCore &scaler = DateScaler();

@@ -30,6 +30,7 @@ void PlanChart::PaintBackground(const TRect &rect, TCanvas &canvas)
     DefaultBackGround(rect, canvas);
     PaintGrid(rect, canvas);
     ShadeDaysOff(rect, canvas);
+    PaintBaselines(rect, canvas);
     PlaceLabels(rect, canvas);
 }
 
@@ -42,6 +43,7 @@ void PlanChart::PaintForeground(const TRect &rect, TCanvas &canvas)
         ShadeDaysOff(label.Rect, canvas);
         canvas.TextOut({label.Rect.Left, label.Rect.Top}, Items(label.Task).Node->GetText());
     }
+    PaintDeadlines(canvas);
     PaintNow(rect, canvas);
 }
 
@@ -189,7 +191,8 @@ void PlanChart::PlaceLabel(int index, TGantRow &row, const TRect &area, TCanvas 
     const int style = NeedsLightText({open, done}) ? kLightLabel : kDarkLabel;
     canvas.SetFont(FontTimeItemStyle(style));
     const TSize size = canvas.TextExtent(name);
-    const int top = (bar->Height() - size.Height) / 2;
+    const int inner = bar->Height() - items.Bar->InsetTop() - items.Bar->InsetBottom();
+    const int top = items.Bar->InsetTop() + (inner - size.Height) / 2;
     const int shownLeft = std::max(bar->Left, area.Left);
     const int shownRight = std::min(bar->Right, area.Right);
     // Not into a diamond, nor across the parts of a split task.
@@ -206,7 +209,7 @@ void PlanChart::PlaceLabel(int index, TGantRow &row, const TRect &area, TCanvas 
         text.SetPos({shownLeft - bar->Left + kLabelPadding, top - items.Bar->InsetTop()});
     }
     if (!fits) {
-        const int right = bar->Right + kOutsideGap;
+        const int right = DeadlineBeside(index, *bar) + kOutsideGap;
         const int left = bar->Left - kOutsideGap - size.Width;
         const bool before = right + size.Width > area.Right && left >= area.Left;
         const TPoint at{before ? left : right, bar->Top + top};

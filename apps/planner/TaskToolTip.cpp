@@ -87,6 +87,14 @@ QString TaskToolTip(const Plan &plan, int index)
         rows += Row(QStringLiteral("Finish"), DateText(dates.Finish));
         rows += Row(QStringLiteral("Duration"), DurationText(plan, dates));
     }
+    if (task.Baseline) {
+        rows +=
+            Row(QStringLiteral("Baseline"), DateText(task.Baseline->Start) + QStringLiteral(" – ")
+                                                + DateText(task.Baseline->Finish));
+    }
+    if (task.Deadline) {
+        rows += Row(QStringLiteral("Deadline"), DateText(*task.Deadline));
+    }
     rows += Row(QStringLiteral("Complete"),
                 QStringLiteral("%1 %").arg(QLocale().toString(task.PercentComplete, 'g', 3)));
     rows += Row(QStringLiteral("Resources"), ResourcesText(plan, index));

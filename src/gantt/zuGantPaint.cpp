@@ -149,7 +149,11 @@ void TGantCore::DrawContent(TzuDataEntity_Spanbar &item, const TRect &rect)
         return;
     }
     if (item.GetSelected()) {
-        TzuTimeDraw::DoSelectContent(inner, canvas);
+        if (item.GetStyle() == TSpanbarStyle::sbsRomb) {
+            TzuTimeDraw::SelectRomb(inner, canvas);
+        } else {
+            TzuTimeDraw::DoSelectContent(inner, canvas);
+        }
     }
     if (&item == m_active) {
         canvas.DrawFocusRect(GStuff::W95Safe(inner, canvas));

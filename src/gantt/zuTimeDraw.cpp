@@ -2,6 +2,7 @@
 
 #include "foundation/zuGraphStuffDraw.h"
 
+#include <algorithm>
 #include <array>
 #include <vector>
 
@@ -30,6 +31,16 @@ void Frame(TCanvas &canvas, const TRect &rect, TColor color)
 TRect Shrunk(const TRect &rect, int by)
 {
     return {rect.Left + by, rect.Top + by, rect.Right - by, rect.Bottom - by};
+}
+
+/// From the left corner on, clockwise.
+std::array<TPoint, 4> RombPoints(const TRect &rect, const TCanvas &canvas)
+{
+    const TRect safe = GStuff::W95Safe(rect, canvas);
+    const int middleX = safe.Left + safe.Width() / 2;
+    const int middleY = MiddleY(safe);
+    return {TPoint{safe.Left, middleY}, TPoint{middleX, safe.Top}, TPoint{safe.Right, middleY},
+            TPoint{middleX, safe.Bottom}};
 }
 
 } // namespace
@@ -128,16 +139,22 @@ void TzuTimeDraw::WaveOutline(TColor color, const TRect &rect, TCanvas &canvas)
 
 void TzuTimeDraw::RombOutline(TColor color, const TRect &rect, TCanvas &canvas)
 {
-    const TRect safe = GStuff::W95Safe(rect, canvas);
-    const int middleX = safe.Left + safe.Width() / 2;
-    const int middleY = MiddleY(safe);
     const TColor fill = canvas.ResolveColor(color);
-    const std::array points{TPoint{safe.Left, middleY}, TPoint{middleX, safe.Top},
-                            TPoint{safe.Right, middleY}, TPoint{middleX, safe.Bottom}};
     const TSmoothScope smooth(canvas);
     canvas.SetPen({GStuff::TintColor(fill, kEdgeTint), 1, TPenStyle::psSolid});
     canvas.SetBrushColor(fill);
-    canvas.Polygon(points);
+    canvas.Polygon(RombPoints(rect, canvas));
+}
+
+void TzuTimeDraw::SelectRomb(const TRect &rect, TCanvas &canvas)
+{
+    constexpr int kWidth = 3;
+    std::array<TPoint, 5> outline{};
+    std::ranges::copy(RombPoints(rect, canvas), outline.begin());
+    outline.back() = outline.front();
+    const TSmoothScope smooth(canvas);
+    canvas.SetPen({clHighlight, kWidth, TPenStyle::psSolid});
+    canvas.Polyline(outline);
 }
 
 void TzuTimeDraw::DrawImage(const TImageList *images, int index, const TRect &rect, TCanvas &canvas)

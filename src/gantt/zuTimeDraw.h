@@ -29,6 +29,8 @@ public:
     static void WaveOutline(TColor color, const TRect &rect, TCanvas &canvas);
     /// Filled diamond that touches the middles of the rectangle's edges.
     static void RombOutline(TColor color, const TRect &rect, TCanvas &canvas);
+    /// Marks a diamond as selected by its outline; a frame would hide small ones.
+    static void SelectRomb(const TRect &rect, TCanvas &canvas);
     /// Image centred in the rectangle; nothing without an image list.
     static void DrawImage(const TImageList *images, int index, const TRect &rect, TCanvas &canvas);
     /// GStuff::DoSelectContent.

@@ -1,0 +1,62 @@
+#include "ChartLooks.h"
+#include "PlanChart.h"
+#include "PlanDocument.h"
+#include "SmallPlan.h"
+#include "Theme.h"
+#include "foundation/qt/zuConvert.h"
+
+#include <QApplication>
+#include <QImage>
+
+namespace korvane::planner::test {
+namespace {
+
+TEST(PlanMarks, BaselinesAndDeadlinesAreDrawnWhereTheyAreShown)
+{
+    Plan plan = SmallPlan();
+    plan.Tasks[1].Baseline = PlanSpan{kMonday + 12, kMonday + 15};
+    plan.Tasks[1].Deadline = kMonday + 9; // missed: it finishes on day 10
+    plan.Tasks[2].Deadline = kMonday + 5; // without dates
+    plan.Tasks[4].Baseline = PlanSpan{kMonday + 5, kMonday + 5};
+    PlanDocument document;
+    PlanChart chart(document);
+    chart.resize(1000, 400);
+    chart.SetNow(kMonday + 1000); // out of the way
+    document.SetPlan(std::move(plan));
+    chart.show();
+    for (const QPalette &palette : {QApplication::palette(), DarkPalette()}) {
+        chart.setPalette(palette);
+        const ChartLooks looks(palette);
+        // How many pixels around the instant have the colour, in the row of the task.
+        const auto count = [&](int task, double day, TColor color) {
+            QApplication::processEvents();
+            const QImage picture = chart.GantArea().grab().toImage();
+            const TRect row = chart.GantRows().FindRowFromTreeNode(chart.NodeOf(task))->GetRect();
+            const int x = chart.DateScaler().DateToPixel(kMonday + day);
+            int found = 0;
+            for (int y = row.Top; y < row.Bottom; ++y) {
+                for (int dx = -4; dx <= 4; ++dx) {
+                    found += picture.pixelColor(x + dx, y) == ToQt(color, palette) ? 1 : 0;
+                }
+            }
+            return found;
+        };
+        int barHeight = 0;
+        for (const bool shown : {false, true}) {
+            chart.SetBaselinesShown(shown);
+            chart.SetDeadlinesShown(shown);
+            EXPECT_EQ(count(1, 13.5, looks.Baseline), shown ? 36 : 0) << "9 of it, 4 high";
+            EXPECT_EQ(count(4, 5, looks.Baseline) > 8, shown);
+            EXPECT_EQ(count(1, 9, looks.MissedDeadline) > 20, shown);
+            EXPECT_EQ(count(2, 5, looks.Deadline) > 20, shown);
+            const TzuDataEntity_Spanbar &bar = *chart.BarOf(1);
+            const int height = bar.GetRow()->RectFromDataEntity(bar)->Height() - bar.InsetTop()
+                               - bar.InsetBottom();
+            EXPECT_TRUE(!shown || height == barHeight) << "the row gives the room, not the bar";
+            barHeight = height;
+        }
+    }
+}
+
+} // namespace
+} // namespace korvane::planner::test
