@@ -30,6 +30,9 @@ constexpr bool IsSimpleKind(TColumnKind kind)
     return kind < TColumnKind::tckSubGrid;
 }
 
+/// Whether and how the rows are sorted by a column.
+enum class TSortMark : std::uint8_t { None, Ascending, Descending };
+
 /// A view takes an item's Value that is of this class for the item's column; columns of other
 /// values are plain text.
 class TBabColumn : public TObject
@@ -38,6 +41,7 @@ public:
     virtual TColumnKind Kind() const = 0;
     virtual const std::string &HeaderText() const = 0;
     virtual bool SortEnable() const = 0;
+    virtual TSortMark SortMark() const = 0;
     virtual bool ReadOnly() const = 0;
     virtual bool TreeButton() const = 0;
     virtual bool HasIcon() const = 0;

@@ -110,6 +110,9 @@ void TBabGridCell::MowingAxisItem(TAxisContentList &list, int from, int to)
     } else {
         Selection().ColumnMoved(from, to);
     }
+    if (TBabGridCellForViewer *viewer = GetViewerGridCell()) {
+        viewer->OnMoved(&list, from, to);
+    }
     TellAxisChanged(list);
 }
 
@@ -137,12 +140,22 @@ void TBabGridCell::AxisCountChanged(TAxisContentList &list, int index, int by)
     } else {
         Selection().ColumnsChanged(index, by);
     }
+    if (TBabGridCellForViewer *viewer = GetViewerGridCell()) {
+        viewer->OnCountChanged(&list, index, by);
+    }
 }
 
 bool TBabGridCell::HasSelectedCell(const TAxisContentList &list, int index) const
 {
     return &list == &m_rows ? Selection().RowHasSelected(index)
                             : Selection().ColumnHasSelected(index);
+}
+
+TBabSubGridCell::~TBabSubGridCell()
+{
+    if (TBabGridCellForViewer *viewer = TBabSubGridCell::GetViewerGridCell()) {
+        viewer->OnSubGridGoes(this);
+    }
 }
 
 TBabGridCellForViewer *TBabSubGridCell::GetViewerGridCell() const

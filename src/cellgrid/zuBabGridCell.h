@@ -47,6 +47,10 @@ public:
     /// What the crossing shows: its cell's text or, without a cell, what the viewer's handler says.
     std::string CellText(TAxisContentItem &column, TAxisContentItem &row);
 
+    /// Whether the last column takes what is left of the width that the grid is shown in.
+    bool ExtendLastColumnToWidth() const { return m_extendLastColumn; }
+    void SetExtendLastColumnToWidth(bool extend) { m_extendLastColumn = extend; }
+
     /// Deselecting deselects every cell; selecting selects all behind the heads.
     void SetSelected(bool selected) override;
 
@@ -73,12 +77,14 @@ private:
     TCellMatris m_matris;
     TAxisContentList m_columns;
     TAxisContentList m_rows;
+    bool m_extendLastColumn = false;
 };
 
 /// A grid in a cell of another grid.
 class TBabSubGridCell : public TBabGridCell
 {
 public:
+    ~TBabSubGridCell() override;
     TBabGridCellForViewer *GetViewerGridCell() const override;
     /// How many grids it is in; 1 for a cell of the view's grid.
     int Level() const;
@@ -123,6 +129,11 @@ public:
     TOnDeleteOfUnloaded OnDeleteOfUnloaded; ///< before items are deleted that are only counted
     TOnCreateCell OnCreateCell;             ///< nil from it: a simple cell with text
     TOnGetCellText OnGetCellText;           ///< text of crossings without a cell
+    /// The view's own: `by` items came at an index of an axis, or went from it; an item moved; a
+    /// sub-grid is about to go.
+    TMethod<void(TAxisContentList *theList, int index, int by)> OnCountChanged;
+    TMethod<void(TAxisContentList *theList, int from, int to)> OnMoved;
+    TMethod<void(TBabGridCell *theGridCell)> OnSubGridGoes;
 };
 
 } // namespace korvane

@@ -45,6 +45,9 @@ public:
     /// Whether a click on the header may sort by the column.
     bool SortEnable() const override { return m_sortEnable; }
     void SetSortEnable(bool value) { Set(m_sortEnable, value); }
+    TSortMark SortMark() const override { return m_sortMark; }
+    /// Set by the grid that sorts.
+    void SetSortMark(TSortMark mark) { m_sortMark = mark; }
     bool ReadOnly() const override { return m_readOnly; }
     void SetReadOnly(bool value) { Set(m_readOnly, value); }
     /// For tckSubGrid: which sub-grid its cells show.
@@ -81,6 +84,7 @@ private:
     TzuGrid_Columns &m_columns;
     int m_width;
     TColumnKind m_kind;
+    TSortMark m_sortMark = TSortMark::None;
     bool m_sortEnable = false;
     bool m_readOnly = false;
     bool m_treeButton = false;

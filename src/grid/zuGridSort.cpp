@@ -143,7 +143,13 @@ std::string TzuGridCore::SortString(TzuGrid_Column &column, TAxisContentItem &co
 
 void TzuGridCore::SetSortKeys(std::vector<TGridSortKey> keys)
 {
+    for (int index = 0; index < m_columns.Count(); ++index) {
+        m_columns.At(index).SetSortMark(TSortMark::None);
+    }
     m_sortKeys = std::move(keys);
+    for (const TGridSortKey &key : m_sortKeys) {
+        key.Column->SetSortMark(key.Descending ? TSortMark::Descending : TSortMark::Ascending);
+    }
     DoInternalResortOfContent();
 }
 

@@ -1,0 +1,90 @@
+// The core of a grid view: the mouse.
+#pragma once
+
+#include "cellgrid/zuBabGridSelect.h"
+#include "foundation/zuInput.h"
+
+#include <cstdint>
+
+namespace korvane {
+
+using TOnResizeEvent = TMethod<void(TObject *theGrid, TAxisContentItem *theItem, int theSize)>;
+
+/// Selecting, resizing columns and rows, moving columns, and clicks on headers. A press and release
+/// without movement resizes and moves nothing.
+class TBabGridGestures : public TBabGridSelectCore
+{
+public:
+    using TBabGridSelectCore::TBabGridSelectCore;
+
+    /// Whether the user may resize columns and rows, and move columns, at their headers.
+    bool UserSizing() const { return m_userSizing; }
+    void SetUserSizing(bool value) { m_userSizing = value; }
+    bool ColumnMoving() const { return m_columnMoving; }
+    void SetColumnMoving(bool value) { m_columnMoving = value; }
+
+    void MouseDown(TMouseButton button, TShiftState shift, TPoint point);
+    void MouseMove(TShiftState shift, TPoint point);
+    void MouseUp(TMouseButton button, TShiftState shift, TPoint point);
+    void DblClick(TPoint point);
+    /// Escape, or the loss of the mouse: what the gesture changed is as before.
+    void CancelGesture();
+    /// A step of scrolling while a selecting gesture is held beyond the edge. False when there is
+    /// nothing to do.
+    bool AutoScroll();
+    bool InGesture() const { return m_gesture != TGesture::None; }
+    /// Makes the column as wide as its shown cells ask for, or the row as high.
+    void FitColumn(const TGridCellAt &at);
+    void FitRow(const TGridCellAt &at);
+
+    /// What the gesture shows above the picture.
+    void PaintOverlay(TCanvas &canvas);
+
+    TOnResizeEvent OnColumnResized;
+    TOnResizeEvent OnRowResized;
+    TNotify OnAfterUserSize; ///< a resizing is over
+
+protected:
+    void SubGridGoes(TBabGridCell *grid) override;
+    virtual void HeaderClicked(const TGridCellAt & /*at*/, TShiftState /*shift*/) {}
+    virtual void CheckBoxClicked(const TGridCellAt & /*at*/) {}
+    virtual void CellDoubleClicked(const TGridCellAt & /*at*/) {}
+    /// The user dropped a column at another place.
+    virtual void MoveColumn(TBabGridCell &grid, int from, int to);
+
+private:
+    enum class TGesture : std::uint8_t {
+        None,
+        Header, ///< pressed on a header, which may become a moving
+        MoveColumn,
+        ResizeColumn,
+        ResizeRow,
+        SelectCells,
+        SelectRows,
+        CheckBox
+    };
+
+    void PressCell(const TGridHit &hit, TShiftState shift);
+    void BeginResize(const TGridHit &hit, TGesture gesture);
+    void Resize(TPoint point);
+    void SetSize(TAxisContentItem &item, int size);
+    void SelectTo(TPoint point);
+    void UpdateDropPlace(TPoint point);
+    void UpdateCursor(TPoint point);
+    TAxisContentItem *SizedItem() const;
+    TGridChoice ChoiceOf(TShiftState shift) const;
+
+    TGesture m_gesture = TGesture::None;
+    TGridHit m_pressed;
+    TPoint m_pressPoint;
+    TPoint m_point;
+    int m_sizeBefore = 0;
+    bool m_activeBefore = false;
+    bool m_sized = false;
+    int m_dropIndex = -1; ///< before which column the moved one is dropped
+    int m_dropPixel = 0;
+    bool m_userSizing = true;
+    bool m_columnMoving = true;
+};
+
+} // namespace korvane

@@ -1,0 +1,187 @@
+// The core of a grid view: where cells lie, and what is at a point.
+#pragma once
+
+#include "cellgrid/zuBabColumn.h"
+#include "cellgrid/zuBabGridCell.h"
+#include "cellgrid/zuBabGridHost.h"
+
+#include <cstdint>
+#include <memory>
+#include <vector>
+
+namespace korvane {
+
+/// A column or row that is shown, wholly or in part. Pixels along its axis, half-open.
+struct TGridBand
+{
+    TAxisContentItem *Item = nullptr;
+    int Index = 0;
+    int Near = 0;
+    int Far = 0;
+    bool Fixed = false;
+};
+using TGridBands = std::vector<TGridBand>;
+
+/// A grid as far as it is shown.
+struct TGridBlock
+{
+    TBabGridCell *Grid = nullptr;
+    TRect Area;      ///< where its bands lie; the rest of it is empty
+    TPoint FixedEnd; ///< where the fixed columns and rows end
+    TGridBands Columns;
+    TGridBands Rows;
+};
+
+/// A crossing by real indexes.
+struct TGridCellAt
+{
+    TBabGridCell *Grid = nullptr;
+    int Column = -1;
+    int Row = -1;
+
+    explicit operator bool() const { return Grid != nullptr; }
+    friend bool operator==(const TGridCellAt &, const TGridCellAt &) = default;
+};
+
+enum class TGridPart : std::uint8_t {
+    Nothing,
+    Cell,
+    ColumnHeader,
+    RowHeader, ///< in the fixed columns
+    Corner,
+    ColumnBorder, ///< at the end of the column header
+    RowBorder,
+    CheckBox
+};
+
+struct TGridHit
+{
+    TGridPart Part = TGridPart::Nothing;
+    TGridCellAt At;
+    TRect Rect; ///< of the crossing
+};
+
+/// Lays out the viewer's grid and the grids in its cells. Everything that is shown comes from the
+/// same bands: painting, hit testing and the rectangles asked for. A layout costs what is shown;
+/// rows whose height depends on their content are measured when they come into view, and count with
+/// the default height until then.
+class TBabGridLayoutCore : public TObject
+{
+public:
+    static constexpr int kPadding = 4;
+    static constexpr int kGrip = 4; ///< how near to a border counts as on it
+    static constexpr int kCheckBox = 13;
+
+    /// The host outlives the core and is not called during construction.
+    explicit TBabGridLayoutCore(IBabGridHost &host);
+    ~TBabGridLayoutCore() override;
+
+    TBabGridCellForViewer &RootCell() { return *m_root; }
+    const TBabGridCellForViewer &RootCell() const { return *m_root; }
+    bool ExtendLastColumnToWidth() const { return m_root->ExtendLastColumnToWidth(); }
+    void SetExtendLastColumnToWidth(bool extend);
+    /// Look of cells without a layout of their own or of their column.
+    const TLayoutProp &DefaultLayoutProp() const { return m_defaultLayout; }
+    TLayoutProp &DefaultLayoutProp() { return m_defaultLayout; }
+
+    /// Everything is laid out anew before it is needed next, and painted.
+    void LayoutOutOfDate();
+    void EnsureLayout();
+    bool IsLayoutOutOfDate() const { return m_outOfDate; }
+    /// The viewer's grid as it is shown now.
+    const TGridBlock &Shown();
+    /// What a sub-grid shows within its cell's rectangle, as far as it lies within the clip.
+    TGridBlock ShownIn(TBabGridCell &grid, const TRect &area, const TRect &clip);
+
+    /// How far the part behind the fixed columns and rows is scrolled, in pixels.
+    std::int64_t ScrollX() const { return m_scrollX; }
+    std::int64_t ScrollY() const { return m_scrollY; }
+    /// Both come into the range that the content allows.
+    void ScrollTo(std::int64_t x, std::int64_t y);
+    std::int64_t MaxScrollX() const;
+    std::int64_t MaxScrollY() const;
+    /// Extent of the scrolling part of the view.
+    TSize PageSize() const;
+    /// Scrolls so that the row that is `rows` away from the first scrolling one comes to the top.
+    void ScrollRows(int rows);
+    /// The first crossing behind the fixed ones that is shown; no grid when there is none.
+    TGridCellAt GetTopLeftCell();
+    /// Scrolls as little as shows the crossing.
+    void MakeVisible(const TGridCellAt &at);
+
+    /// Where a crossing lies, whether it is in view or not; empty when there is none or it is
+    /// hidden.
+    TRect CellRect(const TGridCellAt &at);
+    TGridHit HitTest(TPoint point);
+    /// Where the content of a cell is drawn; without lines, icon and padding.
+    TRect ContentRect(const TGridCellAt &at, const TRect &cell) const;
+    TRect CheckBoxRect(const TRect &cell) const;
+
+    static TBabColumn *ColumnOf(const TAxisContentItem &item);
+    const TLayoutProp &LayoutOf(const TBabGridCell &grid, const TAxisContentItem &column,
+                                const TAxisContentItem &row) const;
+    TFont FontOf(const TLayoutProp &layout) const;
+    /// Width that the column's shown cells and its header ask for.
+    int BestColumnWidth(const TGridCellAt &at);
+    int BestRowHeight(const TGridCellAt &at);
+    /// The text of a cell when it does not fit into it, else nothing.
+    std::string CutText(const TGridCellAt &at);
+
+protected:
+    IBabGridHost &Host() const { return m_host; }
+    /// Before a layout changes what is shown at the top left.
+    virtual void TopLeftChanged() {}
+    virtual void CountChanged(TAxisContentList *, int /*index*/, int /*by*/) {}
+    virtual void ItemMoved(TAxisContentList *, int /*from*/, int /*to*/) {}
+    virtual void SubGridGoes(TBabGridCell *) {}
+    virtual void SelectionEventFired() {}
+
+private:
+    struct TSpan
+    {
+        int Near = 0;
+        int Far = 0;
+    };
+    /// One axis of a grid in pixels: where it begins, how far it is scrolled, and what of it shows.
+    struct TAxisView
+    {
+        int Origin = 0;
+        std::int64_t Scroll = 0;
+        TSpan Shown;
+        int ExtendTo = 0; ///< where the last item ends at least; 0 for wherever it does
+    };
+
+    void OnAxisEvent(TSingleEventListener *listener);
+    void OnSelectionEvent(TSingleEventListener *listener);
+    void ClampScroll();
+    void UpdateDefaultHeight();
+    void Load(TAxisContentList &list, int first, int last);
+    TGridBands BandsOf(TAxisContentList &list, const TAxisView &view);
+    /// The rectangle that a grid is laid out in: the view's, or its cell's.
+    TRect AreaOf(TBabGridCell &grid);
+    TGridBlock BlockOf(TBabGridCell &grid, const TRect &area, const TRect &clip);
+    std::int64_t ScrollOf(const TAxisContentList &list) const;
+    bool MeasureRows(TGridBlock &block);
+    int MeasuredHeight(TBabGridCell &grid, TAxisContentItem &column, TAxisContentItem &row,
+                       const TRect &cell);
+    TGridHit HitIn(const TGridBlock &block, TPoint point);
+    static const TGridBand *BandAt(const TGridBands &bands, int pixel);
+    static const TGridBand *BorderAt(const TGridBands &bands, int pixel);
+    TSpan SpanOf(const TAxisContentList &list, int index, const TAxisView &view) const;
+
+    IBabGridHost &m_host;
+    std::unique_ptr<TBabGridCellForViewer> m_root;
+    TLayoutProp m_defaultLayout;
+    TSingleEventListener m_axisListener;
+    TSingleEventListener m_hideListener;
+    TSingleEventListener m_sizeListener;
+    TSingleEventListener m_cellListener;
+    TSingleEventListener m_selectionListener;
+    TGridBlock m_shown;
+    std::int64_t m_scrollX = 0;
+    std::int64_t m_scrollY = 0;
+    bool m_outOfDate = true;
+    bool m_layingOut = false;
+};
+
+} // namespace korvane

@@ -1,0 +1,79 @@
+// Painting of a grid and of the grids in its cells.
+#pragma once
+
+#include "cellgrid/zuBabGridLayout.h"
+
+#include <string_view>
+
+namespace korvane {
+
+/// What a paint shows beyond the cells themselves.
+struct TGridPaintState
+{
+    TGridCellAt Focus;
+    bool HasFocus = false; ///< the view has the keyboard
+    bool FocusRects = true;
+    const TImageList *Images = nullptr;
+};
+
+/// Paints once: the blocks of the core, fixed and scrolling parts from the same bands.
+class TBabGridPainter
+{
+public:
+    TBabGridPainter(TBabGridLayoutCore &core, TCanvas &canvas, const TGridPaintState &state);
+
+    void Paint();
+
+private:
+    struct TColumnLook
+    {
+        const TBabColumn *Column = nullptr;
+        TColumnKind Kind = TColumnKind::tckSimpleEdit;
+        bool Groups = false;
+    };
+    struct TCellPlace
+    {
+        const TGridBlock &Block;
+        const TGridBand &Column;
+        const TGridBand &Row;
+        TRect Rect;
+    };
+    struct TTextLook
+    {
+        bool Right = false;
+        bool Center = false;
+        bool VertCenter = true;
+        bool Bottom = false;
+        bool Wrap = false;
+        bool Ellipsis = false;
+    };
+
+    void PaintBlock(const TGridBlock &block);
+    void PaintPart(const TGridBlock &block, bool fixedColumns, bool fixedRows);
+    void PaintColumn(const TGridBlock &block, const TGridBand &column, bool fixedRows);
+    void PaintCell(const TCellPlace &place, const TColumnLook &look, const TRect &textRect);
+    void PaintHeader(const TCellPlace &place, const TColumnLook &look);
+    void PaintRowHeader(const TCellPlace &place);
+    void PaintSortMark(const TRect &rect, TSortMark mark);
+    void PaintCheckBox(const TRect &box, bool checked, TColor color);
+    void PaintText(std::string_view text, const TRect &rect, const TTextLook &look);
+    void PaintLine(std::string_view text, const TRect &rect, int top, const TTextLook &look);
+    void PaintFrame(const TRect &rect, const TLayoutProp &layout);
+    void PaintFrameLine(TPoint from, TPoint to, TFrameOption side, const TLayoutProp &layout);
+    void PaintLines(const TCellPlace &place, bool joinedBelow);
+    void PaintFocus(const TGridBlock &block);
+    void SetFont(const TLayoutProp &layout, TColor color);
+    bool JoinsAbove(const TGridBlock &block, const TGridBand &column, const TGridBand &row) const;
+    static TTextLook LookOf(const TLayoutProp &layout);
+    TColor Mixed(TColor from, TColor to, unsigned percent) const;
+
+    TBabGridLayoutCore &m_core;
+    TCanvas &m_canvas;
+    TGridPaintState m_state;
+    TFont m_gridFont;
+    TColor m_window;
+    TColor m_lines;
+    TColor m_headerLines;
+};
+
+} // namespace korvane

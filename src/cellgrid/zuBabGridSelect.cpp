@@ -1,0 +1,476 @@
+#include "cellgrid/zuBabGridSelect.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace korvane {
+
+namespace {
+
+/// Where an index stands after `by` items came at another one, or went from it; -1 when it went.
+int Shifted(int position, int index, int by)
+{
+    if (position < index) {
+        return position;
+    }
+    return by < 0 && position < index - by ? -1 : position + by;
+}
+
+int AfterMove(int position, int from, int to)
+{
+    if (position == from) {
+        return to;
+    }
+    const int taken = position > from ? position - 1 : position;
+    return taken >= to ? taken + 1 : taken;
+}
+
+bool BeginsWith(std::string_view text, std::string_view beginning)
+{
+    const auto lower = [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c + 32) : c; };
+    return text.size() >= beginning.size()
+           && std::equal(beginning.begin(), beginning.end(), text.begin(),
+                         [lower](char a, char b) { return lower(a) == lower(b); });
+}
+
+void AppendEscaped(std::string &html, std::string_view text)
+{
+    for (const char c : text) {
+        switch (c) {
+        case '<':
+            html += "&lt;";
+            break;
+        case '>':
+            html += "&gt;";
+            break;
+        case '&':
+            html += "&amp;";
+            break;
+        case '\n':
+            html += "<br>";
+            break;
+        default:
+            html += c;
+        }
+    }
+}
+
+} // namespace
+
+void TBabGridSelectCore::SetRowSelect(bool value)
+{
+    if (value != m_rowSelect) {
+        m_rowSelect = value;
+        ClearSelection();
+        Host().InvalidateGrid();
+    }
+}
+
+void TBabGridSelectCore::SetMultiSelect(bool value)
+{
+    if (value != m_multiSelect) {
+        m_multiSelect = value;
+        ClearSelection();
+    }
+}
+
+void TBabGridSelectCore::SetFocusRects(bool value)
+{
+    if (value != m_focusRects) {
+        m_focusRects = value;
+        Host().InvalidateGrid();
+    }
+}
+
+// --- selecting
+// ------------------------------------------------------------------------------------
+
+bool TBabGridSelectCore::IsCell(const TGridCellAt &at) const
+{
+    return at.Grid != nullptr && at.Column >= at.Grid->Columns().FixedCount()
+           && at.Column < at.Grid->Columns().Count() && at.Row >= at.Grid->Rows().FixedCount()
+           && at.Row < at.Grid->Rows().Count();
+}
+
+TBabGridCell &TBabGridSelectCore::SelectedGrid()
+{
+    return m_selectedGrid != nullptr ? *m_selectedGrid : RootCell();
+}
+
+void TBabGridSelectCore::SelectionChanged(TBabGridCell &grid)
+{
+    RootCell().SelectionEvent.TriggerEvent(&grid);
+}
+
+bool TBabGridSelectCore::ChooseCell(const TGridCellAt &at, TGridChoice choice)
+{
+    if (!IsCell(at)) {
+        return false;
+    }
+    if (at != m_focus) {
+        if (!MayLeaveCell() || !IsCell(at)) {
+            return false;
+        }
+        SetFocusCell(at);
+    }
+    if (IsCell(at)) {
+        Select(at, choice);
+        MakeVisible(at);
+    }
+    return true;
+}
+
+TCellRange TBabGridSelectCore::RangeTo(const TGridCellAt &at) const
+{
+    const TGridCellAt from = m_anchor.Grid == at.Grid && m_multiSelect ? m_anchor : at;
+    TCellRange range{std::min(from.Column, at.Column), std::min(from.Row, at.Row),
+                     std::max(from.Column, at.Column), std::max(from.Row, at.Row)};
+    if (m_rowSelect) {
+        range.FirstColumn = 0;
+        range.LastColumn = TCellSelection::kAllColumns;
+    }
+    return range;
+}
+
+void TBabGridSelectCore::Select(const TGridCellAt &at, TGridChoice choice)
+{
+    if (choice == TGridChoice::Keep) {
+        return;
+    }
+    if (m_selectedGrid != nullptr && m_selectedGrid != at.Grid) {
+        m_selectedGrid->SetSelected(false);
+    }
+    m_selectedGrid = at.Grid;
+    TCellSelection &selection = at.Grid->Selection();
+    const bool toggle = choice == TGridChoice::Toggle && m_multiSelect;
+    if (choice != TGridChoice::Extend || m_anchor.Grid != at.Grid) {
+        m_anchor = at;
+    }
+    if (toggle && selection.IsSelected(at.Column, at.Row)) {
+        selection.Deselect(RangeTo(at));
+    } else {
+        if (!toggle) {
+            selection.Clear();
+        }
+        selection.Select(RangeTo(at));
+    }
+    SelectionChanged(*at.Grid);
+}
+
+void TBabGridSelectCore::SelectColumn(const TGridCellAt &at, TGridChoice choice)
+{
+    const TAxisContentList &rows = at.Grid->Rows();
+    const int first = rows.FixedCount();
+    if (m_rowSelect || !m_multiSelect || rows.Count() <= first) {
+        return;
+    }
+    const int from =
+        choice == TGridChoice::Extend && m_anchor.Grid == at.Grid ? m_anchor.Column : at.Column;
+    if (choice != TGridChoice::Toggle) {
+        ClearSelection();
+    }
+    m_selectedGrid = at.Grid;
+    m_anchor = {at.Grid, from, first};
+    at.Grid->Selection().Select(
+        {std::min(from, at.Column), first, std::max(from, at.Column), rows.Count() - 1});
+    SelectionChanged(*at.Grid);
+}
+
+void TBabGridSelectCore::SelectAll()
+{
+    if (m_multiSelect) {
+        TBabGridCell &grid = m_focus ? *m_focus.Grid : RootCell();
+        if (m_selectedGrid != nullptr && m_selectedGrid != &grid) {
+            m_selectedGrid->SetSelected(false);
+        }
+        m_selectedGrid = &grid;
+        grid.SetSelected(true);
+    }
+}
+
+void TBabGridSelectCore::ClearSelection()
+{
+    if (TBabGridCell *grid = std::exchange(m_selectedGrid, nullptr)) {
+        grid->SetSelected(false);
+    }
+}
+
+void TBabGridSelectCore::SetFocusCell(const TGridCellAt &at)
+{
+    if (at != m_focus) {
+        m_focus = at;
+        Host().InvalidateGrid();
+        OnFocusCellChanged(this);
+    }
+}
+
+// --- following changes
+// ----------------------------------------------------------------------------
+
+void TBabGridSelectCore::CountChanged(TAxisContentList *list, int index, int by)
+{
+    const bool rows = list->IsRowAxis();
+    for (TGridCellAt *at : {&m_focus, &m_anchor}) {
+        if (at->Grid != &list->getGridCell()) {
+            continue;
+        }
+        int &place = rows ? at->Row : at->Column;
+        const int shifted = Shifted(place, index, by);
+        // What stood there is gone: its neighbour takes the focus.
+        place = shifted >= 0 ? shifted : std::min(index, list->Count() - 1);
+        if (!IsCell(*at)) {
+            *at = {};
+        }
+    }
+}
+
+void TBabGridSelectCore::ItemMoved(TAxisContentList *list, int from, int to)
+{
+    for (TGridCellAt *at : {&m_focus, &m_anchor}) {
+        if (at->Grid == &list->getGridCell()) {
+            int &place = list->IsRowAxis() ? at->Row : at->Column;
+            place = AfterMove(place, from, to);
+        }
+    }
+}
+
+void TBabGridSelectCore::SubGridGoes(TBabGridCell *grid)
+{
+    if (m_focus.Grid == grid) {
+        m_focus = {};
+    }
+    if (m_anchor.Grid == grid) {
+        m_anchor = {};
+    }
+    if (m_selectedGrid == grid) {
+        m_selectedGrid = nullptr;
+    }
+    LayoutOutOfDate();
+}
+
+// --- keyboard
+// -------------------------------------------------------------------------------------
+
+TGridCellAt TBabGridSelectCore::FirstCell() const
+{
+    TBabGridCell *grid = m_focus ? m_focus.Grid : const_cast<TBabGridCellForViewer *>(&RootCell());
+    const TGridCellAt at{grid, grid->Columns().NearestShown(grid->Columns().FixedCount(), 1),
+                         grid->Rows().NearestShown(grid->Rows().FixedCount(), 1)};
+    return IsCell(at) ? at : TGridCellAt();
+}
+
+TGridCellAt TBabGridSelectCore::LastCell() const
+{
+    TBabGridCell *grid = m_focus ? m_focus.Grid : const_cast<TBabGridCellForViewer *>(&RootCell());
+    const TGridCellAt at{grid, grid->Columns().NearestShown(grid->Columns().Count() - 1, -1),
+                         grid->Rows().NearestShown(grid->Rows().Count() - 1, -1)};
+    return IsCell(at) ? at : TGridCellAt();
+}
+
+TGridCellAt TBabGridSelectCore::ColumnAway(int columns) const
+{
+    const TGridCellAt at{m_focus.Grid,
+                         m_focus.Grid->Columns().NearestShown(m_focus.Column + columns, columns),
+                         m_focus.Row};
+    return IsCell(at) ? at : TGridCellAt();
+}
+
+TGridCellAt TBabGridSelectCore::RowAway(int rows) const
+{
+    const TGridCellAt at{m_focus.Grid, m_focus.Column,
+                         m_focus.Grid->Rows().NearestShown(m_focus.Row + rows, rows)};
+    return IsCell(at) ? at : TGridCellAt();
+}
+
+/// The cell that lies a page further, less one row, or the last one on the way.
+TGridCellAt TBabGridSelectCore::PageAway(int direction)
+{
+    const TAxisContentList &rows = m_focus.Grid->Rows();
+    const int fixed = rows.FixedCount();
+    const int page = std::max(1, PageSize().Height - rows.SizeAt(m_focus.Row));
+    const std::int64_t begin = rows.OffsetOf(fixed);
+    const std::int64_t wanted =
+        std::clamp<std::int64_t>(rows.OffsetOf(m_focus.Row) + std::int64_t{direction} * page, begin,
+                                 std::max(begin, rows.TotalSize() - 1));
+    const TGridCellAt at{m_focus.Grid, m_focus.Column, rows.IndexAt(wanted)};
+    return IsCell(at) && at.Row != m_focus.Row ? at : RowAway(direction);
+}
+
+/// The cell of the parent that the grid is.
+TGridCellAt TBabGridSelectCore::CellOf(TBabGridCell &grid) const
+{
+    TBabGridCell *parent = grid.GridCell();
+    if (parent == nullptr) {
+        return {};
+    }
+    return {parent, parent->Columns().IndexOf(*grid.Column()), parent->Rows().IndexOf(*grid.Row())};
+}
+
+TGridCellAt TBabGridSelectCore::CellAfter(TGridMove move)
+{
+    if (!m_focus) {
+        return move == TGridMove::Leave ? TGridCellAt() : FirstCell();
+    }
+    const TGridCellAt first = FirstCell();
+    const TGridCellAt last = LastCell();
+    switch (move) {
+    case TGridMove::Left:
+        return ColumnAway(-1);
+    case TGridMove::Right:
+        return ColumnAway(1);
+    case TGridMove::Up:
+    case TGridMove::Down: {
+        const TGridCellAt next = RowAway(move == TGridMove::Up ? -1 : 1);
+        return next ? next : CellOf(*m_focus.Grid); // out of a grid in a cell
+    }
+    case TGridMove::PageUp:
+        return PageAway(-1);
+    case TGridMove::PageDown:
+        return PageAway(1);
+    case TGridMove::RowBegin:
+        return {m_focus.Grid, first.Column, m_focus.Row};
+    case TGridMove::RowEnd:
+        return {m_focus.Grid, last.Column, m_focus.Row};
+    case TGridMove::First:
+        return first;
+    case TGridMove::Last:
+        return last;
+    case TGridMove::Next:
+    case TGridMove::Previous: {
+        const int step = move == TGridMove::Next ? 1 : -1;
+        TGridCellAt next = ColumnAway(step);
+        if (!next) {
+            next = RowAway(step);
+            next.Column = step > 0 ? first.Column : last.Column;
+        }
+        return next;
+    }
+    case TGridMove::Enter: {
+        const TAxisContentItem *column = m_focus.Grid->Columns().FindLoaded(m_focus.Column);
+        const TAxisContentItem *row = m_focus.Grid->Rows().FindLoaded(m_focus.Row);
+        auto *inner = column != nullptr && row != nullptr
+                          ? dynamic_cast<TBabGridCell *>(m_focus.Grid->FindCell(*column, *row))
+                          : nullptr;
+        if (inner == nullptr) {
+            return {};
+        }
+        const TGridCellAt at{inner, inner->Columns().NearestShown(inner->Columns().FixedCount(), 1),
+                             inner->Rows().NearestShown(inner->Rows().FixedCount(), 1)};
+        return IsCell(at) ? at : TGridCellAt();
+    }
+    case TGridMove::Leave:
+        return CellOf(*m_focus.Grid);
+    }
+    return {};
+}
+
+bool TBabGridSelectCore::MoveFocus(TGridMove move, TGridChoice choice)
+{
+    const TGridCellAt at = CellAfter(move);
+    return at && at != m_focus && ChooseCell(at, choice);
+}
+
+bool TBabGridSelectCore::FindText(std::string_view text, bool fromNext)
+{
+    const TGridCellAt start = m_focus ? m_focus : FirstCell();
+    if (!start || text.empty()) {
+        return false;
+    }
+    TAxisContentList &rows = start.Grid->Rows();
+    TAxisContentItem *column = start.Grid->Columns().getAxisContentItem(start.Column);
+    const int count = rows.Count() - rows.FixedCount();
+    for (int step = fromNext ? 1 : 0; column != nullptr && step < count + (fromNext ? 1 : 0);
+         ++step) {
+        const int row = rows.FixedCount() + (start.Row - rows.FixedCount() + step) % count;
+        TAxisContentItem *item = rows.FindLoaded(row);
+        if (item != nullptr && !item->GetHide()
+            && BeginsWith(start.Grid->CellText(*column, *item), text)) {
+            return ChooseCell({start.Grid, start.Column, row}, TGridChoice::Set);
+        }
+    }
+    return false;
+}
+
+// --- copying
+// --------------------------------------------------------------------------------------
+
+/// Calls visit(text, selected) for each column with a selected cell, in each row with one.
+template <typename BeginRow, typename Visit>
+void TBabGridSelectCore::ForEachSelected(const BeginRow &beginRow, const Visit &visit)
+{
+    TBabGridCell &grid = SelectedGrid();
+    TCellSelection selection;
+    auto ranges = grid.Selection().Ranges();
+    if (ranges.empty() && m_focus.Grid == &grid) {
+        ranges.push_back({m_focus.Column, m_focus.Row, m_focus.Column, m_focus.Row});
+    }
+    const int lastColumn = grid.Columns().Count() - 1;
+    std::vector<bool> columns(static_cast<std::size_t>(lastColumn) + 1);
+    for (const TCellRange &range : ranges) {
+        for (int c = range.FirstColumn; c <= std::min(range.LastColumn, lastColumn); ++c) {
+            columns[static_cast<std::size_t>(c)] = c >= grid.Columns().FixedCount();
+        }
+        selection.Select(range);
+    }
+    for (int row = selection.NextRow(0); row >= 0; row = selection.NextRow(row + 1)) {
+        TAxisContentItem *rowItem = grid.Rows().getAxisContentItem(row);
+        if (rowItem == nullptr || rowItem->GetHide()) {
+            continue;
+        }
+        beginRow();
+        for (int c = 0; c <= lastColumn; ++c) {
+            TAxisContentItem *column = grid.Columns().getAxisContentItem(c);
+            if (columns[static_cast<std::size_t>(c)] && column != nullptr && !column->GetHide()) {
+                visit(selection.IsSelected(c, row) ? grid.CellText(*column, *rowItem)
+                                                   : std::string());
+            }
+        }
+    }
+}
+
+std::string TBabGridSelectCore::SelectionAsText()
+{
+    std::string text;
+    bool firstRow = true;
+    bool firstCell = true;
+    ForEachSelected(
+        [&] {
+            text += std::exchange(firstRow, false) ? "" : "\n";
+            firstCell = true;
+        },
+        [&](std::string cell) {
+            text += std::exchange(firstCell, false) ? "" : "\t";
+            if (cell.find_first_of("\t\n\"") != std::string::npos) {
+                // Quoted as spreadsheets do, so that it stays one cell.
+                for (std::size_t at = 0; (at = cell.find('"', at)) != std::string::npos; at += 2) {
+                    cell.insert(at, 1, '"');
+                }
+                cell = '"' + cell + '"';
+            }
+            text += cell;
+        });
+    return text;
+}
+
+std::string TBabGridSelectCore::SelectionAsHtml()
+{
+    std::string html = "<table>";
+    bool firstRow = true;
+    ForEachSelected([&] { html += std::exchange(firstRow, false) ? "<tr>" : "</tr>\n<tr>"; },
+                    [&](const std::string &cell) {
+                        html += "<td>";
+                        AppendEscaped(html, cell);
+                        html += "</td>";
+                    });
+    return html + (firstRow ? "</table>" : "</tr></table>");
+}
+
+void TBabGridSelectCore::Paint(TCanvas &canvas)
+{
+    EnsureLayout();
+    TBabGridPainter(*this, canvas,
+                    {m_focus, Host().GridHasFocus(), m_focusRects, Host().GridImages()})
+        .Paint();
+}
+
+} // namespace korvane

@@ -1,0 +1,123 @@
+// The core of a grid view: focus, selection and the keyboard.
+#pragma once
+
+#include "cellgrid/zuBabGridLayout.h"
+#include "cellgrid/zuBabGridPaint.h"
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+namespace korvane {
+
+enum class TGridMove : std::uint8_t {
+    Left,
+    Right,
+    Up,
+    Down,
+    PageUp,
+    PageDown,
+    RowBegin,
+    RowEnd,
+    First,
+    Last,
+    Next, ///< to the right, then to the next row
+    Previous,
+    Enter, ///< into the grid in the cell
+    Leave  ///< to the cell that the grid is in
+};
+
+/// What becomes of the selection when a cell is chosen.
+enum class TGridChoice : std::uint8_t {
+    Set,    ///< the cell alone
+    Extend, ///< the block from the anchor to the cell
+    Toggle, ///< the cell beside the others, or no longer
+    Keep    ///< as it is
+};
+
+/// One grid at a time has a selection; the focus is a cell of any grid.
+class TBabGridSelectCore : public TBabGridLayoutCore
+{
+public:
+    using TBabGridLayoutCore::TBabGridLayoutCore;
+
+    using TNotify = TMethod<void(TObject *theGrid)>;
+
+    /// Whether whole rows are selected.
+    bool RowSelect() const { return m_rowSelect; }
+    void SetRowSelect(bool value);
+    /// Whether more than one cell or row can be selected.
+    bool MultiSelect() const { return m_multiSelect; }
+    void SetMultiSelect(bool value);
+    bool FocusRects() const { return m_focusRects; }
+    void SetFocusRects(bool value);
+
+    /// The cell with the focus; no grid when there is none.
+    TGridCellAt FocusCell() const { return m_focus; }
+    /// Gives a cell behind the heads the focus, selects by the choice and scrolls to it. False when
+    /// there is no such cell.
+    bool ChooseCell(const TGridCellAt &at, TGridChoice choice);
+    /// Selects from the anchor's to the cell's column or row as a whole.
+    void SelectColumn(const TGridCellAt &at, TGridChoice choice);
+    void SelectAll();
+    void ClearSelection();
+    bool IsSelected(const TGridCellAt &at) const
+    {
+        return at.Grid != nullptr && at.Grid->Selection().IsSelected(at.Column, at.Row);
+    }
+    /// The grid that has the selection; the view's when nothing is selected.
+    TBabGridCell &SelectedGrid();
+
+    /// False when there is nowhere to go.
+    bool MoveFocus(TGridMove move, TGridChoice choice);
+    /// The cell that a move leads to.
+    TGridCellAt CellAfter(TGridMove move);
+    /// Gives the focus to the next row, from the focus on and around, whose text in the focus'
+    /// column begins with the text, whatever the case of ASCII letters. Searches what is loaded.
+    bool FindText(std::string_view text, bool fromNext);
+
+    /// The selected block of cells as lines of tab-separated texts, and as an HTML table. Hidden
+    /// columns and rows are left out; without a selection it is the focused cell.
+    std::string SelectionAsText();
+    std::string SelectionAsHtml();
+
+    /// Paints everything on the canvas, whose font is the grid's.
+    void Paint(TCanvas &canvas);
+
+    TNotify OnSelectionChanged;
+    TNotify OnFocusCellChanged;
+    TNotify OnTopLeftChanged;
+
+protected:
+    void TopLeftChanged() override { OnTopLeftChanged(this); }
+    void CountChanged(TAxisContentList *list, int index, int by) override;
+    void ItemMoved(TAxisContentList *list, int from, int to) override;
+    void SubGridGoes(TBabGridCell *grid) override;
+    void SelectionEventFired() override { OnSelectionChanged(this); }
+    /// Before the focus goes to another cell; false keeps it.
+    virtual bool MayLeaveCell() { return true; }
+
+private:
+    void Select(const TGridCellAt &at, TGridChoice choice);
+    TCellRange RangeTo(const TGridCellAt &at) const;
+    void SelectionChanged(TBabGridCell &grid);
+    void SetFocusCell(const TGridCellAt &at);
+    TGridCellAt RowAway(int rows) const;
+    TGridCellAt ColumnAway(int columns) const;
+    TGridCellAt PageAway(int direction);
+    TGridCellAt FirstCell() const;
+    TGridCellAt LastCell() const;
+    TGridCellAt CellOf(TBabGridCell &grid) const;
+    bool IsCell(const TGridCellAt &at) const;
+    template <typename BeginRow, typename Visit>
+    void ForEachSelected(const BeginRow &beginRow, const Visit &visit);
+
+    TGridCellAt m_focus;
+    TGridCellAt m_anchor;
+    TBabGridCell *m_selectedGrid = nullptr;
+    bool m_rowSelect = false;
+    bool m_multiSelect = false;
+    bool m_focusRects = true;
+};
+
+} // namespace korvane

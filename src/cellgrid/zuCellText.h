@@ -1,0 +1,20 @@
+// Fitting text into cells.
+#pragma once
+
+#include "foundation/zuCanvas.h"
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace korvane {
+
+/// The text in lines of at most `width` pixels in the canvas' font, broken at spaces and at line
+/// ends, within words only when a word alone is too long.
+std::vector<std::string_view> WrappedText(const TCanvas &canvas, std::string_view text, int width);
+/// The text, or its longest beginning that fits into the width with an ellipsis behind it.
+std::string EllipsizedText(const TCanvas &canvas, std::string_view text, int width);
+/// The text up to its first line end.
+std::string_view FirstLine(std::string_view text);
+
+} // namespace korvane
