@@ -1,9 +1,16 @@
-// Sorting of a grid's rows by text, beside a plain stable sort of keys that are ready.
-#include "grid/zuGrid.h"
+// What the steps of a grid cost, each beside what it is to be measured by: sorting beside a plain
+// stable sort of keys that are ready, painting and scrolling a million rows of twenty columns
+// beside Qt's own table view, in windows of 1200x900 pixels drawn offscreen.
+#include "grid/qt/zuGrid.h"
+
+#include <QAbstractTableModel>
+#include <QApplication>
+#include <QHeaderView>
+#include <QScrollBar>
+#include <QTableView>
 
 #include <algorithm>
 #include <benchmark/benchmark.h>
-#include <memory>
 #include <random>
 #include <string>
 #include <vector>
@@ -83,6 +90,171 @@ void StableSortOfReadyKeys(benchmark::State &state)
 BENCHMARK(SortRows)->Unit(benchmark::kMillisecond)->MinTime(1);
 BENCHMARK(StableSortOfReadyKeys)->Unit(benchmark::kMillisecond)->MinTime(1);
 
+// --- views
+// ----------------------------------------------------------------------------------------
+
+constexpr int kManyRows = 1'000'000;
+constexpr int kColumns = 20;
+
+void AppendCell(std::string &text, int row, int column)
+{
+    text += "Cell ";
+    text += std::to_string(row);
+    text += ',';
+    text += std::to_string(column);
+}
+
+class TTableModel : public QAbstractTableModel
+{
+public:
+    int rowCount(const QModelIndex & /*parent*/) const override { return kManyRows; }
+    int columnCount(const QModelIndex & /*parent*/) const override { return kColumns; }
+    QVariant data(const QModelIndex &index, int role) const override
+    {
+        if (role != Qt::DisplayRole) {
+            return {};
+        }
+        std::string text;
+        AppendCell(text, index.row(), index.column());
+        return QString::fromStdString(text);
+    }
+};
+
+/// Qt's view, with rows and columns of the grid's sizes.
+class TTable : public QTableView
+{
+public:
+    TTable()
+    {
+        setModel(&m_model);
+        verticalHeader()->setDefaultSectionSize(20);
+        horizontalHeader()->setDefaultSectionSize(80);
+        setVerticalScrollMode(ScrollPerPixel);
+        resize(1200, 900);
+        show();
+        QCoreApplication::processEvents();
+    }
+    ~TTable() override { setModel(nullptr); }
+    QScrollBar &Bar() { return *verticalScrollBar(); }
+    QWidget &Area() { return *viewport(); }
+
+private:
+    TTableModel m_model;
+};
+
+class TGrid : public TzuGrid
+{
+public:
+    TGrid() { Begin(0); }
+    explicit TGrid(int virtualRows) { Begin(virtualRows); }
+    QScrollBar &Bar() { return VertScrollBar(); }
+    QWidget &Area() { return *this; }
+
+private:
+    void Begin(int virtualRows)
+    {
+        OnGetCellText = [](TBabGridCell *grid, TAxisContentItem *column, TAxisContentItem *row,
+                           std::string &text) {
+            AppendCell(text, grid->Rows().IndexOf(*row), grid->Columns().IndexOf(*column));
+        };
+        for (int column = 0; column < kColumns; ++column) {
+            Columns().Add().SetWidth(80);
+        }
+        if (virtualRows > 0) {
+            OnVirtualLoad = [](TObject *, TBabGridCell *, TAxisContentItem *) {};
+            RootCell().Rows().AddUnloaded(virtualRows);
+        } else {
+            AddRows(kManyRows);
+        }
+        resize(1200, 900);
+        show();
+        QCoreApplication::processEvents();
+    }
+};
+
+template <typename View>
+View &Shown()
+{
+    static View &view = *new View; // never freed: it would outlive the application
+    return view;
+}
+
+template <typename View>
+void Repaint(benchmark::State &state)
+{
+    View &view = Shown<View>();
+    for (auto _ : state) {
+        view.Area().update();
+        if (auto *grid = qobject_cast<TzuGrid *>(&view.Area())) {
+            grid->Invalidate();
+        }
+        QCoreApplication::processEvents();
+    }
+}
+
+template <typename View>
+void ScrollStep(benchmark::State &state)
+{
+    View &view = Shown<View>();
+    view.Bar().setValue(0);
+    for (auto _ : state) {
+        view.Bar().setValue((view.Bar().value() + 60) % view.Bar().maximum());
+        QCoreApplication::processEvents();
+    }
+}
+
+void ResizeGridColumn(benchmark::State &state)
+{
+    TGrid &grid = Shown<TGrid>();
+    int width = 80;
+    for (auto _ : state) {
+        width = 160 - width + 1;
+        grid.Columns().At(3).SetWidth(width);
+        QCoreApplication::processEvents();
+    }
+    grid.Columns().At(3).SetWidth(80);
+}
+
+void ResizeTableColumn(benchmark::State &state)
+{
+    TTable &table = Shown<TTable>();
+    int width = 80;
+    for (auto _ : state) {
+        width = 160 - width + 1;
+        table.setColumnWidth(3, width);
+        QCoreApplication::processEvents();
+    }
+    table.setColumnWidth(3, 80);
+}
+
+void JumpAmongTenMillionVirtualRows(benchmark::State &state)
+{
+    static TGrid &grid = *new TGrid(10'000'000);
+    std::mt19937 random(4);
+    int loaded = 0;
+    for (auto _ : state) {
+        grid.Bar().setValue(static_cast<int>(random() % 190'000'000));
+        QCoreApplication::processEvents();
+        loaded = std::max(loaded, grid.RootCell().Rows().LoadedCount());
+    }
+    state.counters["loaded"] = loaded;
+}
+
+BENCHMARK(Repaint<TGrid>)->Unit(benchmark::kMillisecond);
+BENCHMARK(Repaint<TTable>)->Unit(benchmark::kMillisecond);
+BENCHMARK(ScrollStep<TGrid>)->Unit(benchmark::kMillisecond);
+BENCHMARK(ScrollStep<TTable>)->Unit(benchmark::kMillisecond);
+BENCHMARK(ResizeGridColumn)->Unit(benchmark::kMillisecond);
+BENCHMARK(ResizeTableColumn)->Unit(benchmark::kMillisecond);
+BENCHMARK(JumpAmongTenMillionVirtualRows)->Unit(benchmark::kMillisecond);
+
 } // namespace
 
-BENCHMARK_MAIN();
+int main(int argc, char **argv)
+{
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    const QApplication application(argc, argv);
+    benchmark::Initialize(&argc, argv);
+    benchmark::RunSpecifiedBenchmarks();
+    return 0;
+}

@@ -78,7 +78,8 @@ bool TBabCellData_DateTime::SetText(std::string_view text)
         }
         return valid;
     }
-    const auto order = DateOrder();
+    // What begins with a year is in the international order, whatever the locale's is.
+    const auto order = numbers[0] > 31 ? std::array<std::size_t, 3>{0, 1, 2} : DateOrder();
     const int year = numbers[order[0]] < 100 ? numbers[order[0]] + 2000 : numbers[order[0]];
     const int month = numbers[order[1]];
     const int day = numbers[order[2]];

@@ -19,6 +19,31 @@ int Pixel(std::int64_t value)
     return static_cast<int>(std::clamp<std::int64_t>(value, -kFar, kFar));
 }
 
+/// Tells whether handlers changed a grid, or one that it is in, and with that the items at hand.
+class TGridChanges
+{
+public:
+    explicit TGridChanges(const TBabGridCell &grid)
+    {
+        for (const TBabGridCell *each = &grid; each != nullptr; each = each->GridCell()) {
+            m_seen.push_back({each, CountOf(*each)});
+        }
+    }
+    /// From the outermost grid on, since what is in a changed one may be gone.
+    bool Happened() const
+    {
+        return std::any_of(m_seen.rbegin(), m_seen.rend(),
+                           [](const auto &seen) { return CountOf(*seen.first) != seen.second; });
+    }
+
+private:
+    static std::uint64_t CountOf(const TBabGridCell &grid)
+    {
+        return grid.Columns().Changes() + grid.Rows().Changes();
+    }
+    std::vector<std::pair<const TBabGridCell *, std::uint64_t>> m_seen;
+};
+
 /// While it lives the cells of a grid count as deselected, so that rows may be unloaded; the
 /// selection by indexes is none of theirs.
 class TKeepSelection
@@ -263,11 +288,14 @@ TGridBlock TBabGridLayoutCore::BlockOf(TBabGridCell &grid, const TRect &area, co
 
 TGridBlock TBabGridLayoutCore::ShownIn(TBabGridCell &grid, const TRect &area, const TRect &clip)
 {
+    // A handler that changes what the grid is in may have released the grid.
+    const TGridChanges outside(grid.GridCell() != nullptr ? *grid.GridCell() : grid);
     TGridBlock block = BlockOf(grid, area, clip);
-    if (MeasureRows(block)) {
-        block = BlockOf(grid, area, clip);
+    const bool again = !outside.Happened() && MeasureRows(block);
+    if (outside.Happened()) {
+        return {};
     }
-    return block;
+    return again ? BlockOf(grid, area, clip) : block;
 }
 
 /// Gives the shown rows the heights that their contents ask for. True when one changed.
@@ -291,10 +319,14 @@ bool TBabGridLayoutCore::MeasureRows(TGridBlock &block)
             continue;
         }
         int height = grid.Rows().DefaultSize();
+        const TGridChanges changes(grid);
         for (TAxisContentItem *column : measured) {
             const int width = grid.Columns().SizeAt(grid.Columns().IndexOf(*column));
             height = std::max(
                 height, MeasuredHeight(grid, *column, *row.Item, {0, row.Near, width, row.Far}));
+            if (changes.Happened()) {
+                return true;
+            }
         }
         for (std::size_t i = 0; cellsDiffer && i < block.Columns.size(); ++i) {
             const TBabCell *cell = grid.FindCell(*block.Columns[i].Item, *row.Item);
@@ -302,6 +334,9 @@ bool TBabGridLayoutCore::MeasureRows(TGridBlock &block)
                 const TRect rect{block.Columns[i].Near, row.Near, block.Columns[i].Far, row.Far};
                 height =
                     std::max(height, MeasuredHeight(grid, *block.Columns[i].Item, *row.Item, rect));
+                if (changes.Happened()) {
+                    return true;
+                }
             }
         }
         const bool isDefault = height == grid.Rows().DefaultSize();
@@ -325,7 +360,11 @@ int TBabGridLayoutCore::MeasuredHeight(TBabGridCell &grid, TAxisContentItem &col
         // What of it is in view is measured first.
         const TRect area{cell.Left, cell.Top, cell.Right, kFar};
         const TSize size = m_host.GridSize();
+        const TGridChanges changes(grid);
         ShownIn(*subGrid, area, {cell.Left, std::max(0, cell.Top), cell.Right, size.Height});
+        if (changes.Happened()) {
+            return 0;
+        }
         return Pixel(subGrid->Rows().TotalSize()) + 1;
     }
     const TLayoutProp &layout = LayoutOf(grid, column, row);

@@ -71,6 +71,9 @@ void TBabGridPainter::PaintPart(const TGridBlock &block, bool fixedColumns, bool
 bool TBabGridPainter::JoinsAbove(const TGridBlock &block, const TGridBand &column,
                                  const TGridBand &row) const
 {
+    if (m_core.IsLayoutOutOfDate()) {
+        return false; // a handler changed the grid; the next paint shows it
+    }
     TAxisContentItem *above = block.Grid->Rows().FindLoaded(row.Index - 1);
     return above != nullptr && row.Index > block.Grid->Rows().FixedCount() && !above->GetHide()
            && TBabGridLayoutCore::ColumnOf(*column.Item)
@@ -117,6 +120,9 @@ void TBabGridPainter::PaintColumn(const TGridBlock &block, const TGridBand &colu
 
 void TBabGridPainter::PaintLines(const TCellPlace &place, bool joinedBelow)
 {
+    if (m_core.IsLayoutOutOfDate()) {
+        return;
+    }
     const TRect &rect = place.Rect;
     m_canvas.FillRect({rect.Right - 1, rect.Top, rect.Right, rect.Bottom}, m_lines);
     if (!joinedBelow) {
@@ -142,6 +148,9 @@ void TBabGridPainter::SetFont(const TLayoutProp &layout, TColor color)
 void TBabGridPainter::PaintCell(const TCellPlace &place, const TColumnLook &look,
                                 const TRect &textRect)
 {
+    if (m_core.IsLayoutOutOfDate()) {
+        return;
+    }
     TBabGridCell &grid = *place.Block.Grid;
     const TLayoutProp &layout = m_core.LayoutOf(grid, *place.Column.Item, *place.Row.Item);
     const bool selected = grid.Selection().IsSelected(place.Column.Index, place.Row.Index);
@@ -165,8 +174,15 @@ void TBabGridPainter::PaintCell(const TCellPlace &place, const TColumnLook &look
     const TRect shown = m_core.ContentRect(at, textRect.IsEmpty() ? place.Rect : textRect);
     if (look.Column != nullptr && look.Column->HasIcon() && m_state.Images != nullptr) {
         const int index = const_cast<TBabColumn *>(look.Column)->IconIndex(grid, *place.Row.Item);
+        if (m_core.IsLayoutOutOfDate()) {
+            return;
+        }
+        // Beside the line that the text begins with.
+        const int lineEnd = place.Rect.Top + grid.Rows().DefaultSize();
+        const int bottom =
+            layout.VertAlignCenter ? place.Rect.Bottom : std::min(place.Rect.Bottom, lineEnd);
         m_canvas.DrawImage({place.Rect.Left + TBabGridLayoutCore::kPadding, place.Rect.Top,
-                            shown.Left - TBabGridLayoutCore::kPadding, place.Rect.Bottom - 1},
+                            shown.Left - TBabGridLayoutCore::kPadding, bottom - 1},
                            *m_state.Images, index);
     }
     const std::string text = grid.CellText(*place.Column.Item, *place.Row.Item);
@@ -365,8 +381,8 @@ void TBabGridPainter::PaintFrameLine(TPoint from, TPoint to, TFrameOption side,
 
 void TBabGridPainter::PaintFocus(const TGridBlock &block)
 {
-    if (!m_state.HasFocus || !m_state.FocusRects || m_state.Focus.Grid != block.Grid
-        || m_core.IsLayoutOutOfDate()) {
+    if (m_core.IsLayoutOutOfDate() || !m_state.HasFocus || !m_state.FocusRects
+        || m_state.Focus.Grid != block.Grid) {
         return;
     }
     const auto bandOf = [](const TGridBands &bands, int index) {

@@ -95,6 +95,7 @@ void TzuGridCore::NeedEnsureFixed()
         for (TBabGridCell *grid : std::vector(subGrid.Columns().GridCells())) {
             InitColumnsAndFixed(*grid, subGrid.Columns(), subGrid.HasInfoCol(),
                                 subGrid.HasHeaders());
+            grid->SetExtendLastColumnToWidth(subGrid.ExtendLastColumnToWidth());
         }
     }
     m_changed();
@@ -127,6 +128,7 @@ std::unique_ptr<TBabCell> TzuGridCore::CreateCell(TBabGridCell *grid, TAxisConte
     if (subGrid != nullptr) {
         InitColumnsAndFixed(*cell, subGrid->Columns(), subGrid->HasInfoCol(),
                             subGrid->HasHeaders());
+        cell->SetExtendLastColumnToWidth(subGrid->ExtendLastColumnToWidth());
     }
     OnInitSubGrid(Self(), cell.get(), columnItem, row);
     return cell;

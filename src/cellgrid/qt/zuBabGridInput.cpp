@@ -1,0 +1,277 @@
+// Mouse, keyboard and tooltips of the grid view.
+#include "cellgrid/qt/zuBabGridView.h"
+#include "foundation/qt/zuConvert.h"
+
+#include <QHelpEvent>
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QPointer>
+#include <QScrollBar>
+#include <QTimerEvent>
+#include <QToolTip>
+#include <QWheelEvent>
+
+#include <optional>
+
+namespace korvane {
+
+namespace {
+
+constexpr int kAutoScrollInterval = 30;
+constexpr int kTypingPause = 1000;
+constexpr int kWheelStep = 120;
+constexpr int kRowsPerWheelStep = 3;
+
+std::optional<TGridMove> MoveOf(int key, bool ctrl)
+{
+    switch (key) {
+    case Qt::Key_Left:
+        return ctrl ? TGridMove::RowBegin : TGridMove::Left;
+    case Qt::Key_Right:
+        return ctrl ? TGridMove::RowEnd : TGridMove::Right;
+    case Qt::Key_Up:
+        return TGridMove::Up;
+    case Qt::Key_Down:
+        return TGridMove::Down;
+    case Qt::Key_PageUp:
+        return TGridMove::PageUp;
+    case Qt::Key_PageDown:
+        return TGridMove::PageDown;
+    case Qt::Key_Home:
+        return ctrl ? TGridMove::First : TGridMove::RowBegin;
+    case Qt::Key_End:
+        return ctrl ? TGridMove::Last : TGridMove::RowEnd;
+    default:
+        return std::nullopt;
+    }
+}
+
+} // namespace
+
+// --- mouse
+// ----------------------------------------------------------------------------------------
+
+void TBabGridView_Custom::mousePressEvent(QMouseEvent *event)
+{
+    const QPointer<QWidget> self(this); // handlers may destroy the control
+    TzuOffscreenPaint::mousePressEvent(event);
+    const auto button = MouseButtonFromQt(event->button());
+    if (!self.isNull() && button) {
+        MouseDown(*button, FromQt(event->modifiers()), FromQt(event->position().toPoint()));
+    }
+    if (!self.isNull() && InGesture()) {
+        m_autoScroll.start(kAutoScrollInterval, this);
+    }
+}
+
+void TBabGridView_Custom::mouseMoveEvent(QMouseEvent *event)
+{
+    const QPointer<QWidget> self(this);
+    TzuOffscreenPaint::mouseMoveEvent(event);
+    if (!self.isNull()) {
+        MouseMove(FromQt(event->modifiers()), FromQt(event->position().toPoint()));
+    }
+}
+
+void TBabGridView_Custom::mouseReleaseEvent(QMouseEvent *event)
+{
+    m_autoScroll.stop();
+    const QPointer<QWidget> self(this);
+    TzuOffscreenPaint::mouseReleaseEvent(event);
+    const auto button = MouseButtonFromQt(event->button());
+    if (!self.isNull() && button) {
+        MouseUp(*button, FromQt(event->modifiers()), FromQt(event->position().toPoint()));
+    }
+}
+
+void TBabGridView_Custom::mouseDoubleClickEvent(QMouseEvent *event)
+{
+    const QPointer<QWidget> self(this);
+    TzuOffscreenPaint::mouseDoubleClickEvent(event);
+    if (self.isNull() || event->button() != Qt::LeftButton) {
+        return;
+    }
+    const TPoint point = FromQt(event->position().toPoint());
+    if (HitTest(point).Part == TGridPart::CheckBox) {
+        MouseDown(TMouseButton::mbLeft, FromQt(event->modifiers()), point); // a second click
+    } else {
+        DblClick(point);
+    }
+}
+
+void TBabGridView_Custom::leaveEvent(QEvent *event)
+{
+    TzuOffscreenPaint::leaveEvent(event);
+    if (!InGesture()) {
+        SetGridCursor(TGridCursor::Arrow);
+    }
+}
+
+void TBabGridView_Custom::timerEvent(QTimerEvent *event)
+{
+    if (event->timerId() == m_autoScroll.timerId()) {
+        AutoScroll();
+    } else {
+        TzuOffscreenPaint::timerEvent(event);
+    }
+}
+
+void TBabGridView_Custom::wheelEvent(QWheelEvent *event)
+{
+    TzuOffscreenPaint::wheelEvent(event);
+    QPoint turn = event->angleDelta();
+    if (event->modifiers().testFlag(Qt::ShiftModifier) && turn.x() == 0) {
+        turn = turn.transposed();
+    }
+    const int rowHeight = RootCell().Rows().DefaultSize();
+    if (!event->pixelDelta().isNull()) {
+        ScrollTo(ScrollX() - event->pixelDelta().x(), ScrollY() - event->pixelDelta().y());
+    } else if (m_smoothScrolling) {
+        const int pixels = kRowsPerWheelStep * rowHeight;
+        ScrollTo(ScrollX() - turn.x() * pixels / kWheelStep,
+                 ScrollY() - turn.y() * pixels / kWheelStep);
+    } else {
+        m_wheelRest += turn;
+        const int rows = m_wheelRest.y() * kRowsPerWheelStep / kWheelStep;
+        m_wheelRest.ry() -= rows * kWheelStep / kRowsPerWheelStep;
+        ScrollRows(-rows);
+        ScrollTo(ScrollX() - turn.x() * rowHeight / kWheelStep, ScrollY());
+    }
+    event->accept();
+}
+
+bool TBabGridView_Custom::event(QEvent *event)
+{
+    if (event->type() == QEvent::ToolTip) {
+        ShowToolTip(*static_cast<QHelpEvent *>(event));
+        return true;
+    }
+    return TzuOffscreenPaint::event(event);
+}
+
+/// The whole text of a cell in which it is cut.
+void TBabGridView_Custom::ShowToolTip(const QHelpEvent &help)
+{
+    const TGridHit hit = HitTest(FromQt(help.pos()));
+    const std::string text = hit.At ? CutText(hit.At) : std::string();
+    if (text.empty()) {
+        QToolTip::showText(help.globalPos(), toolTip(), this);
+    } else {
+        QToolTip::showText(help.globalPos(), ToQt(text).toHtmlEscaped().prepend("<qt>"), this,
+                           ToQt(hit.Rect));
+    }
+}
+
+// --- keyboard
+// -------------------------------------------------------------------------------------
+
+bool TBabGridView_Custom::focusNextPrevChild(bool next)
+{
+    // Tab goes from cell to cell, and past the last one out of the grid.
+    if (hasFocus() && FocusCell()
+        && MoveFocus(next ? TGridMove::Next : TGridMove::Previous, TGridChoice::Set)) {
+        return true;
+    }
+    return TzuOffscreenPaint::focusNextPrevChild(next);
+}
+
+void TBabGridView_Custom::keyPressEvent(QKeyEvent *event)
+{
+    int key = event->key();
+    const QPointer<QWidget> self(this);
+    OnKeyDown(this, key, FromQt(event->modifiers()));
+    if (self.isNull() || key == 0) {
+        return;
+    }
+    if (KeyMoves(*event) || KeyActs(*event)) {
+        event->accept();
+    } else if (!self.isNull()) {
+        QWidget::keyPressEvent(event);
+    }
+}
+
+bool TBabGridView_Custom::KeyMoves(const QKeyEvent &event)
+{
+    const bool ctrl = event.modifiers().testFlag(Qt::ControlModifier);
+    const auto move = MoveOf(event.key(), ctrl);
+    if (!move || event.modifiers().testFlag(Qt::AltModifier)) {
+        return false;
+    }
+    const bool extend = event.modifiers().testFlag(Qt::ShiftModifier) && MultiSelect();
+    MoveFocus(isRightToLeft() && move == TGridMove::Left    ? TGridMove::Right
+              : isRightToLeft() && move == TGridMove::Right ? TGridMove::Left
+                                                            : *move,
+              extend ? TGridChoice::Extend : TGridChoice::Set);
+    return true;
+}
+
+bool TBabGridView_Custom::KeyActs(const QKeyEvent &event)
+{
+    if (event.matches(QKeySequence::SelectAll)) {
+        SelectAll();
+        return true;
+    }
+    if (event.matches(QKeySequence::Copy)) {
+        CopyToClipboard();
+        return true;
+    }
+    switch (event.key()) {
+    case Qt::Key_Escape:
+        if (InGesture()) {
+            CancelGesture();
+            return true;
+        }
+        return MoveFocus(TGridMove::Leave, TGridChoice::Set);
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+        return MoveFocus(TGridMove::Enter, TGridChoice::Set)
+               || MoveFocus(TGridMove::Down, TGridChoice::Set);
+    case Qt::Key_Space:
+        if (FocusCell() && m_typed.isEmpty()) {
+            const TAxisContentItem *item =
+                FocusCell().Grid->Columns().FindLoaded(FocusCell().Column);
+            const TBabColumn *column = item != nullptr ? ColumnOf(*item) : nullptr;
+            if (column != nullptr && column->Kind() == TColumnKind::tckBool) {
+                CheckBoxClicked(FocusCell());
+                return true;
+            }
+        }
+        break;
+    default:
+        break;
+    }
+    const bool plain = (event.modifiers() & ~(Qt::ShiftModifier | Qt::KeypadModifier)) == 0;
+    if (plain && !event.text().isEmpty() && event.text().at(0).isPrint()) {
+        TypeToFind(event.text());
+        return true;
+    }
+    return false;
+}
+
+void TBabGridView_Custom::TypeToFind(const QString &text)
+{
+    const bool again = !m_sinceTyped.isValid() || m_sinceTyped.elapsed() > kTypingPause;
+    const bool fromNext = again || m_typed == text; // one letter repeated goes on
+    m_typed = again ? text : m_typed == text ? text : m_typed + text;
+    m_sinceTyped.restart();
+    FindText(FromQt(m_typed), fromNext);
+}
+
+void TBabGridView_Custom::CheckBoxClicked(const TGridCellAt &at)
+{
+    TAxisContentItem *item = at.Grid->Columns().FindLoaded(at.Column);
+    const TBabColumn *column = item != nullptr ? ColumnOf(*item) : nullptr;
+    if (column == nullptr || column->ReadOnly()) {
+        return;
+    }
+    TBabCell *cell = at.Grid->GetCell(at.Column, at.Row);
+    if (cell == nullptr || cell->ReadOnly()) {
+        return;
+    }
+    const std::string text = cell->Text();
+    if (cell->SetText(text.empty() || text == "0" ? "1" : "0")) {
+        CellEdited(*cell);
+    }
+}
+
+} // namespace korvane

@@ -1,0 +1,202 @@
+#include "cellgrid/qt/zuBabGridView.h"
+
+#include "foundation/qt/zuConvert.h"
+
+#include <QApplication>
+#include <QClipboard>
+#include <QMimeData>
+#include <QScrollBar>
+#include <QSignalBlocker>
+
+#include <algorithm>
+#include <limits>
+
+namespace korvane {
+
+namespace {
+
+int BarValue(std::int64_t pixels)
+{
+    return static_cast<int>(std::clamp<std::int64_t>(pixels, 0, std::numeric_limits<int>::max()));
+}
+
+} // namespace
+
+TBabGridView_Custom::TBabGridView_Custom(QWidget *parent)
+    : TzuOffscreenPaint(parent)
+    , TBabGridGestures(static_cast<IBabGridHost &>(*this))
+    , m_vertical(new QScrollBar(Qt::Vertical, this))
+    , m_horizontal(new QScrollBar(Qt::Horizontal, this))
+{
+    SetColor(clWindow);
+    SetTabStop(true);
+    setMouseTracking(true);
+    for (const int key : {Qt::Key_Left, Qt::Key_Right, Qt::Key_Up, Qt::Key_Down, Qt::Key_Home,
+                          Qt::Key_End, Qt::Key_PageUp, Qt::Key_PageDown}) {
+        WantedSpecialKeys.insert(key);
+    }
+    for (QScrollBar *bar : {m_vertical, m_horizontal}) {
+        bar->hide();
+        bar->setCursor(Qt::ArrowCursor);
+        connect(bar, &QScrollBar::valueChanged, this, &TBabGridView_Custom::ScrolledByBar);
+    }
+}
+
+TBabGridView_Custom::~TBabGridView_Custom() = default;
+
+void TBabGridView_Custom::SetImageList(const TImageList *images)
+{
+    if (images != m_images) {
+        m_images = images;
+        LayoutOutOfDate();
+    }
+}
+
+QSize TBabGridView_Custom::sizeHint() const
+{
+    return {400, 300};
+}
+
+// --- host
+// -----------------------------------------------------------------------------------------
+
+void TBabGridView_Custom::InvalidateGrid()
+{
+    Invalidate();
+    if (!m_updateQueued) {
+        // Before the paint, which has a lower priority.
+        m_updateQueued = true;
+        QMetaObject::invokeMethod(
+            this, [this] { UpdateScrollBars(); }, Qt::QueuedConnection);
+    }
+}
+
+TSize TBabGridView_Custom::GridSize() const
+{
+    const bool printing = GetIsPrinting();
+    return {std::max(0, Width() - (printing ? 0 : ReservedRight())),
+            std::max(0, Height() - (printing ? 0 : ReservedBottom()))};
+}
+
+bool TBabGridView_Custom::GridHasFocus() const
+{
+    const QWidget *focus = QApplication::focusWidget();
+    return hasFocus() || (focus != nullptr && isAncestorOf(focus));
+}
+
+void TBabGridView_Custom::SetGridCursor(TGridCursor cursor)
+{
+    const Qt::CursorShape shape = cursor == TGridCursor::ColumnResize ? Qt::SplitHCursor
+                                  : cursor == TGridCursor::RowResize  ? Qt::SplitVCursor
+                                                                      : Qt::ArrowCursor;
+    if (this->cursor().shape() != shape) {
+        setCursor(shape);
+    }
+}
+
+// --- painting and scrolling
+// -----------------------------------------------------------------------
+
+void TBabGridView_Custom::OffscreenPaint()
+{
+    TBabGridSelectCore::Paint(GetOffscreenCanvas());
+    if (IsLayoutOutOfDate()) {
+        Invalidate(); // a handler changed the grid meanwhile
+    }
+}
+
+void TBabGridView_Custom::OverlayPaint(TCanvas &canvas)
+{
+    TBabGridGestures::PaintOverlay(canvas);
+    TzuOffscreenPaint::OverlayPaint(canvas);
+}
+
+void TBabGridView_Custom::RedrawIfNeeded()
+{
+    if (IsLayoutOutOfDate()) {
+        UpdateScrollBars();
+        Repaint();
+    }
+}
+
+void TBabGridView_Custom::PlaceScrollBars(bool vertical, bool horizontal)
+{
+    const int right = vertical ? m_vertical->sizeHint().width() : 0;
+    const int bottom = horizontal ? m_horizontal->sizeHint().height() : 0;
+    m_vertical->setGeometry(width() - right, 0, right, height() - bottom);
+    m_horizontal->setGeometry(0, height() - bottom, width() - right, bottom);
+    m_vertical->setVisible(vertical);
+    m_horizontal->setVisible(horizontal);
+    if (right != ReservedRight() || bottom != ReservedBottom()) {
+        SetReserved(right, bottom);
+        LayoutOutOfDate();
+    }
+}
+
+void TBabGridView_Custom::UpdateScrollBars()
+{
+    m_updateQueued = false;
+    EnsureLayout();
+    const std::int64_t contentWidth = RootCell().Columns().TotalSize();
+    const std::int64_t contentHeight = RootCell().Rows().TotalSize();
+    bool vertical = contentHeight > height();
+    const bool horizontal =
+        contentWidth > width() - (vertical ? m_vertical->sizeHint().width() : 0);
+    vertical = contentHeight > height() - (horizontal ? m_horizontal->sizeHint().height() : 0);
+    PlaceScrollBars(vertical, horizontal);
+    EnsureLayout();
+    m_settingBars = true;
+    const TSize page = PageSize();
+    m_vertical->setRange(0, BarValue(MaxScrollY()));
+    m_vertical->setPageStep(std::max(1, page.Height));
+    m_vertical->setSingleStep(std::max(1, RootCell().Rows().DefaultSize()));
+    m_vertical->setValue(BarValue(ScrollY()));
+    m_horizontal->setRange(0, BarValue(MaxScrollX()));
+    m_horizontal->setPageStep(std::max(1, page.Width));
+    m_horizontal->setSingleStep(std::max(1, RootCell().Rows().DefaultSize()));
+    m_horizontal->setValue(BarValue(ScrollX()));
+    m_settingBars = false;
+}
+
+void TBabGridView_Custom::ScrolledByBar()
+{
+    if (m_settingBars) {
+        return;
+    }
+    const auto before = ScrollY();
+    ScrollTo(m_horizontal->value(), m_vertical->value());
+    if (!m_smoothScrolling && ScrollY() != before && ScrollY() < MaxScrollY()) {
+        ScrollRows(0); // to the beginning of its row
+    }
+}
+
+void TBabGridView_Custom::resizeEvent(QResizeEvent *event)
+{
+    TzuOffscreenPaint::resizeEvent(event);
+    LayoutOutOfDate();
+    UpdateScrollBars();
+}
+
+void TBabGridView_Custom::showEvent(QShowEvent *event)
+{
+    TzuOffscreenPaint::showEvent(event);
+    UpdateScrollBars();
+}
+
+void TBabGridView_Custom::changeEvent(QEvent *event)
+{
+    TzuOffscreenPaint::changeEvent(event);
+    if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange) {
+        LayoutOutOfDate();
+    }
+}
+
+void TBabGridView_Custom::CopyToClipboard()
+{
+    auto *copied = new QMimeData;
+    copied->setText(ToQt(SelectionAsText()));
+    copied->setHtml(ToQt(SelectionAsHtml()));
+    QApplication::clipboard()->setMimeData(copied);
+}
+
+} // namespace korvane

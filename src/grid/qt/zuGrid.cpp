@@ -1,0 +1,71 @@
+#include "grid/qt/zuGrid.h"
+
+#include "foundation/qt/zuConvert.h"
+
+#include <algorithm>
+
+namespace korvane {
+
+TzuGrid::TzuGrid(QWidget *parent)
+    : TBabGridView_Custom(parent)
+    , TzuGridCore(RootCell(), [this] { LayoutOutOfDate(); })
+{
+    TBabGridCellForViewer &root = RootCell();
+    root.OnVirtualLoad = [this](TBabGridCell *grid, TAxisContentItem *item, bool isRow) {
+        if (isRow) {
+            OnVirtualLoad(Self(), grid, item);
+        }
+    };
+    root.OnCanUnload = [this](TBabGridCell *, TAxisContentItem *, bool isRow, bool &canUnload) {
+        canUnload = isRow && OnVirtualLoad;
+    };
+    root.OnVirtualUnLoad = [this](TBabGridCell *grid, TAxisContentItem *item, bool isRow, bool &) {
+        if (isRow) {
+            OnVirtualUnLoad(Self(), grid, item);
+        }
+    };
+}
+
+TzuGrid::~TzuGrid()
+{
+    TBabGridCellForViewer &root = RootCell();
+    root.OnVirtualLoad = nullptr;
+    root.OnCanUnload = nullptr;
+    root.OnVirtualUnLoad = nullptr;
+}
+
+void TzuGrid::HeaderClicked(const TGridCellAt &at, TShiftState shift)
+{
+    const TAxisContentItem *item = at.Grid->Columns().FindLoaded(at.Column);
+    auto *column = item != nullptr ? dynamic_cast<TzuGrid_Column *>(item->Value()) : nullptr;
+    const bool sorts =
+        at.Grid == &RootCell() && column != nullptr && UserSortEnable() && column->SortEnable();
+    if (sorts) {
+        SortByUser(*column, shift.Ctrl);
+    } else {
+        SelectColumn(at, shift.Shift  ? TGridChoice::Extend
+                         : shift.Ctrl ? TGridChoice::Toggle
+                                      : TGridChoice::Set);
+    }
+}
+
+void TzuGrid::MoveColumn(TBabGridCell &grid, int from, int to)
+{
+    const TAxisContentItem *item = grid.Columns().FindLoaded(from);
+    auto *column = item != nullptr ? dynamic_cast<TzuGrid_Column *>(item->Value()) : nullptr;
+    if (column == nullptr) {
+        TBabGridView_Custom::MoveColumn(grid, from, to);
+        return;
+    }
+    const int fixed = grid.Columns().FixedCount();
+    column->Columns().Move(from - fixed, std::clamp(to - fixed, 0, column->Columns().Count() - 1));
+}
+
+std::string TzuGrid::UpperCase(std::string text) const
+{
+    const bool ascii = std::all_of(text.begin(), text.end(),
+                                   [](char c) { return static_cast<unsigned char>(c) < 0x80U; });
+    return ascii ? TzuGridCore::UpperCase(std::move(text)) : FromQt(ToQt(text).toUpper());
+}
+
+} // namespace korvane

@@ -1,0 +1,47 @@
+// The grid component.
+#pragma once
+
+#include "cellgrid/qt/zuBabGridView.h"
+#include "grid/zuGrid.h"
+
+namespace korvane {
+
+/// A grid of columns of eight kinds, with sub-grids in cells and named cell layouts.
+///
+/// The rows are those of RootCell().Rows(), behind the header: added with AddRows, or only counted
+/// with AddUnloaded and given to OnVirtualLoad when they come into view. Texts are put into cells
+/// or come from OnGetCellText.
+class TzuGrid : public TBabGridView_Custom, public TzuGridCore
+{
+    Q_OBJECT
+    Q_PROPERTY(bool HasHeaders READ HasHeaders WRITE SetHasHeaders)
+    Q_PROPERTY(bool HasInfoCol READ HasInfoCol WRITE SetHasInfoCol)
+    Q_PROPERTY(bool UserSortEnable READ UserSortEnable WRITE SetUserSortEnable)
+
+public:
+    using TOnVirtualNotify =
+        TMethod<void(TObject *theGrid, TBabGridCell *theGridCell, TAxisContentItem *theItem)>;
+
+    using TBabGridView_Custom::RootCell;
+
+    explicit TzuGrid(QWidget *parent = nullptr);
+    ~TzuGrid() override;
+
+    /// A row of the grid, or of a grid in it, came into view and is to be filled. Rows that can be
+    /// filled again are dropped when they are far from view.
+    TOnVirtualNotify OnVirtualLoad;
+    /// A row is about to be dropped.
+    TOnVirtualNotify OnVirtualUnLoad;
+    /// The user changed a cell.
+    TMethod<void(TObject *theGrid, TBabCell *theCell)> OnEditStop;
+
+protected:
+    void HeaderClicked(const TGridCellAt &at, TShiftState shift) override;
+    void MoveColumn(TBabGridCell &grid, int from, int to) override;
+    void CellEdited(TBabCell &cell) override { OnEditStop(Self(), &cell); }
+    /// By the rules of the user's language.
+    std::string UpperCase(std::string text) const override;
+    TObject *Self() override { return static_cast<TBabGridLayoutCore *>(this); }
+};
+
+} // namespace korvane
