@@ -62,6 +62,7 @@ protected:
     void closeEvent(QCloseEvent *event) override;
 
 private:
+    void OpenSchedule(const QString &fileName);
     // Menus, MainWindowMenus.cpp.
     void MakeMenus();
     void MakeFileMenu();

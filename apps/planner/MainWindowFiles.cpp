@@ -6,6 +6,8 @@
 #include "PlanDocument.h"
 #include "PlanLoader.h"
 #include "RecentFiles.h"
+#include "ScheduleCommands.h"
+#include "ScheduleWindow.h"
 #include "plan/PlanFile.h"
 #include "plan/PlanSaver.h"
 
@@ -48,12 +50,31 @@ QMessageBox *MainWindow::OpenQuestion(const QString &text, const QString &detail
 
 void MainWindow::Open(const QString &fileName)
 {
+    if (IsScheduleFile(fileName)) {
+        OpenSchedule(fileName);
+        return;
+    }
     WhenSaved([this, fileName] {
         const QString path = QFileInfo(fileName).absoluteFilePath();
         m_loadedState = StateOf(path);
         m_recoveredName.clear();
         BeginLoad(path, path);
     });
+}
+
+/// Calendars and programmes have windows of their own.
+void MainWindow::OpenSchedule(const QString &fileName)
+{
+    PlanError error;
+    auto pages = LoadSchedule(fileName, error);
+    if (pages == nullptr) {
+        const QString name = NameOf(fileName);
+        ShowError(tr("%1 cannot be opened.").arg(name), ErrorLine(name, error));
+        return;
+    }
+    auto *window = new ScheduleWindow(std::move(pages));
+    window->setAttribute(Qt::WA_DeleteOnClose);
+    window->show();
 }
 
 void MainWindow::OpenLeftBehind()

@@ -7,6 +7,7 @@
 #include "PrintActions.h"
 #include "RecentFiles.h"
 #include "RemarksPanel.h"
+#include "ScheduleCommands.h"
 #include "foundation/zuDateUtils.h"
 #include "plan/PlanFile.h"
 
@@ -149,9 +150,9 @@ void MainWindow::MakeHelpMenu()
 
 void MainWindow::ChooseFile()
 {
-    auto *dialog =
-        new QFileDialog(this, tr("Open a plan"), QFileInfo(m_document->FileName()).path(),
-                        PlanReaders::Builtin().DialogFilter());
+    auto *dialog = new QFileDialog(
+        this, tr("Open a plan"), QFileInfo(m_document->FileName()).path(),
+        PlanReaders::Builtin().DialogFilter() + QStringLiteral(";;") + ScheduleDialogFilter());
     dialog->setAttribute(Qt::WA_DeleteOnClose);
     dialog->setFileMode(QFileDialog::ExistingFile);
     connect(dialog, &QFileDialog::fileSelected, this, &MainWindow::Open);

@@ -18,83 +18,79 @@ namespace {
 constexpr int kDotsPerInch = 96;
 constexpr int kPointsPerInch = 72;
 
-bool SavePng(PlanChart &chart, QIODevice &file, double ratio)
+bool SavePng(QWidget &widget, QIODevice &file, double ratio)
 {
-    const QSize size = (QSizeF(chart.size()) * ratio).toSize();
+    const QSize size = (QSizeF(widget.size()) * ratio).toSize();
     QImage image(size, QImage::Format_ARGB32_Premultiplied);
     if (image.isNull()) {
         return false;
     }
     image.setDevicePixelRatio(ratio);
     image.fill(Qt::transparent);
-    chart.render(&image);
+    widget.render(&image);
     return image.convertToFormat(QImage::Format_RGB32).save(&file, "PNG");
 }
 
-bool SavePdf(PlanChart &chart, QIODevice &file)
+bool SavePdf(const PictureSubject &subject, QIODevice &file)
 {
     QPdfWriter writer(&file);
-    writer.setTitle(chart.GetPlan().Name);
+    writer.setTitle(subject.Title);
     writer.setCreator(QStringLiteral("Korvane planner"));
     writer.setResolution(kDotsPerInch);
-    const QSizeF points = QSizeF(chart.size()) * kPointsPerInch / kDotsPerInch;
+    const QSizeF points = QSizeF(subject.Widget.size()) * kPointsPerInch / kDotsPerInch;
     writer.setPageSize(QPageSize(points, QPageSize::Point, {}, QPageSize::ExactMatch));
     writer.setPageMargins(QMarginsF());
     QPainter painter;
     if (!painter.begin(&writer)) {
         return false;
     }
-    chart.render(&painter);
+    subject.Widget.render(&painter);
     return painter.end();
 }
 
 /// SVG drawings made by the toolkit know no clipping: what a part draws beyond its bounds is
 /// covered by the next one, and at the right and bottom edge by the end of the drawing.
-void RenderPartByPart(PlanChart &chart, QPainter &painter)
+void RenderPartByPart(const PictureSubject &subject, QPainter &painter)
 {
-    painter.fillRect(chart.rect(), chart.palette().window());
-    QWidgetList parts = {&chart.GantArea(), &chart.DateScaler()};
-    if (chart.Splitter().isVisible()) {
-        parts.append(&chart.Splitter());
-    }
-    parts.append(chart.Tree().parentWidget());
-    for (QWidget *part : parts) {
-        part->render(&painter, part->mapTo(&chart, QPoint()));
+    painter.fillRect(subject.Widget.rect(), subject.Widget.palette().window());
+    for (QWidget *part : subject.Parts) {
+        part->render(&painter, part->mapTo(&subject.Widget, QPoint()));
     }
 }
 
-bool SaveSvg(PlanChart &chart, QIODevice &file)
+bool SaveSvg(const PictureSubject &subject, QIODevice &file)
 {
     QSvgGenerator generator;
     generator.setOutputDevice(&file);
-    generator.setTitle(chart.GetPlan().Name);
+    generator.setTitle(subject.Title);
     generator.setResolution(kDotsPerInch);
-    generator.setSize(chart.size());
-    generator.setViewBox(chart.rect());
+    generator.setSize(subject.Widget.size());
+    generator.setViewBox(subject.Widget.rect());
     QPainter painter;
     if (!painter.begin(&generator)) {
         return false;
     }
-    RenderPartByPart(chart, painter);
+    RenderPartByPart(subject, painter);
     return painter.end();
 }
 
-bool Save(PlanChart &chart, QIODevice &file, PictureFormat format, double ratio)
+bool Save(const PictureSubject &subject, QIODevice &file, PictureFormat format, double ratio)
 {
     switch (format) {
     case PictureFormat::Png:
-        return SavePng(chart, file, ratio);
+        return SavePng(subject.Widget, file, ratio);
     case PictureFormat::Pdf:
-        return SavePdf(chart, file);
+        return SavePdf(subject, file);
     case PictureFormat::Svg:
-        return SaveSvg(chart, file);
+        return SaveSvg(subject, file);
     }
     return false;
 }
 
 } // namespace
 
-std::optional<QString> SavePicture(PlanChart &chart, const QString &fileName, double ratio)
+std::optional<QString> SavePicture(const PictureSubject &subject, const QString &fileName,
+                                   double ratio)
 {
     const auto format = PictureFormatOf(fileName);
     if (!format) {
@@ -105,15 +101,25 @@ std::optional<QString> SavePicture(PlanChart &chart, const QString &fileName, do
     if (!file.open(QIODevice::WriteOnly)) {
         return file.errorString();
     }
-    const bool hasBar = chart.IsScrollBarShown();
-    chart.SetScrollBarShown(false);
-    const bool saved = Save(chart, file, *format, ratio);
-    chart.SetScrollBarShown(hasBar);
-    if (!saved) {
+    if (!Save(subject, file, *format, ratio)) {
         file.cancelWriting();
         return QStringLiteral("the picture could not be drawn");
     }
     return file.commit() ? std::nullopt : std::optional(file.errorString());
+}
+
+std::optional<QString> SavePicture(PlanChart &chart, const QString &fileName, double ratio)
+{
+    const bool hasBar = chart.IsScrollBarShown();
+    chart.SetScrollBarShown(false);
+    QWidgetList parts = {&chart.GantArea(), &chart.DateScaler()};
+    if (chart.Splitter().isVisible()) {
+        parts.append(&chart.Splitter());
+    }
+    parts.append(chart.Tree().parentWidget());
+    auto error = SavePicture({chart, chart.GetPlan().Name, parts}, fileName, ratio);
+    chart.SetScrollBarShown(hasBar);
+    return error;
 }
 
 } // namespace korvane::planner

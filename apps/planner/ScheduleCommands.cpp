@@ -1,13 +1,20 @@
 #include "ScheduleCommands.h"
 
+#include "Picture.h"
+#include "ScheduleView.h"
+#include "ScheduleWindow.h"
 #include "agenda/AgendaDates.h"
 #include "agenda/AgendaReader.h"
 #include "agenda/AgendaSummary.h"
 #include "agenda/ProgrammeReader.h"
 #include "plan/PlanFile.h"
 
+#include <QApplication>
+#include <QDateTime>
+#include <QDeadlineTimer>
 #include <QJsonDocument>
 
+#include <algorithm>
 #include <cstdio>
 
 namespace korvane::planner {
@@ -17,6 +24,21 @@ namespace {
 std::optional<AgendaSeconds> SecondsOf(const std::optional<TDateTime> &date)
 {
     return date ? std::optional(SecondsOfDate(*date)) : std::nullopt;
+}
+
+constexpr int kLongestWait = 5000; // milliseconds
+constexpr int kMostDays = 31;
+
+SchedulePage PageFor(const ISchedulePages &pages, const RenderRequest &request)
+{
+    const AgendaSeconds now = QDateTime::currentSecsSinceEpoch();
+    if (!request.From) {
+        return pages.Page(0, pages.FirstDay(SecondsOf(request.To).value_or(now)));
+    }
+    const AgendaSeconds from = *SecondsOf(request.From);
+    const AgendaSeconds to = SecondsOf(request.To).value_or(from + 7 * kSecondsPerDay);
+    const auto days = (to - from + kSecondsPerDay - 1) / kSecondsPerDay;
+    return pages.DaysFrom(from, static_cast<int>(std::clamp<AgendaSeconds>(days, 1, kMostDays)));
 }
 
 template <typename Result>
@@ -37,6 +59,11 @@ bool IsScheduleFile(const QString &fileName)
     return IsAgendaFile(fileName) || IsProgrammeFile(fileName);
 }
 
+QString ScheduleDialogFilter()
+{
+    return QStringLiteral("Calendars (*.ics *.ics.gz);;Conference programmes (*.xml *.json)");
+}
+
 ExitCode PrintScheduleSummary(const QString &fileName, const RenderRequest &request)
 {
     NoProgress progress;
@@ -49,6 +76,33 @@ ExitCode PrintScheduleSummary(const QString &fileName, const RenderRequest &requ
                  result.Status == PlanStatus::Loaded
                      ? Summarize(result.Value, SecondsOf(request.From), SecondsOf(request.To))
                      : QJsonObject());
+}
+
+ExitCode RenderSchedule(const QString &fileName, const RenderRequest &request)
+{
+    PlanError error;
+    const auto pages = LoadSchedule(fileName, error);
+    if (pages == nullptr) {
+        PrintError(ErrorLine(fileName, error));
+        return ExitCode::UnusableFile;
+    }
+    ScheduleView view;
+    view.resize(request.Size);
+    view.SetScrollVisibility(TScrollVisibility::svNever);
+    view.setAttribute(Qt::WA_DontShowOnScreen);
+    view.show();
+    view.Show(PageFor(*pages, request));
+    for (QDeadlineTimer limit(kLongestWait); !view.IsSettled() && !limit.hasExpired();) {
+        QApplication::processEvents(QEventLoop::WaitForMoreEvents);
+    }
+    QApplication::processEvents();
+    const PictureSubject subject{
+        view, pages->Name(), {&view.SchemaArea(), &view.DateScaler(), &view.Header()}};
+    if (const auto reason = SavePicture(subject, request.Picture, request.Ratio)) {
+        PrintError(ErrorLine(request.Picture, {0, *reason}));
+        return ExitCode::UnusableFile;
+    }
+    return ExitCode::Ok;
 }
 
 } // namespace korvane::planner

@@ -6,7 +6,9 @@
 #include "PrintCommand.h"
 #include "RenderCommand.h"
 #include "ScheduleCommands.h"
+#include "ScheduleWindow.h"
 #include "Theme.h"
+#include "plan/PlanFile.h"
 
 #include <QApplication>
 
@@ -56,7 +58,23 @@ ExitCode Render(int argc, char **argv, const CommandLine &commandLine)
                          commandLine.Request());
     }
     ApplyTheme(commandLine);
+    if (IsScheduleFile(commandLine.FileName())) {
+        return RenderSchedule(commandLine.FileName(), commandLine.Request());
+    }
     return RenderPlan(commandLine.FileName(), commandLine.Reading(), commandLine.Request());
+}
+
+int ShowSchedule(const QString &fileName)
+{
+    PlanError error;
+    auto pages = LoadSchedule(fileName, error);
+    if (pages == nullptr) {
+        PrintError(ErrorLine(fileName, error));
+        return static_cast<int>(ExitCode::UnusableFile);
+    }
+    ScheduleWindow window(std::move(pages));
+    window.show();
+    return QApplication::exec();
 }
 
 int ShowWindow(int argc, char **argv, const CommandLine &commandLine)
@@ -67,6 +85,9 @@ int ShowWindow(int argc, char **argv, const CommandLine &commandLine)
     }
     const QApplication application(argc, argv);
     ApplyTheme(commandLine);
+    if (!commandLine.FileName().isEmpty() && IsScheduleFile(commandLine.FileName())) {
+        return ShowSchedule(commandLine.FileName());
+    }
     MainWindow window;
     window.Loader().SetOptions(commandLine.Reading());
     window.show();

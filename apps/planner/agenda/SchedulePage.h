@@ -1,0 +1,91 @@
+// What a schedule view shows of calendars and programmes: columns with blocks of time in them.
+#pragma once
+
+#include "agenda/AgendaEdit.h"
+#include "agenda/Programme.h"
+#include "foundation/zuTypes.h"
+
+#include <QString>
+
+#include <optional>
+#include <vector>
+
+namespace korvane::planner {
+
+struct ScheduleColumn
+{
+    QString Caption;
+    /// The day that it stands for; 0 where all columns stand for the same one.
+    AgendaSeconds BaseDate = 0;
+};
+
+/// A block from Start up to Stop. One that lasts over midnight has a block in every day's column.
+struct ScheduleBlock
+{
+    int Column = 0;
+    AgendaSeconds Start = 0;
+    AgendaSeconds Stop = 0;
+    QString Title;
+    QString Detail;
+    QString ToolTip;
+    std::optional<TColor> Color;
+    unsigned Hue = 0;    ///< chooses a colour where there is none; equal for what belongs together
+    int Occurrence = -1; ///< index into SchedulePage::Occurrences; -1 for what is not edited
+    bool IsAllDay = false;
+    bool IsCanceled = false;
+};
+
+struct SchedulePage
+{
+    QString Title;
+    std::vector<ScheduleColumn> Columns;
+    std::vector<ScheduleBlock> Blocks;
+    std::vector<AgendaOccurrence> Occurrences;
+    /// What the time axis shows, less the base dates of the columns.
+    AgendaRange Axis;
+};
+
+enum class AgendaColumns : std::uint8_t { Days, Places, Calendars };
+
+/// Pages of calendars. Times are shown by the clock of one zone: the one that the first calendar
+/// asks for, else the one that most events are written in, else that of the system.
+class AgendaPages
+{
+public:
+    /// The agenda is observed.
+    explicit AgendaPages(const Agenda &agenda);
+
+    /// So many days from a day on, each a column; or one day, with a column for each place or
+    /// calendar in which something takes place then.
+    SchedulePage Page(AgendaColumns columns, AgendaSeconds day, int days) const;
+    /// The edit that gives a block of one of these pages other times, as the page shows them: a
+    /// block that moves takes along what belongs to it on other days. Ends that lie on other days
+    /// stay. Or why that cannot be done.
+    std::variant<AgendaEdit, QString> Moved(const SchedulePage &page, int block,
+                                            const AgendaRange &times, AgendaScope scope) const;
+    /// Midnight of the day nearest to `near` on which something takes place; `near` without any.
+    AgendaSeconds DayNear(AgendaSeconds near) const;
+
+private:
+    struct Shown
+    {
+        AgendaOccurrence Occurrence;
+        AgendaSeconds Start = 0;
+        AgendaSeconds Stop = 0;
+    };
+
+    int ChosenZone() const;
+    AgendaSeconds ShownWall(const AgendaTime &time) const;
+    Shown ShownOf(const AgendaOccurrence &occurrence) const;
+    std::vector<Shown> ShownIn(const AgendaRange &range) const;
+    void AddBlocks(SchedulePage &page, const Shown &shown, AgendaColumns columns) const;
+    int ColumnOf(SchedulePage &page, const AgendaEvent &event, AgendaColumns columns) const;
+
+    const Agenda &m_agenda;
+    int m_zone = kFloating;
+};
+
+/// The talks of one day of a conference, in the rooms that are used on it.
+SchedulePage PageOf(const Programme &programme, int day);
+
+} // namespace korvane::planner
