@@ -19,7 +19,7 @@ namespace {
 
 constexpr int kLeastColumnWidth = 120;
 constexpr int kLeastLaneWidth = 64;
-constexpr int kAxisWidth = 52;
+constexpr int kAxisWidth = 92;
 constexpr int kBarWidth = 3;
 constexpr int kPadding = 4;
 /// Data lists; the first one lies on top.
@@ -203,6 +203,9 @@ void ScheduleView::DrawBlock(TzuSchema_ComBasic * /*schema*/, TzuDataEntity_Sche
     canvas.FillRect(rect, fill);
     canvas.FillRect({rect.Left, rect.Top, std::min(rect.Left + kBarWidth, rect.Right), rect.Bottom},
                     block.IsAllDay || block.IsCanceled ? Mixed(color, m_looks.Back, 0.5) : color);
+    if (rect.Bottom - rect.Top > kBarWidth) { // apart from what follows at once
+        canvas.FillRect({rect.Left, rect.Bottom - 1, rect.Right, rect.Bottom}, m_looks.Back);
+    }
     DrawTexts(block,
               {rect.Left + kBarWidth + kPadding, std::max(rect.Top, 0) + 2, rect.Right - 2,
                rect.Bottom - 1},
