@@ -59,6 +59,7 @@ ChartLooks::ChartLooks(const QPalette &palette)
     FineGrid = WithAlpha(text, m_dark ? 0.05 : 0.04);
     DayOff = WithAlpha(text, m_dark ? 0.06 : 0.045);
     Now = QColor(0xD9, 0x3A, 0x3A);
+    Overload = m_dark ? QColor(0xFF, 0x6B, 0x5E) : QColor(0xD1, 0x2B, 0x1F);
 }
 
 TColor ChartLooks::Done(TColor color) const

@@ -30,6 +30,7 @@ struct ChartLooks
     QColor FineGrid; ///< lines between the axis' small periods; translucent
     QColor DayOff;   ///< laid over what is not working time; translucent
     QColor Now;      ///< line at the present time
+    QColor Overload; ///< what marks more work than a resource can do
 
     /// The colour of what is done of something in `color`.
     TColor Done(TColor color) const;

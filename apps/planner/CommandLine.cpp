@@ -39,6 +39,11 @@ struct Options
     QCommandLineOption Size{QStringLiteral("size"),
                             QStringLiteral("Size of the picture in pixels, by default 1400x900."),
                             QStringLiteral("WxH")};
+    QCommandLineOption View{
+        QStringLiteral("view"),
+        QStringLiteral("What the rows of the picture are: tasks or resources; by default tasks for "
+                       "plans, resources for timetables and job traces."),
+        QStringLiteral("kind")};
     QCommandLineOption From{QStringLiteral("from"),
                             QStringLiteral("First date or date-time in the picture, or of the "
                                            "occurrences to count (ISO 8601)."),
@@ -137,8 +142,8 @@ CommandLine::CommandLine(const QStringList &arguments)
     const QCommandLineOption version = parser.addVersionOption();
     const Options options;
     parser.addOptions({options.Rows, options.Day, options.Summary, options.Convert, options.Render,
-                       options.Print, options.Paper, options.Landscape, options.Fit, options.Size,
-                       options.From, options.To, options.Ratio, options.Dark});
+                       options.View, options.Print, options.Paper, options.Landscape, options.Fit,
+                       options.Size, options.From, options.To, options.Ratio, options.Dark});
 
     const bool isParsed = parser.parse(arguments);
     m_helpText =
@@ -206,6 +211,13 @@ CommandLine::Action CommandLine::ReadRequest(const QCommandLineParser &parser)
     m_request.Picture = parser.value(options.Render);
     if (!PictureFormatOf(m_request.Picture)) {
         return Fail(QStringLiteral("--render needs a .png, .pdf or .svg file to write"));
+    }
+    if (parser.isSet(options.View)) {
+        const QString view = parser.value(options.View);
+        if (view != u"tasks" && view != u"resources") {
+            return Fail(QStringLiteral("--view needs tasks or resources"));
+        }
+        m_request.View = view == u"tasks" ? ViewKind::Tasks : ViewKind::Resources;
     }
     if (parser.isSet(options.Size)) {
         const auto size = ParseSize(parser.value(options.Size));

@@ -17,11 +17,15 @@ namespace korvane::planner {
 /// Exit codes of the planner.
 enum class ExitCode : int { Ok = 0, UnusableFile = 1, WrongUsage = 2 };
 
+enum class ViewKind : std::uint8_t { Tasks, Resources };
+
 /// What --render is asked for.
 struct RenderRequest
 {
     QString Picture; ///< file to write; its suffix tells the format
     QSize Size{1400, 900};
+    /// Which view; by default resources for timetables and the like, else tasks.
+    std::optional<ViewKind> View;
     double Ratio = 1; ///< device pixels per pixel, for PNG
     /// The ends of the time shown; by default the plan's, with a margin. From < To.
     std::optional<TDateTime> From;

@@ -42,21 +42,26 @@ EditActions::EditActions(QMenu &menu, PlanDocument &document, PlanEdits &edits, 
             m_contextMenu->addAction(action);
         }
     }
+    ServeView(chart);
+    connect(&chart, &PlanChart::selectionChanged, this, &EditActions::UpdateEnabled);
+    connect(&chart, &PlanChart::linkActivated, this, &EditActions::ShowLink);
+    connect(&document, &PlanDocument::replaced, this, &EditActions::UpdateEnabled);
+    connect(&document, &PlanDocument::changed, this, &EditActions::UpdateEnabled);
+    UpdateEnabled();
+}
+
+void EditActions::ServeView(PlanView &view)
+{
     const auto openOn = [this](QWidget &widget, const QWidget &origin) {
         widget.setContextMenuPolicy(Qt::CustomContextMenu);
         connect(&widget, &QWidget::customContextMenuRequested, this,
                 [this, &origin](QPoint point) { OpenContextMenu(origin.mapToGlobal(point)); });
     };
-    openOn(chart.GantArea(), chart.GantArea());
-    openOn(chart.Tree(), *chart.Tree().viewport());
-    connect(&chart, &PlanChart::selectionChanged, this, &EditActions::UpdateEnabled);
-    connect(&chart, &PlanChart::taskActivated, this, &EditActions::ShowDetails);
-    connect(&chart, &PlanChart::linkActivated, this, &EditActions::ShowLink);
+    openOn(view.GantArea(), view.GantArea());
+    openOn(view.Tree(), *view.Tree().viewport());
+    connect(&view, &PlanView::taskActivated, this, &EditActions::ShowDetails);
     // Not within the handler of the key: what it is about goes.
-    connect(&chart, &PlanChart::deleteWanted, this, &EditActions::Delete, Qt::QueuedConnection);
-    connect(&document, &PlanDocument::replaced, this, &EditActions::UpdateEnabled);
-    connect(&document, &PlanDocument::changed, this, &EditActions::UpdateEnabled);
-    UpdateEnabled();
+    connect(&view, &PlanView::deleteWanted, this, &EditActions::Delete, Qt::QueuedConnection);
 }
 
 template <typename Function>
@@ -74,8 +79,8 @@ void EditActions::AddOutline()
 {
     QAction *add =
         Add(tr("&New task"), QKeySequence(Qt::Key_Insert), Needs::Plan, [this] { InsertTask(); });
-    QAction *rename = Add(tr("Re&name"), QKeySequence(Qt::Key_F2), Needs::OneTask,
-                          [this] { m_chart.EditName(m_chart.SelectedTasks().front()); });
+    QAction *rename =
+        Add(tr("Re&name"), QKeySequence(Qt::Key_F2), Needs::OneTask, [this] { EditName(); });
     QAction *remove =
         Add(tr("&Delete"), QKeySequence(Qt::Key_Delete), Needs::TaskOrLink, [this] { Delete(); });
     Add(tr("Select &all"), QKeySequence(QKeySequence::SelectAll), Needs::Plan,
@@ -134,7 +139,7 @@ void EditActions::UpdateEnabled()
     m_updating = true;
     QTimer::singleShot(0, this, [this] {
         m_updating = false;
-        const bool hasPlan = m_chart.isVisible();
+        const bool hasPlan = m_document.HasPlan();
         const std::size_t tasks = hasPlan ? m_chart.SelectedTasks().size() : 0;
         const bool hasLink = hasPlan && !m_chart.SelectedPlanLinks().empty();
         for (const auto &[action, needs] : m_actions) {
@@ -156,7 +161,18 @@ void EditActions::InsertTask()
 {
     const std::vector<int> tasks = m_chart.SelectedTasks();
     if (m_edits.Insert(tasks.empty() ? kNoIndex : tasks.front())) {
-        m_chart.EditName(m_chart.SelectedTasks().front());
+        EditName();
+    }
+}
+
+/// In the outline; where that is not shown, in the form.
+void EditActions::EditName()
+{
+    const int task = m_chart.SelectedTasks().front();
+    if (m_chart.isVisible()) {
+        m_chart.EditName(task);
+    } else {
+        ShowDetails(task);
     }
 }
 

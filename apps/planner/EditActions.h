@@ -14,6 +14,7 @@ namespace korvane::planner {
 class PlanChart;
 class PlanDocument;
 class PlanEdits;
+class PlanView;
 
 /// Fills a menu with the actions, and opens a part of it as the context menu of the chart's area
 /// and tree. An action is enabled while there is something that it could be done to.
@@ -24,6 +25,9 @@ class EditActions : public QObject
 public:
     /// All are observed, and have to live as long.
     EditActions(QMenu &menu, PlanDocument &document, PlanEdits &edits, PlanChart &chart);
+
+    /// Opens the context menu of another view as well, and serves its keys and double clicks.
+    void ServeView(PlanView &view);
 
 Q_SIGNALS:
     /// What to do next, for the user.
@@ -41,6 +45,7 @@ private:
     void OpenContextMenu(const QPoint &globalPoint);
     void UpdateEnabled();
     void InsertTask();
+    void EditName();
     void Delete();
     void Nudge(int direction);
     void ShowDetails(int task);

@@ -10,6 +10,8 @@
 #include "PlanLoader.h"
 #include "RecentFiles.h"
 #include "RemarksPanel.h"
+#include "ResourceChart.h"
+#include "ViewSwitch.h"
 #include "foundation/qt/zuConvert.h"
 #include "foundation/zuFormat.h"
 #include "plan/PlanFile.h"
@@ -74,6 +76,8 @@ MainWindow::MainWindow(QWidget *parent)
     , m_pages(new QStackedWidget(this))
     , m_document(new PlanDocument(this))
     , m_chart(new PlanChart(*m_document))
+    , m_resources(new ResourceChart(*m_document))
+    , m_views(new ViewSwitch(*m_document, *m_chart, *m_resources, *m_pages))
     , m_edits(new PlanEdits(*m_document, *m_chart, this))
     , m_autosave(new Autosave(*m_document, this))
     , m_loader(new PlanLoader(this))
@@ -83,9 +87,10 @@ MainWindow::MainWindow(QWidget *parent)
     setWindowTitle(tr("Planner"));
     setAcceptDrops(true);
     m_pages->addWidget(NewWelcome());
-    m_pages->addWidget(m_chart);
+    m_pages->setCurrentIndex(m_pages->count() - 1); // after both charts
     setCentralWidget(m_pages);
     m_chart->SetEdits(m_edits);
+    m_resources->SetEdits(m_edits);
     addDockWidget(Qt::BottomDockWidgetArea, m_remarks);
     m_remarks->hide();
     MakeStatusBar();
@@ -96,8 +101,11 @@ MainWindow::MainWindow(QWidget *parent)
     connect(m_saver, &BackgroundSaver::finished, this, &MainWindow::SaveEnded);
     connect(m_saver, &BackgroundSaver::progressed, m_saveProgress, &LoadProgress::SetProgress);
     connect(m_progress, &LoadProgress::cancelRequested, this, &MainWindow::CancelLoad);
-    connect(m_chart, &PlanChart::pointedAt, this, &MainWindow::ShowInstant);
-    connect(m_chart, &PlanChart::pointerLeft, m_instant, &QLabel::clear);
+    for (const PlanView *view :
+         {static_cast<PlanView *>(m_chart), static_cast<PlanView *>(m_resources)}) {
+        connect(view, &PlanView::pointedAt, this, &MainWindow::ShowInstant);
+        connect(view, &PlanView::pointerLeft, m_instant, &QLabel::clear);
+    }
     connect(m_document, &PlanDocument::replaced, this, &MainWindow::ShowPlan);
     connect(m_document, &PlanDocument::fileNameChanged, this, &MainWindow::ShowTitle);
     connect(m_document, &PlanDocument::modifiedChanged, this, &QWidget::setWindowModified);
@@ -168,10 +176,7 @@ void MainWindow::ShowPlan()
     m_remarksButton->setText(m_remarks->CountText());
     m_remarksButton->setVisible(!m_remarks->CountText().isEmpty());
     ShowCounts(plan);
-    if (m_pages->currentWidget() != m_chart) {
-        m_pages->setCurrentWidget(m_chart);
-        m_chart->setFocus();
-    }
+    m_views->ShowPlan();
     for (QAction *action : m_planActions) {
         action->setEnabled(true);
     }
@@ -189,18 +194,25 @@ void MainWindow::ShowError(const QString &text, const QString &details)
 void MainWindow::ShowInstant(TDateTime instant)
 {
     constexpr TDateTime kSecondsScale = 1.0 / (24 * 60 * 10);
-    m_instant->setText(ToQt(FormatDateTime(
-        m_chart->Scale() < kSecondsScale ? "ddd d mmm yyyy  hh:nn:ss" : "ddd d mmm yyyy  hh:nn",
-        instant)));
+    m_instant->setText(
+        ToQt(FormatDateTime(m_views->Shown().Scale() < kSecondsScale ? "ddd d mmm yyyy  hh:nn:ss"
+                                                                     : "ddd d mmm yyyy  hh:nn",
+                            instant)));
 }
 
 void MainWindow::ShowCounts(const Plan &plan)
 {
     const auto milestones =
         std::ranges::count_if(plan.Tasks, [](const PlanTask &task) { return task.Milestone; });
-    QStringList parts = {
-        CountText(plan.Tasks.size(), tr("task")), CountText(milestones, tr("milestone")),
-        CountText(plan.Links.size(), tr("link")), CountText(plan.Resources.size(), tr("resource"))};
+    QStringList parts;
+    if (plan.Kind == PlanKind::Intervals) {
+        parts = {CountText(plan.Resources.size(), tr("row")),
+                 CountText(plan.Tasks.size(), tr("item"))};
+    } else {
+        parts = {CountText(plan.Tasks.size(), tr("task")), CountText(milestones, tr("milestone")),
+                 CountText(plan.Links.size(), tr("link")),
+                 CountText(plan.Resources.size(), tr("resource"))};
+    }
     if (const auto range = plan.Range()) {
         parts.append(ToQt(FormatDateTime("d mmm yyyy", range->Start)) + QStringLiteral(" – ")
                      + ToQt(FormatDateTime("d mmm yyyy", range->Finish)));
@@ -210,7 +222,7 @@ void MainWindow::ShowCounts(const Plan &plan)
 
 void MainWindow::SavePictureTo(const QString &fileName)
 {
-    if (const auto error = SavePicture(*m_chart, fileName, devicePixelRatioF())) {
+    if (const auto error = SavePicture(m_views->Shown(), fileName, devicePixelRatioF())) {
         const QString name = QFileInfo(fileName).fileName();
         ShowError(tr("%1 cannot be written.").arg(name), ErrorLine(name, {0, *error}));
     }

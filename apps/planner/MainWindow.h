@@ -27,6 +27,8 @@ class PlanEdits;
 class PlanLoader;
 class RecentFiles;
 class RemarksPanel;
+class ResourceChart;
+class ViewSwitch;
 
 /// Shows one plan. Files are read in the background; the plan on show stays until another one is
 /// complete, and when that is refused. Changes are not lost unasked: not by closing or opening,
@@ -53,6 +55,8 @@ public:
     PlanDocument &Document() { return *m_document; }
     PlanEdits &Edits() { return *m_edits; }
     PlanChart &Chart() { return *m_chart; }
+    ResourceChart &Resources() { return *m_resources; }
+    ViewSwitch &Views() { return *m_views; }
     PlanLoader &Loader() { return *m_loader; }
     BackgroundSaver &Saver() { return *m_saver; }
 
@@ -113,6 +117,8 @@ private:
     QStackedWidget *m_pages;
     PlanDocument *m_document;
     PlanChart *m_chart;
+    ResourceChart *m_resources;
+    ViewSwitch *m_views;
     PlanEdits *m_edits;
     Autosave *m_autosave;
     PlanLoader *m_loader;

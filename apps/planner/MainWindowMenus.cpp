@@ -7,7 +7,9 @@
 #include "PrintActions.h"
 #include "RecentFiles.h"
 #include "RemarksPanel.h"
+#include "ResourceChart.h"
 #include "ScheduleCommands.h"
+#include "ViewSwitch.h"
 #include "foundation/zuDateUtils.h"
 #include "plan/PlanFile.h"
 
@@ -103,6 +105,7 @@ void MainWindow::MakeEditMenu()
 {
     auto *actions =
         new EditActions(*menuBar()->addMenu(tr("&Edit")), *m_document, *m_edits, *m_chart);
+    actions->ServeView(*m_resources);
     connect(actions, &EditActions::hinted, this,
             [this](const QString &text) { statusBar()->showMessage(text); });
 }
@@ -113,15 +116,20 @@ void MainWindow::MakeViewMenu()
     const auto add = [&](const QString &text, const QList<QKeySequence> &shortcuts, auto function) {
         m_planActions += AddAction(menu, text, shortcuts, function);
     };
-    TzuDateScaler &axis = m_chart->DateScaler();
-    const auto zoom = [&axis](double notches) { axis.ZoomAround(notches, axis.GetScaleLen() / 2); };
-    const auto pan = [&axis](int way) { axis.PanPixels(way * axis.GetScaleLen() / kPanPart); };
-    add(tr("&Fit the plan"), {QKeySequence(tr("Ctrl+0"))}, [this] { m_chart->FitPlan(); });
+    menu.addActions(m_views->Actions());
+    m_planActions += m_views->Actions();
+    menu.addSeparator();
+    const auto axis = [this]() -> TzuDateScaler & { return m_views->Shown().DateScaler(); };
+    const auto zoom = [axis](double notches) {
+        axis().ZoomAround(notches, axis().GetScaleLen() / 2);
+    };
+    const auto pan = [axis](int way) { axis().PanPixels(way * axis().GetScaleLen() / kPanPart); };
+    add(tr("&Fit the plan"), {QKeySequence(tr("Ctrl+0"))}, [this] { m_views->Shown().FitPlan(); });
     add(tr("Zoom &in"), {QKeySequence(tr("Ctrl++")), QKeySequence(tr("Ctrl+="))},
         [zoom] { zoom(kZoomNotches); });
     add(tr("Zoom &out"), {QKeySequence(tr("Ctrl+-"))}, [zoom] { zoom(-kZoomNotches); });
     menu.addSeparator();
-    add(tr("Go to &today"), {QKeySequence(tr("Ctrl+T"))}, [&axis] { axis.GoTo(Now()); });
+    add(tr("Go to &today"), {QKeySequence(tr("Ctrl+T"))}, [axis] { axis().GoTo(Now()); });
     add(tr("&Earlier"), {QKeySequence(tr("Ctrl+PgUp"))}, [pan] { pan(-1); });
     add(tr("&Later"), {QKeySequence(tr("Ctrl+PgDown"))}, [pan] { pan(1); });
     menu.addSeparator();

@@ -1,6 +1,6 @@
 #include "Picture.h"
 
-#include "PlanChart.h"
+#include "PlanView.h"
 #include "foundation/qt/zuSplitter.h"
 
 #include <QImage>
@@ -108,7 +108,7 @@ std::optional<QString> SavePicture(const PictureSubject &subject, const QString 
     return file.commit() ? std::nullopt : std::optional(file.errorString());
 }
 
-std::optional<QString> SavePicture(PlanChart &chart, const QString &fileName, double ratio)
+std::optional<QString> SavePicture(PlanView &chart, const QString &fileName, double ratio)
 {
     const bool hasBar = chart.IsScrollBarShown();
     chart.SetScrollBarShown(false);

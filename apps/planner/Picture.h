@@ -10,7 +10,7 @@
 
 namespace korvane::planner {
 
-class PlanChart;
+class PlanView;
 
 /// What a picture shows.
 struct PictureSubject
@@ -27,6 +27,6 @@ std::optional<QString> SavePicture(const PictureSubject &subject, const QString 
 /// Draws the chart as large as it is, without its scroll bar, into a file. PNG pictures have
 /// `ratio` device pixels per pixel; PDF and SVG consist of text and lines and ignore it.
 /// Returns why that failed, in one line; nothing when the file is complete.
-std::optional<QString> SavePicture(PlanChart &chart, const QString &fileName, double ratio);
+std::optional<QString> SavePicture(PlanView &chart, const QString &fileName, double ratio);
 
 } // namespace korvane::planner

@@ -1,28 +1,16 @@
 // The Gantt chart of a plan.
 #pragma once
 
-#include "ChartLooks.h"
 #include "LinkRoute.h"
-#include "gantt/qt/zuGant.h"
+#include "PlanView.h"
 #include "plan/PlanEditor.h"
 
-#include <QBasicTimer>
-#include <QTimer>
-
 #include <memory>
-#include <optional>
 #include <span>
 #include <unordered_map>
 #include <vector>
 
-class QHelpEvent;
-
 namespace korvane::planner {
-
-class PlanDocument;
-class PlanEdits;
-class PlanTitle;
-class PlanTree;
 
 /// Shows a document's plan: its outline in the row tree, a bar per task, and the links between
 /// them. Another plan is shown in its whole length. As the watcher of edits the chart follows the
@@ -34,24 +22,16 @@ class PlanTree;
 /// times of day stay. A chart without edits only shows.
 ///
 /// A notch of the wheel zooms so little that two of them are a step of the menu.
-class PlanChart : public TzuGant, public IPlanWatcher
+class PlanChart : public PlanView, public IPlanWatcher
 {
     Q_OBJECT
 
 public:
     /// `document` is observed and has to live as long.
     explicit PlanChart(PlanDocument &document, QWidget *parent = nullptr);
-    ~PlanChart() override;
 
-    const Plan &GetPlan() const;
     /// Lets the user edit the plans to come; observed.
     void SetEdits(PlanEdits *edits);
-
-    /// Shows the plan's whole length with a margin; without any date the days around today.
-    void FitPlan();
-    /// Whether there is room on the right for the scroll bar. There is, initially.
-    void SetScrollBarShown(bool shown);
-    bool IsScrollBarShown() const { return m_scrollBarShown; }
 
     /// Whether the dates that were planned once are drawn below the bars. They are not, initially.
     void SetBaselinesShown(bool shown);
@@ -60,10 +40,6 @@ public:
     void SetDeadlinesShown(bool shown);
     bool AreDeadlinesShown() const { return m_deadlinesShown; }
 
-    /// The present time, which is marked by a line.
-    TDateTime GetNow() const { return m_now; }
-    void SetNow(TDateTime now);
-
     /// Index of the task whose bar is at the point of the area, or kNoIndex.
     int TaskAt(QPoint areaPoint) const;
     /// Null for a task without dates.
@@ -71,7 +47,8 @@ public:
     const TzuDataEntity_Tree *NodeOf(int task) const { return Items(task).Node; }
     static int TaskOfNode(const TzuDataEntity_Tree &node) { return TaskOf(node); }
 
-    /// Those of the selected bars; without any the one of the tree's current row. Ascending.
+    /// Those of the selected bars; without any the one of the tree's current row while that is
+    /// shown. Ascending.
     std::vector<int> SelectedTasks();
     std::vector<int> SelectedPlanLinks() const;
     /// Selects the tasks and, when none of them is in view, scrolls to the first one.
@@ -79,8 +56,6 @@ public:
     /// Whether a drag from one bar to another links the tasks, instead of moving the first one.
     void SetLinking(bool on);
     bool IsLinking() const { return m_linking; }
-    /// By how many days edits with mouse and keys change times at the present zoom.
-    TDateTime EditStep() const;
     /// Begins to edit the task's name in the tree.
     void EditName(int task);
 
@@ -94,24 +69,8 @@ public:
     void LinksRemoved(std::span<const int> links) override;
 
 Q_SIGNALS:
-    /// What SelectedTasks and SelectedPlanLinks give has changed.
-    void selectionChanged();
-    /// A task was double-clicked, or the Enter key pressed on it.
-    void taskActivated(int task);
     /// The only selected link was double-clicked, or the Enter key pressed for it.
     void linkActivated(int link);
-    /// The Delete key was pressed in the area, or the tree was asked to delete.
-    void deleteWanted();
-    /// The instant under the pointer has changed.
-    void pointedAt(double instant);
-    /// The pointer has left the area.
-    void pointerLeft();
-
-protected:
-    TGantTree *CreateTree(QWidget *parent) override;
-    bool eventFilter(QObject *watched, QEvent *event) override;
-    void changeEvent(QEvent *event) override;
-    void timerEvent(QTimerEvent *event) override;
 
 private:
     /// What shows a task. Node and bar refer to it, so that they need not be told when tasks
@@ -138,17 +97,13 @@ private:
         TRect Rect;
     };
 
-    /// Which of the chart's item fonts a name is drawn in.
-    enum LabelStyle : int { kDarkLabel = 1, kLightLabel = 2, kMutedLabel = 3 };
-
     const PlanTask &Task(int task) const
     {
         return GetPlan().Tasks.at(static_cast<std::size_t>(task));
     }
     const TaskItems &Items(int task) const { return *m_items.at(static_cast<std::size_t>(task)); }
     static int TaskOf(const TzuDataEntity &barOrNode);
-    /// What a tree caption may hold of a name.
-    static std::string Caption(const QString &name);
+    int TaskOfBar(const TzuDataEntity_Spanbar &bar) const override { return TaskOf(bar); }
     static bool IsShownAsMilestone(const PlanTask &task)
     {
         return task.Milestone && !task.HasChildren;
@@ -161,17 +116,15 @@ private:
     static int LinkOf(const TzuDataEntity_Link &line);
 
     // Filling, PlanChart.cpp.
-    void ShowPlan();
+    void ShowPlan() override;
     void Fill();
-    void FitTree();
-    void ShowDates();
 
     // Items, PlanChartItems.cpp.
     TzuDataList_Tree &ChildrenOf(int parent);
     int PlaceAmongSiblings(int task) const;
     void AddNode(int task);
     void UpdateNode(int task);
-    void UpdateBar(int task);
+    void UpdateBar(int task) override;
     void FillBar(const PlanTask &task, TzuDataEntity_Spanbar &bar) const;
     void AddBarOf(int task);
     void RemoveBarOf(int task);
@@ -181,9 +134,6 @@ private:
 
     // Editing, PlanChartEdit.cpp.
     void ConnectGestures();
-    void SnapTimes(const TzuDataEntity_Spanbar &bar, TGantMouseMoveMode mode, TDateTime &start,
-                   TDateTime &stop) const;
-    void GestureEnded(TGantUserChange kind, bool changed);
     void ConnectTree();
     void MoveInTree(const TTreeMove &move);
     std::vector<int> TasksOf(const std::vector<TzuDataEntity_Tree *> &nodes) const;
@@ -194,25 +144,20 @@ private:
     void ShowTask(const std::vector<int> &tasks);
 
     // Looks, PlanChartLooks.cpp.
-    void ApplyLooks();
-    void ApplyFonts();
-    void ColorItems();
-    TColor ColorOf(const PlanTask &task) const;
+    void ColorItems() override;
 
     // Painting, PlanChartPaint.cpp.
-    void PaintBackground(const TRect &rect, TCanvas &canvas);
-    void PaintForeground(const TRect &rect, TCanvas &canvas);
-    void ShadeDaysOff(const TRect &rect, TCanvas &canvas) const;
+    void PaintBackground(const TRect &rect, TCanvas &canvas) override;
+    void PaintForeground(const TRect &rect, TCanvas &canvas) override;
     void PlaceLabels(const TRect &rect, TCanvas &canvas);
     void PlaceLabel(int task, TGantRow &row, const TRect &area, TCanvas &canvas);
-    void PaintGrid(const TRect &rect, TCanvas &canvas) const;
     void PaintTask(const TzuDataEntity_Spanbar &bar, TCanvas &canvas, const TRect &rect) const;
     void PaintLink(const TzuDataEntity_Link &link, TCanvas &canvas);
     LinkRoute RouteOf(const TzuDataEntity_Link &link);
     LinkEnd EndOf(const TzuDataEntity_Spanbar &bar, const TzuDataEntity_Spanbar &other);
-    void PaintNow(const TRect &rect, TCanvas &canvas) const;
 
     // Baselines and deadlines, PlanChartMarks.cpp.
+    int RowHeightFor(int textHeight) const override;
     /// What rows are higher by, and bars keep clear of, for the baselines.
     int BaselineRoom() const;
     /// Calls `function(task, row's rectangle)`.
@@ -223,33 +168,15 @@ private:
     /// Where the arrow of a deadline ends that stands just behind the bar; or else the bar does.
     int DeadlineBeside(int task, const TRect &bar) const;
 
-    // Input, PlanChartInput.cpp.
-    void HandleToolTip(QHelpEvent &event);
-    void PointAt(int pixel);
-    void PointerLeft();
+    void HandleToolTip(QHelpEvent &event) override;
 
-    static constexpr double kHoursWidth = 240; ///< of a day, in pixels, from which on hours matter
-
-    PlanDocument &m_document;
-    PlanTree *m_tree = nullptr; ///< is Tree()
-    PlanTitle *m_title = nullptr;
-    PlanEdits *m_edits = nullptr;
     std::vector<std::unique_ptr<TaskItems>> m_items;     ///< one per task
     std::vector<std::unique_ptr<LinkItems>> m_lines;     ///< one per link
-    std::vector<TaskDates> m_draggedDates;               ///< of the gesture that runs
-    std::vector<TaskDates> m_copiedDates;                ///< of the gesture that runs
     std::unordered_map<std::int64_t, bool> m_expansions; ///< of tasks removed, by UID
     bool m_linking = false;
-    bool m_inGesture = false;
     bool m_selecting = false;                  ///< area and tree are being brought in step
     bool m_followingTree = false;              ///< FollowTree is about to run
     std::vector<OutsideLabel> m_outsideLabels; ///< of the paint that runs
-    ChartLooks m_looks;
-    TDateTime m_now;
-    QBasicTimer m_nowTimer;
-    QTimer m_datesTimer; ///< of ShowDates after edits
-    std::optional<int> m_pointerPixel;
-    bool m_scrollBarShown = true;
     bool m_baselinesShown = false;
     bool m_deadlinesShown = true;
 };

@@ -3,44 +3,22 @@
 #include "PlanEdits.h"
 #include "PlanTree.h"
 #include "foundation/qt/zuConvert.h"
-#include "plan/PlanDates.h"
 
 #include <QScopedValueRollback>
 #include <QTimer>
 
 #include <algorithm>
-#include <cmath>
 
 namespace korvane::planner {
 
 void PlanChart::SetEdits(PlanEdits *edits)
 {
-    m_edits = edits;
+    PlanView::SetEdits(edits);
     connect(edits, &PlanEdits::concerned, this, &PlanChart::SelectTasks);
 }
 
 void PlanChart::ConnectGestures()
 {
-    OnSnapTimes = [this](auto *, const TzuDataEntity_Spanbar *bar, TGantMouseMoveMode mode,
-                         TDateTime &start, TDateTime &stop) { SnapTimes(*bar, mode, start, stop); };
-    OnBeginUserChange = [this](auto *, TGantUserChange) {
-        m_inGesture = true;
-        m_draggedDates.clear();
-        m_copiedDates.clear();
-    };
-    OnChangeDataEntity_Spanbar = [this](auto *, TzuDataEntity_Spanbar *bar) {
-        if (m_inGesture) {
-            m_draggedDates.push_back(
-                {TaskOf(*bar), {bar->GetStartDateTime(), bar->GetStopDateTime()}});
-        }
-    };
-    OnTimeCopy = [this](auto *, TzuDataEntity_Spanbar *bar, auto *, auto *, TDateTime start,
-                        TDateTime stop) {
-        m_copiedDates.push_back({TaskOf(*bar), {start, stop}});
-    };
-    OnEndUserChange = [this](auto *, TGantUserChange kind, bool changed) {
-        GestureEnded(kind, changed);
-    };
     OnDependencyAction = [this](TzuDataEntity_Spanbar *first, TzuDataEntity_Spanbar *second) {
         if (m_edits != nullptr) {
             m_edits->Link(TaskOf(*first), TaskOf(*second));
@@ -108,65 +86,10 @@ void PlanChart::MoveInTree(const TTreeMove &move)
     m_edits->MoveTo(TasksOf(move.Entities), parent, before);
 }
 
-TDateTime PlanChart::EditStep() const
-{
-    constexpr double kMinutesWidth = 4000;
-    const double dayWidth = Scale() > 0 ? 1 / Scale() : 0;
-    return dayWidth < kHoursWidth     ? 1.0
-           : dayWidth < kMinutesWidth ? 1.0 / 24
-                                      : 5.0 / kMinutesPerDay;
-}
-
-/// The times change by steps; what they are beside these stays.
-void PlanChart::SnapTimes(const TzuDataEntity_Spanbar &bar, TGantMouseMoveMode mode,
-                          TDateTime &start, TDateTime &stop) const
-{
-    const TDateTime step = EditStep();
-    const auto snapped = [step](TDateTime from, TDateTime to) {
-        return from + std::round((to - from) / step) * step;
-    };
-    const TDateTime oldStart = bar.GetStartDateTime();
-    const TDateTime oldStop = bar.GetStopDateTime();
-    if (mode == TGantMouseMoveMode::mmGrowRight) {
-        stop = std::max(snapped(oldStop, stop), start);
-    } else if (mode == TGantMouseMoveMode::mmGrowLeft) {
-        start = std::min(snapped(oldStart, start), stop);
-    } else {
-        start = snapped(oldStart, start);
-        stop = oldStop + (start - oldStart);
-    }
-}
-
 void PlanChart::SetLinking(bool on)
 {
     m_linking = on;
     SetStickyMode(on ? TGantStickyMode::smDependency : TGantStickyMode::smNone);
-}
-
-/// The bars stand where the user left them. Whatever comes of that, they show the plan afterwards.
-void PlanChart::GestureEnded(TGantUserChange kind, bool changed)
-{
-    m_inGesture = false;
-    const std::vector<TaskDates> dragged = std::exchange(m_draggedDates, {});
-    const std::vector<TaskDates> copied = std::exchange(m_copiedDates, {});
-    if (!changed || m_edits == nullptr) {
-        return;
-    }
-    if (!copied.empty()) {
-        std::vector<int> tasks;
-        std::ranges::transform(copied, std::back_inserter(tasks), &TaskDates::Task);
-        const TaskDates &first = copied.front();
-        const TzuDataEntity_Spanbar &bar = *Items(first.Task).Bar;
-        m_edits->Duplicate(tasks, first.Dates.Start - bar.GetStartDateTime());
-    }
-    if (!dragged.empty()) {
-        m_edits->SetDates(dragged, kind == TGantUserChange::ucOther
-                                       ? PlanEdits::DateSource::Keyboard
-                                       : PlanEdits::DateSource::Gesture);
-        for (const TaskDates &each : dragged) {
-            UpdateBar(each.Task);
-        }
-    }
 }
 
 void PlanChart::NameEdited(TzuDataEntity_Tree &node)
@@ -194,7 +117,7 @@ std::vector<int> PlanChart::SelectedTasks()
         }
     }
     const TzuDataEntity_Tree *current = m_tree->GetCurrentDataEntity();
-    if (tasks.empty() && current != nullptr && SelectedLinks().empty()) {
+    if (tasks.empty() && isVisible() && current != nullptr && SelectedLinks().empty()) {
         tasks.push_back(TaskOf(*current));
     }
     std::ranges::sort(tasks);

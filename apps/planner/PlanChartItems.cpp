@@ -49,17 +49,6 @@ void PutIn(std::vector<std::unique_ptr<Items>> &items, std::span<const int> indi
 
 } // namespace
 
-std::string PlanChart::Caption(const QString &name)
-{
-    const QString line = name.simplified();
-    if (line.size() <= kMaxTreeText) {
-        return FromQt(line);
-    }
-    const auto codePoints = line.toUcs4();
-    return FromQt(QString::fromUcs4(reinterpret_cast<const char32_t *>(codePoints.constData()),
-                                    std::min<qsizetype>(codePoints.size(), kMaxTreeText)));
-}
-
 int PlanChart::TaskOf(const TzuDataEntity &barOrNode)
 {
     return static_cast<const TaskItems *>(barOrNode.GetUserReference())->Task;

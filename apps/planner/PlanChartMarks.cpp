@@ -28,6 +28,11 @@ void PlanChart::SetDeadlinesShown(bool shown)
     GantArea().Invalidate();
 }
 
+int PlanChart::RowHeightFor(int textHeight) const
+{
+    return PlanView::RowHeightFor(textHeight) + BaselineRoom();
+}
+
 int PlanChart::BaselineRoom() const
 {
     return m_baselinesShown ? kBaselineHeight + 1 : 0;

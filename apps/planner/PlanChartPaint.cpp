@@ -3,9 +3,6 @@
 #include "foundation/qt/zuConvert.h"
 #include "gantt/zuTimeDraw.h"
 
-#include <QPainter>
-
-#include <cmath>
 #include <limits>
 
 namespace korvane::planner {
@@ -16,12 +13,6 @@ constexpr int kLabelPadding = 5;
 constexpr int kOutsideGap = 10;
 /// How far lines to what is scrolled away lead out of the area.
 constexpr int kBeyond = 100;
-
-/// The painter behind the canvas of a chart's area; null while only measuring.
-QPainter *PainterOf(TCanvas &canvas)
-{
-    return dynamic_cast<TPainterCanvas &>(canvas).Painter();
-}
 
 } // namespace
 
@@ -45,25 +36,6 @@ void PlanChart::PaintForeground(const TRect &rect, TCanvas &canvas)
     }
     PaintDeadlines(canvas);
     PaintNow(rect, canvas);
-}
-
-void PlanChart::PaintGrid(const TRect &rect, TCanvas &canvas) const
-{
-    QPainter *painter = PainterOf(canvas);
-    if (painter == nullptr) {
-        return;
-    }
-    for (const TScaleMarkList *marks :
-         {&DateScaler().PrimaryMarks(), &DateScaler().SecondaryMarks()}) {
-        for (const TScaleMark &mark : *marks) {
-            const int x = DateScaler().DateToPixel(mark.Date);
-            painter->fillRect(x, rect.Top, 1, rect.Height(),
-                              mark.IsMajor ? m_looks.Grid : m_looks.FineGrid);
-        }
-    }
-    for (const TGantRow *row : GantRows().RowsOnScreen()) {
-        painter->fillRect(rect.Left, row->GetRect().Bottom - 1, rect.Width(), 1, m_looks.Grid);
-    }
 }
 
 /// The bar as the link meets it. One that is scrolled away lies above or below the area, on the
@@ -134,39 +106,6 @@ void PlanChart::PaintLink(const TzuDataEntity_Link &link, TCanvas &canvas)
     canvas.SetAntialiasing(false);
 }
 
-void PlanChart::ShadeDaysOff(const TRect &rect, TCanvas &canvas) const
-{
-    constexpr double kLeastDayWidth = 4;
-    const double dayWidth = Scale() > 0 ? 1 / Scale() : 0;
-    QPainter *painter = PainterOf(canvas);
-    if (painter == nullptr || dayWidth < kLeastDayWidth) {
-        return;
-    }
-    const auto shade = [&](TDateTime from, TDateTime to) {
-        const int left = std::max(DateScaler().DateToPixel(from), rect.Left);
-        const int right = std::min(DateScaler().DateToPixel(to), rect.Right);
-        if (left < right) {
-            painter->fillRect(left, rect.Top, right - left, rect.Height(), m_looks.DayOff);
-        }
-    };
-    const WorkCalendar &calendar = GetPlan().ProjectCalendar();
-    const TDateTime end = std::min(DateScaler().PixelToDate(rect.Right), Stop());
-    const int lastDay = static_cast<int>(std::ceil(end));
-    TDateTime offSince = std::max(DateScaler().PixelToDate(rect.Left), Start());
-    for (int day = static_cast<int>(std::floor(offSince)); day < lastDay; ++day) {
-        if (dayWidth >= kHoursWidth) {
-            for (const DayStretch &stretch : calendar.TimesOf(day).Stretches()) {
-                shade(offSince, day + stretch.From / double(kMinutesPerDay));
-                offSince = day + stretch.To / double(kMinutesPerDay);
-            }
-        } else if (calendar.IsWorkingDay(day)) {
-            shade(offSince, day);
-            offSince = day + 1;
-        }
-    }
-    shade(offSince, end);
-}
-
 void PlanChart::PlaceLabels(const TRect &rect, TCanvas &canvas)
 {
     m_outsideLabels.clear();
@@ -214,16 +153,6 @@ void PlanChart::PlaceLabel(int index, TGantRow &row, const TRect &area, TCanvas 
         const bool before = right + size.Width > area.Right && left >= area.Left;
         const TPoint at{before ? left : right, bar->Top + top};
         m_outsideLabels.push_back({index, {at.X, at.Y, at.X + size.Width, at.Y + size.Height}});
-    }
-}
-
-void PlanChart::PaintNow(const TRect &rect, TCanvas &canvas) const
-{
-    QPainter *painter = PainterOf(canvas);
-    const int pixel = DateScaler().DateToPixel(m_now);
-    if (painter != nullptr && m_now >= Start() && m_now <= Stop() && pixel >= rect.Left
-        && pixel < rect.Right) {
-        painter->fillRect(pixel, rect.Top, 1, rect.Height(), m_looks.Now);
     }
 }
 

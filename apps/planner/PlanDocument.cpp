@@ -20,6 +20,7 @@ void PlanDocument::SetPlan(Plan plan, const QString &fileName,
 {
     const Plan former = std::exchange(m_plan, std::move(plan));
     ++m_revision;
+    m_hasPlan = true;
     m_source = std::move(source);
     m_fileName = fileName;
     m_history.clear();

@@ -24,6 +24,8 @@ public:
     ~PlanDocument() override;
 
     const Plan &GetPlan() const { return m_plan; }
+    /// Whether a plan has been set.
+    bool HasPlan() const { return m_hasPlan; }
     /// Another plan, unmodified and with an empty history. `source` is what it was read from; null
     /// when nothing of that is needed to write it.
     void SetPlan(Plan plan, const QString &fileName = {},
@@ -64,6 +66,7 @@ Q_SIGNALS:
 
 private:
     Plan m_plan;
+    bool m_hasPlan = false;
     QString m_fileName;
     std::shared_ptr<const PlanSource> m_source;
     QUndoStack m_history;

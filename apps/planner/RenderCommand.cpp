@@ -3,17 +3,18 @@
 #include "Picture.h"
 #include "PlanChart.h"
 #include "PlanDocument.h"
+#include "ResourceChart.h"
 #include "plan/PlanFile.h"
 
 #include <QApplication>
 
-#include <cstdio>
+#include <memory>
 
 namespace korvane::planner {
 
 namespace {
 
-void ShowRange(PlanChart &chart, const RenderRequest &request)
+void ShowRange(PlanView &chart, const RenderRequest &request)
 {
     chart.FitPlan();
     const TDateTime length = chart.Stop() - chart.Start();
@@ -36,17 +37,23 @@ ExitCode RenderPlan(const QString &fileName, const ReadOptions &options,
         PrintError(ErrorLine(fileName, result.Error));
         return ExitCode::UnusableFile;
     }
+    const bool byResource = request.View ? *request.View == ViewKind::Resources
+                                         : result.Value.Kind == PlanKind::Intervals;
     PlanDocument document;
-    PlanChart chart(document);
-    chart.resize(request.Size);
-    chart.SetScrollBarShown(false);
+    const auto chart = byResource ? std::unique_ptr<PlanView>(new ResourceChart(document))
+                                  : std::make_unique<PlanChart>(document);
+    chart->resize(request.Size);
+    chart->SetScrollBarShown(false);
     document.SetPlan(std::move(result.Value));
-    ShowRange(chart, request);
+    ShowRange(*chart, request);
     // Parts find their places only when they are shown; nothing comes to a screen.
-    chart.setAttribute(Qt::WA_DontShowOnScreen);
-    chart.show();
+    chart->setAttribute(Qt::WA_DontShowOnScreen);
+    chart->show();
     QApplication::processEvents();
-    if (const auto error = SavePicture(chart, request.Picture, request.Ratio)) {
+    while (!chart->IsSeparated()) {
+        QApplication::processEvents(QEventLoop::WaitForMoreEvents);
+    }
+    if (const auto error = SavePicture(*chart, request.Picture, request.Ratio)) {
         PrintError(ErrorLine(request.Picture, {0, *error}));
         return ExitCode::UnusableFile;
     }

@@ -48,6 +48,7 @@ private:
 void CalendarParser::Read()
 {
     PlanCalendar calendar;
+    std::int64_t base = kNoUid;
     bool isBase = false;
     while (m_xml.NextChild()) {
         if (m_xml.Is(u"UID")) {
@@ -56,6 +57,8 @@ void CalendarParser::Read()
             calendar.Name = m_xml.Text().left(PlanBuilder::kMaxNameLength);
         } else if (m_xml.Is(u"IsBaseCalendar")) {
             isBase = ParseFlag(m_xml.Text());
+        } else if (m_xml.Is(u"BaseCalendarUID")) {
+            base = ParseInteger(m_xml.Text()).value_or(kNoUid);
         } else if (m_xml.Is(u"WeekDays") || m_xml.Is(u"Exceptions")) {
             ReadDays();
         } else {
@@ -65,6 +68,8 @@ void CalendarParser::Read()
     if (isBase) {
         calendar.Times = WorkCalendar(std::move(m_week), std::move(m_exceptions));
         m_builder.AddCalendar(std::move(calendar));
+    } else {
+        m_builder.AddDerivedCalendar(calendar.Uid, base);
     }
 }
 

@@ -353,9 +353,12 @@ void Parser::Keep(RawTask raw)
 
 void Parser::ReadResource()
 {
+    constexpr std::int64_t kWork = 1;
     const qint64 line = m_xml.Line();
     PlanResource resource;
+    std::int64_t calendar = kNoUid;
     bool isNull = false;
+    bool isWork = true;
     while (m_xml.NextChild()) {
         if (m_xml.Is(u"UID")) {
             resource.Uid = Fields().Uid(m_xml.Text());
@@ -363,12 +366,21 @@ void Parser::ReadResource()
             resource.Name = m_xml.Text();
         } else if (m_xml.Is(u"IsNull")) {
             isNull = ParseFlag(m_xml.Text());
+        } else if (m_xml.Is(u"Type")) {
+            isWork = ParseInteger(m_xml.Text()).value_or(kWork) == kWork;
+        } else if (m_xml.Is(u"MaxUnits")) {
+            resource.MaxUnits = ParseNumber(m_xml.Text()).value_or(1);
+        } else if (m_xml.Is(u"CalendarUID")) {
+            calendar = ParseInteger(m_xml.Text()).value_or(kNoUid);
         } else {
             m_xml.Skip();
         }
     }
+    if (!isWork) { // material and costs know no limit
+        resource.MaxUnits.reset();
+    }
     if (!isNull && resource.Uid != kProjectUid) {
-        m_builder.AddResource(std::move(resource), line);
+        m_builder.AddResource(std::move(resource), line, calendar);
     }
 }
 

@@ -175,7 +175,7 @@ void PlanBuilder::AddLink(const PendingLink &link)
     m_links.push_back(link);
 }
 
-void PlanBuilder::AddResource(PlanResource resource, qint64 line)
+void PlanBuilder::AddResource(PlanResource resource, qint64 line, std::int64_t calendarUid)
 {
     CheckCount(m_plan.Resources.size(), QStringLiteral("resources"), line);
     resource.Name =
@@ -188,6 +188,7 @@ void PlanBuilder::AddResource(PlanResource resource, qint64 line)
         m_resourceByUid.insert(resource.Uid, static_cast<int>(m_plan.Resources.size()));
     }
     m_plan.Resources.push_back(std::move(resource));
+    m_resourceCalendars.push_back(calendarUid);
 }
 
 void PlanBuilder::AddAssignment(std::int64_t taskUid, std::int64_t resourceUid, double units,
@@ -202,6 +203,13 @@ void PlanBuilder::AddCalendar(PlanCalendar calendar)
     if (m_plan.Calendars.size() < kMaxCalendars) {
         m_calendarByUid.insert(calendar.Uid, static_cast<int>(m_plan.Calendars.size()));
         m_plan.Calendars.push_back(std::move(calendar));
+    }
+}
+
+void PlanBuilder::AddDerivedCalendar(std::int64_t uid, std::int64_t baseUid)
+{
+    if (m_baseCalendars.size() < qsizetype(kMaxItems)) {
+        m_baseCalendars.insert(uid, baseUid);
     }
 }
 
@@ -231,6 +239,7 @@ Plan PlanBuilder::Finish()
     SpanSummaries();
     SplitTasks();
     ResolveLinks();
+    ResolveResources();
     ResolveAssignments();
     ReportCircles();
     ReportUnmarkedSummaries();
@@ -324,6 +333,15 @@ void PlanBuilder::ResolveLinks()
         const bool isKnownFirst = pending.KnownEnd == LinkEnd::Predecessor;
         m_plan.Links.push_back({isKnownFirst ? pending.Known : *other,
                                 isKnownFirst ? *other : pending.Known, pending.Lag, pending.Type});
+    }
+}
+
+void PlanBuilder::ResolveResources()
+{
+    for (std::size_t index = 0; index < m_resourceCalendars.size(); ++index) {
+        const std::int64_t uid = m_resourceCalendars[index];
+        m_plan.Resources[index].Calendar =
+            m_calendarByUid.value(m_baseCalendars.value(uid, uid), kNoIndex);
     }
 }
 

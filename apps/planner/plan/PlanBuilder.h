@@ -62,7 +62,8 @@ public:
 
     /// The other task may follow later in the file.
     void AddLink(const PendingLink &link);
-    void AddResource(PlanResource resource, qint64 line);
+    /// The calendar may follow later in the file.
+    void AddResource(PlanResource resource, qint64 line, std::int64_t calendarUid = kNoUid);
     void AddAssignment(std::int64_t taskUid, std::int64_t resourceUid, double units, qint64 line);
     /// A stretch of an assignment, which tells split tasks.
     void AddWork(std::int64_t taskUid, const PlanSpan &span, WorkKind kind)
@@ -70,6 +71,8 @@ public:
         m_splits.Add(taskUid, span, kind);
     }
     void AddCalendar(PlanCalendar calendar);
+    /// A calendar of a resource; what it has of its own is not used.
+    void AddDerivedCalendar(std::int64_t uid, std::int64_t baseUid);
     void UseCalendar(std::int64_t uid) { m_calendarUid = uid; }
 
     /// Index of the first task of that UID so far.
@@ -106,6 +109,7 @@ private:
     void SpanSummaries();
     void SplitTasks();
     void ResolveLinks();
+    void ResolveResources();
     void ResolveAssignments();
     void ReportCircles();
     void ReportUnmarkedSummaries();
@@ -114,8 +118,10 @@ private:
     QHash<std::int64_t, int> m_taskByUid;
     QHash<std::int64_t, int> m_resourceByUid;
     QHash<std::int64_t, int> m_calendarByUid;
+    QHash<std::int64_t, std::int64_t> m_baseCalendars; ///< of derived ones, by UID
     std::vector<int> m_openTasks;  ///< the last task and its ancestors, from the top
     std::vector<int> m_openLevels; ///< their levels as the file gives them
+    std::vector<std::int64_t> m_resourceCalendars; ///< UIDs, one per resource
     std::vector<PendingLink> m_links;
     std::vector<PendingAssignment> m_assignments;
     std::vector<PendingTimes> m_times;
