@@ -106,8 +106,11 @@ private:
         }
         for (; m_steps < kMostSteps; ++m_steps) {
             const icaltimetype next = icalrecur_iterator_next(iterator.get());
+            if (icaltime_is_null_time(next) != 0) {
+                return;
+            }
             const AgendaSeconds wall = SecondsOf(next);
-            if (icaltime_is_null_time(next) != 0 || wall >= range.To) {
+            if (wall >= range.To) {
                 return;
             }
             ++m_counted;
