@@ -210,6 +210,14 @@ void ResourceChart::PaintBar(const TzuDataEntity_Spanbar &bar, TCanvas &canvas, 
 {
     constexpr int kPadding = 4;
     constexpr int kLeastWidth = 16;
+    if (bar.FixedSize() > 0) { // a milestone stays as high as it is wide
+        const int spare = std::max(rect.Height() - rect.Width(), 0);
+        TzuTimeDraw::RombOutline(
+            bar.GetColor(),
+            {rect.Left, rect.Top + spare / 2, rect.Right, rect.Bottom - (spare - spare / 2)},
+            canvas);
+        return;
+    }
     TzuTimeDraw::DrawTime(bar.GetColor(), rect, canvas);
     const TRect area = FromQt(GantArea().rect());
     TRect shown = rect;

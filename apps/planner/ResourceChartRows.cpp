@@ -125,7 +125,7 @@ void ResourceChart::FillBar(const PlanTask &task, TzuDataEntity_Spanbar &bar) co
     bar.SetStartDateTime(task.Dates->Start);
     bar.SetStopDateTime(task.Dates->Finish);
     const bool isSymbol = task.Milestone && !task.HasChildren;
-    bar.SetStyle(isSymbol ? TSpanbarStyle::sbsRomb : TSpanbarStyle::sbsUser);
+    bar.SetStyle(TSpanbarStyle::sbsUser);
     bar.SetFixedSize(isSymbol ? kMilestoneSize : 0);
     bar.SetInsetTop(kBarInset);
     bar.SetInsetBottom(kBarInset);
