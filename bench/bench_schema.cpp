@@ -63,10 +63,16 @@ private:
     int m_count;
 };
 
-/// Schedules are kept between benchmarks of one size, since a large one takes a while to build.
-TSchedule &ScheduleOf(int times)
+/// Kept between benchmarks of one size, since a large schedule takes a while to build.
+std::unique_ptr<TSchedule> &KeptSchedule()
 {
     static std::unique_ptr<TSchedule> schedule;
+    return schedule;
+}
+
+TSchedule &ScheduleOf(int times)
+{
+    std::unique_ptr<TSchedule> &schedule = KeptSchedule();
     if (schedule == nullptr || schedule->Count() != times) {
         schedule.reset();
         schedule = std::make_unique<TSchedule>(times);
@@ -179,5 +185,6 @@ int main(int argc, char **argv)
     }
     benchmark::Initialize(&argc, argv);
     benchmark::RunSpecifiedBenchmarks();
+    KeptSchedule().reset(); // not after the application
     return 0;
 }
