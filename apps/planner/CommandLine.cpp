@@ -295,27 +295,34 @@ void PrintError(const QString &line)
     PrintLine(stderr, "planner: " + line.toLocal8Bit());
 }
 
-ExitCode PrintSummary(const QString &fileName, const ReadOptions &options)
+std::optional<PlanResult> LoadOrPrintError(const QString &fileName, const ReadOptions &options)
 {
     NoProgress progress;
-    const PlanResult result = LoadPlan(fileName, PlanReaders::Builtin(options), progress);
+    PlanResult result = LoadPlan(fileName, PlanReaders::Builtin(options), progress);
     if (result.Status != PlanStatus::Loaded) {
         PrintError(ErrorLine(fileName, result.Error));
+        return std::nullopt;
+    }
+    return result;
+}
+
+ExitCode PrintSummary(const QString &fileName, const ReadOptions &options)
+{
+    const auto result = LoadOrPrintError(fileName, options);
+    if (!result) {
         return ExitCode::UnusableFile;
     }
-    PrintLine(stdout, QJsonDocument(Summarize(result.Value)).toJson(QJsonDocument::Compact));
+    PrintLine(stdout, QJsonDocument(Summarize(result->Value)).toJson(QJsonDocument::Compact));
     return ExitCode::Ok;
 }
 
 ExitCode Convert(const QString &fileName, const ReadOptions &options, const QString &output)
 {
-    NoProgress progress;
-    const PlanResult result = LoadPlan(fileName, PlanReaders::Builtin(options), progress);
-    if (result.Status != PlanStatus::Loaded) {
-        PrintError(ErrorLine(fileName, result.Error));
+    const auto result = LoadOrPrintError(fileName, options);
+    if (!result) {
         return ExitCode::UnusableFile;
     }
-    if (const auto error = SavePlan(result.Value, result.Source.get(), output)) {
+    if (const auto error = SavePlan(result->Value, result->Source.get(), output)) {
         PrintError(ErrorLine(output, {0, *error}));
         return ExitCode::UnusableFile;
     }

@@ -100,6 +100,8 @@ private:
 
 /// Prints "planner: " and the line on standard error.
 void PrintError(const QString &line);
+/// The plan in a file; for one that cannot be used, prints a line on standard error.
+std::optional<PlanResult> LoadOrPrintError(const QString &fileName, const ReadOptions &options);
 /// Prints the plan's figures as JSON on standard output, or one line on standard error.
 ExitCode PrintSummary(const QString &fileName, const ReadOptions &options);
 /// Reads a plan and writes it as project XML.

@@ -5,6 +5,7 @@
 #include "PlanChart.h"
 #include "PlanDocument.h"
 #include "PrintActions.h"
+#include "PrintCommand.h"
 #include "RecentFiles.h"
 #include "RemarksPanel.h"
 #include "ResourceChart.h"
@@ -96,7 +97,10 @@ void MainWindow::MakeFileMenu()
     m_planActions += AddAction(menu, tr("Save as &picture..."), {QKeySequence(tr("Ctrl+E"))},
                                &MainWindow::ChoosePicture);
     menu.addSeparator();
-    m_planActions += (new PrintActions(menu, *m_document, *this))->Actions();
+    const auto makeJob = [this]() -> std::unique_ptr<PrintJob> {
+        return std::make_unique<PlanPrint>(*m_chart, *m_document);
+    };
+    m_planActions += (new PrintActions(menu, makeJob, *this))->Actions();
     menu.addSeparator();
     AddAction(menu, tr("&Quit"), {QKeySequence(tr("Ctrl+Q"))}, &QWidget::close);
 }

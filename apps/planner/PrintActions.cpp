@@ -1,7 +1,6 @@
 #include "PrintActions.h"
 
-#include "PlanDocument.h"
-#include "PrintCommand.h"
+#include "PrintJob.h"
 #include "foundation/qt/zuConvert.h"
 
 #include <QAction>
@@ -28,17 +27,21 @@ namespace {
 
 constexpr int kMostPages = 99;
 
-/// A plan on its way to a printer; lives as long as the dialog that shows it.
-struct PrintJob
+/// A job and its printer; lives as long as the dialog that shows it.
+struct OpenJob
 {
-    PrintJob(const PlanDocument &document)
-        : Pages(document.GetPlan(), document.FileName())
-    {
-    }
-
+    std::unique_ptr<PrintJob> Job;
     QPrinter Printer{QPrinter::HighResolution};
-    PlanPrint Pages;
 };
+
+/// The settings of a file, by its name.
+QString SettingsKey(const PrintJob &job)
+{
+    const QByteArray name = job.FileName().toUtf8();
+    return QStringLiteral("print/")
+           + QString::fromLatin1(
+               QCryptographicHash::hash(name, QCryptographicHash::Sha1).toHex().left(16));
+}
 
 QSpinBox *AddNumber(QToolBar &bar, const QString &label, const QString &whatsThis, int value)
 {
@@ -58,9 +61,10 @@ QSpinBox *AddNumber(QToolBar &bar, const QString &label, const QString &whatsThi
 
 } // namespace
 
-PrintActions::PrintActions(QMenu &menu, const PlanDocument &document, QWidget &window)
+PrintActions::PrintActions(QMenu &menu, std::function<std::unique_ptr<PrintJob>()> makeJob,
+                           QWidget &window)
     : QObject(&window)
-    , m_document(document)
+    , m_makeJob(std::move(makeJob))
     , m_window(window)
 {
     const auto add = [&](const QString &text, const QKeySequence &keys, auto method) {
@@ -75,15 +79,15 @@ PrintActions::PrintActions(QMenu &menu, const PlanDocument &document, QWidget &w
 
 void PrintActions::Preview()
 {
-    const auto job = std::make_shared<PrintJob>(m_document);
-    Restore(job->Printer, job->Pages);
+    const std::shared_ptr<OpenJob> job(new OpenJob{m_makeJob()});
+    Restore(job->Printer, *job->Job);
     auto *dialog = new QPrintPreviewDialog(&job->Printer, &m_window);
     dialog->setWindowTitle(tr("Print preview"));
-    AddPageFields(*dialog, job->Pages);
+    AddPageFields(*dialog, *job->Job);
     connect(dialog, &QPrintPreviewDialog::paintRequested, this,
-            [this, job](QPrinter *printer) { PrintOn(*printer, job->Pages, true); });
+            [this, job](QPrinter *printer) { PrintOn(*printer, *job->Job, true); });
     connect(dialog, &QDialog::finished, this, [this, job, dialog] {
-        Remember(job->Printer, job->Pages);
+        Remember(job->Printer, *job->Job);
         // The dialog uses the printer to its end.
         connect(dialog, &QObject::destroyed, this, [job] {});
         dialog->deleteLater();
@@ -92,14 +96,14 @@ void PrintActions::Preview()
     dialog->open();
 }
 
-void PrintActions::AddPageFields(QPrintPreviewDialog &dialog, PlanPrint &print)
+void PrintActions::AddPageFields(QPrintPreviewDialog &dialog, PrintJob &job)
 {
     auto *bar = dialog.findChild<QToolBar *>();
     auto *preview = dialog.findChild<QPrintPreviewWidget *>();
     if (bar == nullptr || preview == nullptr) {
         return;
     }
-    TPrintScaling &scaling = print.Printing().Scaling();
+    TPrintScaling &scaling = job.Printing().Scaling();
     bar->addSeparator();
     QSpinBox *across =
         AddNumber(*bar, tr(" Fit on "), tr("Pages across, at most"), scaling.PagesAcross);
@@ -116,14 +120,14 @@ void PrintActions::AddPageFields(QPrintPreviewDialog &dialog, PlanPrint &print)
 
 void PrintActions::Print()
 {
-    const auto job = std::make_shared<PrintJob>(m_document);
-    Restore(job->Printer, job->Pages);
+    const std::shared_ptr<OpenJob> job(new OpenJob{m_makeJob()});
+    Restore(job->Printer, *job->Job);
     auto *dialog = new QPrintDialog(&job->Printer, &m_window);
     dialog->setOption(QAbstractPrintDialog::PrintPageRange);
     connect(dialog, &QDialog::finished, this, [this, job, dialog](int result) {
         if (result == QDialog::Accepted) {
-            PrintOn(job->Printer, job->Pages, false);
-            Remember(job->Printer, job->Pages);
+            PrintOn(job->Printer, *job->Job, false);
+            Remember(job->Printer, *job->Job);
         }
         connect(dialog, &QObject::destroyed, this, [job] {});
         dialog->deleteLater();
@@ -131,9 +135,9 @@ void PrintActions::Print()
     dialog->open();
 }
 
-void PrintActions::PrintOn(QPrinter &printer, PlanPrint &print, bool preview)
+void PrintActions::PrintOn(QPrinter &printer, PrintJob &job, bool preview)
 {
-    TzuGanttPrinting &printing = print.Printing();
+    TzuPrinting &printing = job.Printing();
     printing.Paper().Layout() = printer.pageLayout();
     std::unique_ptr<QProgressDialog> progress;
     if (!preview) {
@@ -161,19 +165,11 @@ void PrintActions::PrintOn(QPrinter &printer, PlanPrint &print, bool preview)
     }
 }
 
-QString PrintActions::SettingsKey() const
-{
-    const QByteArray name = m_document.FileName().toUtf8();
-    return QStringLiteral("print/")
-           + QString::fromLatin1(
-               QCryptographicHash::hash(name, QCryptographicHash::Sha1).toHex().left(16));
-}
-
-void PrintActions::Restore(QPrinter &printer, PlanPrint &print) const
+void PrintActions::Restore(QPrinter &printer, PrintJob &job) const
 {
     QSettings settings;
-    settings.beginGroup(SettingsKey());
-    QPageLayout layout = print.Printing().Paper().Layout();
+    settings.beginGroup(SettingsKey(job));
+    QPageLayout layout = job.Printing().Paper().Layout();
     const QSizeF paper = settings.value(QStringLiteral("paper")).toSizeF();
     if (paper.isValid() && !paper.isEmpty()) {
         layout.setPageSize(QPageSize(paper, QPageSize::Millimeter), layout.margins());
@@ -190,23 +186,23 @@ void PrintActions::Restore(QPrinter &printer, PlanPrint &print) const
     const auto pages = [&](const char *key, int standard) {
         return qBound(0, settings.value(QLatin1String(key), standard).toInt(), kMostPages);
     };
-    print.Printing().Scaling() = {.Fit = TPrintFit::pfPages,
-                                  .PagesAcross = pages("across", 1),
-                                  .PagesDown = pages("down", 0)};
+    job.Printing().Scaling() = {.Fit = TPrintFit::pfPages,
+                                .PagesAcross = pages("across", 1),
+                                .PagesDown = pages("down", 0)};
 }
 
-void PrintActions::Remember(const QPrinter &printer, PlanPrint &print) const
+void PrintActions::Remember(const QPrinter &printer, PrintJob &job) const
 {
     QSettings settings;
-    settings.beginGroup(SettingsKey());
+    settings.beginGroup(SettingsKey(job));
     const QPageLayout layout = printer.pageLayout();
     const QMarginsF margins = layout.margins(QPageLayout::Millimeter);
     settings.setValue(QStringLiteral("paper"), layout.pageSize().size(QPageSize::Millimeter));
     settings.setValue(QStringLiteral("landscape"), layout.orientation() == QPageLayout::Landscape);
     settings.setValue(QStringLiteral("margins"), QVariantList{margins.left(), margins.top(),
                                                               margins.right(), margins.bottom()});
-    settings.setValue(QStringLiteral("across"), print.Printing().Scaling().PagesAcross);
-    settings.setValue(QStringLiteral("down"), print.Printing().Scaling().PagesDown);
+    settings.setValue(QStringLiteral("across"), job.Printing().Scaling().PagesAcross);
+    settings.setValue(QStringLiteral("down"), job.Printing().Scaling().PagesDown);
 }
 
 } // namespace korvane::planner

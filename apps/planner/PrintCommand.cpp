@@ -34,10 +34,30 @@ QString DateOf(const PlanChart &chart, const TzuDataEntity_Tree &node, TDateTime
     return dates ? DayText((*dates).*end) : QString();
 }
 
+/// The chart's plan, collapsed where the chart is.
+Plan AsShown(const PlanChart &chart)
+{
+    Plan plan = chart.GetPlan();
+    for (std::size_t i = 0; i < plan.Tasks.size(); ++i) {
+        const TzuDataEntity_Tree *node = chart.NodeOf(static_cast<int>(i));
+        plan.Tasks[i].Collapsed = node != nullptr && !node->GetExpanded();
+    }
+    return plan;
+}
+
 } // namespace
 
+PlanPrint::PlanPrint(PlanChart &shown, const PlanDocument &document)
+    : PlanPrint(AsShown(shown), document.FileName())
+{
+    m_chart.SetBaselinesShown(shown.AreBaselinesShown());
+    m_chart.SetDeadlinesShown(shown.AreDeadlinesShown());
+    m_chart.SelectTasks(shown.SelectedTasks());
+}
+
 PlanPrint::PlanPrint(Plan plan, const QString &fileName)
-    : m_chart(m_document)
+    : m_fileName(fileName)
+    , m_chart(m_document)
     , m_printing(m_chart)
 {
     m_chart.setPalette(QPalette(QColor(240, 240, 240), Qt::white));
@@ -64,13 +84,11 @@ PlanPrint::PlanPrint(Plan plan, const QString &fileName)
 ExitCode PrintPlan(const QString &fileName, const ReadOptions &options, const PrintRequest &request,
                    const RenderRequest &range)
 {
-    NoProgress progress;
-    PlanResult result = LoadPlan(fileName, PlanReaders::Builtin(options), progress);
-    if (result.Status != PlanStatus::Loaded) {
-        PrintError(ErrorLine(fileName, result.Error));
+    auto result = LoadOrPrintError(fileName, options);
+    if (!result) {
         return ExitCode::UnusableFile;
     }
-    PlanPrint print(std::move(result.Value), fileName);
+    PlanPrint print(std::move(result->Value), fileName);
     const PlanChart &chart = print.Chart();
     TzuGanttPrinting &printing = print.Printing();
     if (range.From || range.To) {

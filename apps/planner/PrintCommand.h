@@ -4,22 +4,27 @@
 #include "CommandLine.h"
 #include "PlanChart.h"
 #include "PlanDocument.h"
+#include "PrintJob.h"
 #include "printing/qt/zuGanttPrinting.h"
 
 namespace korvane::planner {
 
 /// The print of a plan: names, starts and finishes beside the chart, in colours for white paper
 /// whatever the theme on screen.
-class PlanPrint
+class PlanPrint : public PrintJob
 {
 public:
-    /// `fileName` is what the footer calls the plan.
     PlanPrint(Plan plan, const QString &fileName);
+    /// The document's plan as a chart shows it: with the rows that are expanded there, its
+    /// selection and its marks.
+    PlanPrint(PlanChart &shown, const PlanDocument &document);
 
-    TzuGanttPrinting &Printing() { return m_printing; }
+    TzuGanttPrinting &Printing() override { return m_printing; }
+    QString FileName() const override { return m_fileName; }
     PlanChart &Chart() { return m_chart; }
 
 private:
+    QString m_fileName;
     PlanDocument m_document;
     PlanChart m_chart; ///< never seen
     TzuGanttPrinting m_printing;

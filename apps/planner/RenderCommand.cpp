@@ -31,20 +31,18 @@ void ShowRange(PlanView &chart, const RenderRequest &request)
 ExitCode RenderPlan(const QString &fileName, const ReadOptions &options,
                     const RenderRequest &request)
 {
-    NoProgress progress;
-    PlanResult result = LoadPlan(fileName, PlanReaders::Builtin(options), progress);
-    if (result.Status != PlanStatus::Loaded) {
-        PrintError(ErrorLine(fileName, result.Error));
+    auto result = LoadOrPrintError(fileName, options);
+    if (!result) {
         return ExitCode::UnusableFile;
     }
     const bool byResource = request.View ? *request.View == ViewKind::Resources
-                                         : result.Value.Kind == PlanKind::Intervals;
+                                         : result->Value.Kind == PlanKind::Intervals;
     PlanDocument document;
     const auto chart = byResource ? std::unique_ptr<PlanView>(new ResourceChart(document))
                                   : std::make_unique<PlanChart>(document);
     chart->resize(request.Size);
     chart->SetScrollBarShown(false);
-    document.SetPlan(std::move(result.Value));
+    document.SetPlan(std::move(result->Value));
     ShowRange(*chart, request);
     // Parts find their places only when they are shown; nothing comes to a screen.
     chart->setAttribute(Qt::WA_DontShowOnScreen);

@@ -270,11 +270,16 @@ void TGantDensity::Draw()
     for (const TSingle &single : m_singles) {
         m_gant.DrawContent(*single.Item, single.Rect);
     }
+    const bool marks = m_gant.Host().ShowsMarks();
     for (const TStrip &strip : m_strips) {
         DrawStrip(strip, TPass::Above);
-        DrawMarks(strip);
+        if (marks) {
+            DrawMarks(strip);
+        }
     }
-    DrawFocus();
+    if (marks) {
+        DrawFocus();
+    }
 }
 
 /// Items that overlap no other of their kind are drawn as such.

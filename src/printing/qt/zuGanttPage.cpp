@@ -167,11 +167,13 @@ void TGanttPage::Paint(QPainter &painter, QPoint at)
 {
     TzuGant_ComBasic &gant = m_printing.m_gant;
     const TColor pyjamas = gant.GantPyjamasColor();
+    const TColor back = gant.GantBackColor();
     const TLinkShow links = gant.LinkShow();
     const bool paper = !m_printing.m_printBackground && !gant.OnUserDrawBackground;
     const auto restore = qScopeGuard([&] {
         gant.SetPrintView(nullptr);
         gant.SetGantPyjamasColor(pyjamas);
+        gant.SetGantBackColor(back);
         if (paper) {
             gant.OnUserDrawBackground = nullptr;
         }
@@ -179,6 +181,7 @@ void TGanttPage::Paint(QPainter &painter, QPoint at)
     });
     if (paper) {
         gant.SetGantPyjamasColor(kPaleLines);
+        gant.SetGantBackColor(clWindow); // crowded items are tinted by it
         gant.OnUserDrawBackground = [&gant](TzuGant_ComBasic *, const TRect &rect,
                                             TCanvas &canvas) {
             gant.DrawRowBackgound(rect, canvas);

@@ -34,6 +34,54 @@ QString NumberedFile(const QString &file, int page)
     return file.chopped(suffix.size()) + QLatin1Char('-') + QString::number(page) + suffix;
 }
 
+/// Lets a printer that prints into a file do so beside it until the print is complete.
+class TPrinterFile
+{
+public:
+    explicit TPrinterFile(QPrinter &printer)
+        : m_printer(printer)
+        , m_file(printer.outputFileName())
+    {
+        if (!m_file.isEmpty()) {
+            SetFile(m_file + QStringLiteral(".part"));
+        }
+    }
+    TPrinterFile(const TPrinterFile &) = delete;
+    TPrinterFile &operator=(const TPrinterFile &) = delete;
+    ~TPrinterFile()
+    {
+        if (!m_file.isEmpty()) {
+            QFile::remove(m_printer.outputFileName());
+            SetFile(m_file);
+        }
+    }
+
+    /// A preview leaves no file.
+    void Commit() const
+    {
+        QFile part(m_printer.outputFileName());
+        if (m_file.isEmpty() || !part.exists()) {
+            return;
+        }
+        QFile::remove(m_file);
+        if (!part.rename(m_file)) {
+            CannotWrite(m_file, part.errorString());
+        }
+    }
+
+private:
+    /// A file name may choose another format, by its suffix.
+    void SetFile(const QString &file)
+    {
+        const QPrinter::OutputFormat format = m_printer.outputFormat();
+        m_printer.setOutputFileName(file);
+        m_printer.setOutputFormat(format);
+    }
+
+    QPrinter &m_printer;
+    QString m_file;
+};
+
 } // namespace
 
 void TzuPrinting::LayOut()
@@ -95,13 +143,17 @@ bool TzuPrinting::Print(QPrinter &printer)
     if (first > last) {
         throw std::runtime_error("There are no such pages");
     }
+    const TPrinterFile file(printer);
     QPainter painter;
     if (!printer.isValid() || !painter.begin(&printer)) {
         throw std::runtime_error("The printer cannot be used");
     }
+    auto abort = qScopeGuard([&] {
+        printer.abort();
+        painter.end();
+    });
     for (int page = first; page <= last; ++page) {
         if (!Proceed(page - first + 1, last - first + 1)) {
-            printer.abort();
             return false;
         }
         if (page > first && !printer.newPage()) {
@@ -109,6 +161,11 @@ bool TzuPrinting::Print(QPrinter &printer)
         }
         PaintPage(painter, printer.paperRect(QPrinter::DevicePixel), page - 1);
     }
+    abort.dismiss();
+    if (!painter.end()) {
+        throw std::runtime_error("The printer could not finish");
+    }
+    file.Commit();
     return true;
 }
 

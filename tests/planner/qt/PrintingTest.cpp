@@ -24,11 +24,13 @@ TEST(Printing, ThePreviewFollowsItsFieldsAndIsRememberedPerFile)
     PlanResult result = LoadPlan(QStringLiteral(KORVANE_SAMPLES "/observatory.xml"),
                                  PlanReaders::Builtin(), progress);
     PlanDocument document;
+    PlanChart chart(document);
     document.SetPlan(std::move(result.Value), QStringLiteral("observatory.xml"));
     QWidget window;
     window.resize(900, 600);
     QMenu menu;
-    PrintActions actions(menu, document, window);
+    PrintActions actions(
+        menu, [&] { return std::make_unique<PlanPrint>(chart, document); }, window);
     const auto open = [&] {
         actions.Actions().front()->trigger();
         auto *dialog = window.findChild<QPrintPreviewDialog *>();
@@ -59,6 +61,33 @@ TEST(Printing, ThePreviewFollowsItsFieldsAndIsRememberedPerFile)
     dialog = open();
     EXPECT_EQ(dialog->findChildren<QSpinBox *>()[1]->value(), 0);
     close(dialog);
+}
+
+TEST(Printing, ShowsThePlanAsItsChartDoes)
+{
+    NoProgress progress;
+    PlanDocument document;
+    PlanChart chart(document);
+    document.SetPlan(LoadPlan(QStringLiteral(KORVANE_SAMPLES "/observatory.xml"),
+                              PlanReaders::Builtin(), progress)
+                         .Value);
+    const auto rows = [](PlanChart &shown) {
+        int count = 0;
+        for (auto *node = shown.Tree().GetNextVisible(nullptr); node != nullptr;
+             node = shown.Tree().GetNextVisible(node)) {
+            ++count;
+        }
+        return count;
+    };
+    chart.Tree().FullCollapse();
+    chart.SetBaselinesShown(true);
+    const int task = chart.TaskOfNode(*chart.Tree().GetNextVisible(nullptr));
+    chart.SelectTasks({task});
+    PlanPrint print(chart, document);
+    EXPECT_EQ(rows(print.Chart()), rows(chart));
+    EXPECT_LT(rows(chart), static_cast<int>(document.GetPlan().Tasks.size()));
+    EXPECT_TRUE(print.Chart().AreBaselinesShown());
+    EXPECT_EQ(print.Chart().SelectedTasks(), std::vector{task});
 }
 
 } // namespace

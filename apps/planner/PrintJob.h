@@ -1,0 +1,22 @@
+// Something on its way to paper.
+#pragma once
+
+#include "printing/qt/zuPrinting.h"
+
+namespace korvane::planner {
+
+/// A print together with everything it is made from, so that a view may change while it runs.
+class PrintJob
+{
+public:
+    PrintJob() = default;
+    PrintJob(const PrintJob &) = delete;
+    PrintJob &operator=(const PrintJob &) = delete;
+    virtual ~PrintJob() = default;
+
+    virtual TzuPrinting &Printing() = 0;
+    /// Where the printed document lies; empty when it lies in no file.
+    virtual QString FileName() const = 0;
+};
+
+} // namespace korvane::planner

@@ -1,0 +1,94 @@
+#include "PrintedPages.h"
+#include "gantt/qt/zuGant.h"
+#include "printing/qt/zuGanttPrinting.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QPrinter>
+#include <QTemporaryDir>
+
+#include <functional>
+#include <gtest/gtest.h>
+#include <stdexcept>
+
+using namespace korvane;
+
+namespace {
+
+constexpr TDateTime kFrom = 46000;
+
+/// A chart that takes several pages.
+struct PrintFailure : testing::Test
+{
+    TzuGant Chart;
+    TzuGanttPrinting Printing{Chart};
+    QTemporaryDir Folder;
+
+    PrintFailure()
+    {
+        constexpr int kRows = 40;
+        Chart.resize(600, 300);
+        for (int i = 0; i < kRows; ++i) {
+            TzuDataEntity_Spanbar *bar =
+                Chart.AddSpanbar(Chart.AddRootDataEntityTree("Row " + std::to_string(i)), 0);
+            bar->SetStartDateTime(kFrom + i);
+            bar->SetStopDateTime(kFrom + i + 4);
+        }
+        Chart.SetStart(kFrom);
+        Chart.SetStop(kFrom + kRows);
+        Chart.show();
+        QApplication::processEvents();
+        SetBareSheet(Printing, 300, 200);
+    }
+
+    QStringList Files() const { return QDir(Folder.path()).entryList(QDir::Files); }
+};
+
+TEST_F(PrintFailure, NothingIsLeftBehindAndTheOldFileStays)
+{
+    const QString file = Folder.filePath(QStringLiteral("plan.pdf"));
+    QFile old(file);
+    ASSERT_TRUE(old.open(QIODevice::WriteOnly));
+    old.write("old");
+    old.close();
+    const QStringList files = Files();
+    const QImage before = Chart.grab().toImage();
+
+    QPrinter printer;
+    printer.setOutputFormat(QPrinter::PdfFormat);
+    printer.setOutputFileName(file);
+    const QString picture = Folder.filePath(QStringLiteral("plan.png"));
+    const std::pair<const char *, std::function<bool()>> targets[] = {
+        {"printer", [&] { return Printing.Print(printer); }},
+        {"PDF", [&] { return Printing.SavePdf(file); }},
+        {"pictures", [&] { return !Printing.SavePictures(picture, 48).isEmpty(); }},
+    };
+    for (const auto &[name, print] : targets) {
+        SCOPED_TRACE(name);
+        int page = 0;
+        Printing.OnProgress = [&](int now, int, bool &cancel) { cancel = (page = now) == 3; };
+        EXPECT_FALSE(print());
+        EXPECT_EQ(page, 3);
+        Printing.OnProgress = nullptr;
+
+        int drawn = 0;
+        Chart.OnUserDrawForeground = [&](TzuGant_ComBasic *, const TRect &, TCanvas &) {
+            if (++drawn == 3) {
+                throw std::logic_error("drawing failed");
+            }
+        };
+        EXPECT_THROW(print(), std::logic_error);
+        Chart.OnUserDrawForeground = nullptr;
+
+        EXPECT_EQ(Files(), files);
+        EXPECT_EQ(QFileInfo(file).size(), 3);
+        EXPECT_EQ(printer.outputFileName(), file);
+        EXPECT_FALSE(Chart.GantArea().GetIsPrinting());
+        EXPECT_EQ(Chart.grab().toImage(), before);
+    }
+    EXPECT_TRUE(Printing.Print(printer));
+    EXPECT_GT(QFileInfo(file).size(), 1000);
+    EXPECT_EQ(Files(), files);
+}
+
+} // namespace
