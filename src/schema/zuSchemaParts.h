@@ -3,6 +3,8 @@
 
 #include "foundation/zuTypes.h"
 
+#include <algorithm>
+
 namespace korvane {
 
 /// Sizes that the user and the application choose, in pixels; each belongs to one view.
@@ -32,16 +34,20 @@ struct TSchemaPartRects
 inline constexpr int kSizerSize = 5;
 inline constexpr int kSizerOffset = 3;
 
+/// Parts for which there is no room lie outside, empty; the sizer stays within reach.
 inline TSchemaPartRects LayoutSchemaParts(const TSchemaPartSizes &sizes, TSize whole, bool flip)
 {
     const int x = flip ? sizes.FlippedHeaderWidth : sizes.ScalerWidth;
     const int y = flip ? sizes.ScalerHeight : sizes.HeaderHeight;
-    const TRect left{0, y, x, whole.Height};
-    const TRect top{x, 0, whole.Width, y};
-    const TPoint handle{x - kSizerOffset, y - kSizerOffset};
+    const int right = std::max(x, whole.Width);
+    const int bottom = std::max(y, whole.Height);
+    const TRect left{0, y, x, bottom};
+    const TRect top{x, 0, right, y};
+    const TPoint handle{std::min(x - kSizerOffset, std::max(whole.Width - kSizerSize, 0)),
+                        std::min(y - kSizerOffset, std::max(whole.Height - kSizerSize, 0))};
     return {flip ? top : left,
             flip ? left : top,
-            {x, y, whole.Width, whole.Height},
+            {x, y, right, bottom},
             {handle.X, handle.Y, handle.X + kSizerSize, handle.Y + kSizerSize},
             {0, 0, x, y}};
 }

@@ -1,19 +1,13 @@
 // Random input on a whole chart, with what must always hold checked after every event.
-#include "foundation/qt/zuConvert.h"
-#include "foundation/zuDoLater.h"
 #include "gantt/qt/zuGant.h"
+#include "support/Monkey.h"
 #include "support/RecordingCanvas.h"
 
-#include <QApplication>
-#include <QKeyEvent>
-#include <QMouseEvent>
 #include <QScrollBar>
-#include <QWheelEvent>
 
 #include <algorithm>
 #include <gtest/gtest.h>
 #include <memory>
-#include <random>
 #include <set>
 #include <string>
 #include <vector>
@@ -25,21 +19,13 @@ namespace {
 constexpr int kItems = 1000;
 constexpr int kRows = 60;
 
-/// KORVANE_MONKEY_EVENTS asks for a longer run, KORVANE_MONKEY_SEED for another one.
-int NumberFromEnvironment(const char *name, int otherwise)
-{
-    bool given = false;
-    const int number = qEnvironmentVariableIntValue(name, &given);
-    return given ? number : otherwise;
-}
-
-class Monkey
+class GantMonkey : public test::TMonkey
 {
 public:
-    explicit Monkey(unsigned seed)
-        : m_random(seed)
+    explicit GantMonkey(unsigned seed)
+        : TMonkey(seed)
+        , m_chart(std::make_unique<TzuGant>())
     {
-        m_chart = std::make_unique<TzuGant>();
         m_chart->resize(1000, 500);
         WireHandlers();
         TzuDataEntity_Tree *group = nullptr;
@@ -63,28 +49,7 @@ public:
         QCoreApplication::processEvents();
     }
 
-    void Play()
-    {
-        const int dice = Pick(99);
-        if (dice < 45) {
-            Move();
-        } else if (dice < 60) {
-            m_pressed == Qt::NoButton ? Press() : Release();
-        } else if (dice < 74) {
-            Key();
-        } else if (dice < 80) {
-            Wheel();
-        } else if (dice < 93) {
-            ChangeContent();
-        } else if (dice < 97) {
-            ChangeView();
-        } else {
-            QCoreApplication::processEvents();
-        }
-    }
-
-    /// What is wrong, or nothing.
-    std::string Complaint()
+    std::string Complaint() override
     {
         for (const TzuDataEntity_Spanbar *item : m_items) {
             if (!(item->GetStartDateTime() <= item->GetStopDateTime())) {
@@ -108,8 +73,6 @@ public:
         return m_chart->GestureRunning() ? std::string() : ComplaintAtRest();
     }
 
-    int Gestures() const { return m_changes; }
-
 private:
     std::string ComplaintAtRest() const
     {
@@ -121,18 +84,11 @@ private:
         return canvas.Calls().empty() ? std::string() : "an outline is left over";
     }
 
-    int Pick(int most) { return std::uniform_int_distribution(0, most)(m_random); }
     bool IsLive(const TzuDataEntity_Spanbar *item) const { return m_live.contains(item); }
     TGantRow *RowOf(TzuDataEntity_Tree *node) const
     {
         return m_chart->GantRows().FindRowFromTreeNode(node);
     }
-    template <typename T>
-    T *AnyOf(const std::vector<T *> &all)
-    {
-        return all.empty() ? nullptr : all[static_cast<std::size_t>(Pick(int(all.size()) - 1))];
-    }
-
     void WireHandlers()
     {
         m_chart->OnInsertItem_Spanbar = [this](TObject *, TzuDataEntity *item) {
@@ -172,17 +128,7 @@ private:
         };
     }
 
-    QPointF Place() const { return ToQt(m_at); }
-
-    void SendMouse(QEvent::Type type, Qt::MouseButton button)
-    {
-        QWidget *target = Target();
-        QMouseEvent event(type, Place(), target->mapToGlobal(Place()), button, m_pressed,
-                          m_modifiers);
-        QCoreApplication::sendEvent(target, &event);
-    }
-
-    QWidget *Target() const
+    QWidget *Target() const override
     {
         switch (m_part) {
         case 0:
@@ -194,93 +140,31 @@ private:
         }
     }
 
-    void ChooseModifiers()
+    QWidget *KeyTarget() override
     {
-        constexpr Qt::KeyboardModifiers kChoices[]{
-            Qt::NoModifier,    Qt::NoModifier,  Qt::ControlModifier,
-            Qt::ShiftModifier, Qt::AltModifier, Qt::ControlModifier | Qt::ShiftModifier};
-        m_modifiers = kChoices[Pick(5)];
+        return Pick(4) == 0   ? static_cast<QWidget *>(&m_chart->Tree())
+               : Pick(4) == 0 ? static_cast<QWidget *>(&m_chart->DateScaler())
+                              : &m_chart->GantArea();
     }
 
-    /// Near an item as often as anywhere, so that there is something to drag.
-    void ChoosePlace()
+    void ChooseTarget() override
     {
-        m_at = {Pick(m_chart->GantArea().width() + 100) - 50,
-                Pick(m_chart->GantArea().height() + 100) - 50};
+        m_part = Pick(9);
+        if (Pick(9) == 0) {
+            m_chart->SetStickyMode(TGantStickyMode::smDependency);
+        }
+    }
+
+    void ChoosePlace() override
+    {
+        m_at = AnyPlaceOn(m_chart->GantArea());
         const TzuDataEntity_Spanbar *item = AnyOf(m_items);
         if (item == nullptr || m_part < 2 || Pick(1) == 0) {
             return;
         }
         if (const auto rect = item->GetRow()->RectFromDataEntity(*item)) {
-            m_at = {rect->Left + Pick(std::min(rect->Width(), 40) - 1), rect->Top + 3};
+            m_at = AnyPlaceIn(*rect);
         }
-    }
-
-    void Press()
-    {
-        ChooseModifiers();
-        m_part = Pick(9);
-        ChoosePlace();
-        constexpr Qt::MouseButton kButtons[]{Qt::LeftButton, Qt::LeftButton,  Qt::LeftButton,
-                                             Qt::LeftButton, Qt::RightButton, Qt::MiddleButton};
-        if (Pick(9) == 0) {
-            m_chart->SetStickyMode(TGantStickyMode::smDependency);
-        }
-        m_pressed = kButtons[Pick(5)];
-        SendMouse(Pick(15) == 0 ? QEvent::MouseButtonDblClick : QEvent::MouseButtonPress,
-                  m_pressed.testFlag(Qt::LeftButton)    ? Qt::LeftButton
-                  : m_pressed.testFlag(Qt::RightButton) ? Qt::RightButton
-                                                        : Qt::MiddleButton);
-    }
-
-    void Move()
-    {
-        if (Pick(5) == 0) {
-            ChoosePlace();
-        } else {
-            m_at = {m_at.X + Pick(20) - 10, m_at.Y + Pick(20) - 10};
-        }
-        SendMouse(QEvent::MouseMove, Qt::NoButton);
-    }
-
-    void Release()
-    {
-        const Qt::MouseButtons pressed = std::exchange(m_pressed, Qt::NoButton);
-        if (Pick(40) == 0) {
-            return; // the release got lost
-        }
-        for (const Qt::MouseButton button : {Qt::LeftButton, Qt::RightButton, Qt::MiddleButton}) {
-            if (pressed.testFlag(button)) {
-                SendMouse(QEvent::MouseButtonRelease, button);
-            }
-        }
-    }
-
-    void Key()
-    {
-        ChooseModifiers();
-        constexpr int kKeys[]{Qt::Key_Left, Qt::Key_Right, Qt::Key_Up,       Qt::Key_Down,
-                              Qt::Key_Home, Qt::Key_End,   Qt::Key_PageUp,   Qt::Key_PageDown,
-                              Qt::Key_A,    Qt::Key_Space, Qt::Key_Delete,   Qt::Key_Return,
-                              Qt::Key_Plus, Qt::Key_Minus, Qt::Key_Asterisk, Qt::Key_Escape};
-        QWidget *target = Pick(4) == 0   ? static_cast<QWidget *>(&m_chart->Tree())
-                          : Pick(4) == 0 ? static_cast<QWidget *>(&m_chart->DateScaler())
-                                         : &m_chart->GantArea();
-        const int key = kKeys[Pick(15)];
-        QKeyEvent press(QEvent::KeyPress, key, m_modifiers);
-        QCoreApplication::sendEvent(target, &press);
-        QKeyEvent release(QEvent::KeyRelease, key, m_modifiers);
-        QCoreApplication::sendEvent(target, &release);
-    }
-
-    void Wheel()
-    {
-        ChooseModifiers();
-        const QPoint turn(Pick(2) == 0 ? Pick(240) - 120 : 0, Pick(240) - 120);
-        QWidget *target = Target();
-        QWheelEvent event(Place(), target->mapToGlobal(Place()), {}, turn, Qt::NoButton,
-                          m_modifiers, Qt::NoScrollPhase, false);
-        QCoreApplication::sendEvent(target, &event);
     }
 
     void AddItem()
@@ -305,7 +189,7 @@ private:
         }
     }
 
-    void ChangeContent()
+    void ChangeContent() override
     {
         TzuDataEntity_Spanbar *item = AnyOf(m_items);
         const int dice = Pick(9);
@@ -335,7 +219,7 @@ private:
         }
     }
 
-    void ChangeView()
+    void ChangeView() override
     {
         TzuDataEntity_Tree *node = AnyOf(m_nodes);
         switch (Pick(8)) {
@@ -348,16 +232,12 @@ private:
         case 2:
             m_chart->VertScrollBar().setValue(Pick(kRows));
             break;
-        case 3: {
-            QEvent leave(QEvent::Leave);
-            QCoreApplication::sendEvent(&m_chart->GantArea(), &leave);
+        case 3:
+            SendEvent(m_chart->GantArea(), QEvent::Leave);
             break;
-        }
-        case 4: {
-            QEvent deactivate(QEvent::WindowDeactivate);
-            QCoreApplication::sendEvent(&m_chart->GantArea(), &deactivate);
+        case 4:
+            SendEvent(m_chart->GantArea(), QEvent::WindowDeactivate);
             break;
-        }
         case 5:
             m_chart->GestureTick();
             m_chart->DateScaler().ScrollButtonPressed(nullptr);
@@ -376,30 +256,16 @@ private:
         }
     }
 
-    std::mt19937 m_random;
     std::vector<TzuDataEntity_Spanbar *> m_items;
     std::set<const TzuDataEntity_Spanbar *> m_live;
     std::vector<TzuDataEntity_Tree *> m_nodes;
-    TPoint m_at;
-    Qt::MouseButtons m_pressed = Qt::NoButton;
-    Qt::KeyboardModifiers m_modifiers = Qt::NoModifier;
-    int m_part = 9; ///< 0: the axis, 1: the tree, else the area
-    int m_changes = 0;
+    int m_part = 9;                   ///< 0: the axis, 1: the tree, else the area
     std::unique_ptr<TzuGant> m_chart; ///< goes first: its end still calls the handlers
 };
 
 TEST(GantMonkey, RandomInputNeverBreaksTheChart)
 {
-    const int events = NumberFromEnvironment("KORVANE_MONKEY_EVENTS", 4000);
-    const auto seed = static_cast<unsigned>(NumberFromEnvironment("KORVANE_MONKEY_SEED", 1));
-    Monkey monkey(seed);
-    for (int i = 0; i < events; ++i) {
-        monkey.Play();
-        const std::string complaint = monkey.Complaint();
-        ASSERT_TRUE(complaint.empty()) << complaint << " after event " << i << " of seed " << seed;
-    }
-    // A monkey that changes nothing proves nothing.
-    EXPECT_GT(monkey.Gestures(), events / 500);
+    test::LetPlay<GantMonkey>();
 }
 
 } // namespace
