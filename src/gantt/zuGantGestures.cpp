@@ -15,27 +15,12 @@ constexpr int kGripWidth = 3;
 
 TGantGestures::TGantGestures(IGantHost &host, IGantInputHost &inputHost,
                              TzuGant_ComBasic *component)
-    : TGantSelection(host, inputHost, component)
+    : TGantChanges(host, inputHost, component)
     , m_life(std::make_shared<bool>(true))
 {
 }
 
 TGantGestures::~TGantGestures() = default;
-
-void TGantGestures::BeginUserChange(TGantUserChange kind)
-{
-    if (m_userChanges == 0) {
-        OnBeginUserChange(Component(), kind);
-    }
-    ++m_userChanges;
-}
-
-void TGantGestures::EndUserChange(TGantUserChange kind, bool changed)
-{
-    if (--m_userChanges == 0) {
-        OnEndUserChange(Component(), kind, changed);
-    }
-}
 
 bool TGantGestures::IsMove() const
 {
@@ -168,7 +153,7 @@ void TGantGestures::ReleaseGesture(TMouseButton button, const TShiftState &shift
     if (GestureRunning()) {
         FollowScrolling();
         dragged = m_dragging || PastThreshold(at);
-        delta = dragged ? Permitted(OffsetTo(at), OriginRow()) : TPoint{};
+        delta = dragged ? Permitted(OffsetTo(at)) : TPoint{};
         if (dragged && m_rubber) {
             UpdateBand();
             EndSelectInRect();
@@ -250,15 +235,6 @@ void TGantGestures::GantAreaMouseLeave()
     if (!GestureRunning()) {
         InputHost().SetAreaCursor(TGantCursor::Area);
     }
-}
-
-void TGantGestures::_OnInsertItem(TzuDataEntity *item)
-{
-    m_insertedItem = &TimeDataEntity(*item);
-    if (m_work != nullptr) {
-        Keep(m_insertedItem);
-    }
-    TGantSelection::_OnInsertItem(item);
 }
 
 } // namespace korvane

@@ -2,13 +2,12 @@
 #pragma once
 
 #include "foundation/zuAutoScroll.h"
-#include "foundation/zuGraphStuff.h"
 #include "foundation/zuOutline.h"
+#include "gantt/zuGantChanges.h"
 #include "gantt/zuGantHint.h"
-#include "gantt/zuGantSelection.h"
 
-#include <functional>
 #include <memory>
+#include <span>
 #include <vector>
 
 namespace korvane {
@@ -37,7 +36,7 @@ namespace korvane {
 ///   drag and drop.
 ///
 /// Handlers of the mouse events may also destroy the chart; those of changes may not.
-class TGantGestures : public TGantSelection
+class TGantGestures : public TGantChanges
 {
 public:
     TGantGestures(IGantHost &host, IGantInputHost &inputHost, TzuGant_ComBasic *component);
@@ -56,18 +55,9 @@ public:
     /// The offset of the last finished gesture, in pixels.
     TPoint LastDelta() const { return m_lastDelta; }
 
-    /// Whether a move to another row also moves in time.
-    bool MoveInTimeWhenMoveRow() const { return m_moveInTimeWhenMoveRow; }
-    void SetMoveInTimeWhenMoveRow(bool on) { m_moveInTimeWhenMoveRow = on; }
-    /// Whether moves by more than 12 hours become moves by whole days. Applied after snapping.
-    bool MoveOver12Then24() const { return m_moveOver12Then24; }
-    void SetMoveOver12Then24(bool on) { m_moveOver12Then24 = on; }
     /// Whether items dragged out of the control go on as drag and drop.
     bool StartDragWhenTimeMoveOutside() const { return m_startDragOutside; }
     void SetStartDragWhenTimeMoveOutside(bool on) { m_startDragOutside = on; }
-    /// The grid of gestures. Its ScreenSnap is kept at the time that 3 pixels cover.
-    TSnapHandler &SnapHandler() { return m_snap; }
-
     // Events of the area, in its pixels.
     void GantAreaMouseDown(TMouseButton button, const TShiftState &shift, int x, int y);
     void GantAreaMouseMove(const TShiftState &shift, int x, int y);
@@ -100,21 +90,11 @@ public:
     TOnDependencyAction OnDependencyAction;
     TOnDependencyHint OnDependencyHint;
     TOnHintInfo OnHintInfo;
-    /// Replaces SnapHandler and MoveOver12Then24.
-    TOnSnapTimes OnSnapTimes;
     TGantMouseButtonEvent OnGantAreaMouseDown;
     TGantMouseMoveEvent OnGantAreaMouseMove;
     TGantMouseButtonEvent OnGantAreaMouseUp;
-    TOnBeginUserChange OnBeginUserChange;
-    TOnEndUserChange OnEndUserChange;
 
 protected:
-    /// Runs `body`, which tells whether it has changed anything, between OnBeginUserChange and
-    /// OnEndUserChange. Within another one it only runs. When `body` throws, the end is told that
-    /// there may be changes, and the exception goes on.
-    template <typename Body>
-    void AsUserChange(TGantUserChange kind, const Body &body);
-
     // Fire the events of clicks, on ItemUnderMouse and on an item, which may be null.
     virtual void DoClickGantArea(TMouseButton button);
     virtual void DoDblClickGantArea(TzuDataEntity_Spanbar *item)
@@ -122,36 +102,12 @@ protected:
         OnDblClickGantArea(Component(), item);
     }
 
-    /// Where an item would come to lie.
-    struct TDrop
-    {
-        TDateTime Start = 0;
-        TDateTime Stop = 0;
-        TGantRow *Row = nullptr;
-    };
-    using TItemChange = std::function<bool(TzuDataEntity_Spanbar &item)>;
-
-    // The rules of moving and resizing, whatever the user does it with. None asks for permissions.
-
-    /// Fits the grid to the zoom level.
-    void UpdateScreenSnap();
-    /// The item moved in time and snapped.
-    TDrop Shifted(const TzuDataEntity_Spanbar &item, TDateTime shift,
-                  TGantMouseMoveMode mode) const;
-    /// The item with one end moved, and both snapped; never inverted.
-    TDrop Grown(const TzuDataEntity_Spanbar &item, TGantEnd end, TDateTime shift) const;
-    /// Sets and announces the times; false when they are the item's already.
-    bool ApplyTimes(TzuDataEntity_Spanbar &item, const TDrop &drop);
-    /// Sets the times and has the application change the row, if it is another one.
-    bool MoveItem(TzuDataEntity_Spanbar &item, const TDrop &drop);
-    /// Calls `change`, which tells whether it has changed anything, for each selected item that can
-    /// be edited, in chart order, as one change of the user. Handlers may delete items.
-    void ChangeSelected(TGantUserChange kind, const TItemChange &change);
-
     /// Draws the outline of one item.
     virtual void DrawOutline(const TRect &rect, TCanvas &canvas);
+    /// Draws those of the items as the running gesture would leave them.
+    virtual void DrawOutlineOfSelected(std::span<const TRect> frames, TCanvas &canvas);
+    virtual void DrawOutlineOfDependencyArrow(TPoint from, TPoint to, TCanvas &canvas);
 
-    void _OnInsertItem(TzuDataEntity *item) override;
     void _OnDeleteItem(TzuDataEntity *item) override;
     void _OnItemFreed(const TzuDataEntity_Spanbar *item) override;
     void _OnDeleteItem_Link(TzuDataEntity *link) override;
@@ -159,11 +115,6 @@ protected:
 
 private:
     static constexpr auto kNoMode = TGantMouseMoveMode::mmNone;
-
-    class TWork;
-
-    void BeginUserChange(TGantUserChange kind);
-    void EndUserChange(TGantUserChange kind, bool changed);
 
     bool IsMove() const;
     bool IsGrow() const;
@@ -179,8 +130,9 @@ private:
     void UpdateBand();
     bool PastThreshold(TPoint at) const;
     TPoint OffsetTo(TPoint at);
-    TPoint Permitted(TPoint delta, const TGantRow *originRow) const;
     TGantRow *OriginRow() const;
+    bool OriginRowLets(bool (TGantRow::*permission)() const) const;
+    TPoint Permitted(TPoint delta) const;
     void DoScaleStartStopAdjust(int x);
     void AdjustRowScroll(int y);
     void StartOrStopTimer();
@@ -192,7 +144,12 @@ private:
     TSelectHow BandRule() const;
     TRect BandRect() const;
     TGestureFeedback Feedback();
-    void AddOutlinesOfSelected(std::vector<TRect> &frames);
+    // What the gesture shows when the mouse is at a point, which sets its offset.
+    TGestureFeedback HandleLocalGrow(int x, int y);
+    TGestureFeedback HandleLocalDrag(int x, int y, bool vertical, bool horizontal);
+    TGestureFeedback HandleLocalDependency(int x, int y);
+    TGestureFeedback HandleLocalBand();
+    std::vector<TRect> OutlinesOfSelected(TPoint delta);
     std::vector<TzuDataEntity_Spanbar *> SelectedOnRowsShownAt(int dy) const;
     void ShowFeedback(TGestureFeedback feedback);
     void InvalidateFeedback();
@@ -206,19 +163,14 @@ private:
     TDateTime TimeShift(int pixel, int pixels) const;
     void HandleDependencyChange(int x, int y);
     void HandleGrow(TPoint delta);
-    bool CopyItem(TzuDataEntity_Spanbar &item, TPoint delta);
-    bool MoveItemToRow(TzuDataEntity_Spanbar &item, TGantRow &row, const TDrop &drop);
 
-    TSnapHandler m_snap;
     TAutoScroll m_autoScroll;
     TGestureFeedback m_feedback;
     std::shared_ptr<const bool> m_life; ///< expires with the chart
     TzuDataEntity_Spanbar *m_itemUnderMouse = nullptr;
     TzuDataEntity_Link *m_linkUnderMouse = nullptr; ///< of the last press; it waits for the release
     TzuDataEntity_Spanbar *m_gestureItem = nullptr; ///< that a dependency or a resizing is about
-    TzuDataEntity_Spanbar *m_insertedItem = nullptr; ///< by the handler of a copy or row change
-    TWork *m_work = nullptr;                         ///< innermost of those that run
-    TPoint m_downPoint;                              ///< moves with axis and rows
+    TPoint m_downPoint;                             ///< moves with axis and rows
     TPoint m_delta;
     TPoint m_lastDelta;
     TPoint m_mouse; ///< where the last event happened
@@ -230,7 +182,6 @@ private:
     TDateTime m_seenStart = 0;
     TDateTime m_seenStop = 0;
     int m_seenRowScroll = 0;
-    int m_userChanges = 0; ///< nesting of AsUserChange
     TGantMouseMoveMode m_mode = kNoMode;
     TGantStickyMode m_stickyMode = TGantStickyMode::smNone;
     bool m_mouseDown = false;
@@ -241,23 +192,7 @@ private:
     bool m_movedInRows = false;
     bool m_timerOn = false;
     bool m_steppingAxis = false;
-    bool m_moveInTimeWhenMoveRow = false;
-    bool m_moveOver12Then24 = false;
     bool m_startDragOutside = false;
 };
-
-template <typename Body>
-void TGantGestures::AsUserChange(TGantUserChange kind, const Body &body)
-{
-    BeginUserChange(kind);
-    bool changed = true;
-    try {
-        changed = body();
-    } catch (...) {
-        EndUserChange(kind, true);
-        throw;
-    }
-    EndUserChange(kind, changed);
-}
 
 } // namespace korvane

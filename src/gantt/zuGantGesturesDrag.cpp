@@ -45,16 +45,20 @@ TGantRow *TGantGestures::OriginRow() const
     return InputHost().RowAtHeight(m_downPoint.Y);
 }
 
-TPoint TGantGestures::Permitted(TPoint delta, const TGantRow *originRow) const
+/// Whether the row pressed on permits something; beside the rows everything is permitted.
+bool TGantGestures::OriginRowLets(bool (TGantRow::*permission)() const) const
 {
-    if (originRow == nullptr) {
-        return delta;
-    }
-    if ((IsMove() && !originRow->TimeItems_CanMove())
-        || (IsGrow() && !originRow->TimeItems_CanResize())) {
+    const TGantRow *row = OriginRow();
+    return row == nullptr || (row->*permission)();
+}
+
+TPoint TGantGestures::Permitted(TPoint delta) const
+{
+    if ((IsMove() && !OriginRowLets(&TGantRow::TimeItems_CanMove))
+        || (IsGrow() && !OriginRowLets(&TGantRow::TimeItems_CanResize))) {
         delta.X = 0;
     }
-    if (IsMove() && !originRow->TimeItems_CanChangeRow()) {
+    if (IsMove() && !OriginRowLets(&TGantRow::TimeItems_CanChangeRow)) {
         delta.Y = 0;
     }
     return delta;
@@ -73,7 +77,6 @@ void TGantGestures::Drag()
         HandOverToDragAndDrop();
         return;
     }
-    m_delta = Permitted(OffsetTo(m_mouse), OriginRow());
     DoScaleStartStopAdjust(m_mouse.X);
     AdjustRowScroll(m_mouse.Y);
     if (m_rubber) {
@@ -121,10 +124,8 @@ TRect TGantGestures::BandRect() const
 
 void TGantGestures::DoScaleStartStopAdjust(int x)
 {
-    const TGantRow *row = OriginRow();
-    const bool fixed =
-        row != nullptr
-        && ((IsMove() && !row->TimeItems_CanMove()) || (IsGrow() && !row->TimeItems_CanResize()));
+    const bool fixed = (IsMove() && !OriginRowLets(&TGantRow::TimeItems_CanMove))
+                       || (IsGrow() && !OriginRowLets(&TGantRow::TimeItems_CanResize));
     const int beyond = fixed ? 0 : PixelsBeyond(x, Host().AreaSize().Width);
     TDateScalerGestures &axis = Host().Scaler();
     if (beyond < 0) {
@@ -141,8 +142,7 @@ void TGantGestures::DoScaleStartStopAdjust(int x)
 
 void TGantGestures::AdjustRowScroll(int y)
 {
-    const TGantRow *row = OriginRow();
-    const bool fixed = IsGrow() || (IsMove() && row != nullptr && !row->TimeItems_CanChangeRow());
+    const bool fixed = IsGrow() || (IsMove() && !OriginRowLets(&TGantRow::TimeItems_CanChangeRow));
     m_autoScroll.SetBeyond(fixed ? 0 : PixelsBeyond(y, Host().AreaSize().Height));
     StartOrStopTimer();
 }
@@ -211,7 +211,6 @@ void TGantGestures::GantAreaPaint()
     TGantSelection::GantAreaPaint();
     if (GestureRunning() && m_dragging) {
         FollowScrolling();
-        m_delta = Permitted(OffsetTo(m_mouse), OriginRow());
         m_feedback = Feedback(); // the overlay is drawn after the area anyway
     }
 }
@@ -220,38 +219,80 @@ void TGantGestures::GantAreaPaint()
 
 TGestureFeedback TGantGestures::Feedback()
 {
-    TGestureFeedback feedback;
     UpdateScreenSnap();
-    if (IsMove()) {
-        AddOutlinesOfSelected(feedback.Frames);
-    } else if (IsGrow() && m_gestureItem != nullptr) {
-        TGantRow *row = m_gestureItem->GetRow();
-        const TDrop drop = GrownTimes(*m_gestureItem, m_delta);
-        if (const auto top = InputHost().RowTop(*row)) {
-            feedback.Frames.push_back(InsetRect(
-                *m_gestureItem, row->RectAt(*m_gestureItem, {*top, *top + LineHeight(*row)},
-                                            drop.Start, drop.Stop)));
-        }
-    } else if (m_mode == TGantMouseMoveMode::mmDependency) {
-        feedback.HasArrow = true;
-        feedback.ArrowFrom = m_downPoint;
-        feedback.ArrowTo = m_mouse;
-        if (const auto *target = GetDataEntityFromXY(m_mouse.X, m_mouse.Y)) {
-            feedback.Frames.push_back(InsetRect(
-                *target, target->GetRow()->RectFromDataEntity(*target).value_or(TRect{})));
-        }
-    } else if (m_rubber) {
+    switch (m_mode) {
+    case TGantMouseMoveMode::mmMove:
+    case TGantMouseMoveMode::mmCopy:
+        return HandleLocalDrag(m_mouse.X, m_mouse.Y,
+                               OriginRowLets(&TGantRow::TimeItems_CanChangeRow),
+                               OriginRowLets(&TGantRow::TimeItems_CanMove));
+    case TGantMouseMoveMode::mmGrowLeft:
+    case TGantMouseMoveMode::mmGrowRight:
+        return HandleLocalGrow(m_mouse.X, m_mouse.Y);
+    case TGantMouseMoveMode::mmDependency:
+        return HandleLocalDependency(m_mouse.X, m_mouse.Y);
+    case TGantMouseMoveMode::mmNone:
+        break;
+    }
+    return HandleLocalBand();
+}
+
+TGestureFeedback TGantGestures::HandleLocalGrow(int x, int y)
+{
+    TGestureFeedback feedback;
+    m_delta = Permitted(OffsetTo({x, y}));
+    if (m_gestureItem == nullptr) {
+        return feedback;
+    }
+    const TGantRow *row = m_gestureItem->GetRow();
+    const TDrop drop = GrownTimes(*m_gestureItem, m_delta);
+    if (const auto top = InputHost().RowTop(*row)) {
+        feedback.Frames.push_back(
+            InsetRect(*m_gestureItem, row->RectAt(*m_gestureItem, {*top, *top + LineHeight(*row)},
+                                                  drop.Start, drop.Stop)));
+    }
+    return feedback;
+}
+
+TGestureFeedback TGantGestures::HandleLocalDrag(int x, int y, bool vertical, bool horizontal)
+{
+    const TPoint offset = OffsetTo({x, y});
+    m_delta = {horizontal ? offset.X : 0, vertical ? offset.Y : 0};
+    TGestureFeedback feedback;
+    feedback.Frames = OutlinesOfSelected(m_delta);
+    return feedback;
+}
+
+TGestureFeedback TGantGestures::HandleLocalDependency(int x, int y)
+{
+    TGestureFeedback feedback;
+    m_delta = OffsetTo({x, y});
+    feedback.HasArrow = true;
+    feedback.ArrowFrom = m_downPoint;
+    feedback.ArrowTo = {x, y};
+    if (const auto *target = GetDataEntityFromXY(x, y)) {
+        feedback.Frames.push_back(
+            InsetRect(*target, target->GetRow()->RectFromDataEntity(*target).value_or(TRect{})));
+    }
+    return feedback;
+}
+
+TGestureFeedback TGantGestures::HandleLocalBand()
+{
+    TGestureFeedback feedback;
+    if (m_rubber) {
         feedback.Band = BandRect();
     }
     return feedback;
 }
 
-void TGantGestures::AddOutlinesOfSelected(std::vector<TRect> &frames)
+std::vector<TRect> TGantGestures::OutlinesOfSelected(TPoint delta)
 {
+    std::vector<TRect> frames;
     const bool copy = m_mode == TGantMouseMoveMode::mmCopy;
     const TRect area{0, 0, Host().AreaSize().Width, Host().AreaSize().Height};
-    for (const TzuDataEntity_Spanbar *item : SelectedOnRowsShownAt(m_delta.Y)) {
-        const TDrop drop = DropOf(*item, m_delta, copy);
+    for (const TzuDataEntity_Spanbar *item : SelectedOnRowsShownAt(delta.Y)) {
+        const TDrop drop = DropOf(*item, delta, copy);
         const auto top = InputHost().RowTop(*drop.Row);
         if (!top) {
             continue;
@@ -263,6 +304,7 @@ void TGantGestures::AddOutlinesOfSelected(std::vector<TRect> &frames)
             frames.push_back(rect);
         }
     }
+    return frames;
 }
 
 /// The selected items of all rows that an offset brings into the area. Costs what is on these.
@@ -320,20 +362,30 @@ void TGantGestures::InvalidateFeedback()
 
 void TGantGestures::GantAreaPaintOverlay(TCanvas &canvas)
 {
-    for (const TRect &frame : m_feedback.Frames) {
-        DrawOutline(frame, canvas);
-    }
+    DrawOutlineOfSelected(m_feedback.Frames, canvas);
     if (!m_feedback.Band.IsEmpty()) {
         TOutlineDraw::RubberBand(m_feedback.Band, canvas);
     }
     if (m_feedback.HasArrow) {
-        TOutlineDraw::Arrow(m_feedback.ArrowFrom, m_feedback.ArrowTo, canvas);
+        DrawOutlineOfDependencyArrow(m_feedback.ArrowFrom, m_feedback.ArrowTo, canvas);
     }
 }
 
 void TGantGestures::DrawOutline(const TRect &rect, TCanvas &canvas)
 {
     TOutlineDraw::Frame(rect, canvas);
+}
+
+void TGantGestures::DrawOutlineOfSelected(std::span<const TRect> frames, TCanvas &canvas)
+{
+    for (const TRect &frame : frames) {
+        DrawOutline(frame, canvas);
+    }
+}
+
+void TGantGestures::DrawOutlineOfDependencyArrow(TPoint from, TPoint to, TCanvas &canvas)
+{
+    TOutlineDraw::Arrow(from, to, canvas);
 }
 
 // --- pointer and hint ----------------------------------------------------------------------------

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "foundation/qt/zuOffscreenPaint.h"
+#include "gantt/qt/zuGantEvents.h"
 #include "gantt/qt/zuGantTabs.h"
 #include "gantt/qt/zuGantTree.h"
 #include "gantt/zuGantKeys.h"
@@ -16,7 +17,6 @@
 #include <string_view>
 #include <utility>
 
-class QDrag;
 class QScrollBar;
 
 namespace korvane {
@@ -26,20 +26,6 @@ class TGantAreaInput;
 class TGantAreaKeys;
 class TGraphHintWindow;
 class TzuSplitter;
-
-using TOnScalerChange =
-    TMethod<void(TzuGant_ComBasic *theGant, TDateTime theStart, TDateTime theStop)>;
-/// The proportions of the chart have changed: the visible time or the width of the tree, in pixels.
-using TOnAlignNeed =
-    TMethod<void(TzuGant_ComBasic *caller, TDateTime theStart, TDateTime theStop, int theWidth)>;
-/// State of the external scroll bar, in lines of the tree.
-using TOnRealignScrollbar = TMethod<void(TzuGant_ComBasic *theGant, int position, int min, int max,
-                                         int pageSize, bool enabled)>;
-
-using TOnGantAreaStartDrag = TMethod<void(TzuGant_ComBasic *theGant, QDrag &drag)>;
-/// Positions of the events are in area pixels.
-using TOnGantAreaDragOver = TMethod<void(TzuGant_ComBasic *theGant, QDragMoveEvent &event)>;
-using TOnGantAreaDragDrop = TMethod<void(TzuGant_ComBasic *theGant, QDropEvent &event)>;
 
 /// All behaviour of the Gantt chart control.
 ///

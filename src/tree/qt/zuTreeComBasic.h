@@ -1,16 +1,15 @@
 // The behaviour of the tree component: a tree view whose nodes display a hierarchy of entities.
 #pragma once
 
-#include "foundation/zuCanvas.h"
 #include "tree/qt/zuCustomTreeView.h"
 #include "tree/qt/zuTreeDrag.h"
+#include "tree/qt/zuTreeTypes.h"
 #include "tree/zuTreeUser.h"
 
 #include <QElapsedTimer>
 #include <QPointer>
 #include <QString>
 
-#include <cstdint>
 #include <memory>
 #include <optional>
 
@@ -21,32 +20,6 @@ namespace korvane {
 class TTreeCaptionEdit;
 class TTreeNodeDelegate;
 class TzuImageList;
-
-enum class TBorderStyle : std::uint8_t { bsNone, bsSingle };
-
-/// The vertical scroll range in rows: the first row shown is Position, Min <= Position <= Max, and
-/// Page rows are shown whole.
-struct TScrollInfo
-{
-    int Min = 0;
-    int Max = 0;
-    int Page = 0;
-    int Position = 0;
-
-    friend bool operator==(const TScrollInfo &, const TScrollInfo &) = default;
-};
-
-/// How one row is drawn. A handler may change the optional members, the style and the image.
-struct TTreeItemLook
-{
-    std::optional<TColor> TextColor;
-    std::optional<TColor> BackColor; ///< of the whole row, unless it is selected
-    TFontStyles Style;               ///< on top of the tree's font
-    int ImageIndex = -1;
-    bool Selected = false;
-    bool Focused = false;
-    bool Hot = false; ///< under the pointer
-};
 
 /// All behaviour of the tree. The view's model is the tree's own; its items are not to be changed
 /// through it. A caption that is being edited when its node goes, because the entity moves

@@ -1,0 +1,26 @@
+// Events of the Gantt chart control, besides those of its core.
+#pragma once
+
+#include "gantt/zuGantTypes.h"
+
+class QDrag;
+class QDragMoveEvent;
+class QDropEvent;
+
+namespace korvane {
+
+using TOnScalerChange =
+    TMethod<void(TzuGant_ComBasic *theGant, TDateTime theStart, TDateTime theStop)>;
+/// The proportions of the chart have changed: the visible time or the width of the tree, in pixels.
+using TOnAlignNeed =
+    TMethod<void(TzuGant_ComBasic *caller, TDateTime theStart, TDateTime theStop, int theWidth)>;
+/// State of the external scroll bar, in lines of the tree.
+using TOnRealignScrollbar = TMethod<void(TzuGant_ComBasic *theGant, int position, int min, int max,
+                                         int pageSize, bool enabled)>;
+
+using TOnGantAreaStartDrag = TMethod<void(TzuGant_ComBasic *theGant, QDrag &drag)>;
+/// Positions of the events are in area pixels.
+using TOnGantAreaDragOver = TMethod<void(TzuGant_ComBasic *theGant, QDragMoveEvent &event)>;
+using TOnGantAreaDragDrop = TMethod<void(TzuGant_ComBasic *theGant, QDropEvent &event)>;
+
+} // namespace korvane
