@@ -52,7 +52,17 @@ function(korvane_add_library name alias)
     add_library(korvane::${alias} ALIAS ${name})
     set_target_properties(${name} PROPERTIES
         EXPORT_NAME ${alias}
+        VERSION ${PROJECT_VERSION}
+        SOVERSION ${PROJECT_VERSION_MAJOR}.${PROJECT_VERSION_MINOR}
+        CXX_VISIBILITY_PRESET hidden
+        VISIBILITY_INLINES_HIDDEN ON
+        # Plug-ins link the static libraries too.
+        POSITION_INDEPENDENT_CODE ON
         VERIFY_INTERFACE_HEADER_SETS ${PROJECT_IS_TOP_LEVEL})
+    get_target_property(type ${name} TYPE)
+    if(type STREQUAL "STATIC_LIBRARY")
+        target_compile_definitions(${name} PUBLIC $<$<PLATFORM_ID:Windows>:KORVANE_STATIC>)
+    endif()
     target_compile_features(${name} PUBLIC cxx_std_20)
     target_link_libraries(${name} PRIVATE $<BUILD_INTERFACE:korvane_build_options>)
     target_sources(${name} PUBLIC FILE_SET HEADERS BASE_DIRS "${PROJECT_SOURCE_DIR}/src")
