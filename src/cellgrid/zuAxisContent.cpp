@@ -74,9 +74,7 @@ void TAxisContentList::Place(int position, std::unique_ptr<TAxisContentItem> ite
 std::unique_ptr<TAxisContentItem> TAxisContentList::Take(int position)
 {
     std::unique_ptr<TAxisContentItem> item(m_loaded.Erase(position));
-    if (item->m_hiddenChunk != kNoChunk) {
-        m_hiddens.Erase(m_hiddens.IndexOf(item.get()));
-    }
+    UpdateHiddenItemsList(*item, false);
     if (item->InVisibleList()) {
         m_visibles.Erase(m_visibles.IndexOf(item.get()));
     }
@@ -300,12 +298,27 @@ void TAxisContentList::ClearVisibles()
 
 void TAxisContentList::UpdateHiddenItemsList(TAxisContentItem &item, bool hide)
 {
-    const bool listed = item.m_hiddenChunk != kNoChunk;
-    if (hide && !listed) {
-        m_hiddens.Append(&item);
-    } else if (!hide && listed) {
-        m_hiddens.Erase(m_hiddens.IndexOf(&item));
+    if (hide != item.m_countedAsHidden) {
+        item.m_countedAsHidden = hide;
+        m_hiddenCount += hide ? 1 : -1;
     }
+}
+
+void TAxisContentList::SetHidden(int first, int last, bool hide)
+{
+    if (first > last) {
+        return;
+    }
+    m_extents.Fill(first, last - first + 1, hide ? 0 : TRunSequence::kDefault);
+    for (int index = first; index <= last; ++index) {
+        TAxisContentItem &item = *m_loaded.At(IndexConvert_RealToLoaded(index));
+        item.m_hide = hide;
+        UpdateHiddenItemsList(item, hide);
+        if (!hide && item.WantedSize() != TRunSequence::kDefault) {
+            m_extents.Fill(index, 1, item.WantedSize());
+        }
+    }
+    ++m_changes;
 }
 
 // --- index maintenance

@@ -35,7 +35,7 @@ public:
     int LoadedCount() const { return m_loaded.Size(); }
     int VisibleCount() const { return m_visibles.Size(); }
     /// Number of loaded items that are hidden.
-    int GetHiddenRowCount() const { return m_hiddens.Size(); }
+    int GetHiddenRowCount() const { return m_hiddenCount; }
     int UnloadedBefore() const { return m_unloadedBefore; }
     int UnloadedAfter() const { return m_unloadedAfter; }
     /// Items of the head. The caller sees to it that they are loaded.
@@ -111,6 +111,9 @@ public:
     void AddToVisible(TAxisContentItem &item);
     void ClearVisibles();
     void UpdateHiddenItemsList(TAxisContentItem &item, bool hide);
+    /// SetHide of the loaded items `first`..`last` (both included) without the hide event, which is
+    /// the caller's to fire.
+    void SetHidden(int first, int last, bool hide);
 
     bool IndexesOutOfDate() const { return m_indexesOutOfDate; }
     int FirstStaleIndex() const { return m_firstStaleIndex; }
@@ -167,8 +170,6 @@ private:
     TLoaded m_loaded; ///< its numbers are the cached indexes
     TSequence<TAxisContentItem, TPlaceInItem<TAxisContentItem, TAxisContentItem::VisiblePlace>>
         m_visibles;
-    TSequence<TAxisContentItem, TPlaceInItem<TAxisContentItem, TAxisContentItem::HiddenPlace>>
-        m_hiddens;
     TRunSequence m_extents;                                       ///< by real index
     std::shared_ptr<bool> m_lives = std::make_shared<bool>(true); ///< false once destroyed
     std::uint64_t m_changes = 0;
@@ -177,6 +178,7 @@ private:
     int m_unloadedBefore = 0;
     int m_unloadedAfter = 0;
     int m_fixedCount = 0;
+    int m_hiddenCount = 0;
     int m_protectFrom = -1;
     int m_protectTo = -1;
     std::uint32_t m_lastId = 0;

@@ -87,10 +87,6 @@ private:
     {
         static std::uint32_t &Of(TAxisContentItem &item) { return item.m_visibleChunk; }
     };
-    struct HiddenPlace
-    {
-        static std::uint32_t &Of(TAxisContentItem &item) { return item.m_hiddenChunk; }
-    };
 
     TAxisContentItem(TAxisContentList *list, TObject *value, std::uint32_t id)
         : m_value(value)
@@ -112,9 +108,9 @@ private:
     std::uint32_t m_id; ///< of no other item of the list
     std::uint32_t m_loadedChunk = kNoChunk;
     std::uint32_t m_visibleChunk = kNoChunk;
-    std::uint32_t m_hiddenChunk = kNoChunk;
     bool m_userSizeActive = false;
     bool m_hide = false;
+    bool m_countedAsHidden = false;
 };
 
 } // namespace korvane

@@ -113,6 +113,9 @@ public:
     virtual bool GetSelected() const;
     virtual void SetSelected(bool selected);
 
+    /// Called once the cell stands in its grid.
+    virtual void AfterPlaced() {}
+
 protected:
     TBabCell() = default;
     /// Tells the viewer that the cell is to be shown anew.

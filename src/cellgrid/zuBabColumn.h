@@ -30,6 +30,13 @@ constexpr bool IsSimpleKind(TColumnKind kind)
     return kind < TColumnKind::tckSubGrid;
 }
 
+/// Whether cells of the kind hold grids. Where the rows themselves are a tree, a column of kind
+/// tckSubTree is the tree's own.
+constexpr bool HoldsGrids(TColumnKind kind, bool gridShowsTree)
+{
+    return kind == TColumnKind::tckSubGrid || (kind == TColumnKind::tckSubTree && !gridShowsTree);
+}
+
 /// Whether and how the rows are sorted by a column.
 enum class TSortMark : std::uint8_t { None, Ascending, Descending };
 
@@ -44,6 +51,8 @@ public:
     virtual TSortMark SortMark() const = 0;
     virtual bool ReadOnly() const = 0;
     virtual bool TreeButton() const = 0;
+    /// Whether the column shows the tree, in grids whose rows are one.
+    bool IsTreeColumn() const { return TreeButton() || Kind() == TColumnKind::tckSubTree; }
     virtual bool HasIcon() const = 0;
     virtual bool Groupcells() const = 0;
     /// Nil: the grid's.

@@ -34,16 +34,29 @@ TBabCell &TBabGridCell::GetCell(TAxisContentItem &column, TAxisContentItem &row)
     if (TBabCell *cell = m_matris.FindCell(column, row)) {
         return *cell;
     }
+    const auto changes = m_columns.Changes() + m_rows.Changes();
+    const auto crossingMayBeGone = [&] {
+        return m_columns.Changes() + m_rows.Changes() != changes;
+    };
+    const auto nowhere = []() -> TBabCell & {
+        static TBabSimpleCell cell;
+        return cell;
+    };
     std::unique_ptr<TBabCell> created;
     if (TBabGridCellForViewer *viewer = GetViewerGridCell()) {
         created = viewer->OnCreateCell(this, &column, &row);
+    }
+    if (crossingMayBeGone()) {
+        return nowhere();
     }
     if (created == nullptr) {
         auto simple = std::make_unique<TBabSimpleCell>();
         simple->Data().SetText(CellText(column, row));
         created = std::move(simple);
     }
-    return m_matris.PutCell(column, row, std::move(created));
+    TBabCell &cell = m_matris.PutCell(column, row, std::move(created));
+    cell.AfterPlaced();
+    return crossingMayBeGone() ? nowhere() : cell;
 }
 
 TBabCell *TBabGridCell::GetCell(int column, int row)
@@ -96,6 +109,9 @@ void TBabGridCell::DroppingAxisItem(TAxisContentList &list, int index)
 {
     TAxisContentItem &item = *list.FindLoaded(index);
     if (&list == &m_rows) {
+        if (IBabTreeRow *node = TreeRowOf(item)) {
+            node->RowGoes();
+        }
         m_matris.RowGoes(item);
     } else {
         m_matris.ColumnGoes(item, m_rows);

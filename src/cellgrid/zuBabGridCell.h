@@ -3,6 +3,7 @@
 
 #include "cellgrid/zuAxisContent.h"
 #include "cellgrid/zuBabCell.h"
+#include "cellgrid/zuBabTreeRow.h"
 #include "cellgrid/zuCellMatris.h"
 #include "foundation/zuEventHandling.h"
 #include "foundation/zuMethod.h"
@@ -36,7 +37,8 @@ public:
     /// The grid cell of the view that this grid is shown in, at any depth; nil while in none.
     virtual TBabGridCellForViewer *GetViewerGridCell() const;
 
-    /// The cell at two items, made when it does not exist yet; the viewer says which class.
+    /// The cell at two items, made when it does not exist yet; the viewer says which class. A cell
+    /// of no grid when a handler changed the axes meanwhile.
     TBabCell &GetCell(TAxisContentItem &column, TAxisContentItem &row);
     /// Likewise by real indexes, loading on demand; nil when there is no such crossing.
     TBabCell *GetCell(int column, int row);
@@ -50,6 +52,15 @@ public:
     /// Whether the last column takes what is left of the width that the grid is shown in.
     bool ExtendLastColumnToWidth() const { return m_extendLastColumn; }
     void SetExtendLastColumnToWidth(bool extend) { m_extendLastColumn = extend; }
+
+    /// Whether the rows are the nodes of a tree.
+    bool ShowsTree() const { return m_showsTree; }
+    void SetShowsTree(bool showsTree) { m_showsTree = showsTree; }
+    /// The row's node; nil for the head, and where no tree is shown.
+    IBabTreeRow *TreeRowOf(const TAxisContentItem &row) const
+    {
+        return m_showsTree ? dynamic_cast<IBabTreeRow *>(row.Value()) : nullptr;
+    }
 
     /// Deselecting deselects every cell; selecting selects all behind the heads.
     void SetSelected(bool selected) override;
@@ -78,6 +89,7 @@ private:
     TAxisContentList m_columns;
     TAxisContentList m_rows;
     bool m_extendLastColumn = false;
+    bool m_showsTree = false;
 };
 
 /// A grid in a cell of another grid.

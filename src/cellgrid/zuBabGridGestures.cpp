@@ -45,6 +45,11 @@ void TBabGridGestures::MouseDown(TMouseButton button, TShiftState shift, TPoint 
     case TGridPart::Corner:
         SelectAll();
         break;
+    case TGridPart::TreeButton:
+        if (!ExpandNode(hit.At, true)) {
+            ExpandNode(hit.At, false);
+        }
+        break;
     case TGridPart::RowHeader:
     case TGridPart::Cell:
     case TGridPart::CheckBox:

@@ -70,7 +70,7 @@ TBabGridLayoutCore::TBabGridLayoutCore(IBabGridHost &host)
     , m_root(std::make_unique<TBabGridCellForViewer>())
     , m_axisListener(m_root->AxisEvent, TOnEvent::Bind<&TBabGridLayoutCore::OnAxisEvent>(this),
                      false)
-    , m_hideListener(m_root->HideEvent, TOnEvent::Bind<&TBabGridLayoutCore::OnAxisEvent>(this),
+    , m_hideListener(m_root->HideEvent, TOnEvent::Bind<&TBabGridLayoutCore::OnHideEvent>(this),
                      false)
     , m_sizeListener(m_root->UserSizeEvent, TOnEvent::Bind<&TBabGridLayoutCore::OnAxisEvent>(this),
                      false)
@@ -100,6 +100,12 @@ void TBabGridLayoutCore::OnAxisEvent(TSingleEventListener * /*listener*/)
     LayoutOutOfDate();
 }
 
+void TBabGridLayoutCore::OnHideEvent(TSingleEventListener * /*listener*/)
+{
+    LayoutOutOfDate();
+    HiddenChanged();
+}
+
 void TBabGridLayoutCore::OnSelectionEvent(TSingleEventListener * /*listener*/)
 {
     m_host.InvalidateGrid();
@@ -116,9 +122,12 @@ void TBabGridLayoutCore::SetExtendLastColumnToWidth(bool extend)
 
 void TBabGridLayoutCore::LayoutOutOfDate()
 {
-    m_outOfDate = true;
+    const bool lost = !std::exchange(m_outOfDate, true);
     if (!m_layingOut) {
         m_host.InvalidateGrid();
+        if (lost) {
+            LayoutLost();
+        }
     }
 }
 
@@ -308,7 +317,8 @@ bool TBabGridLayoutCore::MeasureRows(TGridBlock &block)
         const TBabColumn *column = ColumnOf(*item);
         const TLayoutProp *layout = column != nullptr ? column->LayoutProp() : nullptr;
         const bool wraps = (layout != nullptr ? *layout : m_defaultLayout).WrapTextAndFit;
-        if (!item->GetHide() && (wraps || (column != nullptr && !IsSimpleKind(column->Kind())))) {
+        if (!item->GetHide()
+            && (wraps || (column != nullptr && HoldsGrids(column->Kind(), grid.ShowsTree())))) {
             measured.push_back(item);
         }
     }
@@ -352,8 +362,10 @@ int TBabGridLayoutCore::MeasuredHeight(TBabGridCell &grid, TAxisContentItem &col
                                        TAxisContentItem &row, const TRect &cell)
 {
     const TBabColumn *info = ColumnOf(column);
-    if (info != nullptr && !IsSimpleKind(info->Kind())) {
-        auto *subGrid = dynamic_cast<TBabGridCell *>(&grid.GetCell(column, row));
+    if (info != nullptr && HoldsGrids(info->Kind(), grid.ShowsTree())) {
+        const TGridChanges before(grid);
+        TBabCell &made = grid.GetCell(column, row);
+        auto *subGrid = before.Happened() ? nullptr : dynamic_cast<TBabGridCell *>(&made);
         if (subGrid == nullptr) {
             return 0;
         }
@@ -581,6 +593,10 @@ TGridHit TBabGridLayoutCore::HitIn(const TGridBlock &block, TPoint point)
         && CheckBoxRect(hit.Rect).Contains(point)) {
         hit.Part = TGridPart::CheckBox;
     }
+    if (TreeButtonRect(hit.At, hit.Rect).Contains(point)) {
+        hit.Part = TGridPart::TreeButton;
+        return hit;
+    }
     auto *subGrid = dynamic_cast<TBabGridCell *>(block.Grid->FindCell(*column->Item, *row->Item));
     if (subGrid != nullptr) {
         const TGridHit inner =
@@ -599,17 +615,42 @@ TRect TBabGridLayoutCore::CheckBoxRect(const TRect &cell) const
     return {left, top, left + kCheckBox, top + kCheckBox};
 }
 
+IBabTreeRow *TBabGridLayoutCore::TreeNodeAt(const TGridCellAt &at)
+{
+    const TAxisContentItem *column =
+        at.Grid->ShowsTree() ? at.Grid->Columns().FindLoaded(at.Column) : nullptr;
+    const TBabColumn *info = column != nullptr ? ColumnOf(*column) : nullptr;
+    const TAxisContentItem *row =
+        info != nullptr && info->IsTreeColumn() ? at.Grid->Rows().FindLoaded(at.Row) : nullptr;
+    return row != nullptr ? at.Grid->TreeRowOf(*row) : nullptr;
+}
+
+TRect TBabGridLayoutCore::TreeButtonRect(const TGridCellAt &at, const TRect &cell) const
+{
+    const IBabTreeRow *node = TreeNodeAt(at);
+    if (node == nullptr || !node->HasTreeButton()) {
+        return {};
+    }
+    // Beside the line that the text begins with.
+    const int left = cell.Left + kPadding + node->TreeLevel() * kTreeIndent;
+    const int bottom = std::min(cell.Bottom, cell.Top + at.Grid->Rows().DefaultSize());
+    return TRect{left, cell.Top, left + kTreeIndent, bottom - 1}.Intersected(cell);
+}
+
 TRect TBabGridLayoutCore::ContentRect(const TGridCellAt &at, const TRect &cell) const
 {
-    constexpr int kImage = 16;
     TRect rect{cell.Left + kPadding, cell.Top + kPadding / 2, cell.Right - 1 - kPadding,
                cell.Bottom - 1 - kPadding / 2};
+    if (const IBabTreeRow *node = TreeNodeAt(at)) {
+        rect.Left += (node->TreeLevel() + 1) * kTreeIndent;
+    }
     const TAxisContentItem *item = at.Grid->Columns().FindLoaded(at.Column);
     const TBabColumn *column = item != nullptr ? ColumnOf(*item) : nullptr;
     if (column != nullptr && column->HasIcon() && m_host.GridImages() != nullptr
         && at.Row >= at.Grid->Rows().FixedCount()) {
         rect.Left += kImage + kPadding;
     }
+    rect.Left = std::min(rect.Left, rect.Right);
     return rect;
 }
 
@@ -668,7 +709,8 @@ std::string TBabGridLayoutCore::CutText(const TGridCellAt &at)
     const bool header = at.Row < at.Grid->Rows().FixedCount();
     if (row == nullptr || column == nullptr
         || (!header && info != nullptr
-            && (info->Kind() == TColumnKind::tckBool || !IsSimpleKind(info->Kind())))) {
+            && (info->Kind() == TColumnKind::tckBool
+                || HoldsGrids(info->Kind(), at.Grid->ShowsTree())))) {
         return {};
     }
     std::string text = at.Grid->CellText(*column, *row);

@@ -51,7 +51,8 @@ enum class TGridPart : std::uint8_t {
     Corner,
     ColumnBorder, ///< at the end of the column header
     RowBorder,
-    CheckBox
+    CheckBox,
+    TreeButton
 };
 
 struct TGridHit
@@ -71,6 +72,8 @@ public:
     static constexpr int kPadding = 4;
     static constexpr int kGrip = 4; ///< how near to a border counts as on it
     static constexpr int kCheckBox = 13;
+    static constexpr int kImage = 16;
+    static constexpr int kTreeIndent = 16; ///< per level; the button lies in the last one
 
     /// The host outlives the core and is not called during construction.
     explicit TBabGridLayoutCore(IBabGridHost &host);
@@ -78,6 +81,8 @@ public:
 
     TBabGridCellForViewer &RootCell() { return *m_root; }
     const TBabGridCellForViewer &RootCell() const { return *m_root; }
+    /// The cell at real indexes, made when it does not exist; nil when there is no such crossing.
+    TBabCell *GetCell(int column, int row) { return m_root->GetCell(column, row); }
     bool ExtendLastColumnToWidth() const { return m_root->ExtendLastColumnToWidth(); }
     void SetExtendLastColumnToWidth(bool extend);
     /// Look of cells without a layout of their own or of their column.
@@ -116,6 +121,10 @@ public:
     /// Where the content of a cell is drawn; without lines, icon and padding.
     TRect ContentRect(const TGridCellAt &at, const TRect &cell) const;
     TRect CheckBoxRect(const TRect &cell) const;
+    /// The row's node where the crossing lies in the column of a tree, else nil.
+    static IBabTreeRow *TreeNodeAt(const TGridCellAt &at);
+    /// What a click has to hit to expand or collapse the node; empty without a button.
+    TRect TreeButtonRect(const TGridCellAt &at, const TRect &cell) const;
 
     static TBabColumn *ColumnOf(const TAxisContentItem &item);
     const TLayoutProp &LayoutOf(const TBabGridCell &grid, const TAxisContentItem &column,
@@ -131,6 +140,10 @@ protected:
     IBabGridHost &Host() const { return m_host; }
     /// Before a layout changes what is shown at the top left.
     virtual void TopLeftChanged() {}
+    /// The layout was up to date until now.
+    virtual void LayoutLost() {}
+    /// Columns or rows were hidden or shown.
+    virtual void HiddenChanged() {}
     virtual void CountChanged(TAxisContentList *, int /*index*/, int /*by*/) {}
     virtual void ItemMoved(TAxisContentList *, int /*from*/, int /*to*/) {}
     virtual void SubGridGoes(TBabGridCell *) {}
@@ -152,6 +165,7 @@ private:
     };
 
     void OnAxisEvent(TSingleEventListener *listener);
+    void OnHideEvent(TSingleEventListener *listener);
     void OnSelectionEvent(TSingleEventListener *listener);
     void ClampScroll();
     void UpdateDefaultHeight();

@@ -86,7 +86,9 @@ void TBabGridPainter::PaintColumn(const TGridBlock &block, const TGridBand &colu
     look.Column = TBabGridLayoutCore::ColumnOf(*column.Item);
     if (look.Column != nullptr) {
         look.Kind = look.Column->Kind();
-        look.Groups = look.Column->Groupcells() && IsSimpleKind(look.Kind) && !fixedRows;
+        look.Grids = HoldsGrids(look.Kind, block.Grid->ShowsTree());
+        look.Tree = block.Grid->ShowsTree() && look.Column->IsTreeColumn();
+        look.Groups = look.Column->Groupcells() && !look.Grids && !look.Tree && !fixedRows;
     }
     for (std::size_t at = 0; at < block.Rows.size(); ++at) {
         const TGridBand &row = block.Rows[at];
@@ -163,13 +165,16 @@ void TBabGridPainter::PaintCell(const TCellPlace &place, const TColumnLook &look
         m_canvas.FillRect(place.Rect, back);
     }
     const TGridCellAt at{&grid, place.Column.Index, place.Row.Index};
-    if (!IsSimpleKind(look.Kind)) {
+    if (look.Grids) {
         auto *subGrid =
             dynamic_cast<TBabGridCell *>(grid.FindCell(*place.Column.Item, *place.Row.Item));
         if (subGrid != nullptr) {
             PaintBlock(m_core.ShownIn(*subGrid, place.Rect, m_canvas.ClipRect()));
         }
         return;
+    }
+    if (look.Tree) {
+        PaintTreeButton(place, front);
     }
     const TRect shown = m_core.ContentRect(at, textRect.IsEmpty() ? place.Rect : textRect);
     if (look.Column != nullptr && look.Column->HasIcon() && m_state.Images != nullptr) {
@@ -181,8 +186,8 @@ void TBabGridPainter::PaintCell(const TCellPlace &place, const TColumnLook &look
         const int lineEnd = place.Rect.Top + grid.Rows().DefaultSize();
         const int bottom =
             layout.VertAlignCenter ? place.Rect.Bottom : std::min(place.Rect.Bottom, lineEnd);
-        m_canvas.DrawImage({place.Rect.Left + TBabGridLayoutCore::kPadding, place.Rect.Top,
-                            shown.Left - TBabGridLayoutCore::kPadding, bottom - 1},
+        const int right = shown.Left - TBabGridLayoutCore::kPadding;
+        m_canvas.DrawImage({right - TBabGridLayoutCore::kImage, place.Rect.Top, right, bottom - 1},
                            *m_state.Images, index);
     }
     const std::string text = grid.CellText(*place.Column.Item, *place.Row.Item);
@@ -282,6 +287,26 @@ void TBabGridPainter::PaintHeader(const TCellPlace &place, const TColumnLook &lo
         text.Center = layout != nullptr && layout->HorzAlignCenter;
     }
     PaintText(place.Block.Grid->CellText(*place.Column.Item, *place.Row.Item), content, text);
+}
+
+void TBabGridPainter::PaintTreeButton(const TCellPlace &place, TColor color)
+{
+    const TGridCellAt at{place.Block.Grid, place.Column.Index, place.Row.Index};
+    const TRect button = m_core.TreeButtonRect(at, place.Rect);
+    if (button.IsEmpty()) {
+        return;
+    }
+    const bool expanded = TBabGridLayoutCore::TreeNodeAt(at)->IsTreeExpanded();
+    const TSmoothScope smooth(m_canvas);
+    const TClipScope clip(m_canvas, button);
+    // In the middle of a line and of an indent, also where the cell is smaller.
+    const int x = button.Left + TBabGridLayoutCore::kTreeIndent / 2;
+    const int y = (button.Top + button.Bottom) / 2;
+    m_canvas.SetPen({color, 1, TPenStyle::psSolid});
+    m_canvas.SetBrushColor(color);
+    const std::array down{TPoint{x - 4, y - 2}, TPoint{x + 4, y - 2}, TPoint{x, y + 2}};
+    const std::array right{TPoint{x - 2, y - 4}, TPoint{x + 2, y}, TPoint{x - 2, y + 4}};
+    m_canvas.Polygon(expanded ? down : right);
 }
 
 void TBabGridPainter::PaintSortMark(const TRect &rect, TSortMark mark)

@@ -30,6 +30,8 @@ private:
         const TBabColumn *Column = nullptr;
         TColumnKind Kind = TColumnKind::tckSimpleEdit;
         bool Groups = false;
+        bool Grids = false; ///< its cells hold grids
+        bool Tree = false;
     };
     struct TCellPlace
     {
@@ -54,6 +56,7 @@ private:
     void PaintCell(const TCellPlace &place, const TColumnLook &look, const TRect &textRect);
     void PaintHeader(const TCellPlace &place, const TColumnLook &look);
     void PaintRowHeader(const TCellPlace &place);
+    void PaintTreeButton(const TCellPlace &place, TColor color);
     void PaintSortMark(const TRect &rect, TSortMark mark);
     void PaintCheckBox(const TRect &box, bool checked, TColor color);
     void PaintText(std::string_view text, const TRect &rect, const TTextLook &look);

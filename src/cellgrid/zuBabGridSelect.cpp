@@ -234,6 +234,24 @@ void TBabGridSelectCore::ItemMoved(TAxisContentList *list, int from, int to)
     }
 }
 
+/// The focus goes from a hidden cell to the nearest one that is shown, from that of a collapsed
+/// node's child to the node.
+void TBabGridSelectCore::HiddenChanged()
+{
+    const auto shown = [](const TAxisContentList &list, int index) {
+        const int before = list.NearestShown(index, -1);
+        return before >= list.FixedCount() ? before : list.NearestShown(index, 1);
+    };
+    if (m_focus) {
+        const TGridCellAt at{m_focus.Grid, shown(m_focus.Grid->Columns(), m_focus.Column),
+                             shown(m_focus.Grid->Rows(), m_focus.Row)};
+        if (at != m_focus && IsCell(at)) {
+            SetFocusCell(at);
+            Select(at, m_selectedGrid == at.Grid ? TGridChoice::Set : TGridChoice::Keep);
+        }
+    }
+}
+
 void TBabGridSelectCore::SubGridGoes(TBabGridCell *grid)
 {
     if (m_focus.Grid == grid) {
@@ -368,6 +386,40 @@ bool TBabGridSelectCore::MoveFocus(TGridMove move, TGridChoice choice)
 {
     const TGridCellAt at = CellAfter(move);
     return at && at != m_focus && ChooseCell(at, choice);
+}
+
+bool TBabGridSelectCore::ExpandNode(const TGridCellAt &at, bool expand)
+{
+    const TAxisContentItem *row = at ? at.Grid->Rows().FindLoaded(at.Row) : nullptr;
+    IBabTreeRow *node = row != nullptr ? at.Grid->TreeRowOf(*row) : nullptr;
+    if (node == nullptr || !node->HasTreeButton() || node->IsTreeExpanded() == expand
+        || !MayLeaveCell()) {
+        return false;
+    }
+    // Leaving the cell may have changed the rows.
+    row = at.Grid->Rows().FindLoaded(at.Row);
+    node = row != nullptr ? at.Grid->TreeRowOf(*row) : nullptr;
+    if (node != nullptr) {
+        node->SetTreeExpanded(expand);
+    }
+    return true;
+}
+
+bool TBabGridSelectCore::MoveInTree(TGridMove move)
+{
+    const IBabTreeRow *node = m_focus ? TreeNodeAt(m_focus) : nullptr;
+    if (node == nullptr || (move != TGridMove::Left && move != TGridMove::Right)) {
+        return false;
+    }
+    if (ExpandNode(m_focus, move == TGridMove::Right)) {
+        return true;
+    }
+    const TAxisContentItem *parent = node->ParentRow();
+    if (move == TGridMove::Right || ColumnAway(-1) || parent == nullptr) {
+        return false;
+    }
+    return ChooseCell({m_focus.Grid, m_focus.Column, m_focus.Grid->Rows().IndexOf(*parent)},
+                      TGridChoice::Set);
 }
 
 bool TBabGridSelectCore::FindText(std::string_view text, bool fromNext)

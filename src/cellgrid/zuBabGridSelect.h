@@ -70,6 +70,11 @@ public:
 
     /// False when there is nowhere to go.
     bool MoveFocus(TGridMove move, TGridChoice choice);
+    /// Expands or collapses the node of the crossing's row. False when there is nothing to do.
+    bool ExpandNode(const TGridCellAt &at, bool expand);
+    /// What Left and Right do in the column of a tree beyond moving: expand, collapse, and go to
+    /// the parent from where Left leads nowhere. False when they move.
+    bool MoveInTree(TGridMove move);
     /// The cell that a move leads to.
     TGridCellAt CellAfter(TGridMove move);
     /// Gives the focus to the next row, from the focus on and around, whose text in the focus'
@@ -87,9 +92,12 @@ public:
     TNotify OnSelectionChanged;
     TNotify OnFocusCellChanged;
     TNotify OnTopLeftChanged;
+    TNotify OnInvalidate; ///< rows may lie elsewhere from the next layout on
 
 protected:
     void TopLeftChanged() override { OnTopLeftChanged(this); }
+    void LayoutLost() override { OnInvalidate(this); }
+    void HiddenChanged() override;
     void CountChanged(TAxisContentList *list, int index, int by) override;
     void ItemMoved(TAxisContentList *list, int from, int to) override;
     void SubGridGoes(TBabGridCell *grid) override;

@@ -29,15 +29,18 @@ TzuGridCore::TzuGridCore(TBabGridCellForViewer &root, TMethod<void()> changed)
     , m_layouts(*this)
     , m_columns(*this, m_layouts)
     , m_subGrids(*this, m_layouts)
+    , m_subTreeColumns(*this, m_layouts)
     , m_userSize(root.UserSizeEvent, TOnEvent::Bind<&TzuGridCore::UserSized>(this), false)
 {
     root.OnCreateCell = TOnCreateCell::Bind<&TzuGridCore::CreateCell>(this);
     root.OnGetCellText = korvane::TOnGetCellText::Bind<&TzuGridCore::GetCellText>(this);
     InitColumnsAndFixed(root, m_columns, m_hasInfoCol, m_hasHeaders);
+    m_subTreeColumns.Add().SetTreeButton(true);
 }
 
 TzuGridCore::~TzuGridCore()
 {
+    m_tree.reset();
     m_root.OnCreateCell = nullptr;
     m_root.OnGetCellText = nullptr;
 }
@@ -56,6 +59,18 @@ void TzuGridCore::SetHasInfoCol(bool value)
         m_hasInfoCol = value;
         NeedEnsureFixed();
     }
+}
+
+void TzuGridCore::SetUseTree(bool useTree)
+{
+    if (useTree == UseTree()) {
+        return;
+    }
+    m_tree.reset();
+    if (useTree) {
+        m_tree = std::make_unique<TzuGridTree>(*this, m_root);
+    }
+    m_changed();
 }
 
 void TzuGridCore::InitColumnsAndFixed(TBabGridCell &gridCell, TzuGrid_Columns &columns,
@@ -119,18 +134,34 @@ std::unique_ptr<TBabCell> TzuGridCore::CreateCell(TBabGridCell *grid, TAxisConte
     if (column == nullptr || isHead) {
         return nullptr;
     }
-    if (auto data = column->CreateData()) {
+    if (!HoldsGrids(column->Kind(), grid->ShowsTree())) {
+        auto data = column->CreateData();
         data->SetText(grid->CellText(*columnItem, *row));
         return std::make_unique<TBabSimpleCell>(std::move(data));
     }
-    TzuGrid_SubGrid *subGrid = m_subGrids.SubGridByName(column->SubGridName());
-    auto cell = std::make_unique<TBabSubGridCell>();
+    return CreateGrid(*column, *columnItem, *row);
+}
+
+/// A grid or a tree for a cell, with the columns of its sub-grid.
+std::unique_ptr<TBabCell>
+TzuGridCore::CreateGrid(TzuGrid_Column &column, TAxisContentItem &columnItem, TAxisContentItem &row)
+{
+    TzuGrid_SubGrid *subGrid = m_subGrids.SubGridByName(column.SubGridName());
+    std::unique_ptr<TBabSubGridCell> cell;
+    if (column.Kind() == TColumnKind::tckSubTree) {
+        cell = std::make_unique<TzuSubTreeCell>(*this);
+    } else {
+        cell = std::make_unique<TBabSubGridCell>();
+    }
     if (subGrid != nullptr) {
         InitColumnsAndFixed(*cell, subGrid->Columns(), subGrid->HasInfoCol(),
                             subGrid->HasHeaders());
         cell->SetExtendLastColumnToWidth(subGrid->ExtendLastColumnToWidth());
+    } else if (column.Kind() == TColumnKind::tckSubTree) {
+        InitColumnsAndFixed(*cell, m_subTreeColumns, false, false);
+        cell->SetExtendLastColumnToWidth(true);
     }
-    OnInitSubGrid(Self(), cell.get(), columnItem, row);
+    OnInitSubGrid(Self(), cell.get(), &columnItem, &row);
     return cell;
 }
 
@@ -143,6 +174,12 @@ void TzuGridCore::GetCellText(TBabGridCell *grid, TAxisContentItem *columnItem,
             text = column->HeaderText();
         }
         return;
+    }
+    if (const auto *node = grid->ShowsTree() ? TzuGridTree::NodeOf(row) : nullptr) {
+        const auto *column = dynamic_cast<TzuGrid_Column *>(columnItem->Value());
+        if (column != nullptr && column->IsTreeColumn()) {
+            text = node->GetText();
+        }
     }
     OnGetCellText(grid, columnItem, row, text);
 }

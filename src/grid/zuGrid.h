@@ -6,6 +6,7 @@
 #include "grid/zuCellLayouts.h"
 #include "grid/zuGridColumns.h"
 #include "grid/zuGridSubGrids.h"
+#include "grid/zuGridTree.h"
 
 #include <memory>
 #include <string>
@@ -31,6 +32,11 @@ using TOnUserSort = TMethod<void(TObject *theGrid, TzuGrid_Column *theColumn, bo
 using TOnGridColumn = TMethod<void(TObject *theGrid, TzuGrid_Column *theColumn)>;
 using TOnInitSubGrid = TMethod<void(TObject *theGrid, TBabSubGridCell *theSubGrid,
                                     TAxisContentItem *theColumn, TAxisContentItem *theRow)>;
+
+/// The children of a node of a tree are wanted, or for nil the roots of a tree in a cell; the
+/// list's Tree() tells in which one.
+using TOnInitTreeSubDataList = TMethod<void(TObject *theGrid, TzuDataEntity_GridTreeNode *theParent,
+                                            TzuDataList_GridTree *theList)>;
 
 /// What TzuGrid adds to a view of a grid cell: the declarative columns, sub-grids and layouts, from
 /// which the axes of the view's grid and of every sub-grid are built.
@@ -73,6 +79,13 @@ public:
     /// What the sub-grid of a cell was built from; nil for the view's grid.
     TzuGrid_SubGrid *SubGridOf(const TBabGridCell &gridCell) const;
 
+    /// Whether the rows are a tree. A change clears the rows. Columns with TreeButton, or of kind
+    /// tckSubTree, show levels and expand buttons.
+    bool UseTree() const { return m_tree != nullptr; }
+    void SetUseTree(bool useTree);
+    /// Nil when the rows are none.
+    TzuGridTree *GetTree() const { return m_tree.get(); }
+
     // Sorting. Only what is loaded completely is sorted here.
     const std::vector<TGridSortKey> &SortKeys() const { return m_sortKeys; }
     /// The column that is sorted by first, or nil.
@@ -90,6 +103,8 @@ public:
     TOnGetUserSortCompareString OnGetUserSortCompareString;
     TOnUserSort OnUserSort;
     TOnGridColumn OnColumnSort; ///< after the rows were sorted
+    /// Without it nodes have the children that the application gave them.
+    TOnInitTreeSubDataList OnInitTreeSubDataList;
     /// A sub-grid has its columns; its rows are to be added now.
     TOnInitSubGrid OnInitSubGrid;
     /// Text of crossings that no cell was put into.
@@ -102,6 +117,8 @@ protected:
     virtual TObject *Self() { return nullptr; }
 
 private:
+    friend class TzuGridTree;
+    friend class TzuSubTreeCell;
     class TSortKeys;
 
     void ModelChanged() override { m_changed(); }
@@ -110,6 +127,12 @@ private:
                                          TAxisContentItem *row);
     void GetCellText(TBabGridCell *grid, TAxisContentItem *column, TAxisContentItem *row,
                      std::string &text);
+    std::unique_ptr<TBabCell> CreateGrid(TzuGrid_Column &column, TAxisContentItem &columnItem,
+                                         TAxisContentItem &row);
+    void InitTreeSubDataList(TzuDataEntity_GridTreeNode *parent, TzuDataList_GridTree &list)
+    {
+        OnInitTreeSubDataList(Self(), parent, &list);
+    }
     void UserSized(TSingleEventListener *listener);
     std::string SortString(TzuGrid_Column &column, TAxisContentItem &columnItem,
                            TAxisContentItem &row, std::int64_t position);
@@ -120,6 +143,8 @@ private:
     TzuCellLayouts m_layouts;
     TzuGrid_Columns m_columns;
     TzuGrid_SubGrids m_subGrids;
+    TzuGrid_Columns m_subTreeColumns; ///< of trees in cells that name no sub-grid
+    std::unique_ptr<TzuGridTree> m_tree;
     TSingleEventListener m_userSize;
     std::vector<TGridSortKey> m_sortKeys;
     bool m_hasHeaders = true;

@@ -1,5 +1,7 @@
 #include "grid/zuGridColumns.h"
 
+#include "grid/zuGridTree.h"
+
 #include <algorithm>
 #include <utility>
 
@@ -52,7 +54,7 @@ void TzuGrid_Column::SetKind(TColumnKind kind)
     ForEachCell([&](TBabGridCell &grid, TBabCell &cell) {
         auto *simple = dynamic_cast<TBabSimpleCell *>(&cell);
         auto data = CreateData();
-        if (simple == nullptr || data == nullptr) {
+        if (simple == nullptr || HoldsGrids(m_kind, grid.ShowsTree())) {
             grid.Matris().RemoveCell(*cell.Column(), *cell.Row());
             return;
         }
@@ -126,6 +128,12 @@ int TzuGrid_Column::IconIndex(TBabGridCell &grid, TAxisContentItem &row)
     TBabCell *cell = item != nullptr ? grid.FindCell(*item, row) : nullptr;
     const auto *simple = dynamic_cast<const TBabSimpleCell *>(cell);
     int index = simple != nullptr ? simple->ImageIndex() : -1;
+    if (const auto *node = TzuGridTree::NodeOf(&row);
+        index < 0 && node != nullptr && IsTreeColumn()) {
+        const bool selected = node->GetSelectedIndex() >= 0
+                              && grid.Selection().RowHasSelected(grid.Rows().IndexOf(row));
+        index = selected ? node->GetSelectedIndex() : node->GetImageIndex();
+    }
     OnGetIconIndex(this, &row, cell, index);
     return index;
 }
@@ -151,7 +159,6 @@ std::unique_ptr<TBabCellData> TzuGrid_Column::CreateData() const
     case TColumnKind::tckTime:
         return std::make_unique<TBabCellData_DateTime>(TDateTimePart::Time);
     case TColumnKind::tckSubGrid:
-    case TColumnKind::tckSubTree:
         return nullptr;
     default:
         return std::make_unique<TBabCellData_Text>();

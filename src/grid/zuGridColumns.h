@@ -73,7 +73,7 @@ public:
     const TLayoutProp *LayoutProp() const override;
     int IconIndex(TBabGridCell &grid, TAxisContentItem &row) override;
     bool InOneGroup(TBabGridCell &grid, TAxisContentItem &upper, TAxisContentItem &lower) override;
-    /// New content for a cell of the column; nil for the kinds that are no simple ones.
+    /// New content for a cell of the column that holds no grid; nil for tckSubGrid.
     std::unique_ptr<TBabCellData> CreateData() const;
 
 private:

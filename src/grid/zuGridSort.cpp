@@ -210,7 +210,12 @@ void TzuGridCore::SortRows(const TGridSortKey &key)
             return; // a handler changed the rows
         }
     }
-    m_root.Rows().Reorder(keys.Sorted(key.Descending));
+    const auto sorted = keys.Sorted(key.Descending);
+    if (m_tree != nullptr) {
+        m_tree->Sort(sorted);
+    } else {
+        m_root.Rows().Reorder(sorted);
+    }
 }
 
 } // namespace korvane

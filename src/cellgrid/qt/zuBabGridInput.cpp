@@ -92,7 +92,8 @@ void TBabGridView_Custom::mouseDoubleClickEvent(QMouseEvent *event)
         return;
     }
     const TPoint point = FromQt(event->position().toPoint());
-    if (HitTest(point).Part == TGridPart::CheckBox) {
+    const TGridPart part = HitTest(point).Part;
+    if (part == TGridPart::CheckBox || part == TGridPart::TreeButton) {
         MouseDown(TMouseButton::mbLeft, FromQt(event->modifiers()), point); // a second click
     } else {
         DblClick(point);
@@ -194,14 +195,21 @@ bool TBabGridView_Custom::KeyMoves(const QKeyEvent &event)
 {
     const bool ctrl = event.modifiers().testFlag(Qt::ControlModifier);
     const auto move = MoveOf(event.key(), ctrl);
-    if (!move || event.modifiers().testFlag(Qt::AltModifier)) {
+    if (!move) {
         return false;
     }
-    const bool extend = event.modifiers().testFlag(Qt::ShiftModifier) && MultiSelect();
-    MoveFocus(isRightToLeft() && move == TGridMove::Left    ? TGridMove::Right
-              : isRightToLeft() && move == TGridMove::Right ? TGridMove::Left
-                                                            : *move,
-              extend ? TGridChoice::Extend : TGridChoice::Set);
+    if (event.modifiers().testFlag(Qt::AltModifier)) {
+        const bool sideways = event.key() == Qt::Key_Left || event.key() == Qt::Key_Right;
+        return sideways
+               && ExpandNode(FocusCell(), (event.key() == Qt::Key_Right) != isRightToLeft());
+    }
+    const TGridMove logical = isRightToLeft() && move == TGridMove::Left    ? TGridMove::Right
+                              : isRightToLeft() && move == TGridMove::Right ? TGridMove::Left
+                                                                            : *move;
+    const bool shift = event.modifiers().testFlag(Qt::ShiftModifier);
+    if (shift || !MoveInTree(logical)) {
+        MoveFocus(logical, shift && MultiSelect() ? TGridChoice::Extend : TGridChoice::Set);
+    }
     return true;
 }
 

@@ -19,6 +19,7 @@ namespace korvane {
 ///
 /// Keys: arrows, Page Up and Down, Home and End (with Ctrl: first and last cell), Tab and Shift+Tab
 /// from cell to cell, Enter into a grid in a cell and Escape out of it, with Shift selecting;
+/// Left and Right in the column of a tree, and with Alt in any column, collapse and expand the row;
 /// Space turns a check box; Ctrl+A and Ctrl+C. Typed letters look for the row that begins with
 /// them.
 class TBabGridView_Custom : public TzuOffscreenPaint, public TBabGridGestures, private IBabGridHost

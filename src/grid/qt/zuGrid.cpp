@@ -34,6 +34,43 @@ TzuGrid::~TzuGrid()
     root.OnVirtualUnLoad = nullptr;
 }
 
+TzuDataEntity_GridTreeNode *TzuGrid::GetCurrentDataEntity()
+{
+    const TGridCellAt focus = FocusCell();
+    return focus.Grid == &RootCell() && GetTree() != nullptr
+               ? GetTree()->GetDataEntityFromRow(focus.Row)
+               : nullptr;
+}
+
+void TzuGrid::SetCurrentDataEntity(TzuDataEntity_GridTreeNode *node)
+{
+    if (node == nullptr) {
+        ClearSelection();
+        return;
+    }
+    const TzuLifeWatch lives(*node);
+    if (GetTree() == nullptr || node->Tree() != GetTree()) {
+        return;
+    }
+    GetTree()->ExpandAncestors(*node);
+    if (lives && node->GetVisible()) {
+        const TAxisContentList &columns = RootCell().Columns();
+        const int column = FocusCell().Grid == &RootCell()
+                               ? FocusCell().Column
+                               : columns.NearestShown(columns.FixedCount(), 1);
+        ChooseCell({&RootCell(), column, GetTree()->GetRow(*node)}, TGridChoice::Set);
+    }
+}
+
+TRect TzuGrid::GetRect(const TzuDataEntity_GridTreeNode &node)
+{
+    const TGridCellAt first = GetTopLeftCell(); // brings the layout up to date
+    const bool shown =
+        first && node.Row() != nullptr && node.Tree() == GetTree() && node.Row()->InVisibleList();
+    return shown ? CellRect({&RootCell(), first.Column, GetTree()->GetRow(node)})
+                 : TRect{-1, -1, -1, -1};
+}
+
 void TzuGrid::HeaderClicked(const TGridCellAt &at, TShiftState shift)
 {
     const TAxisContentItem *item = at.Grid->Columns().FindLoaded(at.Column);

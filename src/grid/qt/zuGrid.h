@@ -27,6 +27,15 @@ public:
     explicit TzuGrid(QWidget *parent = nullptr);
     ~TzuGrid() override;
 
+    // Of a grid whose rows are a tree.
+    /// The node of the row with the focus, or nil.
+    TzuDataEntity_GridTreeNode *GetCurrentDataEntity();
+    /// Gives the node's row the focus, expanding what hides it; nil selects nothing.
+    void SetCurrentDataEntity(TzuDataEntity_GridTreeNode *node);
+    /// The node's cell in the first column behind the fixed ones that is shown, in pixels of the
+    /// control; (-1, -1, -1, -1) when the node is hidden or scrolled away.
+    TRect GetRect(const TzuDataEntity_GridTreeNode &node);
+
     /// A row of the grid, or of a grid in it, came into view and is to be filled. Rows that can be
     /// filled again are dropped when they are far from view.
     TOnVirtualNotify OnVirtualLoad;

@@ -1,0 +1,176 @@
+// The tree that the rows of a grid may be.
+#pragma once
+
+#include "cellgrid/zuBabGridCell.h"
+#include "data/zuDataTraveser.h"
+#include "foundation/zuEventHandling.h"
+#include "grid/zuGridTreeData.h"
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <unordered_set>
+#include <vector>
+
+namespace korvane {
+
+class TzuGridCore;
+
+/// What a component that shows something beside the rows has to follow.
+enum class TGridTreeEvent : std::uint8_t {
+    RowInserted,       ///< the node has its row now
+    RowRemoved,        ///< the node is about to lose its row
+    RowMoved,          ///< the node's row, and those below it, stand elsewhere
+    RowVisibleChanged, ///< rows at or below the node were hidden or shown; nil: any rows
+    RowsReordered      ///< sorted; the node is nil
+};
+using TOnGridTreeIntegrationEvent = TMethod<void(TzuGridTree *theTree, TGridTreeEvent theEvent,
+                                                 TzuDataEntity_GridTreeNode *theNode)>;
+/// The key by which a node is recognised when it comes again; empty for none.
+using TOnGetNodeKey = TMethod<void(TzuGridTree *theTree, TzuDataEntity_GridTreeNode *theNode,
+                                   std::string &theKey)>;
+
+/// Nodes as rows of one grid cell, in pre-order behind the head. The rows are the tree's own: the
+/// application adds and removes nodes, not rows. Inserting and looking up cost a logarithm and the
+/// depth of the node; expanding and collapsing cost what is shown or hidden by it.
+///
+/// Expanded nodes that are deleted are expanded again when they come back, as they do when an
+/// application loads its content anew: a node's key is what OnGetNodeKey says, else its user
+/// reference, else the texts from its root to it. Nodes without any are not recognised.
+class TzuGridTree : public TObject
+{
+public:
+    using TNodeNotify =
+        TMethod<void(TzuGridTree *theTree, TzuDataEntity_GridTreeNode *theNode)>;
+
+    /// Both outlive the tree. The grid cell's rows behind the head are cleared.
+    TzuGridTree(TzuGridCore &grid, TBabGridCell &gridCell);
+    ~TzuGridTree() override;
+
+    TBabGridCell &GridCell() const { return m_gridCell; }
+    TzuGridCore &Grid() const { return m_grid; }
+
+    // Content. Nodes belong to their lists, lists to their parent node or to the tree.
+    TzuDataList_GridTree *DataList();
+    /// Every list of the tree that was asked for.
+    const TzuDataList2lev &DataLists() const { return *m_lists; }
+    TzuListController_GridTree &Controller() { return m_controller; }
+    /// Appends below the parent, or a root when it is nil. Nil when a handler removed it.
+    TzuDataEntity_GridTreeNode *AddDataEntity(TzuDataEntity_GridTreeNode *parent = nullptr);
+    /// Inserts at an index 0..Count of the list.
+    TzuDataEntity_GridTreeNode *InsertDataEntity(TzuDataList_GridTree &list, int index);
+    void RemoveDataEntity(TzuDataEntity_GridTreeNode *node);
+    void Clear() { DataList()->Clear(); }
+
+    // Rows.
+    /// Nil for rows of the head.
+    static TzuDataEntity_GridTreeNode *NodeOf(const TAxisContentItem *row);
+    /// Index in the grid's rows, hidden or not; -1 without a row.
+    int GetRow(const TzuDataEntity_GridTreeNode &node) const;
+    TzuDataEntity_GridTreeNode *GetDataEntityFromRow(int row) const;
+    /// The nodes whose rows are shown now, from top to bottom.
+    std::vector<TzuDataEntity_GridTreeNode *> VisibleNodes() const;
+    /// The next node that is not hidden; of nil the first. Nil when there is none.
+    TzuDataEntity_GridTreeNode *GetNextVisible(const TzuDataEntity_GridTreeNode *node) const;
+    TzuDataEntity_GridTreeNode *GetPrevVisible(const TzuDataEntity_GridTreeNode *node) const;
+
+    // Expanding. Children that are given on demand are not asked for by these.
+    void FullExpand() { ExpandLevels(1 << 30); }
+    void FullCollapse();
+    /// Expands the nodes of levels 0..levels - 1.
+    void ExpandLevels(int levels);
+    /// Expands what hides the node.
+    void ExpandAncestors(const TzuDataEntity_GridTreeNode &node);
+    /// Keys of the expanded nodes, and of those that are awaited.
+    std::vector<std::string> ExpandState();
+    /// Expands the nodes of these keys, now or when they come.
+    void SetExpandState(const std::vector<std::string> &keys);
+    /// Whether nodes without children have a button until they were asked for them.
+    bool LoadsOnDemand() const;
+
+    /// Sorts siblings by the order in which their rows stand here, all rows of the tree.
+    void Sort(const std::vector<TAxisContentItem *> &order);
+
+    TEvent NodeImageEvent; ///< an image index changed; data: the node
+    TOnGridTreeIntegrationEvent OnIntegrationEvent;
+    TOnGetNodeKey OnGetNodeKey;
+    TNodeNotify OnInsertItem;
+    TNodeNotify OnDeleteItem; ///< before the node is freed
+    TNodeNotify OnExpanded;
+    TNodeNotify OnCollapsed;
+    TNodeNotify OnInfoPush;
+    TNodeNotify OnBeforeCanEditItem;
+    TMethod<void(TzuGridTree *theTree, TzuDataList_GridTree *theList)> OnContentChanged;
+
+private:
+    friend class TzuDataEntity_GridTreeNode;
+    using TNode = TzuDataEntity_GridTreeNode;
+
+    /// A node that is about to change over to a list that is not known yet.
+    struct TMoving
+    {
+        TNode *Node = nullptr;
+        TzuDataList_GridTree *List = nullptr;
+        int Position = 0;
+    };
+
+    TAxisContentList &Rows() const { return m_gridCell.Rows(); }
+    void FillController();
+    TzuDataList_GridTree *NewList(TNode *parent);
+    void ReleaseList(TzuDataList_GridTree *list);
+    void ReleaseChildren(TzuDataList_GridTree *children);
+    void _InsertItem(TNode &node);
+    void _DeleteItem(TNode &node);
+    void CountChanged(TzuDataList_GridTree &list);
+    void AfterChangeOwner(TNode &node);
+    void Left(TNode &node);
+    void Came(TNode &node);
+    void Forget(TNode &node);
+    void DropRow(TNode &node);
+    void InsertRow(TNode &node);
+    void MoveRows(TNode &node);
+    int RowBehind(const TNode &node) const;
+    static int RowsOf(const TNode &node);
+    bool IsDisplayed(const TNode &node) const;
+    void NodeChanged(TNode &node, bool image);
+    void SetNodeExpanded(TNode &node, bool expanded);
+    bool LoadChildren(TNode &node);
+    void UpdateShown(TNode &node);
+    enum class TBelowCollapsed : std::uint8_t { IsHidden, MayBeShown };
+    void UpdateShown(int first, int end, TBelowCollapsed below);
+    void Tell(TGridTreeEvent event, TNode *node) { OnIntegrationEvent(this, event, node); }
+    std::string KeyOf(TNode &node);
+    void KeepExpandState(TNode &node);
+    void RestoreExpandState(TObject *);
+    std::vector<TAxisContentItem *> RowsInOrder() const;
+
+    TzuGridCore &m_grid;
+    TBabGridCell &m_gridCell;
+    TzuListController_GridTree m_controller{*this};
+    std::unique_ptr<TzuDataList2lev> m_lists;
+    TzuDataList_GridTree *m_rootList = nullptr;
+    TMoving m_moving;
+    std::vector<TzuDataList_GridTree *> m_waitingLists; ///< of deleted nodes, yet to be released
+    std::unordered_set<std::string> m_awaited;          ///< keys of nodes that were expanded
+    std::unordered_set<TNode *> m_arrived;              ///< whose keys are to be looked up
+    int m_deletionDepth = 0;
+    bool m_destroying = false;
+};
+
+/// A tree in a cell of a grid.
+class TzuSubTreeCell : public TBabSubGridCell
+{
+public:
+    explicit TzuSubTreeCell(TzuGridCore &grid)
+        : m_tree(std::make_unique<TzuGridTree>(grid, *this))
+    {
+    }
+    TzuGridTree &Tree() const { return *m_tree; }
+    /// Has the application give the roots.
+    void AfterPlaced() override;
+
+private:
+    std::unique_ptr<TzuGridTree> m_tree;
+};
+
+} // namespace korvane

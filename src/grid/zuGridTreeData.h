@@ -1,0 +1,127 @@
+// The nodes of a grid's tree, their lists and the controller that joins them to the tree.
+#pragma once
+
+#include "cellgrid/zuBabTreeRow.h"
+#include "data/zuDataEntityPack.h"
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+namespace korvane {
+
+class TzuDataList_GridTree;
+class TzuGridTree;
+
+/// A row of a grid that is a tree. Every node has its row, hidden while an ancestor is collapsed,
+/// so that cells, heights and selections stay with it.
+class TzuDataEntity_GridTreeNode : public TzuDataEntity, public IBabTreeRow
+{
+public:
+    TzuDataEntity_GridTreeNode() = default;
+    ~TzuDataEntity_GridTreeNode() override;
+
+    void CleanForFree() override;
+    /// Whether the row is not hidden. Scrolled away is still visible.
+    bool GetVisible() const override;
+
+    /// What the tree's column shows where neither a cell nor the application has a text.
+    const std::string &GetText() const { return m_text; }
+    void SetText(std::string_view text);
+    /// Images of the tree's column, where it has icons; -1 shows none.
+    int GetImageIndex() const { return m_imageIndex; }
+    void SetImageIndex(int index);
+    /// Image of a selected node; -1 shows the normal one.
+    int GetSelectedIndex() const { return m_selectedIndex; }
+    void SetSelectedIndex(int index);
+
+    bool GetExpanded() const { return m_expanded; }
+    /// Asks for children first that were not loaded yet; without any the node stays collapsed when
+    /// it is the application that gives them on demand.
+    void SetExpanded(bool expanded);
+    /// Whether the children were asked for. Set to false to have them asked for again once there
+    /// are none.
+    bool ChildrenLoaded() const { return m_childrenLoaded; }
+    void SetChildrenLoaded(bool loaded);
+    bool Get_HideNode() const { return m_hideNode; }
+    /// Hides the row and everything below it.
+    void Set_HideNode(bool hide);
+
+    /// The row in the grid; nil while the node is in no tree, and when the application dropped the
+    /// row.
+    TAxisContentItem *Row() const { return m_row; }
+    /// The children, made when they are first asked for; nil for a node that is in no tree or is
+    /// being deleted. Owned by the node.
+    TzuDataList_GridTree *ChildList();
+    /// The same without making it.
+    const TzuDataList_GridTree *LoadedChildren() const { return m_childList; }
+    bool HasChildren() const;
+    TzuDataEntity_GridTreeNode *ParentNode() const;
+    int GetLevel() const;
+    TzuGridTree *Tree() const;
+
+    /// The object that an embedding component keeps beside the node; observed, not owned.
+    TzuExposable *Companion() const { return m_companion; }
+    void SetCompanion(TzuExposable *companion) { m_companion = companion; }
+
+    int TreeLevel() const override { return GetLevel(); }
+    bool HasTreeButton() const override;
+    bool IsTreeExpanded() const override { return m_expanded; }
+    void SetTreeExpanded(bool expanded) override { SetExpanded(expanded); }
+    TAxisContentItem *ParentRow() const override;
+    void RowGoes() override { m_row = nullptr; }
+
+private:
+    friend class TzuGridTree;
+
+    void Changed(bool image);
+
+    std::string m_text;
+    TAxisContentItem *m_row = nullptr;
+    TzuDataList_GridTree *m_childList = nullptr;
+    TzuExposable *m_companion = nullptr;
+    int m_imageIndex = -1;
+    int m_selectedIndex = -1;
+    int m_sortPlace = 0; ///< while the tree is sorted
+    bool m_expanded = false;
+    bool m_childrenLoaded = false;
+    bool m_hideNode = false;
+    bool m_leaving = false; ///< being deleted
+};
+
+/// The children of one node, or the roots of a tree.
+class TzuDataList_GridTree : public TzuDataList
+{
+public:
+    void AfterCreate(TzuListController *controller, EntityClass entityClass) override;
+
+    /// Nil for the root list.
+    TzuDataEntity_GridTreeNode *ParentEntity() const { return m_parentEntity; }
+    TzuGridTree *Tree() const { return m_tree; }
+    /// GetItems with the entity's own class.
+    TzuDataEntity_GridTreeNode *Node(int index)
+    {
+        return static_cast<TzuDataEntity_GridTreeNode *>(GetItems(index));
+    }
+
+private:
+    friend class TzuGridTree;
+
+    TzuGridTree *m_tree = nullptr;
+    TzuDataEntity_GridTreeNode *m_parentEntity = nullptr;
+};
+
+class TzuListController_GridTree : public TzuListController
+{
+public:
+    explicit TzuListController_GridTree(TzuGridTree &tree)
+        : m_tree(tree)
+    {
+    }
+    TzuGridTree &Tree() const { return m_tree; }
+
+private:
+    TzuGridTree &m_tree;
+};
+
+} // namespace korvane
