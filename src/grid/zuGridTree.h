@@ -27,8 +27,8 @@ enum class TGridTreeEvent : std::uint8_t {
 using TOnGridTreeIntegrationEvent = TMethod<void(TzuGridTree *theTree, TGridTreeEvent theEvent,
                                                  TzuDataEntity_GridTreeNode *theNode)>;
 /// The key by which a node is recognised when it comes again; empty for none.
-using TOnGetNodeKey = TMethod<void(TzuGridTree *theTree, TzuDataEntity_GridTreeNode *theNode,
-                                   std::string &theKey)>;
+using TOnGetNodeKey =
+    TMethod<void(TzuGridTree *theTree, TzuDataEntity_GridTreeNode *theNode, std::string &theKey)>;
 
 /// Nodes as rows of one grid cell, in pre-order behind the head. The rows are the tree's own: the
 /// application adds and removes nodes, not rows. Inserting and looking up cost a logarithm and the
@@ -40,8 +40,7 @@ using TOnGetNodeKey = TMethod<void(TzuGridTree *theTree, TzuDataEntity_GridTreeN
 class TzuGridTree : public TObject
 {
 public:
-    using TNodeNotify =
-        TMethod<void(TzuGridTree *theTree, TzuDataEntity_GridTreeNode *theNode)>;
+    using TNodeNotify = TMethod<void(TzuGridTree *theTree, TzuDataEntity_GridTreeNode *theNode)>;
 
     /// Both outlive the tree. The grid cell's rows behind the head are cleared.
     TzuGridTree(TzuGridCore &grid, TBabGridCell &gridCell);

@@ -335,9 +335,9 @@ TEST_F(GridTree, CellsShowTreesOfTheirOwn)
     EXPECT_EQ(View.CellRect(At(2, 1)), (TRect{160, 20, 260, 41}));
     auto *cell = dynamic_cast<TzuSubTreeCell *>(View.RootCell().GetCell(2, 2));
     ASSERT_NE(cell, nullptr);
-    EXPECT_EQ(cell->CellText(*cell->Columns().getAxisContentItem(0),
-                             *cell->Rows().getAxisContentItem(0)),
-              "root 2");
+    EXPECT_EQ(
+        cell->CellText(*cell->Columns().getAxisContentItem(0), *cell->Rows().getAxisContentItem(0)),
+        "root 2");
     const TRect inner = View.CellRect({cell, 0, 0});
     EXPECT_EQ(inner, (TRect{160, 41, 260, 61}));
     Click({inner.Left + 12, inner.Top + 10});
