@@ -11,6 +11,7 @@
 #include "plan/PlanFile.h"
 
 #include <QApplication>
+#include <QIcon>
 
 #include <cstdio>
 
@@ -84,6 +85,8 @@ int ShowWindow(int argc, char **argv, const CommandLine &commandLine)
         return static_cast<int>(ExitCode::WrongUsage);
     }
     const QApplication application(argc, argv);
+    QGuiApplication::setDesktopFileName(QStringLiteral("korvane-planner"));
+    QGuiApplication::setWindowIcon(QIcon(QStringLiteral(":/icons/korvane-planner.svg")));
     ApplyTheme(commandLine);
     if (!commandLine.FileName().isEmpty() && IsScheduleFile(commandLine.FileName())) {
         return ShowSchedule(commandLine.FileName());
