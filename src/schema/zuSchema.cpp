@@ -76,6 +76,7 @@ void TSchemaCore::WireControllers()
     columns.OnHandlePerformedMove = [this](TzuDataEntity * /*item*/, int /*from*/, int /*to*/) {
         m_columns->SetTopLeftCol(m_columns->TopLeftCol());
         m_columns->SizesChanged();
+        UpdateSubColumns();
     };
     columns.OnSelectionChanged = [this](TzuDataList *list, TzuDataEntity *item) {
         m_columns->_OnColumnsSelectionChanged(list, item);
@@ -207,6 +208,12 @@ void TSchemaCore::TimeLeft(TzuDataEntity_SchemaTime &time)
     }
 }
 
+void TSchemaCore::TimeWillChange(TzuDataEntity_SchemaTime &time)
+{
+    m_index.Postpone(time);
+    m_subColsDue.Changed(time.Col()); // it may be about to leave
+}
+
 void TSchemaCore::_OnInsertItem(TzuDataEntity *item)
 {
     m_host.InvalidateArea();
@@ -232,7 +239,7 @@ void TSchemaCore::_OnInfoPush(TzuDataEntity *item)
 {
     const TzuLifeWatch lives(*item);
     m_host.InvalidateArea();
-    UpdateSubColumns();
+    UpdateSubColumnsOf(*item);
     OnChangeDataEntity_SchemaTime(m_component, &DataEntity_Schema(*item));
     if (lives) {
         OnValueChanged_SchemaTime(this, item);

@@ -7,6 +7,7 @@
 #include "schema/zuSchemaColumns.h"
 #include "schema/zuSchemaData.h"
 #include "schema/zuSchemaParts.h"
+#include "schema/zuSchemaSubColsDue.h"
 #include "schema/zuSchemaTimeIndex.h"
 #include "schema/zuSchemaTypes.h"
 
@@ -245,17 +246,24 @@ public:
 
     // --- sub-columns, zuSchemaSubCols.cpp ---
 
-    /// Has the sub-columns worked out soon, in the background.
+    // Sub-columns of the columns in view are worked out in the background, those of another column
+    // when it is first drawn, looked at or asked for. Changes of times and columns see to that;
+    // what OnIsVisible and overrides of IsVisible go by is to be announced by UpdateSubColumns.
+
+    /// Has the sub-columns of all columns worked out soon.
     void UpdateSubColumns();
-    /// Works them out at once, as pictures and prints need it.
+    /// Works them out at once.
     void UpdateSubColumnsNow();
+    /// Called before a sub-column of the column is used.
+    void SubColumnsNeeded(int col);
     /// The scaler shows another time.
     void ScaleChanged();
 
-    // Called by the lists and columns.
+    // Called by the lists, times and columns.
     virtual void TimeJoined(TzuDataEntity_SchemaTime &time);
     virtual void TimeLeft(TzuDataEntity_SchemaTime &time);
-    TSchemaTimeIndex &TimeIndex() { return m_index; }
+    /// Before column, start or stop of a time change.
+    void TimeWillChange(TzuDataEntity_SchemaTime &time);
     void ColumnsChanged();
 
     TOnContentChanged OnContentChanged_SchemaTime;
@@ -371,12 +379,18 @@ private:
     void DrawColumnLines(TCanvas &canvas, const TRect &area) const;
     int Scaled(bool alongColumns, int pixel) const;
     void LineAcross(TCanvas &canvas, const TRect &area, int pixel, bool alongColumns) const;
+    using TColumnNumbers = std::vector<int>;
+    void UpdateSubColumnsOf(const TzuDataEntity &time);
+    TColumnNumbers DueColumns(TColumnRange columns) const;
+    void WorkOutSubCols(TColumnRange columns);
     void StopSeparation();
-    void FillHolders(TDistinctTimeHolderList &holders);
+    TTimes VisibleTimesOf(const TColumnNumbers &columns);
+    void FillHolders(const TColumnNumbers &columns, TDistinctTimeHolderList &holders);
     void UpdateSubColumns_DoLater(TObject *sender);
     void UpdateSubColumns_Perform();
     void SubColThreadDone(TTimeDistinctGenericThread *sender);
-    void ApplySubCols(TDistinctTimeHolderList &holders);
+    void ApplySubCols(const TColumnNumbers &columns, TDistinctTimeHolderList &holders);
+    void WidenColumns(const TColumnNumbers &columns);
     void WidenColumns();
     void DropSubCols();
     void SetScalerWidth_Perform(TObject *sender);
@@ -393,6 +407,8 @@ private:
     std::unique_ptr<TzuDataList2lev> m_times;
     std::unique_ptr<TDataListColumns> m_columns;
     std::shared_ptr<TTimeDistinctGenericThread> m_separation;
+    TColumnNumbers m_separated; ///< the columns that it is about
+    TSubColsDue m_subColsDue;
     std::array<TFont, 3> m_textFonts;
     TDrawLayerArray m_drawLayers{0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10};
     TzuDataEntity_SchemaTime *m_active = nullptr;

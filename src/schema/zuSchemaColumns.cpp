@@ -321,6 +321,7 @@ void TDataListColumns::_OnColumnsInsertItem(TzuDataEntity *item)
         column.m_shownSize = m_defaultSize;
     }
     SizesChanged();
+    m_schema.UpdateSubColumns();
     m_schema.OnInsertItem_Column(&m_schema, item);
 }
 
@@ -337,6 +338,7 @@ void TDataListColumns::_OnColumnsDeleteItem(TzuDataEntity *item)
             Scroll(std::max(Count() - 1, 0));
         }
         SizesChanged();
+        m_schema.UpdateSubColumns();
     }
     m_schema.OnDeleteItem_Column(&m_schema, item);
 }

@@ -34,12 +34,34 @@ void TzuDataEntity_SchemaTime::AfterCreate(TzuDataList *list)
     m_color = clWhite;
 }
 
-/// Takes the time out of the index, which goes by the values that are about to change.
+/// The schedule that has the time in its index, or null.
+TSchemaCore *TzuDataEntity_SchemaTime::KnownTo() const
+{
+    return m_indexed != TIndexed::No ? static_cast<TzuDataList_Schema &>(HoldingList()).Schema()
+                                     : nullptr;
+}
+
 void TzuDataEntity_SchemaTime::BeforeIndexedChange()
 {
-    if (m_indexed == TIndexed::Yes) {
-        ListOf(HoldingList())->Schema()->TimeIndex().Postpone(*this);
+    if (TSchemaCore *schema = KnownTo()) {
+        schema->TimeWillChange(*this);
     }
+}
+
+int TzuDataEntity_SchemaTime::SubCol() const
+{
+    if (TSchemaCore *schema = KnownTo()) {
+        schema->SubColumnsNeeded(m_col);
+    }
+    return m_subCol;
+}
+
+bool TzuDataEntity_SchemaTime::InSubCol() const
+{
+    if (TSchemaCore *schema = KnownTo()) {
+        schema->SubColumnsNeeded(m_col);
+    }
+    return m_inSubCol;
 }
 
 void TzuDataEntity_SchemaTime::SetStartDateTime(TDateTime start)
@@ -121,6 +143,14 @@ void TzuDataEntity_SchemaColumn::SetText(std::string_view text)
             columns->CaptionsChanged();
         }
     }
+}
+
+int TzuDataEntity_SchemaColumn::SubColCount() const
+{
+    if (const TDataListColumns *columns = Holder()) {
+        columns->Schema().SubColumnsNeeded(columns->IndexOf(this));
+    }
+    return m_subColCount;
 }
 
 int TzuDataEntity_SchemaColumn::GetWidth() const

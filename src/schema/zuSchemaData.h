@@ -9,6 +9,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace korvane {
@@ -69,11 +70,12 @@ public:
     void SetCol(int col);
 
     /// The sub-column, 0-based, that separates the time from those that overlap it. Without
-    /// InSubCol the time is drawn across the whole column.
-    int SubCol() const { return m_subCol; }
-    void SetSubCol(int subCol) { m_subCol = subCol; }
-    bool InSubCol() const { return m_inSubCol; }
-    void SetInSubCol(bool on) { m_inSubCol = on; }
+    /// InSubCol the time is drawn across the whole column. Both hold for a time that is visible.
+    int SubCol() const;
+    /// Whether that is a change, as SetInSubCol.
+    bool SetSubCol(int subCol) { return std::exchange(m_subCol, subCol) != subCol; }
+    bool InSubCol() const;
+    bool SetInSubCol(bool on) { return std::exchange(m_inSubCol, on) != on; }
 
     TColor Color() const { return m_color; }
     void SetColor(TColor color) { m_color = color; }
@@ -100,6 +102,7 @@ private:
     /// How the index of the schedule knows the time.
     enum class TIndexed : std::uint8_t { No, Pending, Yes };
 
+    TSchemaCore *KnownTo() const;
     void BeforeIndexedChange();
 
     TDateTime m_start = 0;
@@ -166,8 +169,11 @@ public:
     int Saved_FW(bool flip) const { return m_savedSize[flip ? 1 : 0]; }
 
     /// Into how many sub-columns times that overlap split the column; at least 1.
-    int SubColCount() const { return m_subColCount; }
-    void SetSubColCount(int count) { m_subColCount = count; }
+    int SubColCount() const;
+    /// When they were worked out last.
+    int KnownSubColCount() const { return m_subColCount; }
+    /// Whether that is a change.
+    bool SetSubColCount(int count) { return std::exchange(m_subColCount, count) != count; }
 
     /// What OnInitColumnDataObject made for the column, which owns it.
     TObject *DataObject() const { return m_dataObject.get(); }

@@ -54,9 +54,11 @@ TPixelSpan
 TSchemaCore::HeaderPixelsFromStartStopFromDataEntity(bool flip,
                                                      const TzuDataEntity_SchemaTime &time) const
 {
+    const bool isInSubCol = time.InSubCol(); // which may widen its column
     TPixelSpan pixels = m_columns->VirtualSpan(flip, time.Col());
-    if (time.InSubCol()) {
-        const int count = std::max(std::as_const(*m_columns).GetCol(time.Col()).SubColCount(), 1);
+    if (isInSubCol) {
+        const int count =
+            std::max(std::as_const(*m_columns).GetCol(time.Col()).KnownSubColCount(), 1);
         const int lane = RoundToPixel(static_cast<double>(pixels.Length()) / count);
         pixels.From += lane * time.SubCol();
         pixels.To = pixels.From + lane;
@@ -239,7 +241,8 @@ std::vector<TSchemaCore::TShownTime> TSchemaCore::ShownIn(const TRect &rect)
                              static_cast<int>(std::floor(rect.Top / scale.Y)),
                              static_cast<int>(std::ceil(rect.Right / scale.X)),
                              static_cast<int>(std::ceil(rect.Bottom / scale.Y))};
-        columns = ColumnsAt(AlongColumns(unscaled));
+        WorkOutSubCols(ColumnsAt(AlongColumns(unscaled)));
+        columns = ColumnsAt(AlongColumns(unscaled)); // fewer, if some have been widened
         visible = NarrowedTo(AlongTime(unscaled), visible);
     }
     Collect(columns, visible.From, visible.To, times);

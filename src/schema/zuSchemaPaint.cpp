@@ -19,6 +19,7 @@ void TSchemaCore::SchemaPaint()
 {
     TCanvas &canvas = m_host.AreaCanvas();
     const TRect area = AreaRect();
+    WorkOutSubCols(ColumnsAt({0, ColumnRoom()})); // which may widen columns
     DoBackground(canvas, 0, 0, area.Width(), area.Height());
     OnDrawBackground(m_component, area, canvas);
     DoForeGround();

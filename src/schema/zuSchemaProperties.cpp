@@ -60,12 +60,15 @@ void TSchemaCore::SetScrollVisibility(TScrollVisibility visibility)
 
 void TSchemaCore::SetCollisionDetect(bool on)
 {
-    if (std::exchange(m_collisionDetect, on) == on) {
+    if (m_collisionDetect == on) {
         return;
     }
     if (on) {
+        m_collisionDetect = true;
         UpdateSubColumns();
     } else {
+        WorkOutSubCols({0, m_columns->Count()}); // the columns keep how many they have
+        m_collisionDetect = false;
         StopSeparation();
         DropSubCols();
     }
