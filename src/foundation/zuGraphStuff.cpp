@@ -49,9 +49,11 @@ void TSnapHandler::Snap(TDateTime &start, TDateTime &stop) const
 
 void TSnapHandler::SnapMove(TDateTime &start, TDateTime &stop) const
 {
-    const TDateTime length = stop - start;
-    Snap(start, stop);
-    if (!StretchOnMove) {
+    if (StretchOnMove) {
+        Snap(start, stop);
+    } else if (SnapStart) {
+        const TDateTime length = stop - start;
+        start = ToGrid(start, StartSnapStep);
         stop = start + length;
     }
 }

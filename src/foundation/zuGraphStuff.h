@@ -23,7 +23,7 @@ public:
     /// day starts again each day. Ends in order stay in order: where rounding would cross them the
     /// item has no length, at the rounded start, or at the stop when that alone is not rounded.
     void Snap(TDateTime &start, TDateTime &stop) const;
-    /// Rounds a moved item, which keeps its length unless StretchOnMove.
+    /// Rounds a moved item: its start alone, as its length stays, or with StretchOnMove both ends.
     void SnapMove(TDateTime &start, TDateTime &stop) const;
     /// The width of the grid: the multiple of the step that is nearest to ScreenSnap, at least the
     /// step.

@@ -42,4 +42,22 @@ TEST(GStuff, RadiatesFromEdgeToMiddleWithinTheRectangle)
     EXPECT_EQ(tiny.CallsOf(test::TCanvasOp::FillRect).size(), 1U);
 }
 
+TEST(GStuff, BevelsAreLightAndDarkJustInside)
+{
+    for (const TBevel bevel : {TBevel::bvRaised, TBevel::bvLowered}) {
+        test::TRecordingCanvas canvas;
+        GStuff::BevelRect({10, 20, 30, 26}, canvas, bevel);
+        const auto lines = canvas.CallsOf(test::TCanvasOp::Polyline);
+        ASSERT_EQ(lines.size(), 2U);
+        const bool raised = bevel == TBevel::bvRaised;
+        EXPECT_EQ(lines[0].Pen.Color, raised ? clBtnHighlight : clBtnShadow);
+        EXPECT_EQ(lines[0].Points, (std::vector<TPoint>{{10, 25}, {10, 20}, {29, 20}}));
+        EXPECT_EQ(lines[1].Pen.Color, raised ? clBtnShadow : clBtnHighlight);
+        EXPECT_EQ(lines[1].Points, (std::vector<TPoint>{{10, 25}, {29, 25}, {29, 20}}));
+    }
+    test::TRecordingCanvas canvas;
+    GStuff::BevelRect({10, 20, 11, 26}, canvas, TBevel::bvRaised);
+    EXPECT_TRUE(canvas.Calls().empty()) << "there is no room for two edges";
+}
+
 } // namespace

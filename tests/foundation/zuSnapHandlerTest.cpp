@@ -62,14 +62,29 @@ TEST(SnapHandler, RoundsEachEndToItsGrid)
 
 TEST(SnapHandler, MovesKeepTheLengthUnlessToldToStretch)
 {
-    TSnapHandler snap;
-    for (const bool stretch : {false, true}) {
-        snap.StretchOnMove = stretch;
+    struct Case
+    {
+        bool SnapStart, SnapStop, Stretch;
+        TDateTime Stop, MovedStart, MovedStop;
+    };
+    const Case cases[] = {
+        {true, true, false, At(11, 3, 20), At(10, 5), At(11, 5, 20)},
+        {true, true, true, At(11, 3, 20), At(10, 5), At(11, 3)},
+        {true, true, false, At(10, 4), At(10, 5), At(10, 6)}, // shorter than its way to the grid
+        {true, false, false, At(10, 4), At(10, 5), At(10, 6)},
+        {false, true, false, At(11, 3, 20), At(10, 3), At(11, 3, 20)},
+        {false, true, true, At(11, 3, 20), At(10, 3), At(11, 3)},
+    };
+    for (const Case &c : cases) {
+        TSnapHandler snap;
+        snap.SnapStart = c.SnapStart;
+        snap.SnapStop = c.SnapStop;
+        snap.StretchOnMove = c.Stretch;
         TDateTime start = At(10, 3);
-        TDateTime stop = At(11, 3, 20);
+        TDateTime stop = c.Stop;
         snap.SnapMove(start, stop);
-        EXPECT_NEAR(start, At(10, 5), kSecond / 1000);
-        EXPECT_NEAR(stop, stretch ? At(11, 3) : At(11, 5, 20), kSecond / 1000);
+        EXPECT_NEAR(start, c.MovedStart, kSecond / 1000) << &c - cases;
+        EXPECT_NEAR(stop, c.MovedStop, kSecond / 1000) << &c - cases;
     }
 }
 

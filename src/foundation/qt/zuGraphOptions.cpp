@@ -8,6 +8,9 @@
 #include <QPainter>
 #include <QPixmap>
 
+#include <algorithm>
+#include <cmath>
+
 namespace korvane {
 
 QActionGroup *GWidgetStuff::CreateMenuOptions(QMenu &menu, const QStringList &options, int checked)
@@ -49,15 +52,24 @@ void GWidgetStuff::PrintBitmap(TPainterCanvas &canvas, const TRect &rect, const 
     }
     QRect target(QPoint(), bitmap.size().scaled(rect.Width(), rect.Height(), Qt::KeepAspectRatio));
     target.moveCenter(ToQt(rect).center());
+    const bool smooth = painter->testRenderHint(QPainter::SmoothPixmapTransform);
     painter->setRenderHint(QPainter::SmoothPixmapTransform);
     painter->drawPixmap(target, bitmap);
+    painter->setRenderHint(QPainter::SmoothPixmapTransform, smooth);
 }
 
 void GWidgetStuff::PrintBitmap_ImageList(TPainterCanvas &canvas, const TRect &rect,
                                          const TzuImageList &images, int index)
 {
-    // The image in its own size; it is enlarged with the rectangle, as bitmaps are.
-    PrintBitmap(canvas, rect, images.Pixmap(index, images.ImageSize(index), 1));
+    const TSize size = images.ImageSize(index);
+    if (canvas.Painter() == nullptr || size.Width <= 0 || size.Height <= 0) {
+        return;
+    }
+    // An icon that has larger pictures than its size says gives one that is sharp on paper.
+    const double enlarged =
+        std::min(double(rect.Width()) / size.Width, double(rect.Height()) / size.Height)
+        * std::abs(canvas.Painter()->combinedTransform().m11());
+    PrintBitmap(canvas, rect, images.Pixmap(index, size, std::max(enlarged, 1.0)));
 }
 
 } // namespace korvane
