@@ -1,11 +1,13 @@
 // Event slots: a comparable pair of code and object that also takes lambdas.
 #pragma once
 
-#include <concepts>
 #include <functional>
 #include <memory>
 #include <type_traits>
 #include <utility>
+#ifndef Q_MOC_RUN // Qt's moc fails on it where it comes before all other library headers
+#include <concepts>
+#endif
 
 namespace korvane {
 

@@ -27,6 +27,7 @@ TGantCore::TGantCore(IGantHost &host, TzuGant_ComBasic *component)
     , m_component(component)
     , m_onStyleSet(TOnStyleSet::Bind<&TGantCore::_OnTimeItemSyleSet>(this))
 {
+    ReInitBitmap();
 }
 
 TGantCore::~TGantCore()
@@ -218,6 +219,7 @@ TzuDataEntity_Spanbar *TGantCore::GetDataEntityFromXY(int x, int y) const
 void TGantCore::SetGantBackColor(TColor color)
 {
     if (Assign(m_backColor, color)) {
+        ReInitBitmap();
         m_host.InvalidateArea();
     }
 }
@@ -225,6 +227,7 @@ void TGantCore::SetGantBackColor(TColor color)
 void TGantCore::SetGantPyjamasColor(TColor color)
 {
     if (Assign(m_pyjamasColor, color)) {
+        ReInitBitmap();
         m_host.InvalidateArea();
     }
 }

@@ -127,7 +127,7 @@ public:
     /// Draws the whole area on the host's canvas.
     virtual void GantAreaPaint();
     /// The tile of the background: 2 by 2 pixels, back and pyjamas colour as a checkerboard.
-    TBrush BackgroundBrush() const;
+    const TBrush &BackgroundBrush() const { return m_backgroundBrush; }
     /// The background that OnUserDrawBackground replaces; handlers may call it and draw on top.
     void DefaultBackGround(const TRect &rect, TCanvas &canvas) const;
     /// The lines between rows and at the marks of the axis, a part of the default background.
@@ -209,11 +209,14 @@ protected:
     virtual void _OnSelectionChanged_Link(TzuDataList *list, TzuDataEntity *link);
     void _OnItemFreed(const TzuDataEntity_Spanbar *item) override;
     void _OnLinkFreed(const TzuDataEntity_Link *link) override;
+    /// Has the application draw an item of style sbsUser.
+    virtual void UserDrawTime(TzuDataEntity_Spanbar &item, const TRect &rect, TCanvas &canvas);
     void _OnTimeItemSyleSet(const TzuTimeItemTextCollection &collection, TCanvas &canvas,
                             int style);
 
 private:
     void WireTimeItemController();
+    void ReInitBitmap();
     void UpdateSubColumnsOf(const TzuDataList *list) const;
     bool Holds(const TzuDataEntity_Spanbar &item) const;
     void DoBackground();
@@ -257,6 +260,7 @@ private:
     TzuDataEntity_Spanbar *m_active = nullptr;
     const TImageList *m_imageList = nullptr;
     TOnStyleSet m_onStyleSet;
+    TBrush m_backgroundBrush;
     TColor m_backColor = clSilver;
     TColor m_pyjamasColor = clGray;
     TColor m_defaultLinkColor = clBlue;

@@ -160,7 +160,7 @@ void TGantGestures::ReleaseGesture(TMouseButton button, const TShiftState &shift
         }
     }
     m_mouseDown = false;
-    m_lastDelta = delta;
+    m_lastDelta = dragged ? TPoint{at.X - m_downPoint.X, at.Y - m_downPoint.Y} : TPoint{};
     StopAutoScroll();
     ShowFeedback({});
     InputHost().HideGestureHint();

@@ -52,7 +52,7 @@ public:
     bool GestureRunning() const { return m_mouseDown && (m_mode != kNoMode || m_rubber); }
     /// The item found at the last press; null when there was none or it is gone.
     TzuDataEntity_Spanbar *ItemUnderMouse() const { return m_itemUnderMouse; }
-    /// The offset of the last finished gesture, in pixels.
+    /// From the press to the release of the last gesture, in pixels; zero when that was no drag.
     TPoint LastDelta() const { return m_lastDelta; }
 
     /// Whether items dragged out of the control go on as drag and drop.

@@ -42,14 +42,15 @@ TRect TGantCore::AreaRect() const
     return {0, 0, size.Width, size.Height};
 }
 
-TBrush TGantCore::BackgroundBrush() const
+void TGantCore::ReInitBitmap()
 {
     if (m_backColor == m_pyjamasColor) {
-        return {m_backColor, TBrushStyle::bsSolid, {}};
+        m_backgroundBrush = {m_backColor, TBrushStyle::bsSolid, {}};
+    } else {
+        m_backgroundBrush = {m_backColor,
+                             TBrushStyle::bsPattern,
+                             {m_backColor, m_pyjamasColor, m_pyjamasColor, m_backColor}};
     }
-    return {m_backColor,
-            TBrushStyle::bsPattern,
-            {m_backColor, m_pyjamasColor, m_pyjamasColor, m_backColor}};
 }
 
 void TGantCore::DoBackground()
@@ -169,7 +170,7 @@ void TGantCore::DrawShape(TzuDataEntity_Spanbar &item, const TRect &rect, TCanva
     case TSpanbarStyle::sbsSpan:
         return TzuTimeDraw::CoolOutline(color, rect, canvas);
     case TSpanbarStyle::sbsUser:
-        return OnUserDrawTime(m_component, &item, canvas, rect);
+        return UserDrawTime(item, rect, canvas);
     case TSpanbarStyle::sbsLine:
         return TzuTimeDraw::LineOutline(color, rect, canvas, TLineEnds::leNone);
     case TSpanbarStyle::sbsLineWEnd:
@@ -183,6 +184,11 @@ void TGantCore::DrawShape(TzuDataEntity_Spanbar &item, const TRect &rect, TCanva
     case TSpanbarStyle::sbsPipe:
         return TzuTimeDraw::DrawPipe(color, rect, canvas);
     }
+}
+
+void TGantCore::UserDrawTime(TzuDataEntity_Spanbar &item, const TRect &rect, TCanvas &canvas)
+{
+    OnUserDrawTime(m_component, &item, canvas, rect);
 }
 
 void TGantCore::RenderLinks()

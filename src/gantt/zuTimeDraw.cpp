@@ -36,7 +36,7 @@ TRect Shrunk(const TRect &rect, int by)
 /// From the left corner on, clockwise.
 std::array<TPoint, 4> RombPoints(const TRect &rect, const TCanvas &canvas)
 {
-    const TRect safe = GStuff::W95Safe(rect, canvas);
+    const TRect safe = TzuTimeDraw::W95Safe(rect, canvas);
     const int middleX = safe.Left + safe.Width() / 2;
     const int middleY = MiddleY(safe);
     return {TPoint{safe.Left, middleY}, TPoint{middleX, safe.Top}, TPoint{safe.Right, middleY},
@@ -47,7 +47,7 @@ std::array<TPoint, 4> RombPoints(const TRect &rect, const TCanvas &canvas)
 
 void TzuTimeDraw::DrawTime(TColor color, const TRect &rect, TCanvas &canvas)
 {
-    const TRect safe = GStuff::W95Safe(rect, canvas);
+    const TRect safe = W95Safe(rect, canvas);
     const TColor fill = canvas.ResolveColor(color);
     canvas.FillRect(safe, fill);
     Frame(canvas, safe, GStuff::TintColor(fill, kEdgeTint));
@@ -55,12 +55,12 @@ void TzuTimeDraw::DrawTime(TColor color, const TRect &rect, TCanvas &canvas)
 
 void TzuTimeDraw::DrawTimeHollow(TColor color, const TRect &rect, TCanvas &canvas)
 {
-    Frame(canvas, GStuff::W95Safe(rect, canvas), canvas.ResolveColor(color));
+    Frame(canvas, W95Safe(rect, canvas), canvas.ResolveColor(color));
 }
 
 void TzuTimeDraw::CoolOutline(TColor color, const TRect &rect, TCanvas &canvas)
 {
-    const TRect safe = GStuff::W95Safe(rect, canvas);
+    const TRect safe = W95Safe(rect, canvas);
     const TColor fill = canvas.ResolveColor(color);
     canvas.FillRect(safe, fill);
     Frame(canvas, safe, GStuff::TintColor(fill, kEdgeTint));
@@ -78,7 +78,7 @@ void TzuTimeDraw::CoolOutline(TColor color, const TRect &rect, TCanvas &canvas)
 
 void TzuTimeDraw::DrawPipe(TColor color, const TRect &rect, TCanvas &canvas)
 {
-    const TRect safe = GStuff::W95Safe(rect, canvas);
+    const TRect safe = W95Safe(rect, canvas);
     const TColor fill = canvas.ResolveColor(color);
     const TColor edge = GStuff::TintColor(fill, -40);
     const TColor shine = GStuff::TintColor(fill, 55);
@@ -98,7 +98,7 @@ void TzuTimeDraw::DrawPipe(TColor color, const TRect &rect, TCanvas &canvas)
 
 void TzuTimeDraw::LineOutline(TColor color, const TRect &rect, TCanvas &canvas, TLineEnds ends)
 {
-    const TRect safe = GStuff::W95Safe(rect, canvas);
+    const TRect safe = W95Safe(rect, canvas);
     const int middle = MiddleY(safe);
     const TColor fill = canvas.ResolveColor(color);
     canvas.FillRect(
@@ -114,7 +114,7 @@ void TzuTimeDraw::LineOutline(TColor color, const TRect &rect, TCanvas &canvas, 
 
 void TzuTimeDraw::WaveOutline(TColor color, const TRect &rect, TCanvas &canvas)
 {
-    const TRect safe = GStuff::W95Safe(rect, canvas);
+    const TRect safe = W95Safe(rect, canvas);
     const int middle = MiddleY(safe);
     const int height = std::min(kWaveHeight, std::max(1, safe.Height() / 2 - 1));
     // The wave hangs on the item's own start, so that it does not creep while the axis scrolls.
@@ -166,7 +166,12 @@ void TzuTimeDraw::DrawImage(const TImageList *images, int index, const TRect &re
 
 void TzuTimeDraw::DoSelectContent(const TRect &rect, TCanvas &canvas)
 {
-    GStuff::DoSelectContent(GStuff::W95Safe(rect, canvas), canvas);
+    GStuff::DoSelectContent(W95Safe(rect, canvas), canvas);
+}
+
+TRect TzuTimeDraw::W95Safe(const TRect &rect, const TCanvas &canvas)
+{
+    return GStuff::W95Safe(rect, canvas);
 }
 
 } // namespace korvane

@@ -35,6 +35,8 @@ public:
     static void DrawImage(const TImageList *images, int index, const TRect &rect, TCanvas &canvas);
     /// GStuff::DoSelectContent.
     static void DoSelectContent(const TRect &rect, TCanvas &canvas);
+    /// GStuff::W95Safe, which every routine here applies to its rectangle.
+    static TRect W95Safe(const TRect &rect, const TCanvas &canvas);
 };
 
 } // namespace korvane

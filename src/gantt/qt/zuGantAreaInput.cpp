@@ -6,6 +6,7 @@
 
 #include <QDrag>
 #include <QDragMoveEvent>
+#include <QFocusEvent>
 #include <QGestureEvent>
 #include <QKeyEvent>
 #include <QMimeData>
@@ -88,6 +89,11 @@ bool TGantAreaInput::eventFilter(QObject *watched, QEvent *event)
         if (m_gant.GestureRunning()
             && !static_cast<QMouseEvent *>(event)->buttons().testFlag(Qt::LeftButton)) {
             m_gant.CancelGesture();
+        }
+        break;
+    case QEvent::FocusOut:
+        if (static_cast<QFocusEvent *>(event)->reason() == Qt::PopupFocusReason) {
+            m_gant.CancelGesture(); // a menu has the mouse now
         }
         break;
     case QEvent::Hide:
@@ -203,7 +209,16 @@ void TGantAreaInput::GantAreaStartDrag(const TItemDragData &data)
         delete drag;
         return;
     }
-    drag->exec(Qt::CopyAction | Qt::MoveAction, data.Copy ? Qt::CopyAction : Qt::MoveAction);
+    const Qt::DropAction action =
+        drag->exec(Qt::CopyAction | Qt::MoveAction, data.Copy ? Qt::CopyAction : Qt::MoveAction);
+    if (!self.isNull()) {
+        GantAreaEndDrag(action);
+    }
+}
+
+void TGantAreaInput::GantAreaEndDrag(Qt::DropAction action)
+{
+    m_gant.OnGantAreaEndDrag(&m_gant, action);
 }
 
 void TGantAreaInput::GantAreaDragOver(QDragMoveEvent &event)

@@ -155,9 +155,11 @@ bool TGantAreaKeys::HandleContextMenu(const QContextMenuEvent &event)
     if (event.reason() != QContextMenuEvent::Keyboard) {
         return false;
     }
-    m_gant.EnsureActiveDataEntity();
-    m_gant.MakeSureActiveInView();
-    m_gant.UpdateRects();
+    Guarded([this] {
+        m_gant.EnsureActiveDataEntity();
+        m_gant.MakeSureActiveInView();
+        m_gant.UpdateRects();
+    });
     const TzuDataEntity_Spanbar *active = m_gant.ActiveDataEntity();
     const auto rect =
         active != nullptr ? active->GetRow()->RectFromDataEntity(*active) : std::nullopt;

@@ -80,6 +80,7 @@ void TzuGant_ComBasic::CreateParts()
 {
     m_treeHolder = new QWidget(this);
     m_areaHolder = new QWidget(this);
+    m_areaHolder->setObjectName(QStringLiteral("PanelScaleAndGantHolder"));
     m_scrollHolder = new QWidget(this);
     m_pages = new TGantPageControl(this);
     m_pages->hide();
@@ -308,10 +309,13 @@ void TzuGant_ComBasic::HandleTreeAlign()
     if (m_tree == nullptr) {
         return;
     }
+    const QPointer<TzuGant_ComBasic> self(this);
     AlignNeeded();
-    m_hintWindow->SetBoundsRect({1, 1, m_treeSpacer->width(), m_treeSpacer->height()});
-    m_tree->ExternalScrollOutOfDate();
-    InvalidateArea();
+    if (!self.isNull()) {
+        m_hintWindow->SetBoundsRect({1, 1, m_treeSpacer->width(), m_treeSpacer->height()});
+        m_tree->ExternalScrollOutOfDate();
+        InvalidateArea();
+    }
 }
 
 void TzuGant_ComBasic::AlignNeeded()
@@ -323,11 +327,14 @@ void TzuGant_ComBasic::AlignNeeded()
 
 void TzuGant_ComBasic::ScaleChanged(TObject * /*sender*/)
 {
+    const QPointer<TzuGant_ComBasic> self(this);
     // The scaler reports a restored view after the next paint; that is still no call for aligning.
     if (std::exchange(m_restoredTimes, std::nullopt) != std::pair(Start(), Stop())) {
         AlignNeeded();
     }
-    const QPointer<TzuGant_ComBasic> self(this);
+    if (self.isNull()) {
+        return;
+    }
     const TDateTime start = Start();
     DoScalerChange();
     if (self.isNull()) {

@@ -143,9 +143,8 @@ public:
     TOnRealignScrollbar OnRealignScrollbar;
     /// Axis or area enlarges a font for printing.
     TzuOffscreenPaint::TOnPrintResizeFont OnPrintResizeFont;
-    /// Items are about to be carried out of the chart. The handler may change what is offered; with
-    /// no data set there is no drag.
     TOnGantAreaStartDrag OnGantAreaStartDrag;
+    TOnGantAreaEndDrag OnGantAreaEndDrag;
     /// Something is dragged over the area; the handler accepts it or not. Without a handler
     /// everything is accepted, if there is one of OnGantAreaDragDrop.
     TOnGantAreaDragOver OnGantAreaDragOver;

@@ -3,6 +3,8 @@
 
 #include "gantt/zuGantTypes.h"
 
+#include <Qt>
+
 class QDrag;
 class QDragMoveEvent;
 class QDropEvent;
@@ -18,9 +20,14 @@ using TOnAlignNeed =
 using TOnRealignScrollbar = TMethod<void(TzuGant_ComBasic *theGant, int position, int min, int max,
                                          int pageSize, bool enabled)>;
 
+/// Items are about to be carried out of the chart. The handler may change what is offered; with no
+/// data set there is no drag.
 using TOnGantAreaStartDrag = TMethod<void(TzuGant_ComBasic *theGant, QDrag &drag)>;
 /// Positions of the events are in area pixels.
 using TOnGantAreaDragOver = TMethod<void(TzuGant_ComBasic *theGant, QDragMoveEvent &event)>;
 using TOnGantAreaDragDrop = TMethod<void(TzuGant_ComBasic *theGant, QDropEvent &event)>;
+/// Items carried out of the chart have been dropped: with MoveAction whoever took them leaves it to
+/// the handler to remove them here, with IgnoreAction nobody did.
+using TOnGantAreaEndDrag = TMethod<void(TzuGant_ComBasic *theGant, Qt::DropAction action)>;
 
 } // namespace korvane

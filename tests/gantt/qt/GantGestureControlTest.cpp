@@ -12,7 +12,9 @@
 #include <QMimeData>
 #include <QMouseEvent>
 #include <QScrollBar>
+#include <QTimer>
 #include <QWheelEvent>
+#include <QWindow>
 
 #include <gmock/gmock.h>
 #include <memory>
@@ -133,6 +135,11 @@ TEST_F(GantGestureControl, GesturesEndWhenTheMouseIsTakenAway)
              QEvent deactivate(QEvent::WindowDeactivate);
              QCoreApplication::sendEvent(&Area, &deactivate);
          }},
+        {"a menu",
+         [&] {
+             QFocusEvent popup(QEvent::FocusOut, Qt::PopupFocusReason);
+             QCoreApplication::sendEvent(&Area, &popup);
+         }},
         {"disabling",
          [&] {
              Area.setEnabled(false);
@@ -235,6 +242,26 @@ TEST_F(GantGestureControl, ItemsDraggedOutCarryTextAndJson)
               QString::fromUtf8("Gr\xc3\xbc\xc3\x9f\x65 \"x\""));
     EXPECT_EQ(json[0].toObject()["start"].toString(), "2009-07-13T00:00:00.000");
     EXPECT_TRUE(text.startsWith(json[0].toObject()["caption"].toString() + '\t'));
+}
+
+TEST_F(GantGestureControl, TheEndOfADragOutIsToldWithWhatBecameOfIt)
+{
+    Chart.SetStartDragWhenTimeMoveOutside(true);
+    Chart.OnGantAreaStartDrag = [&](auto *, QDrag &) {
+        QTimer::singleShot(0, &Area, [this] {
+            QKeyEvent escape(QEvent::KeyPress, Qt::Key_Escape, {});
+            QCoreApplication::sendEvent(Chart.windowHandle(), &escape);
+        });
+    };
+    std::vector<Qt::DropAction> ends;
+    Chart.OnGantAreaEndDrag = [&](TzuGant_ComBasic *, Qt::DropAction action) {
+        ends.push_back(action);
+    };
+    const QPoint middle = RectOf(2).center();
+    Press(middle);
+    Move({middle.x(), 1000});
+    Settle();
+    EXPECT_THAT(ends, testing::ElementsAre(Qt::IgnoreAction));
 }
 
 TEST_F(GantGestureControl, TheApplicationDecidesAboutForeignDrags)

@@ -1,0 +1,137 @@
+// What assistive tools see of the things drawn in an area, which are no widgets.
+#pragma once
+
+#include <QAccessible>
+#include <QObject>
+#include <QRect>
+#include <QWidget>
+
+#include <unordered_map>
+#include <utility>
+#include <vector>
+
+namespace korvane {
+
+class TAccessibleArea;
+
+/// One of the things drawn in an area.
+class TAccessiblePart : public QAccessibleInterface
+{
+public:
+    explicit TAccessiblePart(TAccessibleArea &area)
+        : m_area(area)
+    {
+    }
+
+    /// What is shown is gone: the interface is not valid from now on.
+    virtual void Invalidate() = 0;
+
+    QObject *object() const override { return nullptr; }
+    QWindow *window() const override;
+    void setText(QAccessible::Text /*text*/, const QString & /*value*/) override {}
+    /// That of a part which only holds others.
+    QAccessible::State state() const override;
+
+protected:
+    TAccessibleArea &AreaParts() const { return m_area; }
+    QWidget &Area() const;
+    /// A rectangle of the area in screen coordinates.
+    QRect ToScreen(const QRect &rect) const;
+    QPoint FromScreen(int x, int y) const { return Area().mapFromGlobal(QPoint(x, y)); }
+    bool IsOffscreen() const;
+    virtual bool IsShown() const = 0;
+
+private:
+    TAccessibleArea &m_area;
+};
+
+/// A part that holds no others and can be focused, selected and edited.
+class TAccessibleItem : public TAccessiblePart, public QAccessibleActionInterface
+{
+public:
+    using TAccessiblePart::TAccessiblePart;
+
+    QAccessible::Role role() const override { return QAccessible::ListItem; }
+    int childCount() const override { return 0; }
+    QAccessibleInterface *child(int /*index*/) const override { return nullptr; }
+    QAccessibleInterface *childAt(int /*x*/, int /*y*/) const override { return nullptr; }
+    int indexOfChild(const QAccessibleInterface * /*child*/) const override { return -1; }
+    QAccessible::State state() const override;
+
+    void *interface_cast(QAccessible::InterfaceType type) override;
+    QStringList actionNames() const override;
+    QStringList keyBindingsForAction(const QString & /*name*/) const override { return {}; }
+    void doAction(const QString &name) override;
+
+protected:
+    // Asked while the interface is valid.
+    virtual bool IsSelected() const = 0;
+    virtual void SetSelected(bool selected) = 0;
+    virtual bool IsActive() const = 0;
+    /// Makes it the active one, in view.
+    virtual void Activate() = 0;
+    virtual bool CanEdit() const = 0;
+    /// Lets the user edit what is active.
+    virtual void Edit() = 0;
+};
+
+/// The interfaces of an area's parts, as far as they were asked for. Lives as the area's child.
+class TAccessibleArea : public QObject
+{
+public:
+    explicit TAccessibleArea(QWidget &area)
+        : QObject(&area)
+        , m_area(area)
+    {
+    }
+    ~TAccessibleArea() override;
+
+    /// That of an area, or null as long as it has none.
+    template <class Parts>
+    static Parts *Find(const QWidget &area)
+    {
+        for (QObject *child : area.children()) {
+            if (auto *parts = dynamic_cast<Parts *>(child)) {
+                return parts;
+            }
+        }
+        return nullptr;
+    }
+
+    QWidget &Area() const { return m_area; }
+    QAccessibleInterface *AreaInterface() const
+    {
+        return QAccessible::queryAccessibleInterface(&m_area);
+    }
+    /// What is shown is gone; its address alone is used. The interface turns invalid at once and
+    /// goes when whoever may be asking it now has come back.
+    void Forget(const void *shown);
+
+protected:
+    /// The interface of what is shown, made with `create` where there is none yet; null for null.
+    template <typename Create>
+    QAccessibleInterface *InterfaceOf(const void *shown, const Create &create)
+    {
+        if (shown == nullptr) {
+            return nullptr;
+        }
+        const auto [place, isNew] = m_parts.try_emplace(shown, 0);
+        if (isNew) {
+            place->second = QAccessible::registerAccessibleInterface(create());
+        }
+        return QAccessible::accessibleInterface(place->second);
+    }
+
+private:
+    void DeleteDoomed();
+
+    QWidget &m_area;
+    std::unordered_map<const void *, QAccessible::Id> m_parts;
+    std::vector<QAccessible::Id> m_doomed;
+};
+
+/// Tells that a part has the focus, or that the selection has changed.
+void TellFocus(QAccessibleInterface *part);
+void TellSelectionWithin(QWidget &area);
+
+} // namespace korvane
