@@ -158,6 +158,15 @@ void TzuGant::_OnDeleteItem(TzuDataEntity *item)
     }
 }
 
+void TzuGant::_OnContentChanged(TzuDataList *list)
+{
+    const QPointer<TzuGant> self(this);
+    TzuGant_ComBasic::_OnContentChanged(list);
+    if (!self.isNull()) {
+        Q_EMIT timeItemsChanged();
+    }
+}
+
 void TzuGant::_OnInfoPush(TzuDataEntity *item)
 {
     TellOf<TzuDataEntity_Spanbar>(

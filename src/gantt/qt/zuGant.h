@@ -40,7 +40,7 @@ class TzuGant : public TzuGant_ComBasic
     Q_PROPERTY(QString TimeFormat READ TimeFormat WRITE SetTimeFormat)
     Q_PROPERTY(bool IndicatorOn READ IndicatorOn WRITE SetIndicatorOn)
     Q_PROPERTY(int PixelsForModeSwitch READ PixelsForModeSwitch WRITE SetPixelsForModeSwitch)
-    Q_PROPERTY(double Scale READ Scale WRITE SetScale STORED false)
+    Q_PROPERTY(double Scale READ Scale WRITE SetScale DESIGNABLE false STORED false)
     Q_PROPERTY(double ZoomFactor READ Get_ZoomFactor WRITE Set_ZoomFactor)
     Q_PROPERTY(QDateTime Start READ StartDateTime WRITE SetStartDateTime)
     Q_PROPERTY(QDateTime Stop READ StopDateTime WRITE SetStopDateTime)
@@ -67,10 +67,13 @@ class TzuGant : public TzuGant_ComBasic
     Q_PROPERTY(int ScalerHeight READ GetScalerHeight WRITE SetScalerHeight)
     Q_PROPERTY(int TreeWidth READ TreeWidth WRITE SetTreeWidth)
     Q_PROPERTY(bool UseTabSheets READ GetTabSheetsONOFF WRITE SetTabSheetsONOFF)
-    Q_PROPERTY(QMenu *PopupMenu READ PopupMenu WRITE SetPopupMenu)
-    Q_PROPERTY(QMenu *PopupMenuGantArea READ PopupMenuGantArea WRITE SetPopupMenuGantArea)
-    Q_PROPERTY(QMenu *PopupMenuTreeview READ PopupMenuTreeview WRITE SetPopupMenuTreeview)
-    Q_PROPERTY(QMenu *PopupMenuScaler READ PopupMenuScaler WRITE SetPopupMenuScaler)
+    Q_PROPERTY(QMenu *PopupMenu READ PopupMenu WRITE SetPopupMenu DESIGNABLE false STORED false)
+    Q_PROPERTY(QMenu *PopupMenuGantArea READ PopupMenuGantArea WRITE SetPopupMenuGantArea
+                   DESIGNABLE false STORED false)
+    Q_PROPERTY(QMenu *PopupMenuTreeview READ PopupMenuTreeview WRITE SetPopupMenuTreeview
+                   DESIGNABLE false STORED false)
+    Q_PROPERTY(QMenu *PopupMenuScaler READ PopupMenuScaler WRITE SetPopupMenuScaler
+                   DESIGNABLE false STORED false)
 
 public:
     // The enumerations as the designer knows them.
@@ -171,6 +174,8 @@ public:
 
 Q_SIGNALS:
     // What is deleted or removed is about to go; do not keep it. Items clicked may be null.
+    /// Items have come, gone or moved.
+    void timeItemsChanged();
     void timeItemInserted(korvane::TzuDataEntity_Spanbar *item);
     void timeItemDeleted(korvane::TzuDataEntity_Spanbar *item);
     void timeItemChanged(korvane::TzuDataEntity_Spanbar *item);
@@ -190,6 +195,7 @@ Q_SIGNALS:
 protected:
     void _OnInsertItem(TzuDataEntity *item) override;
     void _OnDeleteItem(TzuDataEntity *item) override;
+    void _OnContentChanged(TzuDataList *list) override;
     void _OnInfoPush(TzuDataEntity *item) override;
     void _OnSelectionChanged(TzuDataList *list, TzuDataEntity *item) override;
     void NodeChanged(TzuDataEntity_Tree *node) override { Q_EMIT nodeChanged(node); }

@@ -1,6 +1,7 @@
 #include "grid/qt/zuGrid.h"
 
 #include "foundation/qt/zuConvert.h"
+#include "grid/qt/zuGridJson.h"
 
 #include <algorithm>
 
@@ -69,6 +70,36 @@ TRect TzuGrid::GetRect(const TzuDataEntity_GridTreeNode &node)
         first && node.Row() != nullptr && node.Tree() == GetTree() && node.Row()->InVisibleList();
     return shown ? CellRect({&RootCell(), first.Column, GetTree()->GetRow(node)})
                  : TRect{-1, -1, -1, -1};
+}
+
+QString TzuGrid::ColumnsText() const
+{
+    return GridCollectionToText(*this, QStringLiteral("Columns"));
+}
+
+void TzuGrid::SetColumnsText(const QString &text)
+{
+    SetGridCollectionText(*this, "Columns", text);
+}
+
+QString TzuGrid::SubGridsText() const
+{
+    return GridCollectionToText(*this, QStringLiteral("SubGrids"));
+}
+
+void TzuGrid::SetSubGridsText(const QString &text)
+{
+    SetGridCollectionText(*this, "SubGrids", text);
+}
+
+QString TzuGrid::CellLayoutsText() const
+{
+    return GridCollectionToText(*this, QStringLiteral("CellLayouts"));
+}
+
+void TzuGrid::SetCellLayoutsText(const QString &text)
+{
+    SetGridCollectionText(*this, "CellLayouts", text);
 }
 
 void TzuGrid::HeaderClicked(const TGridCellAt &at, TShiftState shift)

@@ -4,6 +4,8 @@
 #include "cellgrid/qt/zuBabGridView.h"
 #include "grid/zuGrid.h"
 
+#include <QString>
+
 namespace korvane {
 
 /// A grid of columns of eight kinds, with sub-grids in cells and named cell layouts.
@@ -16,6 +18,9 @@ class TzuGrid : public TBabGridView_Custom, public TzuGridCore
     Q_OBJECT
     Q_PROPERTY(bool HasHeaders READ HasHeaders WRITE SetHasHeaders)
     Q_PROPERTY(bool HasInfoCol READ HasInfoCol WRITE SetHasInfoCol)
+    Q_PROPERTY(QString Columns READ ColumnsText WRITE SetColumnsText)
+    Q_PROPERTY(QString SubGrids READ SubGridsText WRITE SetSubGridsText)
+    Q_PROPERTY(QString CellLayouts READ CellLayoutsText WRITE SetCellLayoutsText)
     Q_PROPERTY(bool UserSortEnable READ UserSortEnable WRITE SetUserSortEnable)
 
 public:
@@ -35,6 +40,15 @@ public:
     /// The node's cell in the first column behind the fixed ones that is shown, in pixels of the
     /// control; (-1, -1, -1, -1) when the node is hidden or scrolled away.
     TRect GetRect(const TzuDataEntity_GridTreeNode &node);
+
+    // The collections as forms store them, see GridCollectionToText. A text that is none is
+    // reported as a warning and changes nothing.
+    QString ColumnsText() const;
+    void SetColumnsText(const QString &text);
+    QString SubGridsText() const;
+    void SetSubGridsText(const QString &text);
+    QString CellLayoutsText() const;
+    void SetCellLayoutsText(const QString &text);
 
     /// A row of the grid, or of a grid in it, came into view and is to be filled. Rows that can be
     /// filled again are dropped when they are far from view.

@@ -3,6 +3,8 @@
 #include "foundation/qt/zuConvert.h"
 
 #include <QJsonArray>
+#include <QJsonDocument>
+#include <QtDebug>
 
 #include <array>
 #include <stdexcept>
@@ -190,7 +192,81 @@ void ItemsFromJson(Collection &items, const QJsonValue &json)
     }
 }
 
+/// Nobody to tell of changes.
+struct TNoHost : IGridModelHost
+{
+    void ModelChanged() override {}
+    void NeedEnsureFixed() override {}
+};
+
+/// The items without what they start with.
+QJsonArray WithoutDefaults(const QJsonArray &items, const QString &collection)
+{
+    const QJsonObject defaults = NewGridItemJson(collection);
+    QJsonArray result;
+    for (const QJsonValue &item : items) {
+        QJsonObject kept;
+        const QJsonObject object = item.toObject();
+        for (auto each = object.begin(); each != object.end(); ++each) {
+            if (each.key() == u"Columns" && each.value().isArray()) {
+                const QJsonArray columns = WithoutDefaults(each.value().toArray(), each.key());
+                if (!columns.isEmpty()) {
+                    kept[each.key()] = columns;
+                }
+            } else if (each.value() != defaults[each.key()]) {
+                kept[each.key()] = each.value();
+            }
+        }
+        result.append(kept);
+    }
+    return result;
+}
+
 } // namespace
+
+QJsonObject NewGridItemJson(const QString &collection)
+{
+    TNoHost host;
+    TzuCellLayouts layouts(host);
+    if (collection == u"Columns") {
+        TzuGrid_Columns columns(host, layouts);
+        return ItemToJson(TzuGrid_Column(columns, columns.DefaultWidth(), columns.DefaultKind()));
+    }
+    if (collection == u"SubGrids") {
+        return ItemToJson(TzuGrid_SubGrid(host, layouts));
+    }
+    return collection == u"CellLayouts" ? ItemToJson(TzuCellLayout(layouts)) : QJsonObject();
+}
+
+QString GridCollectionToText(const TzuGridCore &grid, const QString &collection)
+{
+    const QJsonArray items = GridToJson(grid)[collection].toArray();
+    return items.isEmpty() ? QString()
+                           : QString::fromUtf8(QJsonDocument(WithoutDefaults(items, collection))
+                                                   .toJson(QJsonDocument::Compact));
+}
+
+void GridCollectionFromText(TzuGridCore &grid, const QString &collection, const QString &text)
+{
+    QJsonParseError error;
+    const QString list = text.trimmed().isEmpty() ? QStringLiteral("[]") : text;
+    const QJsonDocument document = QJsonDocument::fromJson(list.toUtf8(), &error);
+    if (!document.isArray()) {
+        throw std::invalid_argument(error.error != QJsonParseError::NoError
+                                        ? error.errorString().toStdString()
+                                        : "A list is expected");
+    }
+    GridFromJson(grid, {{collection, document.array()}});
+}
+
+void SetGridCollectionText(TzuGridCore &grid, const char *collection, const QString &text)
+{
+    try {
+        GridCollectionFromText(grid, QLatin1String(collection), text);
+    } catch (const std::invalid_argument &error) {
+        qWarning("%s of a grid: %s", collection, error.what());
+    }
+}
 
 QJsonObject GridToJson(const TzuGridCore &grid)
 {

@@ -15,4 +15,15 @@ QJsonObject GridToJson(const TzuGridCore &grid);
 /// objects or a kind is unknown.
 void GridFromJson(TzuGridCore &grid, const QJsonObject &json);
 
+/// What an item of a collection (by its name) starts with; empty for an unknown name.
+QJsonObject NewGridItemJson(const QString &collection);
+
+/// One collection as the text that forms store: a list without the properties that have their
+/// defaults. An empty collection is an empty text.
+QString GridCollectionToText(const TzuGridCore &grid, const QString &collection);
+/// Throws as GridFromJson does, and for a text that is no JSON.
+void GridCollectionFromText(TzuGridCore &grid, const QString &collection, const QString &text);
+/// The same for a property of a form: what is wrong is written as a warning.
+void SetGridCollectionText(TzuGridCore &grid, const char *collection, const QString &text);
+
 } // namespace korvane

@@ -80,6 +80,15 @@ void TzuSchema::_OnDeleteItem(TzuDataEntity *item)
         item, [&] { TzuSchema_ComBasic::_OnDeleteItem(item); }, &TzuSchema::timeDeleted);
 }
 
+void TzuSchema::_OnContentChanged(TzuDataList *list)
+{
+    const QPointer<TzuSchema> self(this);
+    TzuSchema_ComBasic::_OnContentChanged(list);
+    if (!self.isNull()) {
+        Q_EMIT timesChanged();
+    }
+}
+
 void TzuSchema::_OnInfoPush(TzuDataEntity *item)
 {
     const bool storing = SettingTimes(); // the last announcement alone counts

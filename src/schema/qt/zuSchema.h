@@ -34,7 +34,8 @@ class TzuSchema : public TzuSchema_ComBasic
     Q_PROPERTY(QDateTime ScalerStart READ ScalerStartDateTime WRITE SetScalerStartDateTime)
     Q_PROPERTY(QDateTime ScalerStop READ ScalerStopDateTime WRITE SetScalerStopDateTime)
     Q_PROPERTY(int ScalerWidth READ GetScalerWidth WRITE SetScalerWidth)
-    Q_PROPERTY(int ScalerHeight READ GetScalerHeight WRITE SetScalerHeight STORED false)
+    Q_PROPERTY(
+        int ScalerHeight READ GetScalerHeight WRITE SetScalerHeight DESIGNABLE false STORED false)
     Q_PROPERTY(bool StartSnapONOFF READ StartSnapONOFF WRITE SetStartSnapONOFF)
     Q_PROPERTY(bool LengthSnapONOFF READ LengthSnapONOFF WRITE SetLengthSnapONOFF)
     Q_PROPERTY(double StartSnap READ StartSnap WRITE SetStartSnap)
@@ -44,9 +45,11 @@ class TzuSchema : public TzuSchema_ComBasic
         bool MoveInTimeWhenColSwitch READ MoveInTimeWhenColSwitch WRITE SetMoveInTimeWhenColSwitch)
     Q_PROPERTY(bool StartDragWhenTimeMoveOutside READ StartDragWhenTimeMoveOutside WRITE
                    SetStartDragWhenTimeMoveOutside)
-    Q_PROPERTY(QMenu *HeaderPopupmenu READ HeaderPopupmenu WRITE SetHeaderPopupmenu)
-    Q_PROPERTY(QMenu *PopupSchema READ PopupSchema WRITE SetPopupSchema)
-    Q_PROPERTY(QMenu *PopupMenu READ PopupMenu WRITE SetPopupMenu)
+    Q_PROPERTY(QMenu *HeaderPopupmenu READ HeaderPopupmenu WRITE SetHeaderPopupmenu
+                   DESIGNABLE false STORED false)
+    Q_PROPERTY(
+        QMenu *PopupSchema READ PopupSchema WRITE SetPopupSchema DESIGNABLE false STORED false)
+    Q_PROPERTY(QMenu *PopupMenu READ PopupMenu WRITE SetPopupMenu DESIGNABLE false STORED false)
     Q_PROPERTY(bool DrawShortLines READ DrawShortLines WRITE SetDrawShortLines)
     Q_PROPERTY(bool RescaleWithCtrl READ RescaleWithCtrl WRITE SetRescaleWithCtrl)
 
@@ -82,6 +85,8 @@ public:
 
 Q_SIGNALS:
     // What is deleted is about to go; do not keep it.
+    /// Times have come, gone or moved.
+    void timesChanged();
     void timeInserted(korvane::TzuDataEntity_SchemaTime *time);
     void timeDeleted(korvane::TzuDataEntity_SchemaTime *time);
     void timeChanged(korvane::TzuDataEntity_SchemaTime *time);
@@ -91,6 +96,7 @@ Q_SIGNALS:
 protected:
     void _OnInsertItem(TzuDataEntity *item) override;
     void _OnDeleteItem(TzuDataEntity *item) override;
+    void _OnContentChanged(TzuDataList *list) override;
     void _OnInfoPush(TzuDataEntity *item) override;
     void _OnSelectionChanged(TzuDataList *list, TzuDataEntity *item) override;
     void DoScalerChange() override;

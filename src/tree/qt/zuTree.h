@@ -3,6 +3,8 @@
 
 #include "tree/qt/zuTreeComBasic.h"
 
+#include <functional>
+
 namespace korvane {
 
 /// The component proper: publishes the tree for the designer.
@@ -42,6 +44,12 @@ Q_SIGNALS:
     void entityCollapsed();
     /// See GetCurrentDataEntity.
     void currentEntityChanged();
+    /// Entities have come, gone or moved.
+    void contentChanged();
+    void entityChanged(korvane::TzuDataEntity_Tree *entity);
+    /// Null when many were.
+    void entitySelectionChanged(korvane::TzuDataEntity_Tree *entity);
+    void entityVisibleChanged(korvane::TzuDataEntity_Tree *entity);
 
 protected:
     void _InsertItem(TzuDataEntity_Tree *entity) override;
@@ -49,6 +57,15 @@ protected:
     void Expand(TzuDataEntity_Tree *entity) override;
     void Collapse(TzuDataEntity_Tree *entity) override;
     void DoCurrentChanged() override;
+    void _OnContentChanged(TzuDataList_Tree *list) override;
+    void _OnSelectionChanged(TzuDataList *list, TzuDataEntity_Tree *entity) override;
+    void _OnVisibleChanged(TzuDataEntity_Tree *entity) override;
+    void _OnInfoPush(TzuDataEntity_Tree *entity) override;
+
+private:
+    /// Runs the handlers, then tells of an entity, unless it or the tree is gone.
+    void TellOf(TzuDataEntity_Tree *entity, const std::function<void()> &handlers,
+                void (TzuTree::*signal)(TzuDataEntity_Tree *));
 };
 
 } // namespace korvane

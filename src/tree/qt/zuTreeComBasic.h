@@ -34,9 +34,9 @@ class TzuTree_ComBasic : public TCustomTreeView,
     Q_OBJECT
 
 public:
-    enum class TDragMode : std::uint8_t {
-        dmManual,   ///< the application calls BeginDrag
-        dmAutomatic ///< the user drags with the left button
+    enum TDragMode { // plain, as code made of forms needs it
+        dmManual,    ///< the application calls BeginDrag
+        dmAutomatic  ///< the user drags with the left button
     };
     Q_ENUM(TDragMode)
     using TOnCustomDrawItem =

@@ -1,0 +1,131 @@
+#include "design/qt/zuGridTaskMenu.h"
+
+#include "design/qt/zuCollectionEditor.h"
+#include "design/zuGrid_Editor.h"
+#include "foundation/qt/zuConvert.h"
+#include "grid/qt/zuGrid.h"
+
+#include <QAction>
+#include <QtDesigner/QDesignerFormEditorInterface>
+#include <QtDesigner/QDesignerFormWindowCursorInterface>
+#include <QtDesigner/QDesignerFormWindowInterface>
+#include <QtDesigner/QDesignerPropertySheetExtension>
+#include <QtDesigner/QExtensionManager>
+
+#include <array>
+
+namespace korvane {
+
+namespace {
+
+/// Opens the editor of a collection; what was done is one step of the form's undo stack.
+void EditCollection(TzuGrid &grid, const QString &collection)
+{
+    auto *form = QDesignerFormWindowInterface::findFormWindow(&grid);
+    if (form == nullptr || !TCollectionEditor::CanEdit(collection)) {
+        return;
+    }
+    TCollectionEditor editor(grid, collection, form->window());
+    if (editor.exec() == QDialog::Accepted && editor.IsChanged()) {
+        form->cursor()->setWidgetProperty(&grid, collection, editor.Text());
+    }
+}
+
+/// A property of a grid on a form.
+class TSheetProperty : public IPropertyEditor
+{
+public:
+    TSheetProperty(TzuGrid &grid, QString name)
+        : m_grid(grid)
+        , m_name(std::move(name))
+    {
+    }
+    std::string GetName() const override { return FromQt(m_name); }
+    void Edit() override { EditCollection(m_grid, m_name); }
+
+private:
+    TzuGrid &m_grid;
+    QString m_name;
+};
+
+} // namespace
+
+class TGridTaskMenu::TComponent : public IDesignedComponent
+{
+public:
+    explicit TComponent(TzuGrid &grid)
+        : Grid(grid)
+    {
+    }
+    TzuGrid &Grid;
+};
+
+/// The form designer, by its property sheets.
+class TGridTaskMenu::TDesigner : public IFormDesigner
+{
+public:
+    void GetComponentProperties(const TDesignerSelectionList &selection,
+                                const TGetPropEditProc &proc) override
+    {
+        for (IDesignedComponent *each : selection) {
+            TzuGrid &grid = static_cast<TComponent &>(*each).Grid;
+            auto *form = QDesignerFormWindowInterface::findFormWindow(&grid);
+            const auto *sheet = form == nullptr ? nullptr
+                                                : qt_extension<QDesignerPropertySheetExtension *>(
+                                                    form->core()->extensionManager(), &grid);
+            for (int index = 0; sheet != nullptr && index < sheet->count(); ++index) {
+                TSheetProperty property(grid, sheet->propertyName(index));
+                proc(property);
+            }
+        }
+    }
+};
+
+TGridTaskMenu::TGridTaskMenu(TzuGrid &grid, QObject *parent)
+    : QObject(parent)
+    , m_component(std::make_unique<TComponent>(grid))
+    , m_designer(std::make_unique<TDesigner>())
+    , m_editor(std::make_unique<TzuGridEditorWakeUpGlue>(*m_component, *m_designer))
+{
+    for (int verb = 0; verb < m_editor->GetVerbCount(); ++verb) {
+        auto *action = new QAction(ToQt(m_editor->GetVerb(verb)), this);
+        connect(action, &QAction::triggered, this, [this, verb] { m_editor->ExecuteVerb(verb); });
+        m_actions.append(action);
+    }
+    struct TOther
+    {
+        QString Text;
+        QString Collection;
+    };
+    for (const TOther &other : {TOther{tr("Sub-grids"), QStringLiteral("SubGrids")},
+                                TOther{tr("Cell layouts"), QStringLiteral("CellLayouts")}}) {
+        auto *action = new QAction(other.Text, this);
+        connect(action, &QAction::triggered, this,
+                [&grid, name = other.Collection] { EditCollection(grid, name); });
+        m_actions.append(action);
+    }
+    auto *separator = new QAction(this);
+    separator->setSeparator(true);
+    m_actions.append(separator);
+}
+
+TGridTaskMenu::~TGridTaskMenu() = default;
+
+void TGridTaskMenuFactory::Install(QDesignerFormEditorInterface &designer)
+{
+    QExtensionManager *manager = designer.extensionManager();
+    manager->registerExtensions(new TGridTaskMenuFactory(manager),
+                                Q_TYPEID(QDesignerTaskMenuExtension));
+}
+
+QObject *TGridTaskMenuFactory::createExtension(QObject *object, const QString &iid,
+                                               QObject *parent) const
+{
+    auto *grid = qobject_cast<TzuGrid *>(object);
+    if (grid == nullptr || iid != Q_TYPEID(QDesignerTaskMenuExtension)) {
+        return nullptr;
+    }
+    return new TGridTaskMenu(*grid, parent);
+}
+
+} // namespace korvane

@@ -1,0 +1,58 @@
+// The verbs of a grid in the form designer.
+#pragma once
+
+#include <QList>
+#include <QObject>
+#include <QtDesigner/QDesignerTaskMenuExtension>
+#include <QtDesigner/QExtensionFactory>
+
+#include <memory>
+
+class QAction;
+class QDesignerFormEditorInterface;
+
+namespace korvane {
+
+class TzuGrid;
+class TzuGridEditorWakeUpGlue;
+
+/// Puts the verbs of TzuGridEditorWakeUpGlue first in the context menu of a grid on a form, and
+/// the editors of its other collections behind them.
+class TGridTaskMenu : public QObject, public QDesignerTaskMenuExtension
+{
+    Q_OBJECT
+    Q_INTERFACES(QDesignerTaskMenuExtension)
+
+public:
+    TGridTaskMenu(TzuGrid &grid, QObject *parent);
+    ~TGridTaskMenu() override;
+
+    QAction *preferredEditAction() const override { return m_actions.first(); }
+    QList<QAction *> taskActions() const override { return m_actions; }
+
+private:
+    class TDesigner;
+    class TComponent;
+
+    std::unique_ptr<TComponent> m_component;
+    std::unique_ptr<TDesigner> m_designer;
+    std::unique_ptr<TzuGridEditorWakeUpGlue> m_editor;
+    QList<QAction *> m_actions;
+};
+
+/// Gives grids their menu.
+class TGridTaskMenuFactory : public QExtensionFactory
+{
+    Q_OBJECT
+
+public:
+    static void Install(QDesignerFormEditorInterface &designer);
+
+protected:
+    QObject *createExtension(QObject *object, const QString &iid, QObject *parent) const override;
+
+private:
+    using QExtensionFactory::QExtensionFactory;
+};
+
+} // namespace korvane
