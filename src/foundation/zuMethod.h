@@ -5,9 +5,6 @@
 #include <memory>
 #include <type_traits>
 #include <utility>
-#ifndef Q_MOC_RUN // Qt's moc fails on it where it comes before all other library headers
-#include <concepts>
-#endif
 
 namespace korvane {
 
@@ -29,7 +26,7 @@ public:
     /// Takes any callable; the slot shares ownership of it with its copies. Implicit for
     /// slot = [](...) { ... }; the constraint leaves copies to the copy constructor.
     template <typename F>
-    requires(!std::same_as<std::remove_cvref_t<F>, TMethod> && std::invocable<F &, Args...>)
+    requires(!std::is_same_v<std::remove_cvref_t<F>, TMethod> && std::is_invocable_v<F &, Args...>)
         TMethod(F &&callable) // NOLINT(*-explicit-constructor,*-forwarding-reference-overload)
         : m_closure(std::make_shared<std::decay_t<F>>(std::forward<F>(callable)))
     {
