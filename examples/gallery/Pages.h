@@ -1,6 +1,8 @@
 // The pages of the gallery; each is made by a source file of its own under pages/.
 #pragma once
 
+#include "Manual.h"
+
 #include <QSize>
 #include <QString>
 #include <QWidget>
@@ -26,4 +28,10 @@ inline const std::array kGalleryPages = {
     TGalleryPage{"Tree", "tree", QSize(1000, 480), &CreateTreePage},
     TGalleryPage{"Gantt chart", "gantt", QSize(1200, 600), &CreateGanttPage},
     TGalleryPage{"Schedule", "schedule", QSize(1200, 560), &CreateSchemaPage},
+    TGalleryPage{"Show a plan", "show-a-plan", QSize(760, 240), &ShowAPlan},
+    TGalleryPage{"React to a drag", "veto-a-drag", QSize(760, 200), &VetoADrag},
+    TGalleryPage{"A million rows", "million-rows", QSize(560, 300), &MillionRows},
+    TGalleryPage{"Hide nights", "hide-nights", QSize(760, 200), &HideNights},
+    TGalleryPage{"Print", "print-it", QSize(960, 360), &PrintIt},
+    TGalleryPage{"On a form", "on-a-form", QSize(640, 320), &OnAForm},
 };
