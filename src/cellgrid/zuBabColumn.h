@@ -55,6 +55,12 @@ public:
     bool IsTreeColumn() const { return TreeButton() || Kind() == TColumnKind::tckSubTree; }
     virtual bool HasIcon() const = 0;
     virtual bool Groupcells() const = 0;
+    /// Whether neighbouring cells are shown as one.
+    bool GroupsIn(bool gridShowsTree) const
+    {
+        return Groupcells() && !HoldsGrids(Kind(), gridShowsTree)
+               && !(gridShowsTree && IsTreeColumn());
+    }
     /// Nil: the grid's.
     virtual const TLayoutProp *LayoutProp() const = 0;
     /// Image of a cell; -1 for none.

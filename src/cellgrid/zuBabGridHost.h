@@ -17,6 +17,8 @@ public:
 
     /// Arranges for a repaint.
     virtual void InvalidateGrid() = 0;
+    /// Arranges for a repaint that only has to follow the scrolling of an area.
+    virtual void ScrollGrid(const TRect & /*area*/) { InvalidateGrid(); }
     /// Arranges for the gesture's overlay to be drawn again.
     virtual void InvalidateGridOverlay() = 0;
     /// The area that the grid may use, in pixels.

@@ -1,9 +1,8 @@
 #include "cellgrid/zuBabGridLayout.h"
 
-#include "cellgrid/zuCellText.h"
+#include "cellgrid/zuBabGridChanges.h"
 
 #include <algorithm>
-#include <limits>
 #include <utility>
 
 namespace korvane {
@@ -12,38 +11,6 @@ namespace {
 
 /// Passes after which a layout whose rows keep changing their heights is taken as it is.
 constexpr int kMaxPasses = 4;
-constexpr int kFar = 1 << 28;
-
-int Pixel(std::int64_t value)
-{
-    return static_cast<int>(std::clamp<std::int64_t>(value, -kFar, kFar));
-}
-
-/// Tells whether handlers changed a grid, or one that it is in, and with that the items at hand.
-class TGridChanges
-{
-public:
-    explicit TGridChanges(const TBabGridCell &grid)
-    {
-        for (const TBabGridCell *each = &grid; each != nullptr; each = each->GridCell()) {
-            m_seen.push_back({each, CountOf(*each)});
-        }
-    }
-    /// From the outermost grid on, since what is in a changed one may be gone.
-    bool Happened() const
-    {
-        return std::any_of(m_seen.rbegin(), m_seen.rend(),
-                           [](const auto &seen) { return CountOf(*seen.first) != seen.second; });
-    }
-
-private:
-    static std::uint64_t CountOf(const TBabGridCell &grid)
-    {
-        return grid.Columns().Changes() + grid.Rows().Changes();
-    }
-    std::vector<std::pair<const TBabGridCell *, std::uint64_t>> m_seen;
-};
-
 /// While it lives the cells of a grid count as deselected, so that rows may be unloaded; the
 /// selection by indexes is none of theirs.
 class TKeepSelection
@@ -74,7 +41,7 @@ TBabGridLayoutCore::TBabGridLayoutCore(IBabGridHost &host)
                      false)
     , m_sizeListener(m_root->UserSizeEvent, TOnEvent::Bind<&TBabGridLayoutCore::OnAxisEvent>(this),
                      false)
-    , m_cellListener(m_root->CellEvent, TOnEvent::Bind<&TBabGridLayoutCore::OnAxisEvent>(this),
+    , m_cellListener(m_root->CellEvent, TOnEvent::Bind<&TBabGridLayoutCore::OnCellEvent>(this),
                      false)
     , m_selectionListener(m_root->SelectionEvent,
                           TOnEvent::Bind<&TBabGridLayoutCore::OnSelectionEvent>(this), false)
@@ -95,9 +62,24 @@ TBabGridLayoutCore::~TBabGridLayoutCore()
     m_root->OnSubGridGoes = nullptr;
 }
 
+/// While a layout is made, columns and rows are loaded, which are painted as they come.
 void TBabGridLayoutCore::OnAxisEvent(TSingleEventListener * /*listener*/)
 {
+    if (!m_layingOut) {
+        m_picture.Forget();
+    }
+    LoseLayout();
+}
+
+void TBabGridLayoutCore::OnCellEvent(TSingleEventListener * /*listener*/)
+{
     LayoutOutOfDate();
+}
+
+void TBabGridLayoutCore::InvalidatePicture()
+{
+    m_picture.Forget();
+    m_host.InvalidateGrid();
 }
 
 void TBabGridLayoutCore::OnHideEvent(TSingleEventListener * /*listener*/)
@@ -108,7 +90,7 @@ void TBabGridLayoutCore::OnHideEvent(TSingleEventListener * /*listener*/)
 
 void TBabGridLayoutCore::OnSelectionEvent(TSingleEventListener * /*listener*/)
 {
-    m_host.InvalidateGrid();
+    InvalidatePicture();
     SelectionEventFired();
 }
 
@@ -121,6 +103,12 @@ void TBabGridLayoutCore::SetExtendLastColumnToWidth(bool extend)
 }
 
 void TBabGridLayoutCore::LayoutOutOfDate()
+{
+    m_picture.Forget();
+    LoseLayout();
+}
+
+void TBabGridLayoutCore::LoseLayout()
 {
     const bool lost = !std::exchange(m_outOfDate, true);
     if (!m_layingOut) {
@@ -218,6 +206,31 @@ void TBabGridLayoutCore::EnsureLayout()
     }
 }
 
+std::optional<TGridPictureMove> TBabGridLayoutCore::PictureMove()
+{
+    EnsureLayout();
+    auto move = m_outOfDate ? std::nullopt : m_picture.MoveTo(m_shown);
+    if (!move) {
+        return move;
+    }
+    // The marks of the rows, and the texts of groups, stand in what is shown of them.
+    const TRect &area = m_shown.Area;
+    const TRect head{area.Left, m_shown.FixedEnd.Y, m_shown.FixedEnd.X, area.Bottom};
+    if (!head.IsEmpty()) {
+        move->Anew.push_back(head);
+    }
+    for (const TGridBand &column : m_shown.Columns) {
+        const TBabColumn *info = ColumnOf(*column.Item);
+        if (info != nullptr && !column.Fixed && info->GroupsIn(m_root->ShowsTree())) {
+            move->Anew.push_back(TRect{std::max(column.Near, m_shown.FixedEnd.X),
+                                       m_shown.FixedEnd.Y, column.Far, area.Bottom}
+                                     .Intersected(area));
+        }
+    }
+    AddToPictureMove(*move);
+    return move;
+}
+
 const TGridBlock &TBabGridLayoutCore::Shown()
 {
     EnsureLayout();
@@ -248,7 +261,7 @@ TGridBands TBabGridLayoutCore::BandsOf(TAxisContentList &list, const TAxisView &
         TAxisContentItem *item = list.FindLoaded(index);
         const int size = list.SizeAt(index);
         if (item != nullptr && size > 0) {
-            bands.push_back({item, index, Pixel(near), Pixel(near + size), fixed});
+            bands.push_back({item, index, ToPixel(near), ToPixel(near + size), fixed});
         }
         return near + size;
     };
@@ -289,7 +302,7 @@ TGridBlock TBabGridLayoutCore::BlockOf(TBabGridCell &grid, const TRect &area, co
                                       grid.ExtendLastColumnToWidth() ? area.Right : 0});
     block.Rows = BandsOf(rows, {area.Top, ScrollOf(rows), {block.Area.Top, block.Area.Bottom}, 0});
     const auto fixedSize = [](const TAxisContentList &list) {
-        return Pixel(list.OffsetOf(std::min(list.FixedCount(), list.Count())));
+        return ToPixel(list.OffsetOf(std::min(list.FixedCount(), list.Count())));
     };
     block.FixedEnd = {area.Left + fixedSize(columns), area.Top + fixedSize(rows)};
     return block;
@@ -307,97 +320,13 @@ TGridBlock TBabGridLayoutCore::ShownIn(TBabGridCell &grid, const TRect &area, co
     return again ? BlockOf(grid, area, clip) : block;
 }
 
-/// Gives the shown rows the heights that their contents ask for. True when one changed.
-bool TBabGridLayoutCore::MeasureRows(TGridBlock &block)
-{
-    TBabGridCell &grid = *block.Grid;
-    std::vector<TAxisContentItem *> measured;
-    for (int p = grid.Columns().FixedCount(); p < grid.Columns().LoadedCount(); ++p) {
-        TAxisContentItem *item = grid.Columns().getLoadedAxisContentItem(p);
-        const TBabColumn *column = ColumnOf(*item);
-        const TLayoutProp *layout = column != nullptr ? column->LayoutProp() : nullptr;
-        const bool wraps = (layout != nullptr ? *layout : m_defaultLayout).WrapTextAndFit;
-        if (!item->GetHide()
-            && (wraps || (column != nullptr && HoldsGrids(column->Kind(), grid.ShowsTree())))) {
-            measured.push_back(item);
-        }
-    }
-    bool changed = false;
-    const bool cellsDiffer = grid.Matris().CellCount() > 0;
-    for (const TGridBand &row : block.Rows) {
-        if (row.Fixed || row.Item->GetUserSizeActive()) {
-            continue;
-        }
-        int height = grid.Rows().DefaultSize();
-        const TGridChanges changes(grid);
-        for (TAxisContentItem *column : measured) {
-            const int width = grid.Columns().SizeAt(grid.Columns().IndexOf(*column));
-            height = std::max(
-                height, MeasuredHeight(grid, *column, *row.Item, {0, row.Near, width, row.Far}));
-            if (changes.Happened()) {
-                return true;
-            }
-        }
-        for (std::size_t i = 0; cellsDiffer && i < block.Columns.size(); ++i) {
-            const TBabCell *cell = grid.FindCell(*block.Columns[i].Item, *row.Item);
-            if (cell != nullptr && cell->LayoutProp() != nullptr) {
-                const TRect rect{block.Columns[i].Near, row.Near, block.Columns[i].Far, row.Far};
-                height =
-                    std::max(height, MeasuredHeight(grid, *block.Columns[i].Item, *row.Item, rect));
-                if (changes.Happened()) {
-                    return true;
-                }
-            }
-        }
-        const bool isDefault = height == grid.Rows().DefaultSize();
-        if (height != row.Far - row.Near) {
-            row.Item->SetAutoSize(isDefault ? TAxisContentItem::kNotMeasured : height);
-            changed = changed || row.Item->Size() != row.Far - row.Near;
-        }
-    }
-    return changed;
-}
-
-int TBabGridLayoutCore::MeasuredHeight(TBabGridCell &grid, TAxisContentItem &column,
-                                       TAxisContentItem &row, const TRect &cell)
-{
-    const TBabColumn *info = ColumnOf(column);
-    if (info != nullptr && HoldsGrids(info->Kind(), grid.ShowsTree())) {
-        const TGridChanges before(grid);
-        TBabCell &made = grid.GetCell(column, row);
-        auto *subGrid = before.Happened() ? nullptr : dynamic_cast<TBabGridCell *>(&made);
-        if (subGrid == nullptr) {
-            return 0;
-        }
-        // What of it is in view is measured first.
-        const TRect area{cell.Left, cell.Top, cell.Right, kFar};
-        const TSize size = m_host.GridSize();
-        const TGridChanges changes(grid);
-        ShownIn(*subGrid, area, {cell.Left, std::max(0, cell.Top), cell.Right, size.Height});
-        if (changes.Happened()) {
-            return 0;
-        }
-        return Pixel(subGrid->Rows().TotalSize()) + 1;
-    }
-    const TLayoutProp &layout = LayoutOf(grid, column, row);
-    if (!layout.WrapTextAndFit) {
-        return layout.MinHeight;
-    }
-    TCanvas &canvas = m_host.MeasureCanvas();
-    canvas.SetFont(FontOf(layout));
-    const int width = cell.Width() - 1 - 2 * kPadding;
-    const auto lines = std::ssize(WrappedText(canvas, grid.CellText(column, row), width));
-    const int height = static_cast<int>(lines) * canvas.TextExtent("Xg").Height + kPadding + 1;
-    return std::max(layout.MinHeight, height);
-}
-
 // --- scrolling
 // ------------------------------------------------------------------------------------
 
 TSize TBabGridLayoutCore::PageSize() const
 {
     const auto fixedSize = [](const TAxisContentList &list) {
-        return Pixel(list.OffsetOf(std::min(list.FixedCount(), list.Count())));
+        return ToPixel(list.OffsetOf(std::min(list.FixedCount(), list.Count())));
     };
     const TSize size = m_host.GridSize();
     return {std::max(0, size.Width - fixedSize(m_root->Columns())),
@@ -426,10 +355,26 @@ void TBabGridLayoutCore::ScrollTo(std::int64_t x, std::int64_t y)
     m_scrollX = x;
     m_scrollY = y;
     ClampScroll();
-    if (before != std::pair(m_scrollX, m_scrollY)) {
-        LayoutOutOfDate();
-        TopLeftChanged();
+    if (before == std::pair(m_scrollX, m_scrollY)) {
+        return;
     }
+    const bool lost = !std::exchange(m_outOfDate, true);
+    // What is not in the area tells a request to paint everything from this one.
+    const TSize size = m_host.GridSize();
+    const TSize page = PageSize();
+    const bool sideways = m_scrollX != before.first;
+    const TRect area{sideways ? size.Width - page.Width : 0,
+                     sideways ? 0 : size.Height - page.Height, size.Width, size.Height};
+    const bool both = sideways && m_scrollY != before.second;
+    if (both || area == TRect{0, 0, size.Width, size.Height}) {
+        m_host.InvalidateGrid();
+    } else {
+        m_host.ScrollGrid(area);
+    }
+    if (lost) {
+        LayoutLost();
+    }
+    TopLeftChanged();
 }
 
 void TBabGridLayoutCore::ScrollRows(int rows)
@@ -483,249 +428,6 @@ void TBabGridLayoutCore::MakeVisible(const TGridCellAt &at)
         fixedRow
             ? m_scrollY
             : scroll(m_scrollY, rect.Top, rect.Bottom, size.Height - page.Height, size.Height));
-}
-
-// --- geometry
-// -------------------------------------------------------------------------------------
-
-TBabGridLayoutCore::TSpan TBabGridLayoutCore::SpanOf(const TAxisContentList &list, int index,
-                                                     const TAxisView &view) const
-{
-    if (index < 0 || index >= list.Count() || list.SizeAt(index) == 0) {
-        return {};
-    }
-    const std::int64_t near =
-        view.Origin + list.OffsetOf(index) - (index < list.FixedCount() ? 0 : view.Scroll);
-    std::int64_t far = near + list.SizeAt(index);
-    if (view.ExtendTo > 0 && index == list.NearestShown(list.Count() - 1, -1)) {
-        far = std::max<std::int64_t>(far, view.ExtendTo);
-    }
-    return {Pixel(near), Pixel(far)};
-}
-
-TRect TBabGridLayoutCore::AreaOf(TBabGridCell &grid)
-{
-    if (&grid == m_root.get()) {
-        const TSize size = m_host.GridSize();
-        return {0, 0, size.Width, size.Height};
-    }
-    TBabGridCell *parent = grid.GridCell();
-    if (parent == nullptr) {
-        return {};
-    }
-    return CellRect(
-        {parent, parent->Columns().IndexOf(*grid.Column()), parent->Rows().IndexOf(*grid.Row())});
-}
-
-TRect TBabGridLayoutCore::CellRect(const TGridCellAt &at)
-{
-    EnsureLayout();
-    if (at.Grid == nullptr) {
-        return {};
-    }
-    const TRect area = AreaOf(*at.Grid);
-    TAxisContentList &columns = at.Grid->Columns();
-    TAxisContentList &rows = at.Grid->Rows();
-    const TSpan x = SpanOf(
-        columns, at.Column,
-        {area.Left, ScrollOf(columns), {}, at.Grid->ExtendLastColumnToWidth() ? area.Right : 0});
-    const TSpan y = SpanOf(rows, at.Row, {area.Top, ScrollOf(rows), {}, 0});
-    return x.Near == x.Far || y.Near == y.Far ? TRect() : TRect{x.Near, y.Near, x.Far, y.Far};
-}
-
-const TGridBand *TBabGridLayoutCore::BandAt(const TGridBands &bands, int pixel)
-{
-    // The fixed ones come first and cover what is scrolled under them.
-    const auto found = std::find_if(bands.begin(), bands.end(), [pixel](const TGridBand &band) {
-        return pixel >= band.Near && pixel < band.Far;
-    });
-    return found == bands.end() ? nullptr : &*found;
-}
-
-/// The band that ends near the pixel.
-const TGridBand *TBabGridLayoutCore::BorderAt(const TGridBands &bands, int pixel)
-{
-    const auto found = std::find_if(bands.begin(), bands.end(), [pixel](const TGridBand &band) {
-        return pixel >= band.Far - kGrip && pixel < band.Far + kGrip;
-    });
-    return found == bands.end() ? nullptr : &*found;
-}
-
-TGridHit TBabGridLayoutCore::HitTest(TPoint point)
-{
-    EnsureLayout();
-    return m_shown.Area.Contains(point) ? HitIn(m_shown, point) : TGridHit();
-}
-
-TGridHit TBabGridLayoutCore::HitIn(const TGridBlock &block, TPoint point)
-{
-    const TGridBand *column = BandAt(block.Columns, point.X);
-    const TGridBand *row = BandAt(block.Rows, point.Y);
-    const bool inHeader = row != nullptr && row->Fixed;
-    const TGridBand *border = inHeader ? BorderAt(block.Columns, point.X) : nullptr;
-    if (border != nullptr && (!border->Fixed || column == nullptr || column->Fixed)) {
-        return {TGridPart::ColumnBorder,
-                {block.Grid, border->Index, row->Index},
-                {border->Near, row->Near, border->Far, row->Far}};
-    }
-    if (column != nullptr && column->Fixed) {
-        border = BorderAt(block.Rows, point.Y);
-        if (border != nullptr && (!border->Fixed || inHeader)) {
-            return {TGridPart::RowBorder,
-                    {block.Grid, column->Index, border->Index},
-                    {column->Near, border->Near, column->Far, border->Far}};
-        }
-    }
-    if (column == nullptr || row == nullptr) {
-        return {TGridPart::Nothing, {block.Grid, -1, -1}, {}};
-    }
-    TGridHit hit{TGridPart::Cell,
-                 {block.Grid, column->Index, row->Index},
-                 {column->Near, row->Near, column->Far, row->Far}};
-    if (row->Fixed || column->Fixed) {
-        hit.Part = !row->Fixed     ? TGridPart::RowHeader
-                   : column->Fixed ? TGridPart::Corner
-                                   : TGridPart::ColumnHeader;
-        return hit;
-    }
-    const TBabColumn *info = ColumnOf(*column->Item);
-    if (info != nullptr && info->Kind() == TColumnKind::tckBool
-        && CheckBoxRect(hit.Rect).Contains(point)) {
-        hit.Part = TGridPart::CheckBox;
-    }
-    if (TreeButtonRect(hit.At, hit.Rect).Contains(point)) {
-        hit.Part = TGridPart::TreeButton;
-        return hit;
-    }
-    auto *subGrid = dynamic_cast<TBabGridCell *>(block.Grid->FindCell(*column->Item, *row->Item));
-    if (subGrid != nullptr) {
-        const TGridHit inner =
-            HitIn(BlockOf(*subGrid, hit.Rect,
-                          {hit.Rect.Left, point.Y - kGrip, hit.Rect.Right, point.Y + kGrip}),
-                  point);
-        return inner.Part == TGridPart::Nothing ? hit : inner;
-    }
-    return hit;
-}
-
-TRect TBabGridLayoutCore::CheckBoxRect(const TRect &cell) const
-{
-    const int left = (cell.Left + cell.Right - 1 - kCheckBox) / 2;
-    const int top = (cell.Top + cell.Bottom - 1 - kCheckBox) / 2;
-    return {left, top, left + kCheckBox, top + kCheckBox};
-}
-
-IBabTreeRow *TBabGridLayoutCore::TreeNodeAt(const TGridCellAt &at)
-{
-    const TAxisContentItem *column =
-        at.Grid->ShowsTree() ? at.Grid->Columns().FindLoaded(at.Column) : nullptr;
-    const TBabColumn *info = column != nullptr ? ColumnOf(*column) : nullptr;
-    const TAxisContentItem *row =
-        info != nullptr && info->IsTreeColumn() ? at.Grid->Rows().FindLoaded(at.Row) : nullptr;
-    return row != nullptr ? at.Grid->TreeRowOf(*row) : nullptr;
-}
-
-TRect TBabGridLayoutCore::TreeButtonRect(const TGridCellAt &at, const TRect &cell) const
-{
-    const IBabTreeRow *node = TreeNodeAt(at);
-    if (node == nullptr || !node->HasTreeButton()) {
-        return {};
-    }
-    // Beside the line that the text begins with.
-    const int left = cell.Left + kPadding + node->TreeLevel() * kTreeIndent;
-    const int bottom = std::min(cell.Bottom, cell.Top + at.Grid->Rows().DefaultSize());
-    return TRect{left, cell.Top, left + kTreeIndent, bottom - 1}.Intersected(cell);
-}
-
-TRect TBabGridLayoutCore::ContentRect(const TGridCellAt &at, const TRect &cell) const
-{
-    TRect rect{cell.Left + kPadding, cell.Top + kPadding / 2, cell.Right - 1 - kPadding,
-               cell.Bottom - 1 - kPadding / 2};
-    if (const IBabTreeRow *node = TreeNodeAt(at)) {
-        rect.Left += (node->TreeLevel() + 1) * kTreeIndent;
-    }
-    const TAxisContentItem *item = at.Grid->Columns().FindLoaded(at.Column);
-    const TBabColumn *column = item != nullptr ? ColumnOf(*item) : nullptr;
-    if (column != nullptr && column->HasIcon() && m_host.GridImages() != nullptr
-        && at.Row >= at.Grid->Rows().FixedCount()) {
-        rect.Left += kImage + kPadding;
-    }
-    rect.Left = std::min(rect.Left, rect.Right);
-    return rect;
-}
-
-int TBabGridLayoutCore::BestColumnWidth(const TGridCellAt &at)
-{
-    EnsureLayout();
-    TAxisContentItem *column = at.Grid->Columns().FindLoaded(at.Column);
-    if (column == nullptr) {
-        return 0;
-    }
-    const TRect area = AreaOf(*at.Grid);
-    const TSize size = m_host.GridSize();
-    const TGridBlock block = at.Grid == m_root.get()
-                                 ? m_shown
-                                 : BlockOf(*at.Grid, area, {0, 0, size.Width, size.Height});
-    TCanvas &canvas = m_host.MeasureCanvas();
-    int width = 0;
-    for (const TGridBand &row : block.Rows) {
-        const TLayoutProp &layout = LayoutOf(*at.Grid, *column, *row.Item);
-        canvas.SetFont(FontOf(layout));
-        const std::string text = at.Grid->CellText(*column, *row.Item);
-        const TRect cell{0, 0, kFar, row.Far - row.Near};
-        const TRect content = ContentRect({at.Grid, at.Column, row.Index}, cell);
-        constexpr int kSortMark = 14;
-        for (const std::string_view line : WrappedText(canvas, text, kFar)) {
-            width = std::max(width, canvas.TextExtent(line).Width + kFar - content.Width()
-                                        + (row.Fixed ? kSortMark : 0));
-        }
-        width = std::max(width, row.Fixed ? 0 : layout.MinWidth);
-    }
-    return width;
-}
-
-int TBabGridLayoutCore::BestRowHeight(const TGridCellAt &at)
-{
-    TAxisContentItem *row = at.Grid->Rows().FindLoaded(at.Row);
-    int height = at.Grid->Rows().DefaultSize();
-    for (int p = at.Grid->Columns().FixedCount();
-         row != nullptr && p < at.Grid->Columns().LoadedCount(); ++p) {
-        TAxisContentItem *column = at.Grid->Columns().getLoadedAxisContentItem(p);
-        height = std::max(height,
-                          MeasuredHeight(*at.Grid, *column, *row, {0, 0, column->Size(), height}));
-    }
-    return height;
-}
-
-std::string TBabGridLayoutCore::CutText(const TGridCellAt &at)
-{
-    const TRect cell = CellRect(at);
-    if (cell.IsEmpty()) {
-        return {};
-    }
-    TAxisContentItem *column = at.Grid->Columns().FindLoaded(at.Column);
-    TAxisContentItem *row = at.Grid->Rows().FindLoaded(at.Row);
-    const TBabColumn *info = column != nullptr ? ColumnOf(*column) : nullptr;
-    const bool header = at.Row < at.Grid->Rows().FixedCount();
-    if (row == nullptr || column == nullptr
-        || (!header && info != nullptr
-            && (info->Kind() == TColumnKind::tckBool
-                || HoldsGrids(info->Kind(), at.Grid->ShowsTree())))) {
-        return {};
-    }
-    std::string text = at.Grid->CellText(*column, *row);
-    const TLayoutProp &layout = LayoutOf(*at.Grid, *column, *row);
-    TCanvas &canvas = m_host.MeasureCanvas();
-    canvas.SetFont(FontOf(layout));
-    const TRect content = ContentRect(at, cell);
-    if (layout.WrapTextAndFit && !header) {
-        const auto lines = std::ssize(WrappedText(canvas, text, content.Width()));
-        const bool fits = lines * canvas.TextExtent("Xg").Height <= content.Height();
-        return fits ? std::string() : text;
-    }
-    const bool fits = canvas.TextExtent(FirstLine(text)).Width <= content.Width()
-                      && FirstLine(text).size() == text.size();
-    return fits ? std::string() : text;
 }
 
 } // namespace korvane

@@ -2,65 +2,17 @@
 #pragma once
 
 #include "cellgrid/zuBabColumn.h"
+#include "cellgrid/zuBabGridBlock.h"
 #include "cellgrid/zuBabGridCell.h"
 #include "cellgrid/zuBabGridHost.h"
+#include "cellgrid/zuGridPicture.h"
 
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <vector>
 
 namespace korvane {
-
-/// A column or row that is shown, wholly or in part. Pixels along its axis, half-open.
-struct TGridBand
-{
-    TAxisContentItem *Item = nullptr;
-    int Index = 0;
-    int Near = 0;
-    int Far = 0;
-    bool Fixed = false;
-};
-using TGridBands = std::vector<TGridBand>;
-
-/// A grid as far as it is shown.
-struct TGridBlock
-{
-    TBabGridCell *Grid = nullptr;
-    TRect Area;      ///< where its bands lie; the rest of it is empty
-    TPoint FixedEnd; ///< where the fixed columns and rows end
-    TGridBands Columns;
-    TGridBands Rows;
-};
-
-/// A crossing by real indexes.
-struct TGridCellAt
-{
-    TBabGridCell *Grid = nullptr;
-    int Column = -1;
-    int Row = -1;
-
-    explicit operator bool() const { return Grid != nullptr; }
-    friend bool operator==(const TGridCellAt &, const TGridCellAt &) = default;
-};
-
-enum class TGridPart : std::uint8_t {
-    Nothing,
-    Cell,
-    ColumnHeader,
-    RowHeader, ///< in the fixed columns
-    Corner,
-    ColumnBorder, ///< at the end of the column header
-    RowBorder,
-    CheckBox,
-    TreeButton
-};
-
-struct TGridHit
-{
-    TGridPart Part = TGridPart::Nothing;
-    TGridCellAt At;
-    TRect Rect; ///< of the crossing
-};
 
 /// Lays out the viewer's grid and the grids in its cells. Everything that is shown comes from the
 /// same bands: painting, hit testing and the rectangles asked for. A layout costs what is shown;
@@ -93,6 +45,11 @@ public:
     void LayoutOutOfDate();
     void EnsureLayout();
     bool IsLayoutOutOfDate() const { return m_outOfDate; }
+    /// How the picture that was painted last becomes the next one; nothing when all of it is to be
+    /// painted.
+    std::optional<TGridPictureMove> PictureMove();
+    /// The painter's: see TGridPicture.
+    void PaintedGroupsInside() { m_picture.HasGroupsInside(); }
     /// The viewer's grid as it is shown now.
     const TGridBlock &Shown();
     /// What a sub-grid shows within its cell's rectangle, as far as it lies within the clip.
@@ -138,6 +95,13 @@ public:
 
 protected:
     IBabGridHost &Host() const { return m_host; }
+    /// What is shown stays where it is, but is to be painted anew.
+    void InvalidatePicture();
+    /// To be called when everything that is shown, or the part that PictureMove asked for, is about
+    /// to be painted.
+    void PictureFollows() { m_picture.Remember(m_shown); }
+    /// Adds what else is to be painted anew.
+    virtual void AddToPictureMove(TGridPictureMove &) {}
     /// Before a layout changes what is shown at the top left.
     virtual void TopLeftChanged() {}
     /// The layout was up to date until now.
@@ -165,6 +129,8 @@ private:
     };
 
     void OnAxisEvent(TSingleEventListener *listener);
+    void OnCellEvent(TSingleEventListener *listener);
+    void LoseLayout();
     void OnHideEvent(TSingleEventListener *listener);
     void OnSelectionEvent(TSingleEventListener *listener);
     void ClampScroll();
@@ -192,6 +158,7 @@ private:
     TSingleEventListener m_cellListener;
     TSingleEventListener m_selectionListener;
     TGridBlock m_shown;
+    TGridPicture m_picture;
     std::int64_t m_scrollX = 0;
     std::int64_t m_scrollY = 0;
     bool m_outOfDate = true;

@@ -61,11 +61,24 @@ void TBabGridPainter::PaintPart(const TGridBlock &block, bool fixedColumns, bool
         return;
     }
     const TClipScope clip(m_canvas, part);
+    if (m_canvas.ClipRect().IsEmpty()) {
+        return;
+    }
     for (const TGridBand &column : block.Columns) {
-        if (column.Fixed == fixedColumns && !m_core.IsLayoutOutOfDate()) {
+        if (column.Fixed == fixedColumns && !m_core.IsLayoutOutOfDate()
+            && IsInClip({column.Near, part.Top, column.Far, part.Bottom})) {
             PaintColumn(block, column, fixedRows);
         }
     }
+}
+
+/// Texts may stand out of their cells by a few pixels.
+bool TBabGridPainter::IsInClip(const TRect &rect) const
+{
+    constexpr int kOut = 8;
+    const TRect clip = m_canvas.ClipRect();
+    return rect.Intersects(
+        {clip.Left - kOut, clip.Top - kOut, clip.Right + kOut, clip.Bottom + kOut});
 }
 
 bool TBabGridPainter::JoinsAbove(const TGridBlock &block, const TGridBand &column,
@@ -88,12 +101,16 @@ void TBabGridPainter::PaintColumn(const TGridBlock &block, const TGridBand &colu
         look.Kind = look.Column->Kind();
         look.Grids = HoldsGrids(look.Kind, block.Grid->ShowsTree());
         look.Tree = block.Grid->ShowsTree() && look.Column->IsTreeColumn();
-        look.Groups = look.Column->Groupcells() && !look.Grids && !look.Tree && !fixedRows;
+        look.Groups = look.Column->GroupsIn(block.Grid->ShowsTree()) && !fixedRows;
+    }
+    if (look.Groups && block.Grid->GridCell() != nullptr) {
+        m_core.PaintedGroupsInside();
     }
     for (std::size_t at = 0; at < block.Rows.size(); ++at) {
         const TGridBand &row = block.Rows[at];
         const TRect rect{column.Near, row.Near, column.Far, row.Far};
-        if (row.Fixed != fixedRows || m_core.IsLayoutOutOfDate()) {
+        if (row.Fixed != fixedRows || m_core.IsLayoutOutOfDate()
+            || (!look.Groups && !IsInClip(rect))) {
             continue;
         }
         const TCellPlace place{block, column, row, rect};

@@ -68,6 +68,7 @@ private:
     void SetFont(const TLayoutProp &layout, TColor color);
     bool JoinsAbove(const TGridBlock &block, const TGridBand &column, const TGridBand &row) const;
     static TTextLook LookOf(const TLayoutProp &layout);
+    bool IsInClip(const TRect &rect) const;
     TColor Mixed(TColor from, TColor to, unsigned percent) const;
 
     TBabGridLayoutCore &m_core;

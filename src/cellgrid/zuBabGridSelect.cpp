@@ -62,7 +62,7 @@ void TBabGridSelectCore::SetRowSelect(bool value)
     if (value != m_rowSelect) {
         m_rowSelect = value;
         ClearSelection();
-        Host().InvalidateGrid();
+        InvalidatePicture();
     }
 }
 
@@ -78,7 +78,7 @@ void TBabGridSelectCore::SetFocusRects(bool value)
 {
     if (value != m_focusRects) {
         m_focusRects = value;
-        Host().InvalidateGrid();
+        InvalidatePicture();
     }
 }
 
@@ -104,7 +104,8 @@ void TBabGridSelectCore::SelectionChanged(TBabGridCell &grid)
 
 bool TBabGridSelectCore::ChooseCell(const TGridCellAt &at, TGridChoice choice)
 {
-    if (!IsCell(at)) {
+    if (!IsCell(at) || at.Grid->Rows().SizeAt(at.Row) == 0
+        || at.Grid->Columns().SizeAt(at.Column) == 0) {
         return false;
     }
     if (at != m_focus) {
@@ -199,7 +200,7 @@ void TBabGridSelectCore::SetFocusCell(const TGridCellAt &at)
 {
     if (at != m_focus) {
         m_focus = at;
-        Host().InvalidateGrid();
+        InvalidatePicture();
         OnFocusCellChanged(this);
     }
 }
@@ -517,9 +518,23 @@ std::string TBabGridSelectCore::SelectionAsHtml()
     return html + (firstRow ? "</table>" : "</tr></table>");
 }
 
+/// The dots of the focus rectangle stay where they are, and in a grid in a cell the row's mark.
+void TBabGridSelectCore::AddToPictureMove(TGridPictureMove &move)
+{
+    TGridCellAt at = m_focus;
+    while (at && at.Grid != &RootCell()) {
+        at = CellOf(*at.Grid);
+    }
+    const TRect rect = at ? CellRect(at).Intersected(move.Area) : TRect();
+    if (!rect.IsEmpty()) {
+        move.Anew.push_back(rect);
+    }
+}
+
 void TBabGridSelectCore::Paint(TCanvas &canvas)
 {
     EnsureLayout();
+    PictureFollows();
     TBabGridPainter(*this, canvas,
                     {m_focus, Host().GridHasFocus(), m_focusRects, Host().GridImages()})
         .Paint();

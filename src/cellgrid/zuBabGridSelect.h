@@ -55,7 +55,7 @@ public:
     /// The cell with the focus; no grid when there is none.
     TGridCellAt FocusCell() const { return m_focus; }
     /// Gives a cell behind the heads the focus, selects by the choice and scrolls to it. False when
-    /// there is no such cell.
+    /// there is no such cell, or it is hidden.
     bool ChooseCell(const TGridCellAt &at, TGridChoice choice);
     /// Selects from the anchor's to the cell's column or row as a whole.
     void SelectColumn(const TGridCellAt &at, TGridChoice choice);
@@ -98,6 +98,7 @@ protected:
     void TopLeftChanged() override { OnTopLeftChanged(this); }
     void LayoutLost() override { OnInvalidate(this); }
     void HiddenChanged() override;
+    void AddToPictureMove(TGridPictureMove &move) override;
     void CountChanged(TAxisContentList *list, int index, int by) override;
     void ItemMoved(TAxisContentList *list, int from, int to) override;
     void SubGridGoes(TBabGridCell *grid) override;

@@ -332,17 +332,17 @@ TEST_F(GridTree, CellsShowTreesOfTheirOwn)
     };
     Grid.AddRows(2);
     View.EnsureLayout();
-    EXPECT_EQ(View.CellRect(At(2, 1)), (TRect{160, 20, 260, 41}));
+    EXPECT_EQ(View.CellRect(At(2, 1)), (TRect{160, 20, 260, 40}));
     auto *cell = dynamic_cast<TzuSubTreeCell *>(View.RootCell().GetCell(2, 2));
     ASSERT_NE(cell, nullptr);
     EXPECT_EQ(
         cell->CellText(*cell->Columns().getAxisContentItem(0), *cell->Rows().getAxisContentItem(0)),
         "root 2");
     const TRect inner = View.CellRect({cell, 0, 0});
-    EXPECT_EQ(inner, (TRect{160, 41, 260, 61}));
+    EXPECT_EQ(inner, (TRect{160, 40, 260, 60}));
     Click({inner.Left + 12, inner.Top + 10});
-    EXPECT_EQ(View.CellRect(At(2, 2)).Height(), 61);
-    EXPECT_EQ(View.CellRect({cell, 0, 2}), (TRect{160, 81, 260, 101}));
+    EXPECT_EQ(View.CellRect(At(2, 2)).Height(), 60);
+    EXPECT_EQ(View.CellRect({cell, 0, 2}), (TRect{160, 80, 260, 100}));
 }
 
 } // namespace

@@ -63,6 +63,24 @@ QSize TBabGridView_Custom::sizeHint() const
 void TBabGridView_Custom::InvalidateGrid()
 {
     Invalidate();
+    QueueUpdate();
+}
+
+void TBabGridView_Custom::ScrollGrid(const TRect &area)
+{
+    InvalidateMoved(area);
+    QueueUpdate();
+}
+
+std::optional<TBabGridView_Custom::TImageMove> TBabGridView_Custom::KeepImage()
+{
+    auto move = PictureMove();
+    return move ? std::optional(TImageMove{move->Area, move->By, std::move(move->Anew)})
+                : std::nullopt;
+}
+
+void TBabGridView_Custom::QueueUpdate()
+{
     if (!m_updateQueued) {
         // Before the paint, which has a lower priority.
         m_updateQueued = true;

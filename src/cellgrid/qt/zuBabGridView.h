@@ -75,6 +75,9 @@ protected:
 
 private:
     void InvalidateGrid() override;
+    void ScrollGrid(const TRect &area) override;
+    void QueueUpdate();
+    std::optional<TImageMove> KeepImage() override;
     void InvalidateGridOverlay() override { InvalidateOverlay(); }
     TSize GridSize() const override;
     TCanvas &MeasureCanvas() override { return GetOffscreenCanvas(); }

@@ -14,6 +14,7 @@
 #include <QScopeGuard>
 
 #include <cmath>
+#include <cstring>
 #include <stdexcept>
 #include <utility>
 
@@ -103,6 +104,16 @@ void TzuOffscreenPaint::InvalidateOverlay(const TRect &area)
     const QRect region = ToQt(area).intersected(rect());
     m_pendingOverlay += region;
     update(region);
+}
+
+void TzuOffscreenPaint::InvalidateMoved(const TRect &area)
+{
+    if (m_updateCount > 0) {
+        Invalidate();
+        return;
+    }
+    m_pendingMove = true;
+    InvalidateOverlay(area);
 }
 
 void TzuOffscreenPaint::BeginUpdate()
@@ -203,7 +214,16 @@ void TzuOffscreenPaint::paintEvent(QPaintEvent *event)
 {
     QPainter window(this);
     try {
-        Paint(window, event->region());
+        // What lies below the scroll bars is nobody's to paint.
+        const QRect content(0, 0, width() - m_reservedRight, height() - m_reservedBottom);
+        const QRegion region = event->region().intersected(content);
+        if (!region.isEmpty() || m_pendingInvalidates > 0) {
+            Paint(window, region);
+        } else {
+            BeginCanvas(m_directCanvas, window);
+            FillReservedCorner();
+            m_directCanvas.End();
+        }
         m_lastPaintError.clear();
     } catch (const std::exception &error) {
         // The event loop cannot carry exceptions, and every paint would tell the same again.
@@ -216,14 +236,22 @@ void TzuOffscreenPaint::paintEvent(QPaintEvent *event)
 void TzuOffscreenPaint::Paint(QPainter &window, const QRegion &region)
 {
     const double ratio = DeviceScale(window);
-    const bool keepImage = OnlyOverlayChanged(region, ratio);
+    const bool moves = std::exchange(m_pendingMove, false);
+    bool keepImage = OnlyOverlayChanged(region, ratio);
+    std::optional<TImageMove> move;
+    if (keepImage && moves) {
+        move = KeepImage();
+        keepImage = move && m_image.size() == ImageSize(ratio) && MoveImage(*move);
+    }
     const auto end = qScopeGuard([this] {
         m_offscreenCanvas.End();
         m_directCanvas.End();
     });
     m_pendingOverlay = {};
     BeginCanvas(m_directCanvas, window);
-    if (keepImage) {
+    if (keepImage && move) {
+        PaintImage(move->Anew);
+    } else if (keepImage) {
         SmashPaint();
     } else {
         m_pendingInvalidates = 0;
@@ -286,6 +314,52 @@ void TzuOffscreenPaint::PaintImage()
         SmashPaint();
     });
     OffscreenPaint();
+}
+
+/// Draws parts of the image anew and copies it to the window.
+void TzuOffscreenPaint::PaintImage(const std::vector<TRect> &parts)
+{
+    QPainter painter(&m_image);
+    BeginCanvas(m_offscreenCanvas, painter);
+    const auto show = qScopeGuard([&] {
+        m_offscreenCanvas.End();
+        painter.end();
+        SmashPaint();
+    });
+    for (const TRect &part : parts) {
+        const TClipScope clip(m_offscreenCanvas, part);
+        m_offscreenCanvas.SetFont(Font());
+        m_offscreenCanvas.FillRect(part, m_color);
+        OffscreenPaint();
+    }
+}
+
+/// False when the pixels of the device do not come to lie on each other.
+bool TzuOffscreenPaint::MoveImage(const TImageMove &move)
+{
+    const double ratio = m_image.devicePixelRatio();
+    const auto whole = [](double value) { return value == std::floor(value); };
+    const double byX = move.By.X * ratio;
+    const double byY = move.By.Y * ratio;
+    const TRect &area = move.Area;
+    if (!whole(byX) || !whole(byY) || !whole(area.Left * ratio) || !whole(area.Top * ratio)) {
+        return false;
+    }
+    const auto pixels = [ratio](int value) { return static_cast<int>(std::floor(value * ratio)); };
+    const QRect from = QRect(QPoint(pixels(area.Left), pixels(area.Top)),
+                             QPoint(pixels(area.Right) - 1, pixels(area.Bottom) - 1))
+                           .intersected(m_image.rect());
+    const QPoint by(static_cast<int>(byX), static_cast<int>(byY));
+    const QRect to = from.translated(by).intersected(from);
+    const std::size_t length = static_cast<std::size_t>(to.width()) * sizeof(QRgb);
+    for (int i = 0; i < to.height() && to.width() > 0; ++i) {
+        const int y = by.y() > 0 ? to.bottom() - i : to.top() + i; // behind what is still read
+        std::memmove(m_image.scanLine(y) + to.left() * std::ptrdiff_t{sizeof(QRgb)},
+                     m_image.constScanLine(y - by.y())
+                         + (to.left() - by.x()) * std::ptrdiff_t{sizeof(QRgb)},
+                     length);
+    }
+    return true;
 }
 
 /// For devices that keep shapes, which an image would spoil.

@@ -16,6 +16,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <vector>
 
 class QDropEvent;
 class QDragMoveEvent;
@@ -141,6 +142,19 @@ protected:
     /// The base fires OnOverlayPaint.
     virtual void OverlayPaint(TCanvas &canvas);
 
+    /// What of the image a paint can keep.
+    struct TImageMove
+    {
+        TRect Area; ///< moves within itself
+        TPoint By;
+        std::vector<TRect> Anew; ///< drawn anew, after the moving
+    };
+    /// Requests a paint that keeps what it can of the image, when nothing else requests one. The
+    /// area is what may change on the control; it must not be all of it.
+    void InvalidateMoved(const TRect &area);
+    /// Called by a paint that InvalidateMoved requested. Nothing: the image is drawn anew.
+    virtual std::optional<TImageMove> KeepImage() { return std::nullopt; }
+
     /// Strips at the right and bottom edge that child scroll bars cover and the copy leaves alone,
     /// in pixels. The corner between two strips is filled with clBtnFace.
     void SetReserved(int right, int bottom);
@@ -173,6 +187,8 @@ private:
     void Paint(QPainter &window, const QRegion &region);
     bool OnlyOverlayChanged(const QRegion &region, double ratio) const;
     void PaintImage();
+    void PaintImage(const std::vector<TRect> &parts);
+    bool MoveImage(const TImageMove &move);
     void PaintDirectly(QPainter &device);
     void FillReservedCorner();
     bool UpdateOffscreenCanvas(double ratio);
@@ -185,6 +201,7 @@ private:
     bool m_measurePaintTime = false;
     int m_updateCount = 0;
     int m_pendingInvalidates = 0;
+    bool m_pendingMove = false;
     int m_reservedRight = 0;
     int m_reservedBottom = 0;
 

@@ -1,0 +1,65 @@
+// What a view shows of a grid, and what a point in it hits.
+#pragma once
+
+#include "foundation/zuTypes.h"
+
+#include <cstdint>
+#include <vector>
+
+namespace korvane {
+
+class TAxisContentItem;
+class TBabGridCell;
+
+/// A column or row that is shown, wholly or in part. Pixels along its axis, half-open.
+struct TGridBand
+{
+    TAxisContentItem *Item = nullptr;
+    int Index = 0;
+    int Near = 0;
+    int Far = 0;
+    bool Fixed = false;
+};
+using TGridBands = std::vector<TGridBand>;
+
+/// A grid as far as it is shown.
+struct TGridBlock
+{
+    TBabGridCell *Grid = nullptr;
+    TRect Area;      ///< where its bands lie; the rest of it is empty
+    TPoint FixedEnd; ///< where the fixed columns and rows end
+    TGridBands Columns;
+    TGridBands Rows;
+};
+
+/// A crossing by real indexes.
+struct TGridCellAt
+{
+    TBabGridCell *Grid = nullptr;
+    int Column = -1;
+    int Row = -1;
+
+    explicit operator bool() const { return Grid != nullptr; }
+    friend bool operator==(const TGridCellAt &, const TGridCellAt &) = default;
+};
+
+enum class TGridPart : std::uint8_t {
+    Nothing,
+    Cell,
+    ColumnHeader,
+    RowHeader, ///< in the fixed columns
+    Corner,
+    ColumnBorder, ///< at the end of the column header
+    RowBorder,
+    CheckBox,
+    TreeButton
+};
+
+struct TGridHit
+{
+    TGridPart Part = TGridPart::Nothing;
+    TGridCellAt At;
+    TRect Rect; ///< of the crossing
+};
+
+} // namespace korvane
