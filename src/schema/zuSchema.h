@@ -135,6 +135,11 @@ public:
     /// alone.
     bool DrawShortLines() const { return m_drawShortLines; }
     void SetDrawShortLines(bool on);
+    /// Of the lines at major marks and between columns, and of those at minor marks.
+    TColor LineColor() const { return m_lineColor; }
+    void SetLineColor(TColor color);
+    TColor ShortLineColor() const { return m_shortLineColor; }
+    void SetShortLineColor(TColor color);
     /// Font of text style 1, 2 or 3; throws std::out_of_range for others.
     const TFont &TextFont(int style) const { return m_textFonts.at(FontSlot(style)); }
     void SetTextFont(int style, const TFont &font);
@@ -418,6 +423,8 @@ private:
     int m_leastSubColWidth = 0;
     TColor m_color = clGreen;
     TColor m_pyjamasColor = clOlive;
+    TColor m_lineColor = clBackground;
+    TColor m_shortLineColor = clSilver;
     TScrollVisibility m_scrollVisibility = TScrollVisibility::svWhenNeeded;
     bool m_flipView = false;
     bool m_drawShortLines = false;

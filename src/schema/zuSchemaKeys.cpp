@@ -72,7 +72,7 @@ bool TSchemaKeys::Arrow(TSchemaKey key, const TShiftState &shift)
         return MoveByKey(alongTime, step, shift.Shift);
     }
     if (shift.Alt) {
-        return alongTime && ResizeByKey(step, shift.Shift);
+        return alongTime ? ResizeByKey(step, shift.Shift) : ResizeColumnByKey(step, shift.Shift);
     }
     const auto *time = SelectNeighbour(step, shift.Shift ? TSelectHow::Add : TSelectHow::Replace);
     if (time != nullptr && GetActiveDataEntity() == time) {
@@ -118,6 +118,25 @@ bool TSchemaKeys::ResizeByKey(TSchemaStep step, bool start)
         return GrowBy(time, start ? TSchemaEnd::Start : TSchemaEnd::Stop, diff);
     });
     UpdateSubColumns();
+    return true;
+}
+
+bool TSchemaKeys::ResizeColumnByKey(TSchemaStep step, bool fine)
+{
+    constexpr int kCoarse = 8;
+    const TzuDataEntity_SchemaTime *active = GetActiveDataEntity();
+    const int col =
+        active != nullptr && IsInColumn(*active) ? active->Col() : Columns().TopLeftCol();
+    if (!Columns().IsCol(col)) {
+        return false;
+    }
+    const int size =
+        Columns().GetCol(col).Saved_FW(FlipView()) + static_cast<int>(step) * (fine ? 1 : kCoarse);
+    if (FlipView()) {
+        Columns().FlippedHeaderResize(col, size);
+    } else {
+        Columns().HeaderControlSectionResize(col, size);
+    }
     return true;
 }
 

@@ -35,7 +35,9 @@ enum class TSchemaKey : unsigned char {
 /// a minute, or with Shift by StartSnap, or by ten minutes where StartSnap is no more than one. A
 /// step that snapping the start would take back is StartSnap long. Alt with an arrow along the axis
 /// moves the stops of the selected times by LengthSnap, with Shift their starts by StartSnap, by a
-/// minute where these do not snap. Each is a change of the user like that of a drag.
+/// minute where these do not snap. Each is a change of the user like that of a drag. Alt with an
+/// arrow along the columns makes the active time's column larger or smaller, with Shift by a pixel,
+/// as dragging its edge in the header does.
 ///
 /// The page keys turn the axis, with Ctrl the columns. Space selects the active time, Ctrl+Space
 /// changes its mark, Ctrl+A selects all, Escape cancels or clears, Enter edits, Delete deletes with
@@ -62,6 +64,7 @@ private:
     bool Arrow(TSchemaKey key, const TShiftState &shift);
     bool MoveByKey(bool alongTime, TSchemaStep step, bool coarse);
     bool ResizeByKey(TSchemaStep step, bool start);
+    bool ResizeColumnByKey(TSchemaStep step, bool fine);
     bool GoToEnd(TSchemaStep step, bool extend);
     bool TurnPage(TSchemaStep step, bool columns);
     bool Mark(bool toggle);

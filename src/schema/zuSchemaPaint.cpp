@@ -108,12 +108,12 @@ void TSchemaCore::DrawMarks(TCanvas &canvas, const TRect &area) const
             marks.size() >= 2
             && scaler.GetPixelFromScaleMark(marks[1]) - scaler.GetPixelFromScaleMark(marks[0])
                    < kDense;
-        canvas.SetPen({clSilver, 1, TPenStyle::psSolid});
+        canvas.SetPen({m_shortLineColor, 1, TPenStyle::psSolid});
         for (std::size_t i = 0; i < marks.size(); i += dense ? 2 : 1) {
             LineAcross(canvas, area, scaler.GetPixelFromScaleMark(marks[i]), false);
         }
     }
-    canvas.SetPen({clBackground, 1, TPenStyle::psSolid});
+    canvas.SetPen({m_lineColor, 1, TPenStyle::psSolid});
     for (const TScaleMark &mark : scaler.SecondaryMarks()) {
         LineAcross(canvas, area, scaler.GetPixelFromScaleMark(mark), false);
     }

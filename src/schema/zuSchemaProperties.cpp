@@ -41,6 +41,16 @@ void TSchemaCore::SetDrawShortLines(bool on)
     AssignPainted(m_drawShortLines, on);
 }
 
+void TSchemaCore::SetLineColor(TColor color)
+{
+    AssignPainted(m_lineColor, color);
+}
+
+void TSchemaCore::SetShortLineColor(TColor color)
+{
+    AssignPainted(m_shortLineColor, color);
+}
+
 void TSchemaCore::SetTextFont(int style, const TFont &font)
 {
     AssignPainted(m_textFonts.at(FontSlot(style)), font);

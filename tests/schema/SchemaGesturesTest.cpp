@@ -419,7 +419,6 @@ TEST_F(SchemaGestures, OtherKeysResizeEditDeleteAndShowTheMenu)
     EXPECT_THAT(Of(time), ElementsAre(100, 161, 1));
     EXPECT_TRUE(Schema.SchemaKeyDown(TSchemaKey::Up, {true, false, true}));
     EXPECT_THAT(Of(time), ElementsAre(95, 161, 1));
-    EXPECT_FALSE(Schema.SchemaKeyDown(TSchemaKey::Left, {false, false, true}));
 
     EXPECT_TRUE(Schema.SchemaKeyDown(TSchemaKey::Menu, {}));
     EXPECT_TRUE(Host.Menus.back().first);
