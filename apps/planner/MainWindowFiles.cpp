@@ -65,16 +65,10 @@ void MainWindow::Open(const QString &fileName)
 /// Calendars and programmes have windows of their own.
 void MainWindow::OpenSchedule(const QString &fileName)
 {
-    PlanError error;
-    auto pages = LoadSchedule(fileName, error);
-    if (pages == nullptr) {
-        const QString name = NameOf(fileName);
-        ShowError(tr("%1 cannot be opened.").arg(name), ErrorLine(name, error));
-        return;
-    }
-    auto *window = new ScheduleWindow(std::move(pages));
+    auto *window = new ScheduleWindow;
     window->setAttribute(Qt::WA_DeleteOnClose);
     window->show();
+    window->Open(fileName);
 }
 
 void MainWindow::OpenLeftBehind()

@@ -1,6 +1,7 @@
 // Reads plans without keeping the window waiting.
 #pragma once
 
+#include "LoadJob.h"
 #include "plan/PlanReader.h"
 
 #include <QObject>
@@ -42,7 +43,7 @@ Q_SIGNALS:
     void newsArrived(QPrivateSignal);
 
 private:
-    class Job;
+    using Job = TLoadJob<PlanResult>;
 
     void TakeNews();
 

@@ -1,8 +1,8 @@
 #include "ScheduleCommands.h"
 
 #include "Picture.h"
+#include "SchedulePages.h"
 #include "ScheduleView.h"
-#include "ScheduleWindow.h"
 #include "agenda/AgendaDates.h"
 #include "agenda/AgendaReader.h"
 #include "agenda/AgendaSummary.h"
@@ -11,7 +11,6 @@
 
 #include <QApplication>
 #include <QDateTime>
-#include <QDeadlineTimer>
 #include <QJsonDocument>
 
 #include <algorithm>
@@ -26,7 +25,6 @@ std::optional<AgendaSeconds> SecondsOf(const std::optional<TDateTime> &date)
     return date ? std::optional(SecondsOfDate(*date)) : std::nullopt;
 }
 
-constexpr int kLongestWait = 5000; // milliseconds
 constexpr int kMostDays = 31;
 
 SchedulePage PageFor(const ISchedulePages &pages, const RenderRequest &request)
@@ -81,7 +79,8 @@ ExitCode PrintScheduleSummary(const QString &fileName, const RenderRequest &requ
 ExitCode RenderSchedule(const QString &fileName, const RenderRequest &request)
 {
     PlanError error;
-    const auto pages = LoadSchedule(fileName, error);
+    NoProgress progress;
+    const auto pages = PagesOf(ReadSchedule(fileName, progress), fileName, error);
     if (pages == nullptr) {
         PrintError(ErrorLine(fileName, error));
         return ExitCode::UnusableFile;
@@ -92,9 +91,6 @@ ExitCode RenderSchedule(const QString &fileName, const RenderRequest &request)
     view.setAttribute(Qt::WA_DontShowOnScreen);
     view.show();
     view.Show(PageFor(*pages, request));
-    for (QDeadlineTimer limit(kLongestWait); !view.IsSettled() && !limit.hasExpired();) {
-        QApplication::processEvents(QEventLoop::WaitForMoreEvents);
-    }
     QApplication::processEvents();
     const PictureSubject subject{
         view, pages->Name(), {&view.SchemaArea(), &view.DateScaler(), &view.Header()}};

@@ -11,7 +11,8 @@
 
 #include <algorithm>
 #include <cstdint>
-#include <map>
+#include <set>
+#include <tuple>
 
 namespace korvane::planner {
 
@@ -22,6 +23,7 @@ constexpr int kLeastLaneWidth = 64;
 constexpr int kAxisWidth = 92;
 constexpr int kBarWidth = 3;
 constexpr int kPadding = 4;
+constexpr TDateTime kSnap = 1.0 / (24 * 4); // a quarter of an hour
 /// Data lists; the first one lies on top.
 enum Layer : std::uint8_t { kTimed = 0, kAllDay = 1 };
 
@@ -82,7 +84,18 @@ ScheduleView::ScheduleView(QWidget *parent)
     SetDrawShortLines(true);
     SetLeastSubColWidth(kLeastLaneWidth);
     OnDrawTimeContent = TOnDrawTimeContent::Bind<&ScheduleView::DrawBlock>(this);
-    OnBeforeCanEditItem_SchemaTime = [](auto *, TzuDataEntity *time) { time->SetCanEdit(false); };
+    SetMoveInTimeWhenColSwitch(true);
+    SetStartSnap(kSnap);
+    SetLengthSnap(kSnap);
+    OnBeforeCanEditItem_SchemaTime = [this](auto *, TzuDataEntity *time) {
+        time->SetCanEdit(m_isEditable && BlockOf(DataEntity_Schema(*time)).Occurrence >= 0);
+    };
+    OnEndUserChange = [this](auto *, TSchemaUserChange, bool changed) {
+        if (changed) { // the times are still in use
+            QMetaObject::invokeMethod(
+                this, [this] { Q_EMIT moved(Moves()); }, Qt::QueuedConnection);
+        }
+    };
     SchemaArea().installEventFilter(this);
     ApplyLooks();
 }
@@ -92,9 +105,68 @@ ScheduleView::~ScheduleView()
     OnDrawTimeContent = {};
 }
 
+template <typename Visit>
+void ScheduleView::ForEachTime(const Visit &visit)
+{
+    for (int list = 0; list < DataLists().Count(); ++list) {
+        TzuDataList &times = *DataLists().GetDataList(list);
+        for (int i = 0; i < times.Count(); ++i) {
+            visit(DataEntity_Schema(*times.GetItems(i)));
+        }
+    }
+}
+
 void ScheduleView::Show(SchedulePage page)
 {
     BeginUpdate();
+    Fill(std::move(page));
+    DateScaler().SetRange(DateOfSeconds(FirstDate() + m_page.Axis.From),
+                          DateOfSeconds(FirstDate() + m_page.Axis.To));
+    SizeColumns();
+    Columns().SetTopLeftCol(0);
+    UpdateSubColumnsNow(); // so that nothing jumps
+    EndUpdate();
+}
+
+void ScheduleView::Update(SchedulePage page)
+{
+    using Key = std::tuple<int, AgendaSeconds, AgendaSeconds, QString>;
+    const auto keyOf = [this](const TzuDataEntity_SchemaTime &time) {
+        return Key(time.Col(), SecondsOfDate(time.GetStartDateTime()),
+                   SecondsOfDate(time.GetStopDateTime()), BlockOf(time).Title);
+    };
+    std::set<Key> selected;
+    ForEachTime([&](const TzuDataEntity_SchemaTime &time) {
+        if (time.GetSelected()) {
+            selected.insert(keyOf(time));
+        }
+    });
+    const int first = Columns().TopLeftCol();
+    const bool sameColumns = page.Columns.size() == m_page.Columns.size();
+    std::vector<int> widths;
+    for (int i = 0; i < Columns().Count(); ++i) {
+        widths.push_back(Columns().GetCol(i).SavedWidth());
+    }
+    BeginUpdate();
+    Fill(std::move(page));
+    SizeColumns();
+    for (int i = 0; sameColumns && i < Columns().Count(); ++i) {
+        Columns().SetColumnSize(false, i, widths[static_cast<std::size_t>(i)]);
+    }
+    Columns().SetTopLeftCol(first);
+    ForEachTime([&](TzuDataEntity_SchemaTime &time) {
+        if (selected.contains(keyOf(time))) {
+            time.SetSelected(true);
+            SetActiveDataEntity(&time);
+        }
+    });
+    UpdateSubColumnsNow();
+    EndUpdate();
+}
+
+/// Columns and times of the page, in place of those before.
+void ScheduleView::Fill(SchedulePage page)
+{
     for (const Layer layer : {kTimed, kAllDay}) {
         while (DataLists().Count() <= layer) {
             AddDataList();
@@ -105,15 +177,13 @@ void ScheduleView::Show(SchedulePage page)
     Columns().BeginUpdate();
     ClearColumns();
     // The axis runs through the first column's day; the others are laid over it.
-    const AgendaSeconds first = m_page.Columns.empty() ? 0 : m_page.Columns.front().BaseDate;
+    const AgendaSeconds first = FirstDate();
     for (const ScheduleColumn &column : m_page.Columns) {
         TzuDataEntity_SchemaColumn *added = AddColumn();
         added->BaseDate = DateOfSeconds(column.BaseDate - first) - kAgendaEpoch;
         added->SetText(FromQt(column.Caption));
     }
     Columns().EndUpdate();
-    DateScaler().SetRange(DateOfSeconds(first + m_page.Axis.From),
-                          DateOfSeconds(first + m_page.Axis.To));
     for (std::size_t i = 0; i < m_page.Blocks.size(); ++i) {
         const ScheduleBlock &block = m_page.Blocks[i];
         TzuDataEntity_SchemaTime *time = AddSchemaTime(block.IsAllDay ? kAllDay : kTimed);
@@ -124,29 +194,27 @@ void ScheduleView::Show(SchedulePage page)
         time->SetNearMargin(1);
         time->SetFarMargin(2);
     }
-    SizeColumns();
-    Columns().SetTopLeftCol(0);
-    EndUpdate();
 }
 
-bool ScheduleView::IsSettled()
+std::vector<ScheduleMove> ScheduleView::Moves()
 {
-    std::map<std::pair<int, bool>, std::vector<const ScheduleBlock *>> columns;
-    for (const ScheduleBlock &block : m_page.Blocks) {
-        columns[{block.Column, block.IsAllDay}].push_back(&block);
-    }
-    for (auto &[key, blocks] : columns) {
-        std::ranges::sort(blocks, {}, [](const ScheduleBlock *block) { return block->Start; });
-        const auto overlap = std::ranges::adjacent_find(
-            blocks, [](const auto *a, const auto *b) { return b->Start < a->Stop; });
-        if (overlap != blocks.end()) {
-            const auto index = static_cast<std::size_t>(*overlap - m_page.Blocks.data());
-            const auto *time =
-                FindSchemaTimeObjectFromUserReference(reinterpret_cast<void *>(index + 1));
-            return time == nullptr || time->InSubCol();
+    std::vector<ScheduleMove> moves;
+    ForEachTime([&](const TzuDataEntity_SchemaTime &time) {
+        const ScheduleBlock &block = BlockOf(time);
+        const AgendaRange times{SecondsOfDate(time.GetStartDateTime()),
+                                SecondsOfDate(time.GetStopDateTime())};
+        if (times != AgendaRange{block.Start, block.Stop} || time.Col() != block.Column) {
+            const auto index = static_cast<int>(&block - m_page.Blocks.data());
+            moves.push_back({index, times, time.Col()});
         }
-    }
-    return true;
+    });
+    return moves;
+}
+
+bool ScheduleView::InGrowArea(TzuDataEntity_SchemaTime &time, int x, int y, TRect &rect,
+                              bool &atStart) const
+{
+    return !BlockOf(time).IsAllDay && TzuSchema::InGrowArea(time, x, y, rect, atStart);
 }
 
 /// As wide as there is room for, but never too narrow to be read.
@@ -170,6 +238,8 @@ void ScheduleView::ApplyLooks()
     m_looks = ChartLooks(palette());
     SetSchemaColor(m_looks.Back);
     SetSchemaPyjamasColor(Mixed(m_looks.Header, m_looks.Back, 0.5));
+    SetLineColor(Mixed(m_looks.Text, m_looks.Back, 0.22));
+    SetShortLineColor(Mixed(m_looks.Text, m_looks.Back, 0.1));
     DateScaler().SetColor(m_looks.Header);
     SetScalerWidth(kAxisWidth);
     TFont font = FromQt(this->font());

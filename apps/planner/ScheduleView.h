@@ -8,7 +8,7 @@
 namespace korvane::planner {
 
 /// Shows one page at a time, in calm colours of the palette. All-day events are pale blocks as high
-/// as the view, below the others.
+/// as the view, below the others. Moves to another column go to its day.
 class ScheduleView : public TzuSchema
 {
     Q_OBJECT
@@ -17,10 +17,21 @@ public:
     explicit ScheduleView(QWidget *parent = nullptr);
     ~ScheduleView() override;
 
+    /// Another page, from its beginning.
     void Show(SchedulePage page);
+    /// The same page after a change: what is shown of it stays, and so does the selection.
+    void Update(SchedulePage page);
     const SchedulePage &Page() const { return m_page; }
-    /// Whether times that overlap stand side by side by now; that is worked out in the background.
-    bool IsSettled();
+    /// Whether the user may move and stretch what has an occurrence. What comes of it is up to
+    /// whoever shows the page: until the next Show or Update the blocks stand where they were put.
+    void SetEditable(bool on) { m_isEditable = on; }
+    /// An all-day event is stretched by its first and last day, not within them.
+    bool InGrowArea(TzuDataEntity_SchemaTime &time, int x, int y, TRect &rect,
+                    bool &atStart) const override;
+
+Q_SIGNALS:
+    /// The user has put blocks elsewhere. Sent when the gesture is over.
+    void moved(const std::vector<korvane::planner::ScheduleMove> &moves);
 
 protected:
     void changeEvent(QEvent *event) override;
@@ -30,12 +41,21 @@ protected:
 private:
     void ApplyLooks();
     void SizeColumns();
+    void Fill(SchedulePage page);
+    AgendaSeconds FirstDate() const
+    {
+        return m_page.Columns.empty() ? 0 : m_page.Columns.front().BaseDate;
+    }
+    std::vector<ScheduleMove> Moves();
+    template <typename Visit>
+    void ForEachTime(const Visit &visit);
     const ScheduleBlock &BlockOf(const TzuDataEntity_SchemaTime &time) const;
     void DrawBlock(TzuSchema_ComBasic *schema, TzuDataEntity_SchemaTime *time, const TRect &rect,
                    TCanvas &canvas);
     void DrawTexts(const ScheduleBlock &block, const TRect &rect, TCanvas &canvas);
 
     SchedulePage m_page;
+    bool m_isEditable = false;
     ChartLooks m_looks;
     TFont m_titleFont;
     TFont m_detailFont;

@@ -1,18 +1,27 @@
 #include "ScheduleWindow.h"
 
+#include "LoadProgress.h"
+#include "RecentFiles.h"
+#include "RemarksPanel.h"
+#include "ScheduleDocument.h"
+#include "ScheduleLoader.h"
 #include "ScheduleView.h"
-#include "agenda/AgendaReader.h"
-#include "agenda/ProgrammeReader.h"
+#include "agenda/AgendaDates.h"
+#include "plan/PlanFile.h"
 
-#include <QActionGroup>
-#include <QCalendarWidget>
+#include <QAction>
+#include <QApplication>
+#include <QCloseEvent>
 #include <QDateTime>
+#include <QFileDialog>
+#include <QFileInfo>
 #include <QLabel>
-#include <QMenu>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QStatusBar>
 #include <QTabBar>
-#include <QToolBar>
+#include <QToolButton>
 #include <QVBoxLayout>
-#include <QWidgetAction>
 
 #include <algorithm>
 
@@ -20,231 +29,294 @@ namespace korvane::planner {
 
 namespace {
 
-AgendaSeconds SecondsOf(const QDate &date)
+constexpr QSize kDefaultSize(1200, 800);
+constexpr int kReasonTime = 8000; // milliseconds
+
+QString NameOf(const QString &fileName)
 {
-    return QDateTime(date, QTime(0, 0), Qt::UTC).toSecsSinceEpoch();
+    return QFileInfo(fileName).fileName();
 }
 
-QDate DateOf(AgendaSeconds day)
+AgendaSeconds Today()
 {
-    return QDateTime::fromSecsSinceEpoch(day, Qt::UTC).date();
-}
-
-/// A calendar file: weeks, days and single days by place or calendar.
-class AgendaSchedule final : public ISchedulePages
-{
-public:
-    explicit AgendaSchedule(Agenda agenda)
-        : m_agenda(std::move(agenda))
-        , m_pages(m_agenda)
-    {
-    }
-
-    QString Name() const override { return m_agenda.Name; }
-    const PlanRemarks &Remarks() const override { return m_agenda.Remarks; }
-    QStringList Arrangements() const override
-    {
-        QStringList texts;
-        for (const Arrangement &one : kArrangements) {
-            texts.append(QString::fromLatin1(one.Caption));
-        }
-        return texts;
-    }
-    SchedulePage Page(int arrangement, AgendaSeconds day) const override
-    {
-        const Arrangement &one = kArrangements[arrangement];
-        return m_pages.Page(one.Columns, BeginOf(one, day), one.Days);
-    }
-    SchedulePage DaysFrom(AgendaSeconds day, int days) const override
-    {
-        return m_pages.Page(AgendaColumns::Days, day, days);
-    }
-    AgendaSeconds FirstDay(AgendaSeconds day) const override { return m_pages.DayNear(day); }
-    AgendaSeconds Step(int arrangement, AgendaSeconds day, int pages) const override
-    {
-        const Arrangement &one = kArrangements[arrangement];
-        const int days = one.FromMonday ? 7 : one.Days;
-        return BeginOf(one, day) + pages * days * kSecondsPerDay;
-    }
-
-private:
-    struct Arrangement
-    {
-        const char *Caption;
-        AgendaColumns Columns;
-        int Days;
-        bool FromMonday;
-    };
-    static constexpr Arrangement kArrangements[] = {
-        {"Week", AgendaColumns::Days, 7, true},
-        {"Work week", AgendaColumns::Days, 5, true},
-        {"Day", AgendaColumns::Days, 1, false},
-        {"Day by place", AgendaColumns::Places, 1, false},
-        {"Day by calendar", AgendaColumns::Calendars, 1, false},
-    };
-
-    static AgendaSeconds BeginOf(const Arrangement &arrangement, AgendaSeconds day)
-    {
-        const int behind = arrangement.FromMonday ? DateOf(day).dayOfWeek() - 1 : 0;
-        return (DayOf(day) - behind) * kSecondsPerDay;
-    }
-
-    Agenda m_agenda;
-    AgendaPages m_pages;
-};
-
-/// A conference programme: a page for every day.
-class ProgrammeSchedule final : public ISchedulePages
-{
-public:
-    explicit ProgrammeSchedule(Programme programme)
-        : m_programme(std::move(programme))
-    {
-    }
-
-    QString Name() const override { return m_programme.Name; }
-    const PlanRemarks &Remarks() const override { return m_programme.Remarks; }
-    QStringList Arrangements() const override { return {}; }
-    QStringList Tabs() const override
-    {
-        QStringList texts;
-        for (const ProgrammeDay &day : m_programme.Days) {
-            texts.append(QLocale().toString(DateOf(day.Date), QStringLiteral("ddd d MMM")));
-        }
-        return texts;
-    }
-    SchedulePage Page(int /*arrangement*/, AgendaSeconds day) const override
-    {
-        return PageOf(m_programme, IndexOf(day));
-    }
-    SchedulePage DaysFrom(AgendaSeconds day, int /*days*/) const override { return Page(0, day); }
-    AgendaSeconds FirstDay(AgendaSeconds day) const override { return DateAt(IndexOf(day)); }
-    AgendaSeconds Step(int /*arrangement*/, AgendaSeconds day, int pages) const override
-    {
-        const int last = static_cast<int>(m_programme.Days.size()) - 1;
-        return DateAt(std::clamp(IndexOf(day) + pages, 0, last));
-    }
-
-private:
-    AgendaSeconds DateAt(int index) const
-    {
-        return m_programme.Days[static_cast<std::size_t>(index)].Date;
-    }
-    /// The day of the conference that is it, or else the first one.
-    int IndexOf(AgendaSeconds day) const
-    {
-        const auto found =
-            std::ranges::find(m_programme.Days, DayOf(day) * kSecondsPerDay, &ProgrammeDay::Date);
-        return found != m_programme.Days.end() ? static_cast<int>(found - m_programme.Days.begin())
-                                               : 0;
-    }
-
-    Programme m_programme;
-};
-
-template <typename Schedule, typename Result>
-std::unique_ptr<ISchedulePages> Opened(Result result, PlanError &error)
-{
-    if (result.Status != PlanStatus::Loaded) {
-        error = result.Error;
-        return nullptr;
-    }
-    return std::make_unique<Schedule>(std::move(result.Value));
+    return QDateTime(QDate::currentDate(), QTime(0, 0), Qt::UTC).toSecsSinceEpoch();
 }
 
 } // namespace
 
-std::unique_ptr<ISchedulePages> LoadSchedule(const QString &fileName, PlanError &error)
-{
-    NoProgress progress;
-    if (IsProgrammeFile(fileName)) {
-        return Opened<ProgrammeSchedule>(LoadProgramme(fileName, progress), error);
-    }
-    return Opened<AgendaSchedule>(LoadAgenda(fileName, progress), error);
-}
-
-ScheduleWindow::ScheduleWindow(std::unique_ptr<ISchedulePages> pages, QWidget *parent)
+ScheduleWindow::ScheduleWindow(QWidget *parent)
     : QMainWindow(parent)
-    , m_pages(std::move(pages))
+    , m_loader(new ScheduleLoader(this))
+    , m_view(new ScheduleView)
+    , m_tabs(new QTabBar)
+    , m_remarks(new RemarksPanel(this))
 {
-    setWindowTitle(tr("%1 – Planner").arg(m_pages->Name()));
+    setWindowTitle(tr("Planner"));
     auto *central = new QWidget;
     auto *layout = new QVBoxLayout(central);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
-    m_tabs = new QTabBar;
     m_tabs->setExpanding(false);
-    m_view = new ScheduleView;
+    m_tabs->hide();
+    m_view->hide();
     layout->addWidget(m_tabs);
     layout->addWidget(m_view, 1);
     setCentralWidget(central);
-    CreateActions();
-    CreateTabs();
-    resize(1200, 800);
-    GoTo(m_pages->FirstDay(SecondsOf(QDate::currentDate())));
-    m_view->SchemaArea().setFocus();
+    addDockWidget(Qt::BottomDockWidgetArea, m_remarks);
+    m_remarks->hide();
+    MakeStatusBar();
+    MakeMenus();
+    resize(kDefaultSize);
+    connect(m_loader, &ScheduleLoader::progressed, m_progress, &LoadProgress::SetProgress);
+    connect(m_loader, &ScheduleLoader::finished, this,
+            [this](const auto &result) { LoadEnded(std::move(*result)); });
+    connect(m_progress, &LoadProgress::cancelRequested, this, &QWidget::close);
+    connect(m_view, &ScheduleView::moved, this, &ScheduleWindow::Move);
 }
 
 ScheduleWindow::~ScheduleWindow() = default;
 
-void ScheduleWindow::CreateActions()
+// --- files ---------------------------------------------------------------------------------------
+
+void ScheduleWindow::Open(const QString &fileName)
 {
-    QToolBar *bar = addToolBar(tr("Pages"));
-    bar->setMovable(false);
-    const auto add = [&](const QString &text, const QString &tip, const QKeySequence &keys,
-                         auto handler) {
-        QAction *action = bar->addAction(text, this, handler);
-        action->setToolTip(tip);
-        action->setShortcut(keys);
-        return action;
-    };
-    add(QStringLiteral("‹"), tr("Page before (Alt+Left)"), Qt::ALT | Qt::Key_Left,
-        [this] { GoTo(m_pages->Step(m_arrangement, m_day, -1)); });
-    add(QStringLiteral("›"), tr("Next page (Alt+Right)"), Qt::ALT | Qt::Key_Right,
-        [this] { GoTo(m_pages->Step(m_arrangement, m_day, 1)); });
-    if (m_pages->Tabs().isEmpty()) {
-        add(tr("Today"), tr("Go to today (Ctrl+T)"), Qt::CTRL | Qt::Key_T,
-            [this] { GoTo(SecondsOf(QDate::currentDate())); });
-        add(tr("Go to date…"), tr("Choose a day (Ctrl+G)"), Qt::CTRL | Qt::Key_G,
-            [this] { AskForDate(); });
-        bar->addSeparator();
-    }
-    auto *group = new QActionGroup(this);
-    const QStringList arrangements = m_pages->Arrangements();
-    for (int i = 0; i < static_cast<int>(arrangements.size()); ++i) {
-        QAction *action = bar->addAction(arrangements[i], this, [this, i] {
-            m_arrangement = i;
-            GoTo(m_day);
-        });
-        action->setCheckable(true);
-        action->setChecked(i == m_arrangement);
-        group->addAction(action);
-    }
-    m_title = new QLabel;
-    m_title->setContentsMargins(12, 0, 12, 0);
-    bar->addSeparator();
-    bar->addWidget(m_title);
+    m_fileName = QFileInfo(fileName).absoluteFilePath();
+    setWindowTitle(tr("%1 – Planner").arg(NameOf(m_fileName)));
+    m_progress->Begin(tr("Opening %1").arg(NameOf(m_fileName)));
+    m_loader->Start(m_fileName);
 }
 
-void ScheduleWindow::CreateTabs()
+void ScheduleWindow::LoadEnded(ScheduleResult result)
 {
-    const QStringList tabs = m_pages->Tabs();
-    for (const QString &tab : tabs) {
-        m_tabs->addTab(tab);
+    m_progress->End();
+    PlanError error;
+    m_pages = PagesOf(std::move(result), m_fileName, error);
+    if (m_pages == nullptr) {
+        const QString name = NameOf(m_fileName);
+        ShowError(tr("%1 cannot be opened.").arg(name), ErrorLine(name, error));
+        connect(findChild<QMessageBox *>(), &QDialog::finished, this, &QWidget::close);
+        return;
     }
-    m_tabs->setVisible(!tabs.isEmpty());
-    connect(m_tabs, &QTabBar::currentChanged, this, [this](int index) {
-        if (const AgendaSeconds day = DayOfTab(index); day != m_day) {
-            GoTo(day);
+    if (ScheduleDocument *document = m_pages->Document()) {
+        m_view->SetEditable(true);
+        connect(document, &ScheduleDocument::changed, this, &ScheduleWindow::ShowChange);
+        connect(&document->History(), &QUndoStack::cleanChanged, this,
+                [this](bool clean) { setWindowModified(!clean); });
+    }
+    m_remarks->SetRemarks(m_pages->Remarks());
+    m_remarksButton->setText(m_remarks->CountText());
+    m_remarksButton->setVisible(!m_remarks->CountText().isEmpty());
+    const QString zone = m_pages->ZoneName();
+    m_counts->setText(m_pages->CountText()
+                      + (zone.isEmpty() ? QString() : tr("   times of %1").arg(zone)));
+    MakeArrangements();
+    MakeTabs();
+    ShowTitle();
+    m_view->show();
+    GoTo(m_pages->FirstDay(Today()));
+    m_view->SchemaArea().setFocus();
+    RecentFiles::Add(m_fileName);
+    Q_EMIT opened(m_fileName);
+}
+
+void ScheduleWindow::ShowTitle()
+{
+    const QString name = m_pages->Name().simplified();
+    const QString file = NameOf(m_fileName);
+    setWindowTitle(name.isEmpty() || name == QFileInfo(m_fileName).completeBaseName()
+                       ? tr("%1[*] – Planner").arg(file)
+                       : tr("%1 (%2)[*] – Planner").arg(name, file));
+    setWindowFilePath(m_fileName);
+}
+
+void ScheduleWindow::Save()
+{
+    ScheduleDocument *document = m_pages != nullptr ? m_pages->Document() : nullptr;
+    if (document == nullptr) {
+        return;
+    }
+    if (!document->IsOutdated()) {
+        SaveTo(document->FileName());
+        return;
+    }
+    QMessageBox *box =
+        NewQuestion(tr("%1 has been changed by another program.").arg(NameOf(m_fileName)),
+                    tr("Saving overwrites what has been changed there."));
+    QPushButton *overwrite = box->addButton(tr("&Overwrite"), QMessageBox::AcceptRole);
+    box->addButton(QMessageBox::Cancel);
+    connect(box, &QMessageBox::finished, this, [this, box, overwrite] {
+        if (box->clickedButton() == overwrite) {
+            SaveTo(m_fileName);
+        } else {
+            m_closeAfterSaving = false;
         }
     });
+    box->open();
 }
+
+void ScheduleWindow::SaveTo(const QString &fileName)
+{
+    const bool closes = std::exchange(m_closeAfterSaving, false);
+    QApplication::setOverrideCursor(Qt::WaitCursor);
+    const auto error = m_pages->Document()->Save(fileName);
+    QApplication::restoreOverrideCursor();
+    if (error) {
+        const QString name = NameOf(fileName);
+        ShowError(tr("%1 cannot be saved.").arg(name), ErrorLine(name, {0, *error}));
+        return;
+    }
+    m_fileName = fileName;
+    ShowTitle();
+    RecentFiles::Add(fileName);
+    statusBar()->showMessage(tr("%1 has been saved.").arg(NameOf(fileName)), kReasonTime);
+    if (closes) {
+        close();
+    }
+}
+
+void ScheduleWindow::ChooseSaveName()
+{
+    auto *dialog = new QFileDialog(this, tr("Save the calendar"), m_fileName,
+                                   tr("Calendars (*.ics *.ics.gz)"));
+    dialog->setAttribute(Qt::WA_DeleteOnClose);
+    dialog->setAcceptMode(QFileDialog::AcceptSave);
+    dialog->setDefaultSuffix(QStringLiteral("ics"));
+    connect(dialog, &QFileDialog::fileSelected, this, &ScheduleWindow::SaveTo);
+    dialog->open();
+}
+
+void ScheduleWindow::closeEvent(QCloseEvent *event)
+{
+    ScheduleDocument *document = m_pages != nullptr ? m_pages->Document() : nullptr;
+    if (document == nullptr || !document->IsModified()) {
+        event->accept();
+        return;
+    }
+    event->ignore();
+    QMessageBox *box = NewQuestion(tr("Save the changes of %1?").arg(NameOf(m_fileName)),
+                                   tr("They are lost otherwise."));
+    box->setStandardButtons(QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel);
+    connect(box, &QMessageBox::finished, this, [this](int answer) {
+        if (answer == QMessageBox::Discard) {
+            m_pages->Document()->History().setClean();
+            close();
+        } else if (answer == QMessageBox::Save) {
+            m_closeAfterSaving = true;
+            Save();
+        }
+    });
+    box->open();
+}
+
+void ScheduleWindow::ShowError(const QString &text, const QString &details)
+{
+    auto *box = new QMessageBox(QMessageBox::Warning, tr("Planner"), text, QMessageBox::Ok, this);
+    box->setAttribute(Qt::WA_DeleteOnClose);
+    box->setTextFormat(Qt::PlainText);
+    box->setInformativeText(details);
+    box->open();
+}
+
+/// To be opened when it has its buttons.
+QMessageBox *ScheduleWindow::NewQuestion(const QString &text, const QString &details)
+{
+    auto *box =
+        new QMessageBox(QMessageBox::Question, tr("Planner"), text, QMessageBox::NoButton, this);
+    box->setAttribute(Qt::WA_DeleteOnClose);
+    box->setTextFormat(Qt::PlainText);
+    box->setInformativeText(details);
+    return box;
+}
+
+// --- changes -------------------------------------------------------------------------------------
+
+void ScheduleWindow::Move(const std::vector<ScheduleMove> &moves)
+{
+    ScheduleDocument *document = m_pages->Document();
+    if (document == nullptr || moves.empty()) {
+        return;
+    }
+    const std::vector<AgendaScope> scopes = document->ScopesOf(m_view->Page(), moves);
+    if (scopes.size() == 1) {
+        ApplyMoves(moves, scopes.front());
+        return;
+    }
+    const auto block = static_cast<std::size_t>(moves.front().Block);
+    AskForScope(scopes, m_view->Page().Blocks[block].Title,
+                [this, moves](std::optional<AgendaScope> scope) {
+                    if (scope) {
+                        ApplyMoves(moves, *scope);
+                    } else {
+                        ShowChange(); // everything back in its place
+                    }
+                });
+}
+
+void ScheduleWindow::AskForScope(const std::vector<AgendaScope> &scopes, const QString &title,
+                                 std::function<void(std::optional<AgendaScope>)> go)
+{
+    QMessageBox *box = NewQuestion(tr("“%1” is repeated. What is to be changed?").arg(title), {});
+    std::vector<std::pair<QAbstractButton *, AgendaScope>> buttons;
+    const std::pair<AgendaScope, QString> texts[] = {
+        {AgendaScope::Occurrence, tr("&This occurrence")},
+        {AgendaScope::Following, tr("This and &following")},
+        {AgendaScope::Series, tr("The whole &series")},
+    };
+    for (const auto &[scope, text] : texts) {
+        if (std::ranges::find(scopes, scope) != scopes.end()) {
+            buttons.emplace_back(box->addButton(text, QMessageBox::AcceptRole), scope);
+        }
+    }
+    box->setDefaultButton(static_cast<QPushButton *>(buttons.front().first));
+    box->setEscapeButton(box->addButton(QMessageBox::Cancel));
+    connect(box, &QMessageBox::finished, this, [box, buttons, go = std::move(go)] {
+        const auto chosen = std::ranges::find(buttons, box->clickedButton(),
+                                              &std::pair<QAbstractButton *, AgendaScope>::first);
+        go(chosen != buttons.end() ? std::optional(chosen->second) : std::nullopt);
+    });
+    box->open();
+}
+
+void ScheduleWindow::ApplyMoves(const std::vector<ScheduleMove> &moves, AgendaScope scope)
+{
+    ScheduleDocument &document = *m_pages->Document();
+    const int steps = document.History().index();
+    const SchedulePage page = m_view->Page();
+    if (const auto reason = document.Move(page, moves, scope)) {
+        statusBar()->showMessage(*reason, kReasonTime);
+        QApplication::beep();
+    }
+    if (document.History().index() == steps) {
+        ShowChange(); // as it was
+    }
+}
+
+/// The page anew, as the calendar has it.
+void ScheduleWindow::ShowChange()
+{
+    m_view->Update(m_pages->Page(m_arrangement, m_day));
+}
+
+// --- pages ---------------------------------------------------------------------------------------
 
 /// Pages with tabs begin with the first day and end with the last.
 AgendaSeconds ScheduleWindow::DayOfTab(int tab) const
 {
     const AgendaSeconds first = m_pages->Step(0, m_day, -m_tabs->count());
     return m_pages->Step(0, first, tab);
+}
+
+/// What another arrangement goes on with: the day of the active block, or today where the page
+/// shows it.
+AgendaSeconds ScheduleWindow::DayInView() const
+{
+    if (const auto *active = m_view->GetActiveDataEntity()) {
+        return DayOf(SecondsOfDate(active->GetStartDateTime())) * kSecondsPerDay;
+    }
+    const auto &columns = m_view->Page().Columns;
+    const bool showsToday =
+        std::ranges::find(columns, Today(), &ScheduleColumn::BaseDate) != columns.end();
+    return showsToday ? Today() : m_day;
 }
 
 void ScheduleWindow::GoTo(AgendaSeconds day)
@@ -258,23 +330,6 @@ void ScheduleWindow::GoTo(AgendaSeconds day)
             m_tabs->setCurrentIndex(i);
         }
     }
-}
-
-void ScheduleWindow::AskForDate()
-{
-    QMenu menu;
-    auto *calendar = new QCalendarWidget;
-    calendar->setSelectedDate(DateOf(m_day));
-    auto *item = new QWidgetAction(&menu);
-    item->setDefaultWidget(calendar);
-    menu.addAction(item);
-    const auto choose = [&](const QDate &date) {
-        menu.close();
-        GoTo(SecondsOf(date));
-    };
-    connect(calendar, &QCalendarWidget::clicked, &menu, choose);
-    connect(calendar, &QCalendarWidget::activated, &menu, choose);
-    menu.exec(mapToGlobal(QPoint(120, 40)));
 }
 
 } // namespace korvane::planner

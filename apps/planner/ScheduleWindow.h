@@ -1,70 +1,98 @@
 // The window of a calendar or a conference programme.
 #pragma once
 
-#include "agenda/SchedulePage.h"
-#include "plan/PlanReader.h"
+#include "SchedulePages.h"
 
 #include <QMainWindow>
 
+#include <functional>
 #include <memory>
+#include <optional>
 
+class QAction;
 class QLabel;
+class QMenu;
+class QMessageBox;
 class QTabBar;
+class QToolBar;
+class QToolButton;
 
 namespace korvane::planner {
 
+class LoadProgress;
+class RemarksPanel;
+class ScheduleLoader;
 class ScheduleView;
 
-/// What a schedule window turns the pages of.
-class ISchedulePages
-{
-public:
-    ISchedulePages() = default;
-    ISchedulePages(const ISchedulePages &) = delete;
-    ISchedulePages &operator=(const ISchedulePages &) = delete;
-    virtual ~ISchedulePages() = default;
-
-    virtual QString Name() const = 0;
-    virtual const PlanRemarks &Remarks() const = 0;
-    /// Captions of the arrangements to choose from.
-    virtual QStringList Arrangements() const = 0;
-    /// Captions of all pages where they are few; none where a date chooses the page.
-    virtual QStringList Tabs() const { return {}; }
-    virtual SchedulePage Page(int arrangement, AgendaSeconds day) const = 0;
-    /// So many days from a day on; where a page is a day, that one.
-    virtual SchedulePage DaysFrom(AgendaSeconds day, int days) const = 0;
-    /// The day to begin with when `day` is asked for.
-    virtual AgendaSeconds FirstDay(AgendaSeconds day) const = 0;
-    /// The day of a page so many pages on.
-    virtual AgendaSeconds Step(int arrangement, AgendaSeconds day, int pages) const = 0;
-};
-
-/// Reads a calendar or a programme. Null when it cannot be used; `error` says why then.
-std::unique_ptr<ISchedulePages> LoadSchedule(const QString &fileName, PlanError &error);
-
+/// Shows one calendar or programme. The file is read in the background. What the user moves in a
+/// calendar is one step each that can be undone; of a repeated event he is asked which ones he
+/// means. Changes are not lost unasked.
 class ScheduleWindow : public QMainWindow
 {
     Q_OBJECT
 
 public:
-    explicit ScheduleWindow(std::unique_ptr<ISchedulePages> pages, QWidget *parent = nullptr);
+    explicit ScheduleWindow(QWidget *parent = nullptr);
     ~ScheduleWindow() override;
 
+    /// Starts to read the file; once. A file that cannot be used is reported, and the window closes
+    /// after that.
+    void Open(const QString &fileName);
+    /// Null until the file is read.
+    ISchedulePages *Pages() const { return m_pages.get(); }
     ScheduleView &View() { return *m_view; }
+    void Save();
+    void SaveTo(const QString &fileName);
+
+Q_SIGNALS:
+    /// The file is read and shown.
+    void opened(const QString &fileName);
+
+protected:
+    void closeEvent(QCloseEvent *event) override;
 
 private:
-    void CreateActions();
-    void CreateTabs();
-    AgendaSeconds DayOfTab(int tab) const;
-    void GoTo(AgendaSeconds day);
+    // Menus and bars, ScheduleWindowMenus.cpp.
+    void MakeStatusBar();
+    void MakeMenus();
+    void MakePageActions(QMenu &menu);
+    void MakeArrangements();
+    void MakeTabs();
+    void ChooseFile();
     void AskForDate();
 
+    void LoadEnded(ScheduleResult result);
+    void ShowTitle();
+    AgendaSeconds DayOfTab(int tab) const;
+    AgendaSeconds DayInView() const;
+    void GoTo(AgendaSeconds day);
+    void ShowChange();
+    void Move(const std::vector<ScheduleMove> &moves);
+    void AskForScope(const std::vector<AgendaScope> &scopes, const QString &title,
+                     std::function<void(std::optional<AgendaScope>)> go);
+    void ApplyMoves(const std::vector<ScheduleMove> &moves, AgendaScope scope);
+    void ChooseSaveName();
+    void ShowError(const QString &text, const QString &details);
+    QMessageBox *NewQuestion(const QString &text, const QString &details);
+
     std::unique_ptr<ISchedulePages> m_pages;
+    ScheduleLoader *m_loader;
+    QString m_fileName;
     ScheduleView *m_view = nullptr;
+    QToolBar *m_bar = nullptr;
     QLabel *m_title = nullptr;
     QTabBar *m_tabs = nullptr;
+    RemarksPanel *m_remarks = nullptr;
+    LoadProgress *m_progress = nullptr;
+    QLabel *m_counts = nullptr;
+    QToolButton *m_remarksButton = nullptr;
+    QMenu *m_editMenu = nullptr;
+    QMenu *m_viewMenu = nullptr;
+    QAction *m_save = nullptr;
+    QAction *m_saveAs = nullptr;
     int m_arrangement = 0;
     AgendaSeconds m_day = 0;
+    bool m_closeAfterSaving = false;
 };
 
 } // namespace korvane::planner

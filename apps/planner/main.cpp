@@ -67,14 +67,9 @@ ExitCode Render(int argc, char **argv, const CommandLine &commandLine)
 
 int ShowSchedule(const QString &fileName)
 {
-    PlanError error;
-    auto pages = LoadSchedule(fileName, error);
-    if (pages == nullptr) {
-        PrintError(ErrorLine(fileName, error));
-        return static_cast<int>(ExitCode::UnusableFile);
-    }
-    ScheduleWindow window(std::move(pages));
+    ScheduleWindow window;
     window.show();
+    window.Open(fileName);
     return QApplication::exec();
 }
 

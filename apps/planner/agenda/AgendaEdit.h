@@ -30,24 +30,35 @@ private:
     std::vector<Place> m_changes;
 };
 
-enum class AgendaScope : std::uint8_t { Occurrence, Series };
+/// Of an occurrence that is repeated, what a change of it is meant for.
+enum class AgendaScope : std::uint8_t { Occurrence, Following, Series };
 
-/// Whether an occurrence is one of several, so that the user may mean all of them.
-bool IsRepeated(const Agenda &agenda, const AgendaOccurrence &occurrence);
+/// What can be meant by a change of the occurrence; more than one where the user is to be asked.
+std::vector<AgendaScope> ScopesOf(const Agenda &agenda, const AgendaOccurrence &occurrence);
 
-/// Moves or stretches an occurrence: it then starts at `start` by the wall clock of its own zone.
-/// All-day events stay on whole days.
+/// What an occurrence becomes.
+struct AgendaChange
+{
+    AgendaSeconds Start = 0; ///< by the wall clock of its own zone
+    AgendaLength Length;
+    std::optional<QString> Place; ///< nothing leaves it where it is
+    std::optional<int> Calendar;
+};
+
+/// Moves or stretches an occurrence. All-day events stay on whole days.
 ///
-/// One occurrence of a series becomes an override. The series as a whole is moved by the same
-/// time; what its rules, exceptions and overrides name moves with it, but occurrences that have
-/// been moved on their own stay where they are. The first occurrence of an override that holds for
-/// all that follow moves these as well. Every change makes a new revision.
+/// One occurrence of a series becomes an override. From an occurrence on, the series is cut in two:
+/// it ends before, and a new one with a UID of its own begins; where its rules cannot be cut, an
+/// override holds for all that follow. The series as a whole is moved by the same time; what its
+/// rules, exceptions and overrides name moves with it, but occurrences that have been moved on
+/// their own stay where they are. The first occurrence of an override that holds for all that
+/// follow moves these as well. Into another calendar go single events only. Every change makes a
+/// new revision.
 ///
 /// Returns why that cannot be done where it cannot: when the rule of a series names days or times
-/// of day that have nothing to do with its start.
-std::variant<AgendaEdit, QString> MoveOccurrence(const Agenda &agenda,
-                                                 const AgendaOccurrence &occurrence,
-                                                 AgendaSeconds start, const AgendaLength &length,
-                                                 AgendaScope scope);
+/// of day that have nothing to do with its start, for example.
+std::variant<AgendaEdit, QString> ChangeOccurrence(const Agenda &agenda,
+                                                   const AgendaOccurrence &occurrence,
+                                                   const AgendaChange &change, AgendaScope scope);
 
 } // namespace korvane::planner

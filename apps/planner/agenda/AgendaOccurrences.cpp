@@ -192,6 +192,18 @@ private:
 
 } // namespace
 
+AgendaRulePlace PlaceInRule(const Agenda &agenda, const QByteArray &rule, const AgendaTime &start,
+                            AgendaSeconds wall)
+{
+    const auto lock = LockIcal();
+    AgendaRulePlace place;
+    FollowRule(agenda, rule, start, {start.Wall, wall + 1}, [&](AgendaSeconds given) {
+        place.IsGiven = given == wall;
+        place.Before += given < wall ? 1 : 0;
+    });
+    return place;
+}
+
 AgendaSeconds WallOf(const Agenda &agenda, const AgendaTime &time, const AgendaTime &start)
 {
     if (start.IsDate) {

@@ -66,6 +66,16 @@ private:
     QSet<int> m_superseded;                       ///< overrides that others have taken the place of
 };
 
+/// How many starts a rule gives before a moment by the wall clock of its event, and whether it
+/// gives that one.
+struct AgendaRulePlace
+{
+    int Before = 0;
+    bool IsGiven = false;
+};
+AgendaRulePlace PlaceInRule(const Agenda &agenda, const QByteArray &rule, const AgendaTime &start,
+                            AgendaSeconds wall);
+
 /// The moment on the wall that the start's zone has when it is `time`; exceptions and overrides are
 /// compared by it.
 AgendaSeconds WallOf(const Agenda &agenda, const AgendaTime &time, const AgendaTime &start);

@@ -2,8 +2,8 @@
 
 #include "agenda/IcalLibrary.h"
 #include "agenda/IcalText.h"
+#include "agenda/LoadAttempt.h"
 #include "plan/FileText.h"
-#include "plan/PlanRefusal.h"
 
 #include <QDate>
 #include <QFileInfo>
@@ -227,11 +227,8 @@ private:
     void ReadRules(icalproperty_kind kind, std::vector<QByteArray> &rules)
     {
         ForEachProperty(m_component, kind, [&](Property property) {
-            const icalvalue *value = icalproperty_get_value(property);
-            char *text = value != nullptr ? icalvalue_as_ical_string_r(value) : nullptr;
-            if (text != nullptr) {
-                rules.emplace_back(text);
-                icalmemory_free_buffer(text);
+            if (QByteArray text = ValueTextOf(property); !text.isEmpty()) {
+                rules.push_back(std::move(text));
             }
         });
     }
@@ -356,22 +353,13 @@ bool IsAgendaFile(const QString &fileName)
 
 AgendaResult LoadAgenda(const QString &fileName, IProgress &progress)
 {
-    AgendaResult result;
-    try {
+    return AttemptLoad<AgendaResult>([&](AgendaResult &result) {
         result.Text = TextOfFile(fileName, progress);
         result.Value = ReadAgenda(result.Text, progress);
         if (result.Value.Name.trimmed().isEmpty()) {
             result.Value.Name = QFileInfo(fileName).completeBaseName();
         }
-        result.Status = PlanStatus::Loaded;
-    } catch (const PlanRefusal &refusal) {
-        result.Error = refusal.Error();
-    } catch (const PlanCanceled &) {
-        result.Status = PlanStatus::Canceled;
-    } catch (const std::bad_alloc &) {
-        result.Error = {0, QStringLiteral("not enough memory for this file")};
-    }
-    return result;
+    });
 }
 
 } // namespace korvane::planner

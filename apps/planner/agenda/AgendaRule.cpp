@@ -32,9 +32,18 @@ public:
         const QByteArray *value = Find(name);
         return value != nullptr ? *value : QByteArray();
     }
-    void Set(QByteArrayView name, const QByteArray &value)
+    void Set(const QByteArray &name, const QByteArray &value)
     {
-        *const_cast<QByteArray *>(Find(name)) = value;
+        const auto part = std::ranges::find(m_parts, name, &TPart::first);
+        if (part != m_parts.end()) {
+            part->second = value;
+        } else {
+            m_parts.emplace_back(name, value);
+        }
+    }
+    void Drop(const QByteArray &name)
+    {
+        std::erase_if(m_parts, [&](const TPart &part) { return part.first == name; });
     }
     QByteArray Text() const
     {
@@ -46,6 +55,8 @@ public:
     }
 
 private:
+    using TPart = std::pair<QByteArray, QByteArray>;
+
     const QByteArray *Find(QByteArrayView name) const
     {
         const auto part =
@@ -53,7 +64,7 @@ private:
         return part != m_parts.end() ? &part->second : nullptr;
     }
 
-    std::vector<std::pair<QByteArray, QByteArray>> m_parts;
+    std::vector<TPart> m_parts;
 };
 
 int IndexOfDay(const QByteArray &day)
@@ -148,6 +159,41 @@ std::variant<QByteArray, QString> MovedRule(const Agenda &agenda, const QByteArr
         parts.Set("UNTIL", MovedUntil(agenda, parts.Value("UNTIL"), from, to));
     }
     return parts.Text();
+}
+
+QByteArray RuleBefore(const Agenda &agenda, const QByteArray &rule, const AgendaTime &of)
+{
+    AgendaTime last = of;
+    if (of.IsDate) {
+        last.Wall -= kSecondsPerDay;
+    } else if (of.Zone == kFloating) {
+        last.Wall -= 1;
+    } else {
+        last = {agenda.UtcOf(of) - 1, kUtc, false};
+    }
+    RuleParts parts(rule);
+    parts.Drop("COUNT");
+    parts.Set("UNTIL", IcalText(last));
+    return parts.Text();
+}
+
+QByteArray RuleFrom(const QByteArray &rule, int before)
+{
+    RuleParts parts(rule);
+    if (parts.Has("COUNT")) {
+        parts.Set("COUNT", QByteArray::number(std::max(1, parts.Value("COUNT").toInt() - before)));
+    }
+    return parts.Text();
+}
+
+QByteArray RuleOfLine(const QByteArray &line)
+{
+    const auto lock = LockIcal();
+    const IcalPropertyPtr property(icalproperty_new_from_string(line.constData()));
+    const bool isRule = property != nullptr
+                        && (icalproperty_isa(property.get()) == ICAL_RRULE_PROPERTY
+                            || icalproperty_isa(property.get()) == ICAL_EXRULE_PROPERTY);
+    return isRule ? ValueTextOf(property.get()) : QByteArray();
 }
 
 } // namespace korvane::planner

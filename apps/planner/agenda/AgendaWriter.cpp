@@ -1,302 +1,17 @@
 #include "agenda/AgendaWriter.h"
 
-#include "agenda/AgendaOccurrences.h"
+#include "agenda/AgendaEventText.h"
 #include "agenda/AgendaReader.h"
-#include "agenda/AgendaRule.h"
 #include "agenda/IcalText.h"
 #include "plan/MspdiWriter.h"
 #include "plan/PlanSaver.h"
 
 #include <algorithm>
+#include <set>
 
 namespace korvane::planner {
 
 namespace {
-
-/// The text of one event while it is changed.
-class EventText
-{
-public:
-    EventText(QByteArray text, const Agenda &agenda, const AgendaEvent &event)
-        : m_text(std::move(text))
-        , m_agenda(agenda)
-        , m_event(event)
-        , m_lines(IcalLinesOf(m_text))
-        , m_lineEnd(Raw(m_lines.front()).endsWith("\r\n") ? "\r\n" : "\n")
-    {
-    }
-
-    void SetStart()
-    {
-        if (const IcalLine *line = Find("DTSTART")) {
-            SetValue(*line, IcalText(*m_event.Start));
-        }
-    }
-
-    /// `hasChanged`: not only moved.
-    void SetEnd(bool hasChanged)
-    {
-        if (const IcalLine *line = Find("DTEND")) {
-            const AgendaTime end = End();
-            const QByteArray old = Unfolded(Raw(*line));
-            const bool isDate = old.indexOf('T', ValueOf(old)) < 0;
-            if (isDate == end.IsDate) {
-                SetValue(*line, IcalText(end));
-            } else {
-                Replace(*line, HeadOf("DTEND", end) + IcalText(end));
-            }
-        } else if (const IcalLine *duration = Find("DURATION")) {
-            if (hasChanged) {
-                SetValue(*duration, Duration());
-            }
-        } else if (hasChanged) {
-            const AgendaTime end = End();
-            InsertBehind("DTSTART", HeadOf("DTEND", end) + IcalText(end));
-        }
-    }
-
-    void SetRevision(const QDateTime &now)
-    {
-        const QByteArray stamp = IcalText({now.toSecsSinceEpoch(), kUtc, false});
-        SetOrAdd("SEQUENCE", QByteArray::number(m_event.Sequence));
-        SetOrAdd("DTSTAMP", stamp);
-        if (const IcalLine *line = Find("LAST-MODIFIED")) {
-            SetValue(*line, stamp);
-        }
-    }
-
-    void SetRules(QByteArrayView name, const std::vector<QByteArray> &rules,
-                  const std::vector<QByteArray> &former)
-    {
-        std::size_t index = 0;
-        for (const IcalLine &line : m_lines) {
-            if (line.Name != name || index >= rules.size()) {
-                continue;
-            }
-            if (rules[index] != former[index]) {
-                SetValue(line, rules[index]);
-            }
-            ++index;
-        }
-    }
-
-    void SetExceptDates(const std::vector<AgendaTime> &dates)
-    {
-        QByteArrayList lines;
-        for (const AgendaTime &date : dates) {
-            lines.append(HeadOf("EXDATE", date) + IcalText(date));
-        }
-        ReplaceAll("EXDATE", lines);
-    }
-
-    void SetExtraDates(const std::vector<AgendaExtraDate> &dates)
-    {
-        QByteArrayList lines;
-        for (const AgendaExtraDate &date : dates) {
-            QByteArray head = HeadOf("RDATE", date.Start);
-            QByteArray value = IcalText(date.Start);
-            if (date.Length) {
-                head.insert(5, ";VALUE=PERIOD");
-                value += '/' + DurationOf(*date.Length);
-            }
-            lines.append(head + value);
-        }
-        ReplaceAll("RDATE", lines);
-    }
-
-    void SetOverride()
-    {
-        const AgendaTime &of = m_event.Override->Of;
-        if (const IcalLine *line = Find("RECURRENCE-ID")) {
-            SetValue(*line, IcalText(of));
-            return;
-        }
-        InsertBehind("DTSTART", HeadOf("RECURRENCE-ID", of) + IcalText(of));
-    }
-
-    void Drop(std::initializer_list<QByteArrayView> names)
-    {
-        for (const IcalLine &line : m_lines) {
-            if (std::ranges::find(names, QByteArrayView(line.Name)) != names.end()) {
-                m_changes.push_back({line.Begin, line.End, {}});
-            }
-        }
-    }
-
-    QByteArray Result()
-    {
-        // What is inserted before a line comes before what the line becomes.
-        std::ranges::stable_sort(m_changes, {}, [](const Change &change) {
-            return std::pair(change.Begin, change.End);
-        });
-        QByteArray result;
-        qsizetype at = 0;
-        for (const Change &change : m_changes) {
-            result += m_text.mid(at, change.Begin - at) + change.Text;
-            at = change.End;
-        }
-        return result + m_text.mid(at);
-    }
-
-private:
-    struct Change
-    {
-        qsizetype Begin = 0;
-        qsizetype End = 0;
-        QByteArray Text;
-    };
-
-    QByteArrayView Raw(const IcalLine &line) const
-    {
-        return QByteArrayView(m_text).sliced(line.Begin, line.End - line.Begin);
-    }
-
-    const IcalLine *Find(QByteArrayView name) const
-    {
-        const auto line = std::ranges::find(m_lines, name, &IcalLine::Name);
-        return line != m_lines.end() ? &*line : nullptr;
-    }
-
-    void Replace(const IcalLine &line, const QByteArray &text)
-    {
-        m_changes.push_back({line.Begin, line.End, Folded(text, m_lineEnd)});
-    }
-
-    void SetValue(const IcalLine &line, const QByteArray &value)
-    {
-        const QByteArray old = Unfolded(Raw(line));
-        Replace(line, old.left(ValueOf(old)) + value);
-    }
-
-    void InsertBehind(QByteArrayView name, const QByteArray &text)
-    {
-        const IcalLine *line = Find(name);
-        const qsizetype at = line != nullptr ? line->End : m_lines.front().End;
-        m_changes.push_back({at, at, Folded(text, m_lineEnd)});
-    }
-
-    void SetOrAdd(const QByteArray &name, const QByteArray &value)
-    {
-        if (const IcalLine *line = Find(name)) {
-            SetValue(*line, value);
-        } else {
-            InsertBehind("UID", name + ':' + value);
-        }
-    }
-
-    void ReplaceAll(QByteArrayView name, const QByteArrayList &lines)
-    {
-        QByteArray text;
-        for (const QByteArray &line : lines) {
-            text += Folded(line, m_lineEnd);
-        }
-        for (const IcalLine &line : m_lines) {
-            if (line.Name == name) {
-                m_changes.push_back({line.Begin, line.End, std::exchange(text, {})});
-            }
-        }
-    }
-
-    /// The name and the parameters that say in which form the time is. Those of the start are taken
-    /// over where they say the same; they may name a zone that is not known here.
-    QByteArray HeadOf(const QByteArray &name, const AgendaTime &time) const
-    {
-        const IcalLine *start = Find("DTSTART");
-        const AgendaTime &own = *m_event.Start;
-        if (start != nullptr && time.Zone == own.Zone && time.IsDate == own.IsDate) {
-            const QByteArray line = Unfolded(Raw(*start));
-            return name + line.mid(start->Name.size(), ValueOf(line) - start->Name.size());
-        }
-        if (time.IsDate) {
-            return name + ";VALUE=DATE:";
-        }
-        if (time.Zone <= kUtc) {
-            return name + ':';
-        }
-        QByteArray id = m_agenda.Zones->At(time.Zone).Id();
-        if (id.contains(':') || id.contains(';') || id.contains(',')) {
-            id = '"' + id + '"';
-        }
-        return name + ";TZID=" + id + ':';
-    }
-
-    AgendaTime End() const
-    {
-        const AgendaTime &start = *m_event.Start;
-        const AgendaSeconds end = EndOf(m_agenda, start, m_event.Length);
-        if (start.IsDate) {
-            return {end, kFloating, true};
-        }
-        if (m_event.EndForm != AgendaEndForm::End) {
-            return {m_agenda.Zones->ToWall(end, start.Zone), start.Zone, false};
-        }
-        const int zone = m_event.EndZone == kFloating ? start.Zone : m_event.EndZone;
-        return {m_agenda.Zones->ToWall(end, zone), m_event.EndZone, false};
-    }
-
-    static QByteArray DurationOf(const AgendaLength &length)
-    {
-        if (length.Days > 0 && length.Seconds == 0) {
-            return 'P' + QByteArray::number(length.Days) + 'D';
-        }
-        QByteArray text = length.Days > 0 ? 'P' + QByteArray::number(length.Days) + 'D' : "P";
-        text += 'T';
-        const std::pair<AgendaSeconds, char> units[] = {{length.Seconds / 3600, 'H'},
-                                                        {length.Seconds / 60 % 60, 'M'},
-                                                        {length.Seconds % 60, 'S'}};
-        for (const auto &[count, unit] : units) {
-            if (count > 0) {
-                text += QByteArray::number(count) + unit;
-            }
-        }
-        return text.endsWith('T') ? text + "0S" : text;
-    }
-    QByteArray Duration() const { return DurationOf(m_event.Length); }
-
-    QByteArray m_text;
-    const Agenda &m_agenda;
-    const AgendaEvent &m_event;
-    std::vector<IcalLine> m_lines;
-    QByteArray m_lineEnd;
-    std::vector<Change> m_changes;
-};
-
-QByteArray ChangedEvent(const QByteArray &text, const Agenda &agenda, const AgendaEvent &event,
-                        const AgendaEvent &former, const QDateTime &now)
-{
-    EventText changed(text, agenda, event);
-    if (event.Start) {
-        changed.SetStart();
-        changed.SetEnd(event.Length != former.Length);
-    }
-    if (event.Series != nullptr && former.Series != nullptr) {
-        changed.SetRules("RRULE", event.Series->Rules, former.Series->Rules);
-        changed.SetRules("EXRULE", event.Series->ExceptRules, former.Series->ExceptRules);
-        if (event.Series->ExceptDates != former.Series->ExceptDates) {
-            changed.SetExceptDates(event.Series->ExceptDates);
-        }
-        if (event.Series->ExtraDates != former.Series->ExtraDates) {
-            changed.SetExtraDates(event.Series->ExtraDates);
-        }
-    }
-    if (event.Override && event.Override != former.Override) {
-        changed.SetOverride();
-    }
-    changed.SetRevision(now);
-    return changed.Result();
-}
-
-QByteArray NewOverride(const QByteArray &text, const Agenda &agenda, const AgendaEvent &event,
-                       const AgendaEvent &model, const QDateTime &now)
-{
-    EventText copy(text, agenda, event);
-    copy.Drop({"RRULE", "EXRULE", "RDATE", "EXDATE", "RECURRENCE-ID"});
-    copy.SetStart();
-    copy.SetEnd(event.Length != model.Length);
-    copy.SetOverride();
-    copy.SetRevision(now);
-    return copy.Result();
-}
 
 /// What an event looks like in the file; a series may be held twice.
 bool IsSame(const AgendaEvent &a, const AgendaEvent &b)
@@ -304,39 +19,154 @@ bool IsSame(const AgendaEvent &a, const AgendaEvent &b)
     const bool sameSeries = (a.Series == nullptr) == (b.Series == nullptr)
                             && (a.Series == nullptr || *a.Series == *b.Series);
     return sameSeries && a.Start == b.Start && a.Length == b.Length && a.Override == b.Override
-           && a.Sequence == b.Sequence;
+           && a.Sequence == b.Sequence && a.Uid == b.Uid && a.Place == b.Place
+           && a.Calendar == b.Calendar;
 }
+
+/// Puts the pieces of a file together again.
+class AgendaText
+{
+public:
+    AgendaText(const Agenda &agenda, const QByteArray &source, const QDateTime &now)
+        : m_agenda(agenda)
+        , m_source(source)
+        , m_now(now)
+    {
+        NoProgress progress;
+        PlanRemarks remarks;
+        m_former = ReadAgenda(source, progress);
+        m_parts = FindIcalParts(source, remarks);
+        for (const IcalComponent &part : m_parts.Components) {
+            if (part.Name == "VEVENT") {
+                m_events.push_back(&part);
+            }
+        }
+        m_copies.resize(m_events.size());
+        m_arrivals.resize(m_parts.Calendars.size());
+    }
+
+    QByteArray Write()
+    {
+        for (const AgendaEvent &event : m_agenda.Events) {
+            if (event.Source < 0) {
+                m_copies.at(static_cast<std::size_t>(event.CopyOf)).push_back(&event);
+            }
+        }
+        for (std::size_t i = 0; i < m_events.size(); ++i) {
+            Put(i);
+        }
+        for (std::size_t calendar = 0; calendar < m_arrivals.size(); ++calendar) {
+            if (!m_arrivals[calendar].isEmpty()) {
+                m_pieces.push_back({EndMark(calendar), EndMark(calendar), m_arrivals[calendar]});
+            }
+        }
+        std::ranges::stable_sort(m_pieces, {}, &Piece::Begin);
+        QByteArray result;
+        qsizetype at = 0;
+        for (const Piece &piece : m_pieces) {
+            result += m_source.mid(at, piece.Begin - at) + piece.Text;
+            at = piece.End;
+        }
+        return result + m_source.mid(at);
+    }
+
+private:
+    /// What stands in the place of a piece of the source.
+    struct Piece
+    {
+        qsizetype Begin = 0;
+        qsizetype End = 0;
+        QByteArray Text;
+    };
+
+    QByteArray TextOf(const IcalComponent &part) const
+    {
+        return m_source.mid(part.Begin, part.End - part.Begin);
+    }
+
+    void Put(std::size_t index)
+    {
+        const IcalComponent &part = *m_events[index];
+        const AgendaEvent &event = m_agenda.Events[index];
+        const AgendaEvent &former = m_former.Events[index];
+        const QByteArray text = TextOf(part);
+        QByteArray written =
+            IsSame(event, former) ? text : ChangedEvent(text, m_agenda, event, former, m_now);
+        for (const AgendaEvent *copy : m_copies[index]) {
+            written += NewEvent(text, m_agenda, *copy, former, m_now);
+        }
+        const auto calendar = static_cast<std::size_t>(event.Calendar);
+        if (event.Calendar != former.Calendar && calendar < m_arrivals.size()) {
+            m_arrivals[calendar] += ZonesFor(event, former.Calendar) + written;
+            written.clear();
+        }
+        if (written != text) {
+            m_pieces.push_back({part.Begin, part.End, written});
+        }
+    }
+
+    /// The definitions that an event refers to and that its new calendar lacks.
+    QByteArray ZonesFor(const AgendaEvent &event, int from)
+    {
+        QByteArray zones;
+        for (const IcalComponent &part : m_parts.Components) {
+            const QByteArray id = IdOfZone(part);
+            const auto isUsed = [&](int zone) {
+                return zone > kUtc && m_agenda.Zones->At(zone).Id() == id;
+            };
+            const bool isNeeded = part.Calendar == from && !id.isEmpty() && event.Start
+                                  && (isUsed(event.Start->Zone) || isUsed(event.EndZone));
+            const bool isThere =
+                std::ranges::any_of(m_parts.Components, [&](const IcalComponent &other) {
+                    return other.Calendar == event.Calendar && IdOfZone(other) == id;
+                });
+            if (isNeeded && !isThere && m_brought.insert({id, event.Calendar}).second) {
+                zones += TextOf(part);
+            }
+        }
+        return zones;
+    }
+
+    QByteArray IdOfZone(const IcalComponent &part) const
+    {
+        if (part.Name != "VTIMEZONE") {
+            return {};
+        }
+        const QByteArray text = TextOf(part);
+        for (const IcalLine &line : IcalLinesOf(text)) {
+            if (line.Name == "TZID") {
+                const QByteArray whole = Unfolded(text.sliced(line.Begin, line.End - line.Begin));
+                return whole.mid(ValueOf(whole)).trimmed();
+            }
+        }
+        return {};
+    }
+
+    /// Where the last line of a calendar begins.
+    qsizetype EndMark(std::size_t calendar) const
+    {
+        const IcalComponent &part = m_parts.Calendars[calendar];
+        const qsizetype mark = m_source.first(part.End).toUpper().lastIndexOf("END:VCALENDAR");
+        return mark >= part.Begin ? mark : part.End;
+    }
+
+    const Agenda &m_agenda;
+    const QByteArray &m_source;
+    const QDateTime &m_now;
+    Agenda m_former;
+    IcalParts m_parts;
+    std::vector<const IcalComponent *> m_events;
+    std::vector<std::vector<const AgendaEvent *>> m_copies;
+    std::vector<QByteArray> m_arrivals; ///< by calendar
+    std::set<std::pair<QByteArray, int>> m_brought;
+    std::vector<Piece> m_pieces;
+};
 
 } // namespace
 
 QByteArray WriteAgenda(const Agenda &agenda, const QByteArray &source, const QDateTime &now)
 {
-    NoProgress progress;
-    const Agenda former = ReadAgenda(source, progress);
-    PlanRemarks remarks;
-    IcalParts parts = FindIcalParts(source, remarks);
-    std::erase_if(parts.Components, [](const auto &part) { return part.Name != "VEVENT"; });
-    std::vector<std::vector<const AgendaEvent *>> copies(parts.Components.size());
-    for (const AgendaEvent &event : agenda.Events) {
-        if (event.Source < 0) {
-            copies.at(static_cast<std::size_t>(event.CopyOf)).push_back(&event);
-        }
-    }
-    QByteArray result;
-    qsizetype at = 0;
-    for (std::size_t i = 0; i < parts.Components.size(); ++i) {
-        const IcalComponent &part = parts.Components[i];
-        const QByteArray text = source.mid(part.Begin, part.End - part.Begin);
-        result += source.mid(at, part.Begin - at);
-        result += IsSame(agenda.Events[i], former.Events[i])
-                      ? text
-                      : ChangedEvent(text, agenda, agenda.Events[i], former.Events[i], now);
-        for (const AgendaEvent *copy : copies[i]) {
-            result += NewOverride(text, agenda, *copy, former.Events[i], now);
-        }
-        at = part.End;
-    }
-    return result + source.mid(at);
+    return AgendaText(agenda, source, now).Write();
 }
 
 std::optional<QString> SaveAgenda(const Agenda &agenda, const QByteArray &source,

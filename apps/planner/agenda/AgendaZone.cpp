@@ -116,6 +116,17 @@ AgendaSeconds SecondsOf(const icaltimetype &time)
     return days * kSecondsPerDay + time.hour * 3600LL + time.minute * 60LL + time.second;
 }
 
+QByteArray ValueTextOf(icalproperty *property)
+{
+    const icalvalue *value = icalproperty_get_value(property);
+    char *text = value != nullptr ? icalvalue_as_ical_string_r(value) : nullptr;
+    QByteArray result(text);
+    if (text != nullptr) {
+        icalmemory_free_buffer(text);
+    }
+    return result;
+}
+
 icaltimetype IcalTimeOf(AgendaSeconds seconds, bool isDate)
 {
     const AgendaSeconds days = DayOf(seconds);

@@ -11,10 +11,12 @@ namespace korvane::planner {
 struct IcalFree
 {
     void operator()(icalcomponent *component) const { icalcomponent_free(component); }
+    void operator()(icalproperty *property) const { icalproperty_free(property); }
     void operator()(icalrecur_iterator *iterator) const { icalrecur_iterator_free(iterator); }
 };
 
 using IcalComponentPtr = std::unique_ptr<icalcomponent, IcalFree>;
+using IcalPropertyPtr = std::unique_ptr<icalproperty, IcalFree>;
 using IcalIteratorPtr = std::unique_ptr<icalrecur_iterator, IcalFree>;
 
 struct AgendaZone::Rules
@@ -39,6 +41,8 @@ struct AgendaZone::Rules
 };
 
 AgendaSeconds SecondsOf(const icaltimetype &time);
+/// As the library writes it; empty where it could not be read.
+QByteArray ValueTextOf(icalproperty *property);
 /// Without a zone.
 icaltimetype IcalTimeOf(AgendaSeconds seconds, bool isDate);
 

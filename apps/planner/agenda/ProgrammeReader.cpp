@@ -1,8 +1,8 @@
 #include "agenda/ProgrammeReader.h"
 
+#include "agenda/LoadAttempt.h"
 #include "agenda/ProgrammeBuilder.h"
 #include "plan/FileText.h"
-#include "plan/PlanRefusal.h"
 #include "plan/PlanXml.h"
 
 #include <QBuffer>
@@ -140,23 +140,14 @@ bool IsProgrammeFile(const QString &fileName)
 
 ProgrammeResult LoadProgramme(const QString &fileName, IProgress &progress)
 {
-    ProgrammeResult result;
-    try {
+    return AttemptLoad<ProgrammeResult>([&](ProgrammeResult &result) {
         const QByteArray text = TextOfFile(fileName, progress);
         result.Value = IsJson(text.left(64)) ? ReadProgrammeJson(text, progress)
                                              : ReadProgrammeXml(text, progress);
         if (result.Value.Name.isEmpty()) {
             result.Value.Name = QFileInfo(fileName).completeBaseName();
         }
-        result.Status = PlanStatus::Loaded;
-    } catch (const PlanRefusal &refusal) {
-        result.Error = refusal.Error();
-    } catch (const PlanCanceled &) {
-        result.Status = PlanStatus::Canceled;
-    } catch (const std::bad_alloc &) {
-        result.Error = {0, QStringLiteral("not enough memory for this file")};
-    }
-    return result;
+    });
 }
 
 } // namespace korvane::planner

@@ -106,16 +106,14 @@ AgendaPages::Shown AgendaPages::ShownOf(const AgendaOccurrence &occurrence) cons
     return {occurrence, ShownWall(start), isLocal ? end : m_agenda.Zones->ToWall(end, m_zone)};
 }
 
-std::variant<AgendaEdit, QString> AgendaPages::Moved(const SchedulePage &page, int block,
-                                                     const AgendaRange &times,
-                                                     AgendaScope scope) const
+AgendaChange AgendaPages::TimesOf(const SchedulePage &page, const ScheduleMove &move) const
 {
-    const ScheduleBlock &former = page.Blocks.at(static_cast<std::size_t>(block));
+    const ScheduleBlock &former = page.Blocks.at(static_cast<std::size_t>(move.Block));
     const AgendaOccurrence &occurrence =
         page.Occurrences.at(static_cast<std::size_t>(former.Occurrence));
     const Shown shown = ShownOf(occurrence);
-    const AgendaSeconds startShift = times.From - former.Start;
-    const AgendaSeconds stopShift = times.To - former.Stop;
+    const AgendaSeconds startShift = move.Times.From - former.Start;
+    const AgendaSeconds stopShift = move.Times.To - former.Stop;
     const bool isMove = startShift == stopShift;
     const bool movesStart = isMove || former.Start == shown.Start;
     const bool movesStop = isMove || former.Stop == shown.Stop;
@@ -124,18 +122,35 @@ std::variant<AgendaEdit, QString> AgendaPages::Moved(const SchedulePage &page, i
     const AgendaTime &own = occurrence.Start;
     if (own.IsDate || own.Zone == kFloating) {
         const AgendaSeconds days = (DayOf(stop - 1) - DayOf(start) + 1) * kSecondsPerDay;
-        return MoveOccurrence(m_agenda, occurrence, start,
-                              isMove ? occurrence.Length
-                              : own.IsDate
-                                  ? AgendaLength{std::max<qint64>(1, days / kSecondsPerDay), 0}
-                                  : AgendaLength{0, stop - start},
-                              scope);
+        const AgendaLength stretched =
+            own.IsDate ? AgendaLength{std::max<qint64>(1, days / kSecondsPerDay), 0}
+                       : AgendaLength{0, stop - start};
+        return {start, isMove ? occurrence.Length : stretched, {}, {}};
     }
     const AgendaSeconds utc = m_agenda.Zones->ToUtc(start, m_zone);
-    const AgendaLength length =
-        isMove ? occurrence.Length : AgendaLength{0, m_agenda.Zones->ToUtc(stop, m_zone) - utc};
-    return MoveOccurrence(m_agenda, occurrence, m_agenda.Zones->ToWall(utc, own.Zone), length,
-                          scope);
+    const AgendaLength stretched{0, m_agenda.Zones->ToUtc(stop, m_zone) - utc};
+    return {m_agenda.Zones->ToWall(utc, own.Zone), isMove ? occurrence.Length : stretched, {}, {}};
+}
+
+std::variant<AgendaEdit, QString>
+AgendaPages::Moved(const SchedulePage &page, const ScheduleMove &move, AgendaScope scope) const
+{
+    const ScheduleBlock &former = page.Blocks.at(static_cast<std::size_t>(move.Block));
+    AgendaChange change = TimesOf(page, move);
+    if (move.Column != former.Column) {
+        const ScheduleColumn &column = page.Columns.at(static_cast<std::size_t>(move.Column));
+        change.Place = column.Place;
+        change.Calendar = column.Calendar;
+    }
+    return ChangeOccurrence(
+        m_agenda, page.Occurrences.at(static_cast<std::size_t>(former.Occurrence)), change, scope);
+}
+
+QString AgendaPages::ZoneName() const
+{
+    return m_zone > kUtc    ? QString::fromUtf8(m_agenda.Zones->At(m_zone).Id())
+           : m_zone == kUtc ? QStringLiteral("UTC")
+                            : QString();
 }
 
 std::vector<AgendaPages::Shown> AgendaPages::ShownIn(const AgendaRange &range) const
@@ -172,7 +187,13 @@ int AgendaPages::ColumnOf(SchedulePage &page, const AgendaEvent &event, AgendaCo
     if (found != page.Columns.end()) {
         return static_cast<int>(found - page.Columns.begin());
     }
-    page.Columns.push_back({caption, page.Axis.From});
+    ScheduleColumn column{caption, page.Axis.From};
+    if (columns == AgendaColumns::Calendars) {
+        column.Calendar = event.Calendar;
+    } else {
+        column.Place = event.Place.simplified();
+    }
+    page.Columns.push_back(std::move(column));
     return static_cast<int>(page.Columns.size()) - 1;
 }
 

@@ -17,6 +17,9 @@ struct ScheduleColumn
     QString Caption;
     /// The day that it stands for; 0 where all columns stand for the same one.
     AgendaSeconds BaseDate = 0;
+    // What an event takes on that is moved here; nothing where the column stands for a day.
+    std::optional<QString> Place = {};
+    std::optional<int> Calendar = {};
 };
 
 /// A block from Start up to Stop. One that lasts over midnight has a block in every day's column.
@@ -45,6 +48,14 @@ struct SchedulePage
     AgendaRange Axis;
 };
 
+/// Where the user has put a block: times as the page shows them, and a column.
+struct ScheduleMove
+{
+    int Block = 0;
+    AgendaRange Times;
+    int Column = 0;
+};
+
 enum class AgendaColumns : std::uint8_t { Days, Places, Calendars };
 
 /// Pages of calendars. Times are shown by the clock of one zone: the one that the first calendar
@@ -58,11 +69,13 @@ public:
     /// So many days from a day on, each a column; or one day, with a column for each place or
     /// calendar in which something takes place then.
     SchedulePage Page(AgendaColumns columns, AgendaSeconds day, int days) const;
-    /// The edit that gives a block of one of these pages other times, as the page shows them: a
-    /// block that moves takes along what belongs to it on other days. Ends that lie on other days
-    /// stay. Or why that cannot be done.
-    std::variant<AgendaEdit, QString> Moved(const SchedulePage &page, int block,
-                                            const AgendaRange &times, AgendaScope scope) const;
+    /// The edit that puts a block of one of these pages elsewhere: a block that moves takes along
+    /// what belongs to it on other days. Ends that lie on other days stay. Or why that cannot be
+    /// done.
+    std::variant<AgendaEdit, QString> Moved(const SchedulePage &page, const ScheduleMove &move,
+                                            AgendaScope scope) const;
+    /// The name of the zone by whose clock times are shown; empty for that of the system.
+    QString ZoneName() const;
     /// Midnight of the day nearest to `near` on which something takes place; `near` without any.
     AgendaSeconds DayNear(AgendaSeconds near) const;
 
@@ -80,6 +93,7 @@ private:
     std::vector<Shown> ShownIn(const AgendaRange &range) const;
     void AddBlocks(SchedulePage &page, const Shown &shown, AgendaColumns columns) const;
     int ColumnOf(SchedulePage &page, const AgendaEvent &event, AgendaColumns columns) const;
+    AgendaChange TimesOf(const SchedulePage &page, const ScheduleMove &move) const;
 
     const Agenda &m_agenda;
     int m_zone = kFloating;

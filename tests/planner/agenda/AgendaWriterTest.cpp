@@ -18,7 +18,8 @@ QString Move(Agenda &agenda, const QString &from, const QString &to, AgendaScope
     if (found.empty()) {
         return u"no such occurrence"_s;
     }
-    auto edit = MoveOccurrence(agenda, found[0], Wall(to), length.value_or(found[0].Length), scope);
+    auto edit = ChangeOccurrence(agenda, found[0],
+                                 {Wall(to), length.value_or(found[0].Length), {}, {}}, scope);
     if (auto *reason = std::get_if<QString>(&edit)) {
         return *reason;
     }
@@ -226,9 +227,9 @@ TEST(AgendaWriter, FilesSurviveARoundTrip)
         for (std::size_t i = 0; i < 4; ++i) {
             const auto occurrences = AgendaOccurrences(agenda).StartingIn(range);
             const AgendaOccurrence &one = occurrences.at(i * (occurrences.size() - 1) / 3);
-            auto edit =
-                MoveOccurrence(agenda, one, one.Start.Wall + kSecondsPerDay + 900, one.Length,
-                               i % 2 == 0 ? AgendaScope::Occurrence : AgendaScope::Series);
+            auto edit = ChangeOccurrence(
+                agenda, one, {one.Start.Wall + kSecondsPerDay + 900, one.Length, {}, {}},
+                static_cast<AgendaScope>(i % 3));
             if (std::holds_alternative<AgendaEdit>(edit)) {
                 edits.push_back(std::get<AgendaEdit>(edit));
                 edits.back().SwapWith(agenda);

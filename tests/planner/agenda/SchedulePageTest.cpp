@@ -92,9 +92,12 @@ TEST(SchedulePage, BlocksAreMovedAndStretched)
         const SchedulePage page =
             pages.Page(AgendaColumns::Days, Wall(u"2026-03-02T00:00:00"_s), 7);
         const ScheduleBlock &block = page.Blocks.at(std::size_t(one.Block));
-        auto edit = pages.Moved(
-            page, one.Block, {block.Start + one.StartShift * 60, block.Stop + one.StopShift * 60},
-            AgendaScope::Occurrence);
+        auto edit =
+            pages.Moved(page,
+                        {one.Block,
+                         {block.Start + one.StartShift * 60, block.Stop + one.StopShift * 60},
+                         block.Column},
+                        AgendaScope::Occurrence);
         ASSERT_TRUE(std::holds_alternative<AgendaEdit>(edit));
         std::get<AgendaEdit>(edit).SwapWith(agenda);
         const int index = page.Occurrences.at(std::size_t(block.Occurrence)).Event;

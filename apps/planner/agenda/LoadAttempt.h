@@ -1,0 +1,29 @@
+// How loads of calendars and programmes end.
+#pragma once
+
+#include "plan/PlanReader.h"
+#include "plan/PlanRefusal.h"
+
+#include <new>
+
+namespace korvane::planner {
+
+/// Runs a load, which fills the result it is given, and notes there how it ended.
+template <typename Result, typename Load>
+Result AttemptLoad(const Load &load)
+{
+    Result result;
+    try {
+        load(result);
+        result.Status = PlanStatus::Loaded;
+    } catch (const PlanRefusal &refusal) {
+        result.Error = refusal.Error();
+    } catch (const PlanCanceled &) {
+        result.Status = PlanStatus::Canceled;
+    } catch (const std::bad_alloc &) {
+        result.Error = {0, QStringLiteral("not enough memory for this file")};
+    }
+    return result;
+}
+
+} // namespace korvane::planner

@@ -1,0 +1,222 @@
+#include "RemarksPanel.h"
+#include "ScheduleDocument.h"
+#include "ScheduleView.h"
+#include "ScheduleWindow.h"
+#include "SmallPlan.h"
+#include "foundation/qt/zuConvert.h"
+
+#include <QAbstractButton>
+#include <QFile>
+#include <QMessageBox>
+#include <QSettings>
+#include <QSignalSpy>
+#include <QTest>
+
+namespace korvane::planner::test {
+namespace {
+
+/// A week of a calendar with one single event, one that is repeated, and one for whole days.
+class ScheduleWindowTest : public testing::Test
+{
+protected:
+    static void SetUpTestSuite()
+    {
+        QCoreApplication::setOrganizationName(u"Korvane tests"_s);
+        QCoreApplication::setApplicationName(u"planner"_s);
+    }
+    ScheduleWindowTest()
+    {
+        QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, m_folder.Path());
+        Write("BEGIN:VCALENDAR\nVERSION:2.0\n"
+              "BEGIN:VEVENT\nUID:s\nSUMMARY:Single\nX-Keep:1\nDTSTART:20260303T100000\n"
+              "DTEND:20260303T120000\nLOCATION:Hall\nEND:VEVENT\n"
+              "BEGIN:VEVENT\nUID:r\nSUMMARY:Daily\nDTSTART:20260302T130000\n"
+              "DTEND:20260302T140000\nRRULE:FREQ=DAILY;COUNT=5\nEND:VEVENT\n"
+              "BEGIN:VEVENT\nUID:w\nSUMMARY:Whole\nDTSTART;VALUE=DATE:20260305\nEND:VEVENT\n"
+              "END:VCALENDAR\n");
+        Open();
+    }
+
+    QString Path() const { return m_folder.Path(u"week.ics"_s); }
+    void Write(const QByteArray &text)
+    {
+        QFile file(Path());
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write(text);
+    }
+    QByteArray Text() const
+    {
+        QFile file(Path());
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    }
+    void Open()
+    {
+        m_window = std::make_unique<ScheduleWindow>();
+        m_window->show();
+        QSignalSpy opened(m_window.get(), &ScheduleWindow::opened);
+        m_window->Open(Path());
+        if (opened.wait(60'000)) {
+            m_window->View().DateScaler().SetRange(Start(7), Start(19));
+            QCoreApplication::processEvents();
+        }
+    }
+    TDateTime Start(int hour) { return std::floor(m_window->View().ScalerStart()) + hour / 24.0; }
+
+    /// The first block with a title.
+    TzuDataEntity_SchemaTime *TimeOf(const QString &title)
+    {
+        const auto &blocks = m_window->View().Page().Blocks;
+        const auto block = std::ranges::find(blocks, title, &ScheduleBlock::Title);
+        return m_window->View().FindSchemaTimeObjectFromUserReference(
+            reinterpret_cast<void *>(block - blocks.begin() + 1));
+    }
+    /// Drags from the block's upper end on, by columns and hours.
+    void Drag(const QString &title, int fromTop, int columns, double hours)
+    {
+        ScheduleView &view = m_window->View();
+        const TRect rect = view.RectFromDataEntity(*TimeOf(title)).value_or(TRect{});
+        const QPoint from(rect.Left + 10, rect.Top + fromTop);
+        const int x = columns * view.Columns().GetCol(0).GetWidth();
+        const auto y =
+            view.DateScaler().DateToPixel(Start(8)) - view.DateScaler().DateToPixel(Start(7));
+        const QPoint to = from + QPoint(x, int(hours * double(y)));
+        QTest::mousePress(&view.SchemaArea(), Qt::LeftButton, {}, from);
+        QTest::mouseMove(&view.SchemaArea(), (from + to) / 2);
+        QTest::mouseMove(&view.SchemaArea(), to);
+        QTest::mouseRelease(&view.SchemaArea(), Qt::LeftButton, {}, to);
+        QCoreApplication::processEvents();
+    }
+    QMessageBox *Box() const { return m_window->findChild<QMessageBox *>(); }
+    void Answer(const QString &text)
+    {
+        ASSERT_NE(Box(), nullptr);
+        for (QAbstractButton *button : Box()->buttons()) {
+            if (button->text().remove(u'&') == text) {
+                button->click();
+                QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+                return;
+            }
+        }
+        ADD_FAILURE() << text.toStdString();
+    }
+    /// "Tue 10:00", of the blocks with a title.
+    QStringList StartsOf(const QString &title)
+    {
+        QStringList starts;
+        for (const ScheduleBlock &block : m_window->View().Page().Blocks) {
+            if (block.Title == title) {
+                starts.append(QLocale::c().toString(
+                    QDateTime::fromSecsSinceEpoch(block.Start, Qt::UTC), u"ddd hh:mm"_s));
+            }
+        }
+        return starts;
+    }
+    QUndoStack &History() { return m_window->Pages()->Document()->History(); }
+
+    PlanFolder m_folder;
+    std::unique_ptr<ScheduleWindow> m_window;
+};
+
+TEST_F(ScheduleWindowTest, WhatIsDraggedIsAStepThatIsSaved)
+{
+    Drag(u"Single"_s, 10, 1, 1);
+    EXPECT_EQ(StartsOf(u"Single"_s), QStringList(u"Wed 11:00"_s));
+    EXPECT_EQ(History().undoText(), u"Move “Single”"_s);
+    EXPECT_TRUE(m_window->isWindowModified());
+    Drag(u"Single"_s, 1, 0, -1);
+    EXPECT_EQ(StartsOf(u"Single"_s), QStringList(u"Wed 10:00"_s));
+    EXPECT_EQ(History().undoText(), u"Stretch “Single”"_s);
+    Drag(u"Whole"_s, 200, -2, 3);
+    EXPECT_EQ(StartsOf(u"Whole"_s), QStringList(u"Tue 00:00"_s));
+    EXPECT_TRUE(TimeOf(u"Whole"_s)->GetSelected()) << "the change leaves the selection";
+
+    m_window->Save();
+    EXPECT_FALSE(m_window->isWindowModified());
+    EXPECT_TRUE(Text().contains("X-Keep:1\nDTSTART:20260304T100000\nDTEND:20260304T130000\n"))
+        << Text().data();
+    EXPECT_TRUE(Text().contains("DTSTART;VALUE=DATE:20260303\n"));
+    for (int i = 0; i < 3; ++i) {
+        History().undo();
+    }
+    EXPECT_EQ(StartsOf(u"Single"_s), QStringList(u"Tue 10:00"_s));
+    EXPECT_TRUE(m_window->isWindowModified());
+    History().setClean();
+    Open();
+    EXPECT_EQ(StartsOf(u"Single"_s), QStringList(u"Wed 10:00"_s));
+}
+
+TEST_F(ScheduleWindowTest, OfARepeatedEventTheUserSaysWhichOnes)
+{
+    struct Case
+    {
+        QString Button;
+        QString Starts;
+        QString Text;
+    };
+    const Case cases[] = {
+        {u"Cancel"_s, u"Mon 13:00,Tue 13:00,Wed 13:00,Thu 13:00,Fri 13:00"_s, u""_s},
+        {u"This occurrence"_s, u"Mon 14:00,Tue 13:00,Wed 13:00,Thu 13:00,Fri 13:00"_s,
+         u"Move “Daily”"_s},
+        {u"The whole series"_s, u"Mon 14:00,Tue 14:00,Wed 14:00,Thu 14:00,Fri 14:00"_s,
+         u"Move all of “Daily”"_s},
+    };
+    for (const Case &one : cases) {
+        Drag(u"Daily"_s, 10, 0, 1);
+        Answer(one.Button);
+        EXPECT_EQ(StartsOf(u"Daily"_s).join(u','), one.Starts);
+        EXPECT_EQ(History().undoText(), one.Text);
+        History().undo();
+    }
+    Drag(u"Daily"_s, 10, 0, 1);
+    ASSERT_NE(Box(), nullptr);
+    QTest::keyClick(Box(), Qt::Key_Escape);
+    EXPECT_EQ(StartsOf(u"Daily"_s).front(), u"Mon 13:00"_s);
+    EXPECT_FALSE(m_window->isWindowModified());
+}
+
+TEST_F(ScheduleWindowTest, ChangesAreNotLostUnasked)
+{
+    Drag(u"Single"_s, 10, 1, 0);
+    m_window->close();
+    EXPECT_TRUE(m_window->isVisible());
+    Answer(u"Cancel"_s);
+    EXPECT_TRUE(m_window->isVisible());
+    Write("BEGIN:VCALENDAR\nX-OTHER:1\nEND:VCALENDAR\n");
+    m_window->close();
+    Answer(u"Save"_s);
+    ASSERT_NE(Box(), nullptr);
+    EXPECT_TRUE(Box()->text().contains(u"another program"));
+    Answer(u"Overwrite"_s);
+    EXPECT_FALSE(m_window->isVisible());
+    EXPECT_TRUE(Text().contains("DTSTART:20260304T100000"));
+
+    Open();
+    Drag(u"Single"_s, 10, 1, 0);
+    m_window->SaveTo(m_folder.Path(u"none/week.ics"_s));
+    ASSERT_NE(Box(), nullptr);
+    EXPECT_TRUE(Box()->text().contains(u"cannot be saved"));
+    EXPECT_TRUE(m_window->isWindowModified());
+    Answer(u"OK"_s);
+    m_window->close();
+    Answer(u"Discard"_s);
+    EXPECT_FALSE(m_window->isVisible());
+}
+
+TEST_F(ScheduleWindowTest, OddFilesAreRemarkedOnAndBadOnesReported)
+{
+    Write("BEGIN:VCALENDAR\nBEGIN:VEVENT\nUID:a\nDTSTART;TZID=Nowhere/At All:20260303T100000\n"
+          "END:VEVENT\nEND:VCALENDAR\n");
+    Open();
+    EXPECT_EQ(m_window->findChild<RemarksPanel *>()->CountText(), u"1 remark"_s);
+    Write("BEGIN:VCALENDAR\nBEGIN:VEVENT\n");
+    m_window = std::make_unique<ScheduleWindow>();
+    m_window->show();
+    m_window->Open(Path());
+    ASSERT_TRUE(QTest::qWaitFor([this] { return Box() != nullptr; }, 60'000));
+    EXPECT_TRUE(Box()->informativeText().contains(u"ends within"));
+    Answer(u"OK"_s);
+    EXPECT_FALSE(m_window->isVisible());
+}
+
+} // namespace
+} // namespace korvane::planner::test
