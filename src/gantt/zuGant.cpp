@@ -1,5 +1,6 @@
 #include "gantt/zuGant.h"
 
+#include "grid/zuGridTreeData.h"
 #include "scaler/zuScalerGestures.h"
 #include "tree/zuTreeData.h"
 
@@ -88,9 +89,9 @@ std::unique_ptr<TGantRowList> TGantCore::CreateRowList()
     return std::make_unique<TGantRowList>(*this);
 }
 
-TGantRow *TGantCore::CreateRow(TzuDataEntity_Tree *treeNode)
+TGantRow *TGantCore::CreateRow(TzuDataEntity_Tree *treeNode, TzuDataEntity_GridTreeNode *gridNode)
 {
-    return new TGantRow(*m_rows, treeNode);
+    return new TGantRow(*m_rows, treeNode, gridNode);
 }
 
 TzuDataList_GantRow *TGantCore::CreateDataList_GantRow()
@@ -131,6 +132,11 @@ TzuDataEntity_Spanbar *TGantCore::AddSpanbarToGantRow(TGantRow *row, int layer)
 TzuDataEntity_Spanbar *TGantCore::AddSpanbar(TzuDataEntity_Tree *node, int layer)
 {
     return AddSpanbarToGantRow(m_rows->FindRowFromTreeNode(node), layer);
+}
+
+TzuDataEntity_Spanbar *TGantCore::GridNode_AddSpanbar(TzuDataEntity_GridTreeNode *node, int layer)
+{
+    return AddSpanbarToGantRow(m_rows->FindRowFromGridNode(node), layer);
 }
 
 void TGantCore::RemoveSpanbar(TzuDataEntity_Spanbar *item)
@@ -258,6 +264,18 @@ void TGantCore::SetImageList(const TImageList *images)
     if (Assign(m_imageList, images)) {
         m_host.InvalidateArea();
     }
+}
+
+void TGantCore::SetUseGridNotTree(bool value)
+{
+    if (Assign(m_useGrid, value)) {
+        m_host.InvalidateArea();
+    }
+}
+
+bool TGantCore::RowTypeCheckOK(const TGantRow &row) const
+{
+    return m_useGrid ? row.GridNode() != nullptr : row.TreeNode() != nullptr;
 }
 
 const TFont &TGantCore::FontTimeItemStyle(int style) const

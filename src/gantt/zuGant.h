@@ -30,7 +30,8 @@ public:
     /// The time axis, the only owner of the visible time.
     virtual TDateScalerGestures &Scaler() = 0;
     virtual const TDateScalerGestures &Scaler() const = 0;
-    /// Brings the row tree up to date and appends its lines on screen, top to bottom.
+    /// Brings the row tree, or the grid in its place, up to date and appends its lines on screen,
+    /// top to bottom.
     virtual void CollectVisibleNodes(std::vector<TVisibleNode> &nodes) = 0;
 
     /// Requests a repaint of the area; several requests before a paint cause one.
@@ -76,6 +77,8 @@ public:
     TzuDataEntity_Spanbar *AddSpanbarToGantRow(TGantRow *row, int layer);
     /// The same on the row of a tree node; null when the node has none.
     TzuDataEntity_Spanbar *AddSpanbar(TzuDataEntity_Tree *node, int layer);
+    /// The same on the row of a node of the grid.
+    TzuDataEntity_Spanbar *GridNode_AddSpanbar(TzuDataEntity_GridTreeNode *node, int layer);
     /// Removes and frees an item with all its links. Null and items in no list are ignored.
     void RemoveSpanbar(TzuDataEntity_Spanbar *item);
     /// Appends a link in the default style and colour; the caller sets its ends.
@@ -121,7 +124,17 @@ public:
     /// Font of item texts, style 1, 2 or 3; any other number means 1.
     const TFont &FontTimeItemStyle(int style) const;
     void SetFontTimeItemStyle(int style, const TFont &font);
-    /// Height in pixels of the row measured last; stands in where a height is needed without a row.
+    /// Whether the rows are those of the grid's nodes rather than of the row tree's.
+    bool UseGridNotTree() const { return m_useGrid; }
+    /// Rows of the other kind keep their items, but are not shown.
+    virtual void SetUseGridNotTree(bool value);
+    /// Whether the row is of the kind that is shown.
+    bool RowTypeCheckOK(const TGantRow &row) const;
+    /// How much higher rows are while printing than their rectangles say. Those of a grid come from
+    /// the printed grid and are not enlarged once more.
+    double RowPrintScale() const { return m_rowsFromTree ? m_host.AreaPrintScale().Y : 1.0; }
+    /// Height in pixels of the tree row measured last; stands in where a height is needed without a
+    /// row.
     int CurrentRowHeight() const { return m_currentRowHeight; }
 
     /// Draws the whole area on the host's canvas.
@@ -190,7 +203,7 @@ protected:
     virtual std::unique_ptr<TzuDataList> CreateLinkList();
     virtual std::unique_ptr<TGantRowList> CreateRowList();
     /// The result is owned by the row list.
-    virtual TGantRow *CreateRow(TzuDataEntity_Tree *treeNode);
+    virtual TGantRow *CreateRow(TzuDataEntity_Tree *treeNode, TzuDataEntity_GridTreeNode *gridNode);
     virtual TzuDataList_GantRow *CreateDataList_GantRow();
     virtual TzuDataList2lev *CreateDataList2Lev();
     virtual std::unique_ptr<TzuDataList3lev> CreateDataList3Lev();
@@ -270,6 +283,8 @@ private:
     TLinkStyle m_defaultLinkStyle = TLinkStyle::tlsDefault;
     bool m_verticalPyjamas = false;
     bool m_drawShortLines = false;
+    bool m_useGrid = false;
+    bool m_rowsFromTree = true; ///< those placed last
     bool m_destroying = false;
 };
 

@@ -2,6 +2,7 @@
 
 #include "foundation/zuFormat.h"
 #include "gantt/zuGantRow.h"
+#include "grid/zuGridTreeData.h"
 #include "tree/zuTreeData.h"
 
 namespace korvane {
@@ -20,7 +21,10 @@ std::string CaptionOf(const TzuDataEntity_Spanbar &item)
 
 std::string CaptionOf(const TGantRow &row)
 {
-    return row.TreeNode() != nullptr ? row.TreeNode()->GetText() : std::string();
+    if (row.TreeNode() != nullptr) {
+        return row.TreeNode()->GetText();
+    }
+    return row.GridNode() != nullptr ? row.GridNode()->GetText() : std::string();
 }
 
 std::string CaptionOf(const TzuDataEntity_Link &link)

@@ -159,7 +159,6 @@ private:
     TDrop DropOf(const TzuDataEntity_Spanbar &item, TPoint delta, bool copy);
     TDrop GrownTimes(const TzuDataEntity_Spanbar &item, TPoint delta);
     TGantRow *TargetRow(const TzuDataEntity_Spanbar &item, TGantRow &row, int dy) const;
-    int LineHeight(const TGantRow &row) const;
     TDateTime TimeShift(int pixel, int pixels) const;
     void HandleDependencyChange(int x, int y);
     void HandleGrow(TPoint delta);

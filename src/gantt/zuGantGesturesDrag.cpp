@@ -42,7 +42,7 @@ TPoint TGantGestures::OffsetTo(TPoint at)
 
 TGantRow *TGantGestures::OriginRow() const
 {
-    return InputHost().RowAtHeight(m_downPoint.Y);
+    return InputHost().Lines().RowAtHeight(m_downPoint.Y);
 }
 
 /// Whether the row pressed on permits something; beside the rows everything is permitted.
@@ -173,7 +173,7 @@ void TGantGestures::GestureTick()
     }
     const int rows = m_autoScroll.Tick();
     if (rows != 0) {
-        InputHost().ScrollRows(rows);
+        InputHost().Lines().ScrollBy(rows);
         Host().InvalidateArea();
         UpdateRects();
     }
@@ -186,7 +186,7 @@ void TGantGestures::TakeDownScrolling()
 {
     m_seenStart = Host().Scaler().GetStart();
     m_seenStop = Host().Scaler().GetStop();
-    m_seenRowScroll = InputHost().ScrolledRowPixels();
+    m_seenRowScroll = InputHost().Lines().ScrolledPixels();
 }
 
 /// Moves the press point with the axis and the rows.
@@ -201,7 +201,7 @@ void TGantGestures::FollowScrolling()
             m_growOrigRect.Right = x.To;
         }
     }
-    const int scrolled = InputHost().ScrolledRowPixels() - m_seenRowScroll;
+    const int scrolled = InputHost().Lines().ScrolledPixels() - m_seenRowScroll;
     m_downPoint.Y = std::clamp(m_downPoint.Y - scrolled, -kFarAway, kFarAway);
     TakeDownScrolling();
 }
@@ -246,10 +246,9 @@ TGestureFeedback TGantGestures::HandleLocalGrow(int x, int y)
     }
     const TGantRow *row = m_gestureItem->GetRow();
     const TDrop drop = GrownTimes(*m_gestureItem, m_delta);
-    if (const auto top = InputHost().RowTop(*row)) {
+    if (const auto lineY = InputHost().Lines().SpanOf(*row)) {
         feedback.Frames.push_back(
-            InsetRect(*m_gestureItem, row->RectAt(*m_gestureItem, {*top, *top + LineHeight(*row)},
-                                                  drop.Start, drop.Stop)));
+            InsetRect(*m_gestureItem, row->RectAt(*m_gestureItem, *lineY, drop.Start, drop.Stop)));
     }
     return feedback;
 }
@@ -293,13 +292,12 @@ std::vector<TRect> TGantGestures::OutlinesOfSelected(TPoint delta)
     const TRect area{0, 0, Host().AreaSize().Width, Host().AreaSize().Height};
     for (const TzuDataEntity_Spanbar *item : SelectedOnRowsShownAt(delta.Y)) {
         const TDrop drop = DropOf(*item, delta, copy);
-        const auto top = InputHost().RowTop(*drop.Row);
-        if (!top) {
+        const auto y = InputHost().Lines().SpanOf(*drop.Row);
+        if (!y) {
             continue;
         }
         const TGantRow *row = item->GetRow();
-        const TRect rect = InsetRect(
-            *item, row->RectAt(*item, {*top, *top + LineHeight(*row)}, drop.Start, drop.Stop));
+        const TRect rect = InsetRect(*item, row->RectAt(*item, *y, drop.Start, drop.Stop));
         if (rect.Intersects(area)) {
             frames.push_back(rect);
         }
@@ -316,9 +314,9 @@ std::vector<TzuDataEntity_Spanbar *> TGantGestures::SelectedOnRowsShownAt(int dy
     // Rows that the offset moves away may hold items that stay, because their row forbids it.
     const auto collect = [&](int from, int to) {
         for (int y = from; y < to;) {
-            TGantRow *row = InputHost().RowAtHeight(y);
-            const auto top = row != nullptr ? InputHost().RowTop(*row) : std::nullopt;
-            y = std::max(y + 1, top ? *top + LineHeight(*row) : y + height);
+            TGantRow *row = InputHost().Lines().RowAtHeight(y);
+            const auto line = row != nullptr ? InputHost().Lines().SpanOf(*row) : std::nullopt;
+            y = std::max(y + 1, line ? line->To : y + height);
             for (int layer = 0; row != nullptr && layer < row->Layers().Count(); ++layer) {
                 const TzuDataList *list = row->Layers().GetDataList(layer);
                 for (int i = list->SelectedCount() > 0 ? list->FirstSelected()

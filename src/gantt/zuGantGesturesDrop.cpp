@@ -57,23 +57,17 @@ TDateTime TGantGestures::TimeShift(int pixel, int pixels) const
     return scaler.PixelToDate(static_cast<int>(to)) - scaler.PixelToDate(pixel);
 }
 
-int TGantGestures::LineHeight(const TGantRow &row) const
-{
-    return row.IsOnScreen() ? row.GetRect().Height() : CurrentRowHeight();
-}
-
 /// The row at the top of the item's rectangle moved down by so many pixels; its own where there is
 /// none.
 TGantRow *TGantGestures::TargetRow(const TzuDataEntity_Spanbar &item, TGantRow &row, int dy) const
 {
-    const auto top =
-        dy != 0 && row.TimeItems_CanChangeRow() ? InputHost().RowTop(row) : std::nullopt;
-    if (!top) {
+    const auto y =
+        dy != 0 && row.TimeItems_CanChangeRow() ? InputHost().Lines().SpanOf(row) : std::nullopt;
+    if (!y) {
         return &row;
     }
-    const TRect rect = row.RectAt(item, {*top, *top + LineHeight(row)}, item.GetStartDateTime(),
-                                  item.GetStopDateTime());
-    TGantRow *target = InputHost().RowAtHeight(rect.Top + dy);
+    const TRect rect = row.RectFromDataEntity(item, *y);
+    TGantRow *target = InputHost().Lines().RowAtHeight(rect.Top + dy);
     return target != nullptr ? target : &row;
 }
 

@@ -3,9 +3,9 @@
 
 #include "foundation/zuTypes.h"
 #include "gantt/zuGantHint.h"
+#include "gantt/zuGantLines.h"
 #include "gantt/zuGantTypes.h"
 
-#include <optional>
 #include <string_view>
 
 namespace korvane {
@@ -36,20 +36,8 @@ public:
     /// The rectangle of the whole chart, tree and axis included, in area pixels.
     virtual TRect ChartRect() const = 0;
 
-    /// Scrolls the rows by whole rows, down when positive; stops at either end.
-    virtual void ScrollRows(int rows) = 0;
-    /// How far the rows are scrolled down from their beginning, in pixels.
-    virtual int ScrolledRowPixels() const = 0;
-    /// Expands and scrolls the row tree until the row's line is shown.
-    virtual void BringRowIntoView(TGantRow &row) = 0;
-    /// The row that is the tree's current one, or null.
-    virtual TGantRow *CurrentRow() = 0;
-    /// Top of the row's line in area pixels, also above and below the area; nothing for a row that
-    /// is hidden or under a collapsed node.
-    virtual std::optional<int> RowTop(const TGantRow &row) const = 0;
-    /// The row whose line, taken half-open, holds a height in area pixels, also above and below the
-    /// area; null where there is none.
-    virtual TGantRow *RowAtHeight(int y) const = 0;
+    /// Those of the row tree, or of the grid in its place.
+    virtual IGantLines &Lines() const = 0;
 
     /// Calls GestureTick every TAutoScroll::kTickMilliseconds while on.
     virtual void SetGestureTimer(bool on) = 0;

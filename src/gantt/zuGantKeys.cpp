@@ -239,7 +239,7 @@ TzuDataEntity_Spanbar *TGantKeys::FirstTarget()
 {
     const TDateScalerCore &scaler = Host().Scaler();
     const TDateTime middle = (scaler.GetStart() + scaler.GetStop()) / 2;
-    TGantRow *current = InputHost().CurrentRow();
+    TGantRow *current = InputHost().Lines().CurrentRow();
     TzuDataEntity_Spanbar *found = current != nullptr && current->GetVisible()
                                        ? FindNeighbourClosest(*current, middle)
                                        : nullptr;

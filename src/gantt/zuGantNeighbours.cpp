@@ -162,7 +162,7 @@ TzuDataEntity_Spanbar *TGantSelection::FindNeighbourToUpDown(const TzuDataEntity
 
 void TGantSelection::MakeSureRowInView(TGantRow &row)
 {
-    m_inputHost.BringRowIntoView(row);
+    m_inputHost.Lines().BringIntoView(row);
 }
 
 void TGantSelection::MakeSureTimeInView(TDateTime start, TDateTime stop)

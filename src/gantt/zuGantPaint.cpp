@@ -28,11 +28,12 @@ void TGantCore::UpdateRects()
     m_visibleNodes.clear();
     m_host.CollectVisibleNodes(m_visibleNodes);
     for (const TVisibleNode &node : m_visibleNodes) {
-        if (node.Rect.Height() > 0) {
+        if (node.Node != nullptr && node.Rect.Height() > 0) {
             m_currentRowHeight = node.Rect.Height();
             break;
         }
     }
+    m_rowsFromTree = m_visibleNodes.empty() || m_visibleNodes.front().Node != nullptr;
     m_rows->PlaceRows(m_visibleNodes);
 }
 
@@ -118,7 +119,7 @@ void TGantCore::DrawRowBackgound(const TRect &rect, TCanvas &canvas) const
         }
     }
     for (const TGantRow *row : m_rows->RowsOnScreen()) {
-        const int bottom = RoundToPixel(row->GetRect().Bottom * scale.Y);
+        const int bottom = RoundToPixel(row->GetRect().Bottom * RowPrintScale());
         canvas.FillRect({rect.Left, bottom - 1, rect.Right, bottom});
     }
 }

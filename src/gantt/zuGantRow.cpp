@@ -3,6 +3,7 @@
 #include "foundation/zuRound.h"
 #include "gantt/zuGant.h"
 #include "gantt/zuGantDensity.h"
+#include "grid/zuGridTreeData.h"
 #include "scaler/zuScalerGestures.h"
 #include "tree/zuTreeData.h"
 
@@ -28,10 +29,12 @@ TPixelSpan Scaled(TPixelSpan span, double factor)
 
 } // namespace
 
-TGantRow::TGantRow(TGantRowList &rowList, TzuDataEntity_Tree *treeNode)
+TGantRow::TGantRow(TGantRowList &rowList, TzuDataEntity_Tree *treeNode,
+                   TzuDataEntity_GridTreeNode *gridNode)
     : m_gant(rowList.Gant())
     , m_rowList(rowList)
     , m_treeNode(treeNode)
+    , m_gridNode(gridNode)
     , m_layers(m_gant.CreateDataList2Lev())
 {
     m_layers->OnMissingIndex = TOnMissingIndex::Bind<&TGantRow::OnMissingIndex>(this);
@@ -50,6 +53,9 @@ void TGantRow::CleanForFree()
     if (m_treeNode != nullptr && m_treeNode->Companion() == this) {
         m_treeNode->SetCompanion(nullptr);
     }
+    if (m_gridNode != nullptr && m_gridNode->Companion() == this) {
+        m_gridNode->SetCompanion(nullptr);
+    }
     if (m_layers == nullptr) {
         return;
     }
@@ -62,6 +68,11 @@ void TGantRow::CleanForFree()
     m_gant.AllTimeItems().Remove(m_layers);
     m_layers->FreeWheneverPossible();
     m_layers = nullptr;
+}
+
+TzuDataEntity *TGantRow::Node() const
+{
+    return m_treeNode != nullptr ? static_cast<TzuDataEntity *>(m_treeNode) : m_gridNode;
 }
 
 void TGantRow::SetDrawLayerStart(int layer)
@@ -110,7 +121,9 @@ void TGantRow::OnMissingIndex(TzuExposable * /*list*/, int index, bool &fixable)
 
 bool TGantRow::GetVisible() const
 {
-    return m_treeNode != nullptr && m_treeNode->GetVisible();
+    const bool asksGrid =
+        m_treeNode == nullptr || (m_gant.UseGridNotTree() && m_gridNode != nullptr);
+    return asksGrid ? m_gridNode != nullptr && m_gridNode->GetVisible() : m_treeNode->GetVisible();
 }
 
 bool TGantRow::IsOnScreen() const
@@ -168,7 +181,7 @@ TPixelSpan TGantRow::YWithin(const TzuDataEntity_Spanbar &item, TPixelSpan rowY)
     if (m_useSubCols > 1) {
         span = SubRowSpan(item, span);
     }
-    return Scaled(span, m_gant.Host().AreaPrintScale().Y);
+    return Scaled(span, m_gant.RowPrintScale());
 }
 
 TPixelSpan TGantRow::SubRowSpan(const TzuDataEntity_Spanbar &item, TPixelSpan row) const

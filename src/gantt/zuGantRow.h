@@ -16,19 +16,26 @@ class TDistinctTimeHolderList;
 class TGantCore;
 class TTimeDistinctGenericThread;
 
-/// A row of the chart, bound to a node of the row tree. It owns the layer lists of its items.
+/// A row of the chart, bound to a node of the row tree or of the grid. It owns the layer lists of
+/// its items.
 ///
 /// A row takes its rectangle from its node while the node's line is on screen; otherwise it is
 /// scrolled away and its items have no vertical place.
 class TGantRow : public TzuExposable
 {
 public:
-    TGantRow(TGantRowList &rowList, TzuDataEntity_Tree *treeNode);
+    explicit TGantRow(TGantRowList &rowList, TzuDataEntity_Tree *treeNode,
+                      TzuDataEntity_GridTreeNode *gridNode = nullptr);
     ~TGantRow() override;
 
     TGantCore &Gant() const { return m_gant; }
     TGantRowList &RowList() const { return m_rowList; }
+    /// The node of the row tree, or null.
     TzuDataEntity_Tree *TreeNode() const { return m_treeNode; }
+    /// The node of the grid, or null.
+    TzuDataEntity_GridTreeNode *GridNode() const { return m_gridNode; }
+    /// The one of the two that the row has, the tree's first.
+    TzuDataEntity *Node() const;
 
     /// Whether items may be moved in time with the mouse.
     bool TimeItems_CanMove() const { return m_canMove; }
@@ -145,6 +152,7 @@ private:
     TGantCore &m_gant;
     TGantRowList &m_rowList;
     TzuDataEntity_Tree *m_treeNode;
+    TzuDataEntity_GridTreeNode *m_gridNode;
     TzuDataList2lev *m_layers;                                          ///< released with the row
     std::unique_ptr<std::array<int, kLayersWithSubRow>> m_layerSubCols; ///< absent: all 0
     std::shared_ptr<TTimeDistinctGenericThread> m_separation;           ///< that runs

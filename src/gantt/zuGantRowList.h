@@ -11,14 +11,16 @@ namespace korvane {
 
 class TGantCore;
 
-/// A line of the row tree that is on screen.
+/// A line of the row tree or of the grid that is on screen. One of the nodes is null.
 struct TVisibleNode
 {
     TzuDataEntity_Tree *Node = nullptr;
     TRect Rect; ///< in area pixels
+    TzuDataEntity_GridTreeNode *GridNode = nullptr;
 };
 
-/// All rows in creation order. It owns them; rows come and go with the nodes of the row tree.
+/// All rows in creation order. It owns them; rows come and go with the nodes of the row tree
+/// and of the grid.
 class TGantRowList : public TzuExposable
 {
 public:
@@ -36,19 +38,29 @@ public:
     int IndexOf(const TGantRow *row) const { return m_rows.IndexOf(row); }
 
     /// Creates and appends the row of a node; null when the application's handler gives it none.
-    TGantRow *AddRow(TzuDataEntity_Tree *treeNode);
-    /// Removes and releases the row of a node, if it has one.
-    void RemoveRow(TzuDataEntity_Tree *treeNode);
+    TGantRow *AddRow(TzuDataEntity_Tree *treeNode, TzuDataEntity_GridTreeNode *gridNode = nullptr);
+    /// Removes and releases the row of a node, if it has one; of the tree node when both are given.
+    void RemoveRow(TzuDataEntity_Tree *treeNode, TzuDataEntity_GridTreeNode *gridNode = nullptr);
 
-    /// The row with top < y < bottom, in area pixels; null on a border line and between rows.
+    /// Gives a row of the tree a node of the grid as well, so that it is shown beside either. The
+    /// node must have no row of its own, and go before the row does.
+    void BindGridNode(TGantRow &row, TzuDataEntity_GridTreeNode &node);
+    /// Takes it back.
+    void UnbindGridNode(TzuDataEntity_GridTreeNode &node);
+
+    /// The row of the kind that is shown, with top < y < bottom, in area pixels; null on a border
+    /// line and between rows.
     TGantRow *FindRowFromY(int y) const;
+    /// The row that the node keeps, else the first one with this node.
     TGantRow *FindRowFromTreeNode(const TzuDataEntity_Tree *node) const;
-    /// The row of any entity that is a node of the row tree.
+    TGantRow *FindRowFromGridNode(const TzuDataEntity_GridTreeNode *node) const;
+    /// The row of any entity that is a node of the row tree or of the grid.
     TGantRow *FindRowFromUntypedNode(const TzuDataEntity *entity) const;
     /// The last row whose node has the user reference. Walks all rows.
     TGantRow *FindRowFromTreeNodeDataEntityUserReference(const void *reference) const;
 
-    /// Places exactly these rows on screen, top to bottom; all others are scrolled away.
+    /// Places exactly these rows, of the kind that is shown, on screen, top to bottom; all others
+    /// are scrolled away.
     void PlaceRows(const std::vector<TVisibleNode> &nodes);
     /// The rows on screen, top to bottom.
     const std::vector<TGantRow *> &RowsOnScreen() const { return m_onScreen; }
@@ -64,10 +76,15 @@ private:
         static std::uint32_t &Of(TGantRow &row);
     };
 
+    template <typename Node>
+    TGantRow *FindRowFrom(const Node *node, Node *(TGantRow::*nodeOf)() const) const;
+    static bool IsLinked(const TGantRow &row);
+
     TGantCore &m_gant;
     TSequence<TGantRow, TPlaceInItem<TGantRow, TRowPlace>> m_rows;
     std::vector<TGantRow *> m_onScreen;
     unsigned m_frame = 1;
+    int m_unlinked = 0; ///< rows whose node keeps another one
 };
 
 } // namespace korvane

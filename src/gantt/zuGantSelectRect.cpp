@@ -1,6 +1,5 @@
 // Ranges of items and rectangles around them.
 #include "gantt/zuGantSelectionImpl.h"
-#include "tree/zuTree.h"
 
 #include <algorithm>
 #include <utility>
@@ -19,52 +18,27 @@ TRect Normalised(const TRect &rect)
 
 } // namespace
 
-TGantRow *TGantSelection::ShownRow(const TGantRow &from, TNodeStep step) const
-{
-    const TzuDataEntity_Tree *node = from.TreeNode();
-    TTreeCore *tree = node != nullptr ? node->Tree() : nullptr;
-    TGantRow *row = nullptr;
-    while (tree != nullptr && row == nullptr && (node = (tree->*step)(node)) != nullptr) {
-        row = GantRows().FindRowFromTreeNode(node);
-    }
-    return row;
-}
-
 TGantRow *TGantSelection::NextShownRow(const TGantRow &row) const
 {
-    return ShownRow(row, &TTreeCore::GetNextVisible);
+    return m_inputHost.Lines().Neighbour(&row, TGantStep::Forward);
 }
 
 TGantRow *TGantSelection::PrevShownRow(const TGantRow &row) const
 {
-    return ShownRow(row, &TTreeCore::GetPrevVisible);
+    return m_inputHost.Lines().Neighbour(&row, TGantStep::Back);
 }
 
 TGantRow *TGantSelection::EdgeRow(TGantStep step) const
 {
-    const TGantRow *any = GantRows().GetGantRow(0);
-    TTreeCore *tree =
-        any != nullptr && any->TreeNode() != nullptr ? any->TreeNode()->Tree() : nullptr;
-    if (tree == nullptr) {
-        return nullptr;
-    }
-    const bool first = step == TGantStep::Back;
-    const TzuDataEntity_Tree *node = first ? tree->GetNextVisible(nullptr)
-                                           : tree->GetDataEntityFromRow(tree->CountVisible() - 1);
-    TGantRow *row = nullptr;
-    while (node != nullptr && (row = GantRows().FindRowFromTreeNode(node)) == nullptr) {
-        node = first ? tree->GetNextVisible(node) : tree->GetPrevVisible(node);
-    }
-    return row;
+    return m_inputHost.Lines().Neighbour(nullptr, step == TGantStep::Back ? TGantStep::Forward
+                                                                          : TGantStep::Back);
 }
 
 TGantSelection::TItems TGantSelection::ItemsBetween(TzuDataEntity_Spanbar &from,
                                                     TzuDataEntity_Spanbar &to) const
 {
-    const auto lineOf = [](const TGantRow *row) {
-        TTreeCore *tree =
-            row != nullptr && row->TreeNode() != nullptr ? row->TreeNode()->Tree() : nullptr;
-        return tree != nullptr ? tree->GetRow(*row->TreeNode()) : -1;
+    const auto lineOf = [this](const TGantRow *row) {
+        return row != nullptr ? m_inputHost.Lines().LineOf(*row) : -1;
     };
     TGantRow *top = from.GetRow();
     TGantRow *bottom = to.GetRow();
@@ -103,26 +77,18 @@ std::vector<TGantSelection::TRowBand> TGantSelection::RowsIn(const TRect &rect) 
         return {};
     }
     std::vector<TRowBand> rows;
-    const auto add = [&](TGantRow *row, int top, int bottom) {
-        if (top < rect.Bottom && bottom > rect.Top) {
-            rows.push_back({row, {top, bottom}});
+    // False once the rows are beyond the rectangle.
+    const auto add = [&](TGantRow *row, bool above) {
+        const auto y = row != nullptr ? m_inputHost.Lines().SpanOf(*row) : std::nullopt;
+        if (y && y->From < rect.Bottom && y->To > rect.Top) {
+            rows.push_back({row, *y});
         }
+        return y && (above ? y->From > rect.Top : y->To < rect.Bottom);
     };
-    const int height = std::max(CurrentRowHeight(), 1);
-    int top = onScreen.front()->GetRect().Top;
-    for (TGantRow *row = PrevShownRow(*onScreen.front()); row != nullptr && top > rect.Top;
-         row = PrevShownRow(*row)) {
-        add(row, top - height, top);
-        top -= height;
+    TGantRow *first = onScreen.front();
+    for (TGantRow *row = first; add(row = PrevShownRow(*row), true);) {
     }
-    for (TGantRow *row : onScreen) {
-        add(row, row->GetRect().Top, row->GetRect().Bottom);
-    }
-    int bottom = onScreen.back()->GetRect().Bottom;
-    for (TGantRow *row = NextShownRow(*onScreen.back()); row != nullptr && bottom < rect.Bottom;
-         row = NextShownRow(*row)) {
-        add(row, bottom, bottom + height);
-        bottom += height;
+    for (TGantRow *row = first; add(row, false); row = NextShownRow(*row)) {
     }
     return rows;
 }

@@ -139,7 +139,6 @@ protected:
 
 private:
     using TItems = std::vector<TzuDataEntity_Spanbar *>;
-    using TNodeStep = TzuDataEntity_Tree *(TTreeCore::*)(const TzuDataEntity_Tree *);
     struct TRowBand
     {
         TGantRow *Row;
@@ -162,7 +161,6 @@ private:
     void ForEachReached(TGantRow &row, const Visit &visit) const;
     TzuDataEntity_Spanbar *ClosestOnNextLine(TGantRow &row, int fromLine, TGantStep step,
                                              TDateTime date) const;
-    TGantRow *ShownRow(const TGantRow &from, TNodeStep step) const;
 
     IGantInputHost &m_inputHost;
     TItemSet<TzuDataEntity_Spanbar, TSpanbarSetPlace> m_selected;

@@ -15,6 +15,7 @@ namespace korvane {
 class TGantRow;
 class TGantRowList;
 class TzuDataEntity;
+class TzuDataEntity_GridTreeNode;
 class TzuDataEntity_Link;
 class TzuDataEntity_Spanbar;
 class TzuDataEntity_Tree;
@@ -158,8 +159,10 @@ using TOnUserDrawContent =
     TMethod<void(TzuGant_ComBasic *theGant, const TRect &rect, TCanvas &canvas)>;
 
 using TGantRowNotify = TMethod<void(TGantRowList *theGantRowList, TGantRow *theGantRow)>;
-/// Creates the row of a tree node. Leaving `result` null gives the node no row.
+/// Creates the row of a node of the row tree or of the grid; the other one is null. Leaving
+/// `result` null gives the node no row.
 using TUserCreateGantRow =
-    TMethod<void(TGantRowList *theGantRowList, TzuDataEntity_Tree *theNode, TGantRow *&result)>;
+    TMethod<void(TGantRowList *theGantRowList, TzuDataEntity_Tree *theNode,
+                 TzuDataEntity_GridTreeNode *theDataEntity_GridTreeNode, TGantRow *&result)>;
 
 } // namespace korvane

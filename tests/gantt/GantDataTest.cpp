@@ -157,7 +157,8 @@ TEST_F(GantData, TheApplicationMayMakeTheRowsOrDenyThem)
     std::vector<TGantRow *> added;
     Gant.OnAfterAddGantRow = [&](TGantRowList *, TGantRow *row) { added.push_back(row); };
     bool deny = false;
-    Gant.OnUserCreateGantRow = [&](TGantRowList *rows, TzuDataEntity_Tree *node, TGantRow *&row) {
+    Gant.OnUserCreateGantRow = [&](TGantRowList *rows, TzuDataEntity_Tree *node,
+                                   TzuDataEntity_GridTreeNode *, TGantRow *&row) {
         row = deny ? nullptr : new TOwnRow(*rows, node);
     };
     TGantRow *row = Chart.AddRow();

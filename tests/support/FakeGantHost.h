@@ -60,9 +60,7 @@ struct FakeGantHost : IGantHost, IGantInputHost
     const TDateScalerGestures &Scaler() const override { return Axis; }
     void CollectVisibleNodes(std::vector<TVisibleNode> &nodes) override
     {
-        for (const TTreeRow &row : Tree.VisibleRowEntities()) {
-            nodes.push_back({row.Entity, row.Rect});
-        }
+        Lines().CollectVisible(nodes);
     }
     void InvalidateArea() override { ++Invalidations; }
     TSize AreaSize() const override { return Size; }
@@ -80,27 +78,7 @@ struct FakeGantHost : IGantHost, IGantInputHost
     void SetAreaCursor(TGantCursor cursor) override { Cursor = cursor; }
     void InvalidateOverlay(const TRect &rect) override { OverlayRects.push_back(rect); }
     void RefreshAroundArea() override { ++RefreshesAround; }
-    void ScrollRows(int rows) override
-    {
-        ScrolledRows += rows;
-        const int last = std::max(0, Tree.CountVisible() - View->Shown.Height / LineHeight());
-        View->Shown.TopRow = std::clamp(View->Shown.TopRow + rows, 0, last);
-    }
-    int ScrolledRowPixels() const override { return View->Shown.TopRow * LineHeight(); }
     TRect ChartRect() const override { return {-100, -45, Size.Width + 16, Size.Height}; }
-    std::optional<int> RowTop(const TGantRow &row) const override
-    {
-        const int line = Tree.GetRow(*row.TreeNode());
-        return line < 0 ? std::nullopt : std::optional((line - View->Shown.TopRow) * LineHeight());
-    }
-    TGantRow *RowAtHeight(int y) const override
-    {
-        const int fromBeginning = y + ScrolledRowPixels();
-        auto *node =
-            fromBeginning < 0 ? nullptr : Tree.GetDataEntityFromRow(fromBeginning / LineHeight());
-        return node != nullptr ? dynamic_cast<TGantRow *>(node->Companion()) : nullptr;
-    }
-    int LineHeight() const { return View->Shown.RowHeight; }
 
     bool Timer = false;
     TGestureHint Hint;
@@ -115,8 +93,30 @@ struct FakeGantHost : IGantHost, IGantInputHost
     }
     void HideGestureHint() override { Hint = {}; }
     void StartItemDrag(const TItemDragData &data) override { Drags.push_back(data); }
-    void BringRowIntoView(TGantRow &row) override { Tree.MakeVisible(*row.TreeNode()); }
-    TGantRow *CurrentRow() override;
+    std::unique_ptr<IGantLines> RowLines;
+    IGantLines &Lines() const override { return *RowLines; }
+};
+
+/// The lines of the fake tree, which scrolls by counting.
+struct FakeTreeLines : TGantTreeLines
+{
+    FakeTreeLines(FakeGantHost &host, const TGantRowList &rows)
+        : TGantTreeLines(host.Tree, rows)
+        , Host(host)
+    {
+    }
+
+    FakeGantHost &Host;
+
+    void ScrollBy(int lines) override
+    {
+        Host.ScrolledRows += lines;
+        TTreeGeometry &shown = Host.View->Shown;
+        const int last = std::max(0, Count() - shown.Height / shown.RowHeight);
+        shown.TopRow = std::clamp(shown.TopRow + lines, 0, last);
+    }
+    TTreeGeometry Geometry() const override { return Host.View->Shown; }
+    int Offset() const override { return 0; }
 };
 
 /// A tree whose entities get rows, as the control's row tree does it.
@@ -158,12 +158,6 @@ public:
     ~TestGant() override { FinalizeData(); }
 };
 
-inline TGantRow *FakeGantHost::CurrentRow()
-{
-    auto *node = Tree.GetCurrentDataEntity();
-    return node != nullptr ? dynamic_cast<TGantRow *>(node->Companion()) : nullptr;
-}
-
 /// Everything put together. The axis shows 20 days on 480 pixels: an hour is a pixel.
 struct TestChart
 {
@@ -186,6 +180,7 @@ struct TestChart
         Host = std::make_unique<FakeGantHost>(Tree, *Axis);
         Host->View = &View;
         Gant = std::make_unique<TestGant>(*Host);
+        Host->RowLines = std::make_unique<FakeTreeLines>(*Host, Gant->GantRows());
         Tree.Gant = Gant.get();
     }
 

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "gantt/qt/zuGantComBasic.h"
+#include "grid/qt/zuGrid.h"
 
 #include <QColor>
 #include <QDateTime>
@@ -67,6 +68,15 @@ class TzuGant : public TzuGant_ComBasic
     Q_PROPERTY(int ScalerHeight READ GetScalerHeight WRITE SetScalerHeight)
     Q_PROPERTY(int TreeWidth READ TreeWidth WRITE SetTreeWidth)
     Q_PROPERTY(bool UseTabSheets READ GetTabSheetsONOFF WRITE SetTabSheetsONOFF)
+    Q_PROPERTY(bool UseGridNotTree READ UseGridNotTree WRITE SetUseGridNotTree)
+    Q_PROPERTY(bool GridFocusRects READ GridFocusRects WRITE SetGridFocusRects)
+    Q_PROPERTY(bool Grid_HasHeaders READ Grid_HasHeaders WRITE SetGrid_HasHeaders)
+    Q_PROPERTY(bool Grid_HasInfoCol READ Grid_HasInfoCol WRITE SetGrid_HasInfoCol)
+    Q_PROPERTY(bool Grid_RowSelect READ Grid_RowSelect WRITE SetGrid_RowSelect)
+    Q_PROPERTY(bool Grid_ExtendLastColumnToWidth READ Grid_ExtendLastColumnToWidth WRITE
+                   SetGrid_ExtendLastColumnToWidth)
+    Q_PROPERTY(bool Grid_UserSortEnable READ Grid_UserSortEnable WRITE SetGrid_UserSortEnable)
+    Q_PROPERTY(bool Grid_MultiSelect READ Grid_MultiSelect WRITE SetGrid_MultiSelect)
     Q_PROPERTY(QMenu *PopupMenu READ PopupMenu WRITE SetPopupMenu DESIGNABLE false STORED false)
     Q_PROPERTY(QMenu *PopupMenuGantArea READ PopupMenuGantArea WRITE SetPopupMenuGantArea
                    DESIGNABLE false STORED false)
@@ -161,6 +171,25 @@ public:
     void SetItemFont2(const QFont &font) { SetItemFont(2, font); }
     QFont ItemFont3() const { return ItemFont(3); }
     void SetItemFont3(const QFont &font) { SetItemFont(3, font); }
+
+    // The grid, which is made when one of these is used.
+    bool GridFocusRects() { return Grid().FocusRects(); }
+    void SetGridFocusRects(bool value) { Grid().SetFocusRects(value); }
+    bool Grid_HasHeaders() { return Grid().HasHeaders(); }
+    void SetGrid_HasHeaders(bool value) { Grid().SetHasHeaders(value); }
+    bool Grid_HasInfoCol() { return Grid().HasInfoCol(); }
+    void SetGrid_HasInfoCol(bool value) { Grid().SetHasInfoCol(value); }
+    bool Grid_RowSelect() { return Grid().RowSelect(); }
+    void SetGrid_RowSelect(bool value) { Grid().SetRowSelect(value); }
+    bool Grid_ExtendLastColumnToWidth() { return Grid().ExtendLastColumnToWidth(); }
+    void SetGrid_ExtendLastColumnToWidth(bool value) { Grid().SetExtendLastColumnToWidth(value); }
+    bool Grid_UserSortEnable() { return Grid().UserSortEnable(); }
+    void SetGrid_UserSortEnable(bool value) { Grid().SetUserSortEnable(value); }
+    bool Grid_MultiSelect() { return Grid().MultiSelect(); }
+    void SetGrid_MultiSelect(bool value) { Grid().SetMultiSelect(value); }
+    TzuGrid_Columns &Grid_Columns() { return Grid().Columns(); }
+    TzuGrid_SubGrids &Grid_SubGrids() { return Grid().SubGrids(); }
+    TzuCellLayouts &Grid_CellLayouts() { return Grid().CellLayouts(); }
 
     // Context menus of the whole chart and of its parts; observed.
     QMenu *PopupMenu() const { return m_menus.at(WholeChart); }

@@ -149,7 +149,7 @@ public:
     void Invalidate() override { m_row = nullptr; }
     TGantRow *Row() const { return m_row; }
 
-    bool isValid() const override { return m_row != nullptr && m_row->TreeNode() != nullptr; }
+    bool isValid() const override { return m_row != nullptr && m_row->Node() != nullptr; }
     QAccessible::Role role() const override { return QAccessible::Row; }
     QAccessibleInterface *parent() const override { return m_parts.AreaInterface(); }
 
@@ -225,22 +225,20 @@ public:
 
     int childCount() const override
     {
-        return m_parts.IsAlive() ? m_parts.Gant().CountVisibleTreeViewItems() : 0;
+        return m_parts.IsAlive() ? m_parts.Gant().Lines().Count() : 0;
     }
     QAccessibleInterface *child(int index) const override
     {
         if (!m_parts.IsAlive() || index < 0) {
             return nullptr;
         }
-        TzuGant_ComBasic &gant = m_parts.Gant();
-        return m_parts.OfRow(
-            gant.GantRows().FindRowFromTreeNode(gant.Tree().GetDataEntityFromRow(index)));
+        return m_parts.OfRow(m_parts.Gant().Lines().RowOfLine(index));
     }
     int indexOfChild(const QAccessibleInterface *child) const override
     {
         const auto *part = dynamic_cast<const TRowAccessible *>(child);
         return part != nullptr && part->isValid() && m_parts.IsAlive()
-                   ? m_parts.Gant().Tree().GetRow(*part->Row()->TreeNode())
+                   ? m_parts.Gant().Lines().LineOf(*part->Row())
                    : -1;
     }
     QAccessibleInterface *childAt(int x, int y) const override

@@ -8,8 +8,11 @@
 #include "gantt/qt/zuGantAccessible.h"
 #include "gantt/qt/zuGantAreaInput.h"
 #include "gantt/qt/zuGantAreaKeys.h"
+#include "gantt/qt/zuGantLines.h"
 #include "gantt/qt/zuGantPrintView.h"
+#include "grid/qt/zuGrid.h"
 
+#include <QCoreApplication>
 #include <QFocusEvent>
 #include <QHBoxLayout>
 #include <QPointer>
@@ -65,6 +68,7 @@ TzuGant_ComBasic::~TzuGant_ComBasic()
     m_pages->OnChange = nullptr;
     // Handlers that run while the data goes still see all parts.
     FinalizeData();
+    PartFromGrid();
 }
 
 void TzuGant_ComBasic::InitializeInConstructor()
@@ -144,6 +148,9 @@ void TzuGant_ComBasic::CreateAreaSide(QWidget &holder)
     m_area->OnWheelMessage = [this](QWheelEvent &event) { GantAreaWheelScroll(event); };
     m_area->OnPrintResizeFont = m_scaler->OnPrintResizeFont;
     layout->addWidget(m_area, 1);
+    m_areaFoot = new QWidget(&holder);
+    m_areaFoot->hide();
+    layout->addWidget(m_areaFoot);
 }
 
 void TzuGant_ComBasic::CreateScrollSide(QWidget &holder)
@@ -167,6 +174,7 @@ void TzuGant_ComBasic::CreateTreeSide(QWidget &holder)
     m_tree->OnStartDrag = [this](auto &&...args) { OnTreeStartDrag(args...); };
     m_tree->OnDragOver = [this](auto &&...args) { OnTreeDragOver(args...); };
     m_tree->OnDragDrop = [this](auto &&...args) { OnTreeDragDrop(args...); };
+    m_treeLines = MakeTreeLines(*m_tree, *m_area, GantRows());
     layout->addWidget(m_tree, 1);
 }
 
@@ -197,6 +205,11 @@ TzuDataEntity_Tree *TzuGant_ComBasic::AddDataEntityTree(TzuDataEntity_Tree *pare
 
 void TzuGant_ComBasic::MakeSureAllVisibleInTree()
 {
+    if (UseGridNotTree()) {
+        Grid().GetTree()->FullExpand();
+        Grid().SetCurrentDataEntity(Grid().GetCurrentDataEntity());
+        return;
+    }
     m_tree->FullExpand();
     if (TzuDataEntity_Tree *current = m_tree->GetCurrentDataEntity()) {
         m_tree->MakeVisible(*current);
@@ -276,6 +289,9 @@ void TzuGant_ComBasic::BeginUpdate()
     m_scaler->BeginUpdate();
     m_area->BeginUpdate();
     m_tree->BeginUpdate();
+    if (m_grid != nullptr) {
+        m_grid->BeginUpdate();
+    }
 }
 
 void TzuGant_ComBasic::EndUpdate()
@@ -283,6 +299,9 @@ void TzuGant_ComBasic::EndUpdate()
     m_scaler->EndUpdate();
     m_area->EndUpdate();
     m_tree->EndUpdate();
+    if (m_grid != nullptr && m_grid->UpdateCount() > 0) { // not if it came within the update
+        m_grid->EndUpdate();
+    }
 }
 
 void TzuGant_ComBasic::RefreshOthers(const QWidget *sender)
@@ -292,6 +311,9 @@ void TzuGant_ComBasic::RefreshOthers(const QWidget *sender)
     }
     if (sender != m_tree) {
         m_tree->viewport()->update();
+    }
+    if (m_grid != nullptr && sender != m_grid) {
+        m_grid->Invalidate();
     }
     if (sender != m_area) {
         InvalidateArea();
@@ -349,8 +371,11 @@ void TzuGant_ComBasic::ScaleChanged(TObject * /*sender*/)
 
 void TzuGant_ComBasic::RealignScrollbar(const TScrollInfo &info)
 {
-    const bool shown = m_scrollBar->isEnabled();
+    const bool shown = m_scrollBar->isEnabled() && !UseGridNotTree();
     m_scrollHolder->setVisible(shown);
+    if (UseGridNotTree()) {
+        return; // the grid has a bar of its own
+    }
     OnRealignScrollbar(this, info.Position, info.Min, info.Max, info.Page, shown);
 }
 
@@ -363,7 +388,11 @@ void TzuGant_ComBasic::_OnPrintResizeFont(TzuOffscreenPaint *caller, int &fontSi
 void TzuGant_ComBasic::GantAreaWheelScroll(QWheelEvent &event)
 {
     if (!m_input->WheelOverAxis(event)) {
-        m_tree->Scroll(-event.angleDelta().y());
+        if (UseGridNotTree()) {
+            QCoreApplication::sendEvent(m_grid, &event);
+        } else {
+            m_tree->Scroll(-event.angleDelta().y());
+        }
     }
     event.accept();
 }
@@ -402,23 +431,13 @@ void TzuGant_ComBasic::changeEvent(QEvent *event)
     }
 }
 
-int TzuGant_ComBasic::VerticalOffset() const
-{
-    const QPoint origin(0, 0);
-    return m_area->mapTo(this, origin).y() - m_tree->viewport()->mapTo(this, origin).y();
-}
-
 void TzuGant_ComBasic::CollectVisibleNodes(std::vector<TVisibleNode> &nodes)
 {
     if (m_printView != nullptr) {
         m_printView->CollectRows(nodes);
         return;
     }
-    m_tree->EnsureLayout();
-    const TPoint shift{0, -VerticalOffset()};
-    for (const TTreeRow &row : m_tree->VisibleRowEntities()) {
-        nodes.push_back({row.Entity, row.Rect.Translated(shift)});
-    }
+    Lines().CollectVisible(nodes);
 }
 
 void TzuGant_ComBasic::InvalidateArea()

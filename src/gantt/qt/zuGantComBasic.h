@@ -6,6 +6,7 @@
 #include "gantt/qt/zuGantTabs.h"
 #include "gantt/qt/zuGantTree.h"
 #include "gantt/zuGantKeys.h"
+#include "grid/zuGrid.h"
 #include "scaler/qt/zuScaler.h"
 
 #include <QCursor>
@@ -25,6 +26,7 @@ class IGantPrintView;
 class TGantAreaInput;
 class TGantAreaKeys;
 class TGraphHintWindow;
+class TzuGrid;
 class TzuSplitter;
 
 /// All behaviour of the Gantt chart control.
@@ -33,6 +35,11 @@ class TzuSplitter;
 /// drawn area with a vertical scroll bar. The date scaler is the only owner of the visible time; a
 /// spacer of the scaler's height keeps the lines of the tree level with the rows of the area. It
 /// shows the 15 days before and after today until told otherwise.
+///
+/// A grid can stand in for the row tree. Its rows are a tree as well, and each of its nodes has a
+/// row in the chart, as high as it is in the grid. The rows of both are kept while the other one is
+/// shown. The grid scrolls with its own bars; below the area the chart leaves room for the
+/// horizontal one, and the grid's header ends where the axis does.
 ///
 /// Tab goes from the tree to the area, the axis, the tabs and the splitter; a window gives its
 /// first focus to the tree, and setFocus() on the chart to the area.
@@ -60,6 +67,10 @@ public:
     const TzuDateScaler &DateScaler() const { return PaintedAxis(); }
     TGantTree &Tree() { return *m_tree; }
     const TGantTree &Tree() const { return *m_tree; }
+    /// The grid, made when it is first asked for: its rows are a tree, several of them can be
+    /// selected, and it has one column.
+    TzuGrid &Grid();
+    bool HasGrid() const { return m_grid != nullptr; }
     TzuOffscreenPaint &GantArea() { return PaintedArea(); }
     QScrollBar &VertScrollBar() { return *m_scrollBar; }
     TzuSplitter &Splitter() { return *m_splitter; }
@@ -75,11 +86,14 @@ public:
     /// Appends a node below another.
     TzuDataEntity_Tree *AddDataEntityTree(TzuDataEntity_Tree *parent, std::string_view text = {});
     /// Number of lines of the tree, those scrolled away included.
-    int CountVisibleTreeViewItems() { return m_tree->CountVisible(); }
+    int CountVisibleTreeViewItems() { return Lines().CountShown(); }
     /// Expands every node, so that each row has its line, and scrolls to the current one.
     void MakeSureAllVisibleInTree();
-    /// The row of the tree's current node, or null.
-    TGantRow *GetActiveGantRow() { return CurrentRow(); }
+    /// The lines of the row tree, or of the grid in its place.
+    IGantLines &Lines() const override;
+    void SetUseGridNotTree(bool value) override;
+    /// The row of the current node, or null.
+    TGantRow *GetActiveGantRow() { return Lines().CurrentRow(); }
 
     /// Whether axis and area lie on a tab sheet, "Gant", with other sheets beside it.
     bool GetTabSheetsONOFF() const;
@@ -150,12 +164,22 @@ public:
     TOnGantAreaDragOver OnGantAreaDragOver;
     TOnGantAreaDragDrop OnGantAreaDragDrop;
 
+    // The grid.
+    TOnGantNotify OnGridTopLeftChanged;
+    /// Image of a row in the grid's first column, where that has icons; that of the node on entry.
+    TOnGetIconIndex OnGridGetIconIndex;
+    TOnGridVirtualNotify OnVirtualLoad_Grid;
+    TOnGridVirtualNotify OnVirtualUnLoad_Grid;
+    TOnGridColumn OnColumnSort_Grid;
+
 protected:
     /// Creates the parts through the factories.
     void InitializeInConstructor();
 
     virtual TzuDateScaler *CreateDateScaler(QWidget *parent);
     virtual TGantTree *CreateTree(QWidget *parent);
+    /// Called when the grid is first asked for.
+    virtual TzuGrid *CreateGrid(QWidget *parent);
 
     /// The user has moved the splitter; the tree holder's resize has been handled already.
     virtual void SplitterMoved(TzuSplitter * /*sender*/) {}
@@ -196,8 +220,18 @@ private:
     void _OnPrintResizeFont(TzuOffscreenPaint *caller, int &fontSize, bool &defaultResize);
     void GantAreaWheelScroll(QWheelEvent &event);
     void InvalidateRows() { InvalidateArea(); }
-    /// Distance from the top of the tree's first line to the top of the area, in pixels.
-    int VerticalOffset() const;
+    void CreateGridSide();
+    void PartFromGrid();
+    void UpdateGridFrame();
+    void GridTreeIntegrationEvents(TzuGridTree *tree, TGridTreeEvent event,
+                                   TzuDataEntity_GridTreeNode *node);
+    void GridRowAdded(TzuDataEntity_GridTreeNode *node);
+    void GridRowRemoved(TzuDataEntity_GridTreeNode *node);
+    void GridtopLeftChanged(TObject *sender);
+    void GridFocusChanged(TObject *sender);
+    void InvalidateGA(TObject *sender);
+    void DoGridGetIconIndex(TzuGrid_Column *column, TAxisContentItem *row, TBabCell *cell,
+                            int &index);
 
     // IGantHost
     TDateScalerGestures &Scaler() override { return PaintedAxis(); }
@@ -221,12 +255,6 @@ private:
     void InvalidateOverlay(const TRect &rect) override;
     void RefreshAroundArea() override;
     TRect ChartRect() const override;
-    void ScrollRows(int rows) override;
-    int ScrolledRowPixels() const override;
-    void BringRowIntoView(TGantRow &row) override;
-    TGantRow *CurrentRow() override;
-    std::optional<int> RowTop(const TGantRow &row) const override;
-    TGantRow *RowAtHeight(int y) const override;
     void SetGestureTimer(bool on) override;
     void ShowGestureHint(const TGestureHint &hint, TPoint at) override;
     void HideGestureHint() override;
@@ -242,10 +270,16 @@ private:
     QScrollBar *m_scrollBar = nullptr;
     TGantPageControl *m_pages = nullptr;
     TzuDateScaler *m_scaler = nullptr;
+    QWidget *m_areaFoot = nullptr; ///< as high as the grid's scroll bar
     TGantTree *m_tree = nullptr;
+    TzuGrid *m_grid = nullptr;
     TzuOffscreenPaint *m_area = nullptr;
     IGantPrintView *m_printView = nullptr;
     TGraphHintWindow *m_hintWindow = nullptr;
+    std::unique_ptr<IGantLines> m_treeLines;
+    std::unique_ptr<IGantLines> m_gridLines;
+    /// The current row when it was last told of, which is compared alone; nothing when it is gone.
+    std::optional<TGantRow *> m_seenGridRow{nullptr};
     std::unique_ptr<TGantAreaKeys> m_keys;
     QCursor m_areaCursor;
     TGantCursor m_shownCursor = TGantCursor::Area;

@@ -11,6 +11,9 @@ class QDropEvent;
 
 namespace korvane {
 
+class TAxisContentItem;
+class TBabGridCell;
+
 using TOnScalerChange =
     TMethod<void(TzuGant_ComBasic *theGant, TDateTime theStart, TDateTime theStop)>;
 /// The proportions of the chart have changed: the visible time or the width of the tree, in pixels.
@@ -19,6 +22,10 @@ using TOnAlignNeed =
 /// State of the external scroll bar, in lines of the tree.
 using TOnRealignScrollbar = TMethod<void(TzuGant_ComBasic *theGant, int position, int min, int max,
                                          int pageSize, bool enabled)>;
+
+/// A row of the grid, or of a grid in it, is to be filled, or is about to be dropped.
+using TOnGridVirtualNotify =
+    TMethod<void(TObject *theGrid, TBabGridCell *theGridCell, TAxisContentItem *theItem)>;
 
 /// Items are about to be carried out of the chart. The handler may change what is offered; with no
 /// data set there is no drag.

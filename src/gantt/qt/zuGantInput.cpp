@@ -6,8 +6,6 @@
 #include "gantt/qt/zuGantAreaKeys.h"
 #include "gantt/qt/zuGantComBasic.h"
 
-#include <QScrollBar>
-
 namespace korvane {
 
 namespace {
@@ -76,40 +74,6 @@ TRect TzuGant_ComBasic::ChartRect() const
     return FromQt(rect().translated(-m_area->mapTo(this, QPoint())));
 }
 
-void TzuGant_ComBasic::ScrollRows(int rows)
-{
-    m_scrollBar->setValue(m_scrollBar->value() + rows);
-}
-
-void TzuGant_ComBasic::BringRowIntoView(TGantRow &row)
-{
-    if (row.TreeNode() != nullptr) {
-        m_tree->MakeVisible(*row.TreeNode());
-    }
-}
-
-int TzuGant_ComBasic::ScrolledRowPixels() const
-{
-    return m_tree->ScrollInfo().Position * m_tree->RowHeight();
-}
-
-std::optional<int> TzuGant_ComBasic::RowTop(const TGantRow &row) const
-{
-    const int line = row.TreeNode() != nullptr ? m_tree->GetRow(*row.TreeNode()) : -1;
-    if (line < 0) {
-        return std::nullopt;
-    }
-    return line * m_tree->RowHeight() - ScrolledRowPixels() - VerticalOffset();
-}
-
-TGantRow *TzuGant_ComBasic::RowAtHeight(int y) const
-{
-    const int fromBeginning = y + ScrolledRowPixels() + VerticalOffset();
-    return fromBeginning < 0 ? nullptr
-                             : GantRows().FindRowFromTreeNode(
-                                 m_tree->GetDataEntityFromRow(fromBeginning / m_tree->RowHeight()));
-}
-
 void TzuGant_ComBasic::SetGestureTimer(bool on)
 {
     m_input->SetTimer(on);
@@ -139,11 +103,6 @@ void TzuGant_ComBasic::ActiveItemChanged()
 void TzuGant_ComBasic::SelectionChanged()
 {
     TellSelection(*this);
-}
-
-TGantRow *TzuGant_ComBasic::CurrentRow()
-{
-    return GantRows().FindRowFromTreeNode(m_tree->GetCurrentDataEntity());
 }
 
 } // namespace korvane

@@ -1,6 +1,7 @@
 #include "gantt/qt/zuGantTabs.h"
 
 #include "gantt/qt/zuGantComBasic.h"
+#include "gantt/qt/zuGantLines.h"
 
 #include <QBoxLayout>
 #include <QPointer>
@@ -8,6 +9,8 @@
 #include <QSignalBlocker>
 #include <QStackedWidget>
 #include <QTabBar>
+
+#include <algorithm>
 
 namespace korvane {
 
@@ -145,6 +148,9 @@ void TzuGant_ComBasic::LevelTreeSpacer()
     if (GetTabSheetsONOFF()) {
         m_pages->layout()->activate();
         height += m_pages->Tabs().sizeHint().height();
+    }
+    if (UseGridNotTree()) {
+        height = std::max(0, height - HeadHeightOf(*m_grid)); // the header ends with the axis
     }
     m_treeSpacer->setFixedHeight(height);
 }

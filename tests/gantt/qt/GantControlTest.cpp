@@ -209,10 +209,10 @@ TEST(GantControlFactories, OfASubclassMakeTheParts)
 
     protected:
         TzuDateScaler *CreateDateScaler(QWidget *parent) override { return new TOwnScaler(parent); }
-        TGantRow *CreateRow(TzuDataEntity_Tree *node) override
+        TGantRow *CreateRow(TzuDataEntity_Tree *node, TzuDataEntity_GridTreeNode *gridNode) override
         {
             ++Rows;
-            return TzuGant::CreateRow(node);
+            return TzuGant::CreateRow(node, gridNode);
         }
     };
     TOwnGant chart;
