@@ -178,9 +178,12 @@ struct TStep
     int Iterations = 0; ///< 0: as many as give a steady figure
 };
 
-/// Runs every step at every size; by size, so that each plan is built once.
-inline int RunSteps(int argc, char **argv, std::initializer_list<TStep> steps,
-                    std::initializer_list<int> sizes = {1'000, 10'000, 100'000, 1'000'000})
+/// Runs every step at every size; by size, so that each plan is built once. In the end `release` is
+/// to free what else needs the application.
+inline int RunSteps(
+    int argc, char **argv, std::initializer_list<TStep> steps,
+    std::initializer_list<int> sizes = {1'000, 10'000, 100'000, 1'000'000},
+    void (*release)() = [] {})
 {
     if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) {
         qputenv("QT_QPA_PLATFORM", "offscreen");
@@ -199,6 +202,7 @@ inline int RunSteps(int argc, char **argv, std::initializer_list<TStep> steps,
     benchmark::RunSpecifiedBenchmarks();
     benchmark::Shutdown();
     KeptPlan().reset(); // before the application
+    release();
     return 0;
 }
 

@@ -154,7 +154,8 @@ TEST_F(GantGrid, TheTreeComesBackWithItsRows)
 TEST_F(GantGrid, TellsOfRowsScrollingAndTheCurrentRow)
 {
     std::vector<std::string> heard;
-    QObject::connect(Chart.get(), &TzuGant::rowAdded, Chart.get(), [&](TGantRow *) { heard.emplace_back("added"); });
+    QObject::connect(Chart.get(), &TzuGant::rowAdded, Chart.get(),
+                     [&](TGantRow *) { heard.emplace_back("added"); });
     QObject::connect(Chart.get(), &TzuGant::rowRemoved, Chart.get(), [&](TGantRow *row) {
         heard.push_back("removed " + row->GridNode()->GetText());
     });
@@ -168,7 +169,8 @@ TEST_F(GantGrid, TellsOfRowsScrollingAndTheCurrentRow)
     Chart->Grid().SetCurrentDataEntity(added);
     EXPECT_EQ(Chart->GetActiveGantRow()->GridNode(), added);
     Chart->Grid().GetTree()->RemoveDataEntity(added);
-    EXPECT_THAT(heard, testing::ElementsAre("added", "row new", "removed new", testing::StartsWith("row ")));
+    EXPECT_THAT(heard, testing::ElementsAre("added", "row new", "removed new",
+                                            testing::StartsWith("row ")));
     EXPECT_GT(scrolled, 0);
 
     Settle();
