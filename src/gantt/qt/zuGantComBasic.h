@@ -280,6 +280,7 @@ private:
     std::unique_ptr<IGantLines> m_gridLines;
     /// The current row when it was last told of, which is compared alone; nothing when it is gone.
     std::optional<TGantRow *> m_seenGridRow{nullptr};
+    bool m_tellingGridRow = false;
     std::unique_ptr<TGantAreaKeys> m_keys;
     QCursor m_areaCursor;
     TGantCursor m_shownCursor = TGantCursor::Area;

@@ -8,6 +8,8 @@
 #include <QPointer>
 #include <QScrollBar>
 
+#include <utility>
+
 namespace korvane {
 
 TzuGrid *TzuGant_ComBasic::CreateGrid(QWidget *parent)
@@ -126,15 +128,25 @@ void TzuGant_ComBasic::GridtopLeftChanged(TObject * /*sender*/)
     OnGridTopLeftChanged(this);
 }
 
+/// Told later: handlers may destroy the chart, and the grid is not done yet.
 void TzuGant_ComBasic::GridFocusChanged(TObject * /*sender*/)
 {
-    TGantRow *row = m_gridLines->CurrentRow();
-    if (row != m_seenGridRow) {
-        m_seenGridRow = row;
-        if (UseGridNotTree()) {
-            ChangeInTree();
-        }
+    if (std::exchange(m_tellingGridRow, true)) {
+        return;
     }
+    QMetaObject::invokeMethod(
+        this,
+        [this] {
+            m_tellingGridRow = false;
+            TGantRow *row = m_gridLines->CurrentRow();
+            if (row != m_seenGridRow) {
+                m_seenGridRow = row;
+                if (UseGridNotTree()) {
+                    ChangeInTree();
+                }
+            }
+        },
+        Qt::QueuedConnection);
 }
 
 void TzuGant_ComBasic::GridTreeIntegrationEvents(TzuGridTree * /*tree*/, TGridTreeEvent event,
@@ -170,8 +182,10 @@ void TzuGant_ComBasic::GridRowRemoved(TzuDataEntity_GridTreeNode *node)
     const TzuLifeWatch lives(*node);
     TGantRow *row = GantRows().FindRowFromGridNode(node);
     if (row != nullptr && row->TreeNode() == nullptr) {
-        // The next current row may come to lie at the same address.
-        m_seenGridRow = row == m_seenGridRow ? std::nullopt : m_seenGridRow;
+        if (row == m_seenGridRow) {
+            m_seenGridRow.reset(); // the next one may come to lie at the same address
+            GridFocusChanged(m_grid);
+        }
         RowRemoved(row);
     }
     if (!self.isNull() && lives) {

@@ -167,8 +167,10 @@ TEST_F(GantGrid, TellsOfRowsScrollingAndTheCurrentRow)
     TNode *added = Add("new");
     Chart->Grid().SetCurrentDataEntity(added);
     Chart->Grid().SetCurrentDataEntity(added);
+    Settle();
     EXPECT_EQ(Chart->GetActiveGantRow()->GridNode(), added);
     Chart->Grid().GetTree()->RemoveDataEntity(added);
+    Settle();
     EXPECT_THAT(heard, testing::ElementsAre("added", "row new", "removed new",
                                             testing::StartsWith("row ")));
     EXPECT_GT(scrolled, 0);
