@@ -8,6 +8,7 @@
 #include <QFormLayout>
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QLineEdit>
 #include <QListWidget>
 #include <QScrollArea>
 #include <QSplitter>
@@ -70,7 +71,7 @@ TCollectionEditor::TCollectionEditor(const TzuGrid &grid, const QString &collect
                        : tr("%1 of %2").arg(Title(collection), grid.objectName()));
 
     m_preview = new TzuGrid;
-    ShowSample(*m_preview);
+    ShowSample(*m_preview, QString());
     GridFromJson(*m_preview, json);
     m_preview->SetHasHeaders(grid.HasHeaders());
     m_preview->SetHasInfoCol(grid.HasInfoCol());
@@ -89,7 +90,7 @@ bool TCollectionEditor::CanEdit(const QString &collection)
     return !ItemProperties(collection).empty();
 }
 
-QString TCollectionEditor::Text() const
+QByteArray TCollectionEditor::Text() const
 {
     TzuGrid grid;
     GridFromJson(grid, {{m_collection, m_items}});
@@ -213,13 +214,22 @@ QList<int> TCollectionEditor::SelectedRows() const
 
 void TCollectionEditor::AddItem()
 {
+    constexpr int kWidth = 90; // room for the caption
+    const QString caption =
+        m_collection == u"Columns" ? QStringLiteral("HeaderText") : QStringLiteral("Name");
     QJsonObject item = NewGridItemJson(m_collection);
-    item[m_collection == u"Columns" ? QLatin1String("HeaderText") : QLatin1String("Name")] =
-        NewName(m_collection, m_items);
+    item[caption] = NewName(m_collection, m_items);
+    if (m_collection == u"Columns") {
+        item["Width"] = kWidth;
+    }
     const int at =
         m_list->currentRow() < 0 ? static_cast<int>(m_items.size()) : m_list->currentRow() + 1;
     m_items.insert(at, item);
     ShowItems({at});
+    if (auto *line = qobject_cast<QLineEdit *>(m_editors[caption].Widget)) {
+        line->setFocus();
+        line->selectAll();
+    }
 }
 
 void TCollectionEditor::RemoveItems()

@@ -30,7 +30,7 @@ public:
     static bool CanEdit(const QString &collection);
 
     /// The collection as forms store it.
-    QString Text() const;
+    QByteArray Text() const;
     bool IsChanged() const { return Text() != m_textBefore; }
 
 private:
@@ -59,7 +59,7 @@ private:
 
     QString m_collection;
     QJsonArray m_items;
-    QString m_textBefore;
+    QByteArray m_textBefore;
     TItemNames m_names;
     QMap<QString, TValueEditor> m_editors;
     QListWidget *m_list = nullptr;

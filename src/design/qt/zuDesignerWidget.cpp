@@ -38,17 +38,16 @@ struct TFormClass
     std::string_view ClassName;
     QWidget *(*Create)(QWidget *parent, bool withSample);
     const char *ObjectName;
-    const char *Properties;     ///< that differ from the defaults
-    const char *TextProperties; ///< that are not for translators
+    const char *Properties; ///< that differ from the defaults
 };
 
 constexpr std::array kFormClasses{
-    TFormClass{"TzuSchema", &Create<TzuSchema>, "schema", "", ""},
-    TFormClass{"TzuGant", &Create<TzuGant>, "gant", "", ""},
+    TFormClass{"TzuSchema", &Create<TzuSchema>, "schema", ""},
+    TFormClass{"TzuGant", &Create<TzuGant>, "gant", ""},
     TFormClass{"TzuDateScaler", &Create<TzuDateScaler>, "dateScaler",
-               R"(<property name="Horizontal" stdset="0"><bool>true</bool></property>)", ""},
-    TFormClass{"TzuTree", &Create<TzuTree>, "tree", "", ""},
-    TFormClass{"TzuGrid", &Create<TzuGrid>, "grid", "", "Columns SubGrids CellLayouts"},
+               R"(<property name="Horizontal" stdset="0"><bool>true</bool></property>)"},
+    TFormClass{"TzuTree", &Create<TzuTree>, "tree", ""},
+    TFormClass{"TzuGrid", &Create<TzuGrid>, "grid", ""},
 };
 
 const TFormClass &FormClass(std::string_view className)
@@ -92,7 +91,13 @@ QString TDesignerWidget::includeFile() const
 
 QIcon TDesignerWidget::icon() const
 {
-    return QIcon(QStringLiteral(":/korvane/designer/%1.svg").arg(ToQt(m_component.ClassName)));
+    const QIcon drawing(
+        QStringLiteral(":/korvane/designer/%1.svg").arg(ToQt(m_component.ClassName)));
+    QIcon icon; // the designer shows icons only that tell their sizes
+    for (const int size : {16, 24, 32, 48, 64, 96}) {
+        icon.addPixmap(drawing.pixmap(QSize(size, size), 1.0));
+    }
+    return icon;
 }
 
 QWidget *TDesignerWidget::createWidget(QWidget *parent)
@@ -114,14 +119,6 @@ void TDesignerWidget::initialize(QDesignerFormEditorInterface *designer)
 QString TDesignerWidget::domXml() const
 {
     const TFormClass &form = FormClass(m_component.ClassName);
-    QString specifications;
-    for (const QString &property :
-         QString::fromLatin1(form.TextProperties).split(u' ', Qt::SkipEmptyParts)) {
-        specifications +=
-            QStringLiteral(
-                R"(<stringpropertyspecification name="%1" type="singleline" notr="true"/>)")
-                .arg(property);
-    }
     return QStringLiteral(R"(<ui language="c++" displayname="%1">
  <widget class="%2" name="%3">
   <property name="geometry">
@@ -133,14 +130,13 @@ QString TDesignerWidget::domXml() const
   <customwidget>
    <class>%2</class>
    <extends>QFrame</extends>
-   <propertyspecifications>%7</propertyspecifications>
   </customwidget>
  </customwidgets>
 </ui>)")
         .arg(ToQt(m_component.ClassName), name(), QString::fromLatin1(form.ObjectName))
         .arg(m_component.Size.Width)
         .arg(m_component.Size.Height)
-        .arg(QString::fromLatin1(form.Properties), specifications);
+        .arg(QString::fromLatin1(form.Properties));
 }
 
 } // namespace korvane

@@ -53,6 +53,9 @@ protected:
         constexpr int kPadding = 8;
         constexpr int kOpacity = 200;
         const QString text = m_text();
+        if (text.isEmpty()) {
+            return;
+        }
         QPainter painter(this);
         painter.setRenderHint(QPainter::Antialiasing);
         QSize size = fontMetrics().size(Qt::TextSingleLine, text);
@@ -219,6 +222,11 @@ void ShowSample(TzuTree &tree)
 
 void ShowSample(TzuGrid &grid)
 {
+    ShowSample(grid, QObject::tr("No columns yet: see \"Columns\" in the context menu"));
+}
+
+void ShowSample(TzuGrid &grid, const QString &hint)
+{
     constexpr int kRows = 8;
     grid.AddRows(kRows);
     grid.OnGetCellText = [&grid](TBabGridCell *cell, TAxisContentItem *columnItem,
@@ -228,11 +236,7 @@ void ShowSample(TzuGrid &grid)
             text = SampleText(*column, cell->Rows().IndexOf(*row) - cell->Rows().FixedCount());
         }
     };
-    Mark(grid, [&grid] {
-        return grid.Columns().Count() > 0
-                   ? QObject::tr("Sample")
-                   : QObject::tr("No columns yet: see \"Columns\" in the context menu");
-    });
+    Mark(grid, [&grid, hint] { return grid.Columns().Count() > 0 ? QObject::tr("Sample") : hint; });
 }
 
 } // namespace korvane

@@ -1,7 +1,7 @@
 // What components show while they are designed.
 #pragma once
 
-class QWidget;
+class QString;
 
 namespace korvane {
 
@@ -16,7 +16,9 @@ class TzuTree;
 void ShowSample(TzuSchema &schema);
 void ShowSample(TzuGant &gant);
 void ShowSample(TzuTree &tree);
-/// Rows; columns are properties, so there are none until they are designed.
+/// Rows; columns are properties, so there are none until they are designed. Until then `hint` is
+/// shown.
+void ShowSample(TzuGrid &grid, const QString &hint);
 void ShowSample(TzuGrid &grid);
 
 } // namespace korvane

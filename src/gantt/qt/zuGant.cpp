@@ -180,6 +180,19 @@ void TzuGant::_OnSelectionChanged(TzuDataList *list, TzuDataEntity *item)
         &TzuGant::timeItemSelectionChanged);
 }
 
+void TzuGant::_OnVirtualLoadTimeItem(TzuDataEntity *item)
+{
+    TellOf<TzuDataEntity_Spanbar>(
+        item, [&] { TzuGant_ComBasic::_OnVirtualLoadTimeItem(item); }, &TzuGant::timeItemWanted);
+}
+
+void TzuGant::_OnSelectionChanged_Link(TzuDataList *list, TzuDataEntity *link)
+{
+    TellOf<TzuDataEntity_Link>(
+        link, [&] { TzuGant_ComBasic::_OnSelectionChanged_Link(list, link); },
+        &TzuGant::linkSelectionChanged);
+}
+
 void TzuGant::ChangeInTree()
 {
     const QPointer<TzuGant> self(this);
@@ -222,6 +235,15 @@ void TzuGant::DoDblClickGantArea(TzuDataEntity_Spanbar *item)
     }
     TellOf<TzuDataEntity_Spanbar>(
         item, [&] { TzuGant_ComBasic::DoDblClickGantArea(item); }, &TzuGant::areaDoubleClicked);
+}
+
+void TzuGant::resizeEvent(QResizeEvent *event)
+{
+    const QPointer<TzuGant> self(this);
+    TzuGant_ComBasic::resizeEvent(event);
+    if (!self.isNull()) {
+        Q_EMIT resized();
+    }
 }
 
 void TzuGant::SplitterMoved(TzuSplitter *sender)

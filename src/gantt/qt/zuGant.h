@@ -20,7 +20,7 @@ class TzuGant : public TzuGant_ComBasic
     Q_OBJECT
     Q_PROPERTY(QColor ColorTree READ ColorTree WRITE SetColorTree)
     Q_PROPERTY(QFont FontTree READ FontTree WRITE SetFontTree)
-    Q_PROPERTY(QCursor CursorTree READ CursorTree WRITE SetCursorTree)
+    Q_PROPERTY(QCursor CursorTree READ CursorTree WRITE setCursorTree)
     Q_PROPERTY(BorderKind BorderStyleTree READ BorderStyleTree WRITE SetBorderStyleTree)
     Q_PROPERTY(bool HideSelectionTree READ HideSelectionTree WRITE SetHideSelectionTree)
     Q_PROPERTY(bool HotTrackTree READ HotTrackTree WRITE SetHotTrackTree)
@@ -36,7 +36,7 @@ class TzuGant : public TzuGant_ComBasic
     Q_PROPERTY(int MaxLevelsTree READ MaxLevelsTree WRITE SetMaxLevelsTree)
     Q_PROPERTY(
         korvane::TzuTree_ComBasic::TDragMode DragModeTree READ DragModeTree WRITE SetDragModeTree)
-    Q_PROPERTY(QCursor DragCursorTree READ DragCursorTree WRITE SetDragCursorTree)
+    Q_PROPERTY(QCursor DragCursorTree READ DragCursorTree WRITE setDragCursorTree)
     Q_PROPERTY(QString DateFormat READ DateFormat WRITE SetDateFormat)
     Q_PROPERTY(QString TimeFormat READ TimeFormat WRITE SetTimeFormat)
     Q_PROPERTY(bool IndicatorOn READ IndicatorOn WRITE SetIndicatorOn)
@@ -47,7 +47,7 @@ class TzuGant : public TzuGant_ComBasic
     Q_PROPERTY(QDateTime Stop READ StopDateTime WRITE SetStopDateTime)
     Q_PROPERTY(QColor ColorScaler READ ColorScaler WRITE SetColorScaler)
     Q_PROPERTY(QFont FontScaler READ FontScaler WRITE SetFontScaler)
-    Q_PROPERTY(QCursor CursorScaler READ CursorScaler WRITE SetCursorScaler)
+    Q_PROPERTY(QCursor CursorScaler READ CursorScaler WRITE setCursorScaler)
     Q_PROPERTY(int FirstDayOfWeekScaler READ FirstDayOfWeekScaler WRITE SetFirstDayOfWeekScaler)
     Q_PROPERTY(bool RescaleWithCtrl READ RescaleWithCtrl WRITE SetRescaleWithCtrl)
     Q_PROPERTY(QColor GantBackColor READ BackColor WRITE SetBackColor)
@@ -55,7 +55,7 @@ class TzuGant : public TzuGant_ComBasic
     Q_PROPERTY(QColor DefaultLinkColor READ LinkColor WRITE SetLinkColor)
     Q_PROPERTY(LinkForm DefaultLinkStyle READ LinkKind WRITE SetLinkKind)
     Q_PROPERTY(LinkFilter LinkShow READ LinksShown WRITE SetLinksShown)
-    Q_PROPERTY(QCursor CursorGantArea READ CursorGantArea WRITE SetCursorGantArea)
+    Q_PROPERTY(QCursor CursorGantArea READ CursorGantArea WRITE setCursorGantArea)
     Q_PROPERTY(bool DrawShortLines READ DrawShortLines WRITE SetDrawShortLines)
     Q_PROPERTY(bool VerticalPyjamas READ VerticalPyjamas WRITE SetVerticalPyjamas)
     Q_PROPERTY(bool MoveInTimeWhenMoveRow READ MoveInTimeWhenMoveRow WRITE SetMoveInTimeWhenMoveRow)
@@ -70,6 +70,9 @@ class TzuGant : public TzuGant_ComBasic
     Q_PROPERTY(bool UseTabSheets READ GetTabSheetsONOFF WRITE SetTabSheetsONOFF)
     Q_PROPERTY(bool UseGridNotTree READ UseGridNotTree WRITE SetUseGridNotTree)
     Q_PROPERTY(bool GridFocusRects READ GridFocusRects WRITE SetGridFocusRects)
+    Q_PROPERTY(QByteArray Grid_CellLayouts READ Grid_CellLayoutsText WRITE SetGrid_CellLayoutsText)
+    Q_PROPERTY(QByteArray Grid_Columns READ Grid_ColumnsText WRITE SetGrid_ColumnsText)
+    Q_PROPERTY(QByteArray Grid_SubGrids READ Grid_SubGridsText WRITE SetGrid_SubGridsText)
     Q_PROPERTY(bool Grid_HasHeaders READ Grid_HasHeaders WRITE SetGrid_HasHeaders)
     Q_PROPERTY(bool Grid_HasInfoCol READ Grid_HasInfoCol WRITE SetGrid_HasInfoCol)
     Q_PROPERTY(bool Grid_RowSelect READ Grid_RowSelect WRITE SetGrid_RowSelect)
@@ -190,6 +193,19 @@ public:
     TzuGrid_Columns &Grid_Columns() { return Grid().Columns(); }
     TzuGrid_SubGrids &Grid_SubGrids() { return Grid().SubGrids(); }
     TzuCellLayouts &Grid_CellLayouts() { return Grid().CellLayouts(); }
+    // As forms store them, see TzuGrid.
+    QByteArray Grid_ColumnsText() { return Grid().ColumnsText(); }
+    void SetGrid_ColumnsText(const QByteArray &text) { Grid().SetColumnsText(text); }
+    QByteArray Grid_SubGridsText() { return Grid().SubGridsText(); }
+    void SetGrid_SubGridsText(const QByteArray &text) { Grid().SetSubGridsText(text); }
+    QByteArray Grid_CellLayoutsText() { return Grid().CellLayoutsText(); }
+    void SetGrid_CellLayoutsText(const QByteArray &text) { Grid().SetCellLayoutsText(text); }
+
+    // The same by the names that code made of forms needs for cursors.
+    void setCursorTree(const QCursor &cursor) { SetCursorTree(cursor); }
+    void setDragCursorTree(const QCursor &cursor) { SetDragCursorTree(cursor); }
+    void setCursorScaler(const QCursor &cursor) { SetCursorScaler(cursor); }
+    void setCursorGantArea(const QCursor &cursor) { SetCursorGantArea(cursor); }
 
     // Context menus of the whole chart and of its parts; observed.
     QMenu *PopupMenu() const { return m_menus.at(WholeChart); }
@@ -209,6 +225,9 @@ Q_SIGNALS:
     void timeItemDeleted(korvane::TzuDataEntity_Spanbar *item);
     void timeItemChanged(korvane::TzuDataEntity_Spanbar *item);
     void timeItemSelectionChanged(korvane::TzuDataEntity_Spanbar *item);
+    /// The item is not loaded, and about to be needed.
+    void timeItemWanted(korvane::TzuDataEntity_Spanbar *item);
+    void linkSelectionChanged(korvane::TzuDataEntity_Link *link);
     void nodeChanged(korvane::TzuDataEntity_Tree *node);
     void nodeSelectionChanged(korvane::TzuDataEntity_Tree *node);
     void rowAdded(korvane::TGantRow *row);
@@ -220,6 +239,7 @@ Q_SIGNALS:
     void areaDoubleClicked(korvane::TzuDataEntity_Spanbar *item);
     void scalerChanged(const QDateTime &start, const QDateTime &stop);
     void splitterMoved(int treeWidth);
+    void resized();
 
 protected:
     void _OnInsertItem(TzuDataEntity *item) override;
@@ -227,6 +247,8 @@ protected:
     void _OnContentChanged(TzuDataList *list) override;
     void _OnInfoPush(TzuDataEntity *item) override;
     void _OnSelectionChanged(TzuDataList *list, TzuDataEntity *item) override;
+    void _OnVirtualLoadTimeItem(TzuDataEntity *item) override;
+    void _OnSelectionChanged_Link(TzuDataList *list, TzuDataEntity *link) override;
     void NodeChanged(TzuDataEntity_Tree *node) override { Q_EMIT nodeChanged(node); }
     void NodeSelectionChanged(TzuDataEntity_Tree *node) override
     {
@@ -239,6 +261,7 @@ protected:
     void DoDblClickGantArea(TzuDataEntity_Spanbar *item) override;
     void DoScalerChange() override;
     void SplitterMoved(TzuSplitter *sender) override;
+    void resizeEvent(QResizeEvent *event) override;
 
 private:
     enum TPart : std::uint8_t { WholeChart, AreaPart, AxisPart, PartCount };

@@ -3,6 +3,8 @@
 #include "foundation/qt/zuConvert.h"
 #include "grid/qt/zuGridJson.h"
 
+#include <QPointer>
+
 #include <algorithm>
 
 namespace korvane {
@@ -72,34 +74,43 @@ TRect TzuGrid::GetRect(const TzuDataEntity_GridTreeNode &node)
                  : TRect{-1, -1, -1, -1};
 }
 
-QString TzuGrid::ColumnsText() const
+QByteArray TzuGrid::ColumnsText() const
 {
     return GridCollectionToText(*this, QStringLiteral("Columns"));
 }
 
-void TzuGrid::SetColumnsText(const QString &text)
+void TzuGrid::SetColumnsText(const QByteArray &text)
 {
     SetGridCollectionText(*this, "Columns", text);
 }
 
-QString TzuGrid::SubGridsText() const
+QByteArray TzuGrid::SubGridsText() const
 {
     return GridCollectionToText(*this, QStringLiteral("SubGrids"));
 }
 
-void TzuGrid::SetSubGridsText(const QString &text)
+void TzuGrid::SetSubGridsText(const QByteArray &text)
 {
     SetGridCollectionText(*this, "SubGrids", text);
 }
 
-QString TzuGrid::CellLayoutsText() const
+QByteArray TzuGrid::CellLayoutsText() const
 {
     return GridCollectionToText(*this, QStringLiteral("CellLayouts"));
 }
 
-void TzuGrid::SetCellLayoutsText(const QString &text)
+void TzuGrid::SetCellLayoutsText(const QByteArray &text)
 {
     SetGridCollectionText(*this, "CellLayouts", text);
+}
+
+void TzuGrid::TopLeftChanged()
+{
+    const QPointer<TzuGrid> self(this);
+    TBabGridView_Custom::TopLeftChanged();
+    if (!self.isNull()) {
+        Q_EMIT topLeftChanged();
+    }
 }
 
 void TzuGrid::HeaderClicked(const TGridCellAt &at, TShiftState shift)

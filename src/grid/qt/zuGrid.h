@@ -4,7 +4,7 @@
 #include "cellgrid/qt/zuBabGridView.h"
 #include "grid/zuGrid.h"
 
-#include <QString>
+#include <QByteArray>
 
 namespace korvane {
 
@@ -18,9 +18,9 @@ class TzuGrid : public TBabGridView_Custom, public TzuGridCore
     Q_OBJECT
     Q_PROPERTY(bool HasHeaders READ HasHeaders WRITE SetHasHeaders)
     Q_PROPERTY(bool HasInfoCol READ HasInfoCol WRITE SetHasInfoCol)
-    Q_PROPERTY(QString Columns READ ColumnsText WRITE SetColumnsText)
-    Q_PROPERTY(QString SubGrids READ SubGridsText WRITE SetSubGridsText)
-    Q_PROPERTY(QString CellLayouts READ CellLayoutsText WRITE SetCellLayoutsText)
+    Q_PROPERTY(QByteArray Columns READ ColumnsText WRITE SetColumnsText)
+    Q_PROPERTY(QByteArray SubGrids READ SubGridsText WRITE SetSubGridsText)
+    Q_PROPERTY(QByteArray CellLayouts READ CellLayoutsText WRITE SetCellLayoutsText)
     Q_PROPERTY(bool UserSortEnable READ UserSortEnable WRITE SetUserSortEnable)
 
 public:
@@ -41,14 +41,14 @@ public:
     /// control; (-1, -1, -1, -1) when the node is hidden or scrolled away.
     TRect GetRect(const TzuDataEntity_GridTreeNode &node);
 
-    // The collections as forms store them, see GridCollectionToText. A text that is none is
-    // reported as a warning and changes nothing.
-    QString ColumnsText() const;
-    void SetColumnsText(const QString &text);
-    QString SubGridsText() const;
-    void SetSubGridsText(const QString &text);
-    QString CellLayoutsText() const;
-    void SetCellLayoutsText(const QString &text);
+    // The collections as forms store them, see GridCollectionToText; bytes, so that they are not
+    // translated. A text that is none is reported as a warning and changes nothing.
+    QByteArray ColumnsText() const;
+    void SetColumnsText(const QByteArray &text);
+    QByteArray SubGridsText() const;
+    void SetSubGridsText(const QByteArray &text);
+    QByteArray CellLayoutsText() const;
+    void SetCellLayoutsText(const QByteArray &text);
 
     /// A row of the grid, or of a grid in it, came into view and is to be filled. Rows that can be
     /// filled again are dropped when they are far from view.
@@ -58,7 +58,12 @@ public:
     /// The user changed a cell.
     TMethod<void(TObject *theGrid, TBabCell *theCell)> OnEditStop;
 
+Q_SIGNALS:
+    /// Other rows or columns have come to the top left corner.
+    void topLeftChanged();
+
 protected:
+    void TopLeftChanged() override;
     void HeaderClicked(const TGridCellAt &at, TShiftState shift) override;
     void MoveColumn(TBabGridCell &grid, int from, int to) override;
     void CellEdited(TBabCell &cell) override { OnEditStop(Self(), &cell); }

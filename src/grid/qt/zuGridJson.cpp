@@ -238,19 +238,19 @@ QJsonObject NewGridItemJson(const QString &collection)
     return collection == u"CellLayouts" ? ItemToJson(TzuCellLayout(layouts)) : QJsonObject();
 }
 
-QString GridCollectionToText(const TzuGridCore &grid, const QString &collection)
+QByteArray GridCollectionToText(const TzuGridCore &grid, const QString &collection)
 {
     const QJsonArray items = GridToJson(grid)[collection].toArray();
-    return items.isEmpty() ? QString()
-                           : QString::fromUtf8(QJsonDocument(WithoutDefaults(items, collection))
-                                                   .toJson(QJsonDocument::Compact));
+    return items.isEmpty()
+               ? QByteArray()
+               : QJsonDocument(WithoutDefaults(items, collection)).toJson(QJsonDocument::Compact);
 }
 
-void GridCollectionFromText(TzuGridCore &grid, const QString &collection, const QString &text)
+void GridCollectionFromText(TzuGridCore &grid, const QString &collection, const QByteArray &text)
 {
     QJsonParseError error;
-    const QString list = text.trimmed().isEmpty() ? QStringLiteral("[]") : text;
-    const QJsonDocument document = QJsonDocument::fromJson(list.toUtf8(), &error);
+    const QJsonDocument document =
+        QJsonDocument::fromJson(text.trimmed().isEmpty() ? QByteArrayLiteral("[]") : text, &error);
     if (!document.isArray()) {
         throw std::invalid_argument(error.error != QJsonParseError::NoError
                                         ? error.errorString().toStdString()
@@ -259,7 +259,7 @@ void GridCollectionFromText(TzuGridCore &grid, const QString &collection, const 
     GridFromJson(grid, {{collection, document.array()}});
 }
 
-void SetGridCollectionText(TzuGridCore &grid, const char *collection, const QString &text)
+void SetGridCollectionText(TzuGridCore &grid, const char *collection, const QByteArray &text)
 {
     try {
         GridCollectionFromText(grid, QLatin1String(collection), text);

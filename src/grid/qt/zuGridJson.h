@@ -20,10 +20,10 @@ QJsonObject NewGridItemJson(const QString &collection);
 
 /// One collection as the text that forms store: a list without the properties that have their
 /// defaults. An empty collection is an empty text.
-QString GridCollectionToText(const TzuGridCore &grid, const QString &collection);
+QByteArray GridCollectionToText(const TzuGridCore &grid, const QString &collection);
 /// Throws as GridFromJson does, and for a text that is no JSON.
-void GridCollectionFromText(TzuGridCore &grid, const QString &collection, const QString &text);
+void GridCollectionFromText(TzuGridCore &grid, const QString &collection, const QByteArray &text);
 /// The same for a property of a form: what is wrong is written as a warning.
-void SetGridCollectionText(TzuGridCore &grid, const char *collection, const QString &text);
+void SetGridCollectionText(TzuGridCore &grid, const char *collection, const QByteArray &text);
 
 } // namespace korvane

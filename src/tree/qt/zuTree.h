@@ -29,11 +29,14 @@ class TzuTree : public TzuTree_ComBasic
     Q_PROPERTY(bool AllowSort READ AllowSort WRITE SetAllowSort)
     Q_PROPERTY(bool AllowDelete READ AllowDelete WRITE SetAllowDelete)
     Q_PROPERTY(TDragMode DragMode READ DragMode WRITE SetDragMode)
-    Q_PROPERTY(QCursor DragCursor READ DragCursor WRITE SetDragCursor)
+    Q_PROPERTY(QCursor DragCursor READ DragCursor WRITE setDragCursor)
 
 public:
     using TzuTree_ComBasic::TzuTree_ComBasic;
     ~TzuTree() override;
+
+    /// SetDragCursor by the name that code made of forms needs for cursors.
+    void setDragCursor(const QCursor &cursor) { SetDragCursor(cursor); }
 
 Q_SIGNALS:
     void entityInserted(korvane::TzuDataEntity_Tree *entity);

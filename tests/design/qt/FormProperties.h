@@ -52,7 +52,9 @@ inline QVariantList OtherValues(const QMetaProperty &property, const QVariant &v
     case QMetaType::Double:
         return {value.toDouble() / 2};
     case QMetaType::QString:
-        return {QStringLiteral(
+        return {QStringLiteral("yyyy 'å' <&>\"")};
+    case QMetaType::QByteArray:
+        return {QByteArray(
             R"([{"HeaderText":"Größe <a & b>","Kind":"tckDate","Name":"Loud","MinWidth":33}])")};
     case QMetaType::QDateTime:
         return {value.toDateTime().addDays(1).addSecs(3661)};
@@ -95,8 +97,9 @@ inline QString ReadableText(const QVariant &value)
     if (value.typeId() == QMetaType::QColor) {
         return value.value<QColor>().name();
     }
-    return value.typeId() == QMetaType::QString ? value.toString()
-                                                : QString::number(value.toDouble());
+    const bool isText =
+        value.typeId() == QMetaType::QString || value.typeId() == QMetaType::QByteArray;
+    return isText ? value.toString() : QString::number(value.toDouble());
 }
 
 inline std::string Readable(const QVariant &value)
