@@ -3,6 +3,7 @@
 #include "design/qt/zuCollectionEditor.h"
 #include "design/zuGrid_Editor.h"
 #include "foundation/qt/zuConvert.h"
+#include "gantt/qt/zuGant.h"
 #include "grid/qt/zuGrid.h"
 
 #include <QAction>
@@ -12,22 +13,24 @@
 #include <QtDesigner/QDesignerPropertySheetExtension>
 #include <QtDesigner/QExtensionManager>
 
-#include <array>
+#include <utility>
 
 namespace korvane {
 
 namespace {
 
-/// Opens the editor of a collection; what was done is one step of the form's undo stack.
-void EditCollection(TzuGrid &grid, const QString &collection)
+/// Opens the editor of a collection; what was done is one step of the form's undo stack. The
+/// collection is stored in a property of the component, which is the grid or has it.
+void EditCollection(QWidget &component, const TzuGrid &grid, const QString &collection,
+                    const QString &property)
 {
-    auto *form = QDesignerFormWindowInterface::findFormWindow(&grid);
+    auto *form = QDesignerFormWindowInterface::findFormWindow(&component);
     if (form == nullptr || !TCollectionEditor::CanEdit(collection)) {
         return;
     }
     TCollectionEditor editor(grid, collection, form->window());
     if (editor.exec() == QDialog::Accepted && editor.IsChanged()) {
-        form->cursor()->setWidgetProperty(&grid, collection, editor.Text());
+        form->cursor()->setWidgetProperty(&component, property, editor.Text());
     }
 }
 
@@ -41,7 +44,7 @@ public:
     {
     }
     std::string GetName() const override { return FromQt(m_name); }
-    void Edit() override { EditCollection(m_grid, m_name); }
+    void Edit() override { EditCollection(m_grid, m_grid, m_name, m_name); }
 
 private:
     TzuGrid &m_grid;
@@ -88,22 +91,39 @@ TGridTaskMenu::TGridTaskMenu(TzuGrid &grid, QObject *parent)
     , m_editor(std::make_unique<TzuGridEditorWakeUpGlue>(*m_component, *m_designer))
 {
     for (int verb = 0; verb < m_editor->GetVerbCount(); ++verb) {
-        auto *action = new QAction(ToQt(m_editor->GetVerb(verb)), this);
-        connect(action, &QAction::triggered, this, [this, verb] { m_editor->ExecuteVerb(verb); });
-        m_actions.append(action);
+        AddVerb(ToQt(m_editor->GetVerb(verb)), [this, verb] { m_editor->ExecuteVerb(verb); });
     }
-    struct TOther
-    {
-        QString Text;
-        QString Collection;
-    };
-    for (const TOther &other : {TOther{tr("Sub-grids"), QStringLiteral("SubGrids")},
-                                TOther{tr("Cell layouts"), QStringLiteral("CellLayouts")}}) {
-        auto *action = new QAction(other.Text, this);
-        connect(action, &QAction::triggered, this,
-                [&grid, name = other.Collection] { EditCollection(grid, name); });
-        m_actions.append(action);
+    for (const auto &[text, name] :
+         {std::pair(tr("Sub-grids"), QStringLiteral("SubGrids")),
+          std::pair(tr("Cell layouts"), QStringLiteral("CellLayouts"))}) {
+        AddVerb(text, [&grid, name = name] { EditCollection(grid, grid, name, name); });
     }
+    AddSeparator();
+}
+
+TGridTaskMenu::TGridTaskMenu(TzuGant &chart, QObject *parent)
+    : QObject(parent)
+{
+    for (const auto &[text, name] :
+         {std::pair(tr("Grid columns"), QStringLiteral("Columns")),
+          std::pair(tr("Grid sub-grids"), QStringLiteral("SubGrids")),
+          std::pair(tr("Grid cell layouts"), QStringLiteral("CellLayouts"))}) {
+        AddVerb(text, [&chart, name = name] {
+            EditCollection(chart, chart.Grid(), name, QStringLiteral("Grid_") + name);
+        });
+    }
+    AddSeparator();
+}
+
+void TGridTaskMenu::AddVerb(const QString &text, std::function<void()> act)
+{
+    auto *action = new QAction(text, this);
+    connect(action, &QAction::triggered, this, std::move(act));
+    m_actions.append(action);
+}
+
+void TGridTaskMenu::AddSeparator()
+{
     auto *separator = new QAction(this);
     separator->setSeparator(true);
     m_actions.append(separator);
@@ -121,11 +141,14 @@ void TGridTaskMenuFactory::Install(QDesignerFormEditorInterface &designer)
 QObject *TGridTaskMenuFactory::createExtension(QObject *object, const QString &iid,
                                                QObject *parent) const
 {
-    auto *grid = qobject_cast<TzuGrid *>(object);
-    if (grid == nullptr || iid != Q_TYPEID(QDesignerTaskMenuExtension)) {
+    if (iid != Q_TYPEID(QDesignerTaskMenuExtension)) {
         return nullptr;
     }
-    return new TGridTaskMenu(*grid, parent);
+    if (auto *grid = qobject_cast<TzuGrid *>(object)) {
+        return new TGridTaskMenu(*grid, parent);
+    }
+    auto *chart = qobject_cast<TzuGant *>(object);
+    return chart != nullptr ? new TGridTaskMenu(*chart, parent) : nullptr;
 }
 
 } // namespace korvane

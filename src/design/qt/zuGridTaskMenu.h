@@ -6,6 +6,7 @@
 #include <QtDesigner/QDesignerTaskMenuExtension>
 #include <QtDesigner/QExtensionFactory>
 
+#include <functional>
 #include <memory>
 
 class QAction;
@@ -13,11 +14,13 @@ class QDesignerFormEditorInterface;
 
 namespace korvane {
 
+class TzuGant;
 class TzuGrid;
 class TzuGridEditorWakeUpGlue;
 
 /// Puts the verbs of TzuGridEditorWakeUpGlue first in the context menu of a grid on a form, and
-/// the editors of its other collections behind them.
+/// the editors of its other collections behind them. The menu of a chart has the editors for the
+/// chart's grid.
 class TGridTaskMenu : public QObject, public QDesignerTaskMenuExtension
 {
     Q_OBJECT
@@ -25,6 +28,7 @@ class TGridTaskMenu : public QObject, public QDesignerTaskMenuExtension
 
 public:
     TGridTaskMenu(TzuGrid &grid, QObject *parent);
+    TGridTaskMenu(TzuGant &chart, QObject *parent);
     ~TGridTaskMenu() override;
 
     QAction *preferredEditAction() const override { return m_actions.first(); }
@@ -34,13 +38,16 @@ private:
     class TDesigner;
     class TComponent;
 
+    void AddVerb(const QString &text, std::function<void()> act);
+    void AddSeparator();
+
     std::unique_ptr<TComponent> m_component;
     std::unique_ptr<TDesigner> m_designer;
     std::unique_ptr<TzuGridEditorWakeUpGlue> m_editor;
     QList<QAction *> m_actions;
 };
 
-/// Gives grids their menu.
+/// Gives grids and charts their menu.
 class TGridTaskMenuFactory : public QExtensionFactory
 {
     Q_OBJECT

@@ -121,6 +121,28 @@ constexpr std::array kBars{
     TSampleBar{"Deliver", 82, 96, kRed},
 };
 
+/// Rows of the tree or of the grid, with bars that are linked one after the other.
+void AddBars(TzuGant &gant, std::vector<TPlacedTime<TzuDataEntity_Spanbar>> &bars,
+             const auto &addRow, const auto &addBar)
+{
+    TzuDataEntity_Spanbar *before = nullptr;
+    decltype(addRow("")) row = nullptr;
+    for (const TSampleBar &each : kBars) {
+        row = each.Task != nullptr ? addRow(each.Task) : row;
+        TzuDataEntity_Spanbar *bar = addBar(row);
+        bar->SetColor(each.Color);
+        bar->SetInsetTop(3);
+        bar->SetInsetBottom(3);
+        if (before != nullptr) {
+            TzuDataEntity_Link &link = gant.AddLink();
+            link.SetFirst(before);
+            link.SetSecond(bar);
+        }
+        before = bar;
+        bars.push_back({bar, each.From, each.To});
+    }
+}
+
 struct TSampleTime
 {
     int Column;
@@ -163,20 +185,17 @@ std::string SampleText(const TzuGrid_Column &column, int row)
 void ShowSample(TzuGant &gant)
 {
     std::vector<TPlacedTime<TzuDataEntity_Spanbar>> bars;
-    TzuDataEntity_Tree *node = nullptr;
-    for (const TSampleBar &each : kBars) {
-        node = each.Task != nullptr ? gant.AddRootDataEntityTree(each.Task) : node;
-        TzuDataEntity_Spanbar *bar = gant.AddSpanbar(node, 0);
-        bar->SetColor(each.Color);
-        bar->SetInsetTop(3);
-        bar->SetInsetBottom(3);
-        if (!bars.empty()) {
-            TzuDataEntity_Link &link = gant.AddLink();
-            link.SetFirst(bars.back().Time);
-            link.SetSecond(bar);
-        }
-        bars.push_back({bar, each.From, each.To});
-    }
+    AddBars(
+        gant, bars, [&](const char *text) { return gant.AddRootDataEntityTree(text); },
+        [&](TzuDataEntity_Tree *row) { return gant.AddSpanbar(row, 0); });
+    AddBars(
+        gant, bars,
+        [&](const char *text) {
+            TzuDataEntity_GridTreeNode *row = gant.Grid().GetTree()->AddDataEntity();
+            row->SetText(text);
+            return row;
+        },
+        [&](TzuDataEntity_GridTreeNode *row) { return gant.GridNode_AddSpanbar(row, 0); });
     const auto place = [&gant, bars] {
         Place(bars, gant.Start(), gant.Stop());
         gant.RefreshOthers(nullptr);
