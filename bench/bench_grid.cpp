@@ -11,6 +11,7 @@
 
 #include <algorithm>
 #include <benchmark/benchmark.h>
+#include <memory>
 #include <random>
 #include <string>
 #include <vector>
@@ -240,6 +241,124 @@ void JumpAmongTenMillionVirtualRows(benchmark::State &state)
     state.counters["loaded"] = loaded;
 }
 
+/// A view from its making to its first picture.
+template <typename Make>
+void FirstPaint(benchmark::State &state, Make make)
+{
+    for (auto _ : state) {
+        auto view = make();
+        state.PauseTiming();
+        view.reset();
+        state.ResumeTiming();
+    }
+}
+
+// --- grids in cells, and trees
+// -----------------------------------------------------------------------------------------
+
+/// A thousand rows, each with an open grid of a thousand rows.
+class TNestedGrid : public TzuGrid
+{
+public:
+    TNestedGrid()
+    {
+        TzuGrid_SubGrid &lines = SubGrids().Add();
+        lines.SetName("Lines");
+        for (int column = 0; column < kColumns; ++column) {
+            lines.Columns().Add().SetWidth(56);
+        }
+        TzuGrid_Column &column = Columns().Add();
+        column.SetWidth(1150);
+        column.SetSubGridName("Lines");
+        column.SetKind(TColumnKind::tckSubGrid);
+        OnGetCellText = [](TBabGridCell *grid, TAxisContentItem *at, TAxisContentItem *row,
+                           std::string &text) {
+            AppendCell(text, grid->Rows().IndexOf(*row), grid->Columns().IndexOf(*at));
+        };
+        OnInitSubGrid = [](TObject *, TBabSubGridCell *cell, TAxisContentItem *,
+                           TAxisContentItem *) { cell->Rows().AddUnloaded(1000); };
+        AddRows(1000);
+        resize(1200, 900);
+        show();
+        for (int row = 1; row <= 1000; ++row) { // open all of them
+            MakeVisible({&RootCell(), 1, row});
+            EnsureLayout();
+        }
+        QCoreApplication::processEvents();
+    }
+    QScrollBar &Bar() { return VertScrollBar(); }
+};
+
+/// A thousand nodes of a thousand nodes each.
+struct TTree
+{
+    TBabGridCellForViewer Root;
+    TzuGridCore Grid{Root, [] {}};
+
+    TTree()
+    {
+        Grid.SetUseTree(true);
+        for (int i = 0; i < 1000; ++i) {
+            TzuDataEntity_GridTreeNode *parent = Grid.GetTree()->AddDataEntity();
+            for (int k = 0; k < 1000; ++k) {
+                Grid.GetTree()->AddDataEntity(parent);
+            }
+        }
+    }
+};
+
+void FillTreeWithAMillion(benchmark::State &state)
+{
+    for (auto _ : state) {
+        const auto tree = std::make_unique<TTree>();
+        benchmark::DoNotOptimize(tree.get());
+    }
+}
+
+TTree &Tree()
+{
+    static TTree &tree = *new TTree;
+    return tree;
+}
+
+void ExpandAndCollapseAThousand(benchmark::State &state)
+{
+    TzuDataEntity_GridTreeNode *node = Tree().Grid.GetTree()->DataList()->Node(500);
+    for (auto _ : state) {
+        node->SetExpanded(true);
+        node->SetExpanded(false);
+    }
+}
+
+void InsertAndRemoveInTheMiddle(benchmark::State &state)
+{
+    TzuGridTree &tree = *Tree().Grid.GetTree();
+    for (auto _ : state) {
+        tree.RemoveDataEntity(tree.InsertDataEntity(*tree.DataList()->Node(500)->ChildList(), 500));
+    }
+}
+
+void RowOfANode(benchmark::State &state)
+{
+    TzuGridTree &tree = *Tree().Grid.GetTree();
+    std::mt19937 random(5);
+    for (auto _ : state) {
+        const auto row = static_cast<int>(random() % 1'000'000U) + 1;
+        benchmark::DoNotOptimize(tree.GetRow(*tree.GetDataEntityFromRow(row)));
+    }
+}
+
+BENCHMARK_CAPTURE(FirstPaint, Grid, [] {
+    return std::make_unique<TGrid>(kManyRows);
+})->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(FirstPaint, Table, [] {
+    return std::make_unique<TTable>();
+})->Unit(benchmark::kMillisecond);
+BENCHMARK(ScrollStep<TNestedGrid>)->Unit(benchmark::kMillisecond);
+BENCHMARK(FillTreeWithAMillion)->Unit(benchmark::kMillisecond);
+BENCHMARK(ExpandAndCollapseAThousand)->Unit(benchmark::kMicrosecond);
+BENCHMARK(InsertAndRemoveInTheMiddle)->Unit(benchmark::kMicrosecond);
+BENCHMARK(RowOfANode)->Unit(benchmark::kMicrosecond);
 BENCHMARK(Repaint<TGrid>)->Unit(benchmark::kMillisecond);
 BENCHMARK(Repaint<TTable>)->Unit(benchmark::kMillisecond);
 BENCHMARK(ScrollStep<TGrid>)->Unit(benchmark::kMillisecond);

@@ -260,9 +260,14 @@ void TAxisContentList::Reorder(const std::vector<TAxisContentItem *> &items)
     m_gridCell.ReorderingAxisItems(*this, behindHead, items);
     std::copy(items.begin(), items.end(), head);
     m_loaded.Reorder(all);
-    int index = behindHead;
-    for (const TAxisContentItem *item : items) {
-        m_extents.Fill(index++, 1, item->WantedSize());
+    // Equal neighbours are told at once.
+    int first = 0;
+    for (int i = 1; i <= std::ssize(items); ++i) {
+        const int size = items[static_cast<std::size_t>(first)]->WantedSize();
+        if (i == std::ssize(items) || items[static_cast<std::size_t>(i)]->WantedSize() != size) {
+            m_extents.Fill(behindHead + first, i - first, size);
+            first = i;
+        }
     }
     ++m_changes;
     ListIndexesOutOfDate(behindHead);

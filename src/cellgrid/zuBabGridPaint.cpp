@@ -154,12 +154,20 @@ void TBabGridPainter::PaintLines(const TCellPlace &place, bool joinedBelow)
     }
 }
 
-void TBabGridPainter::SetFont(const TLayoutProp &layout, TColor color)
+void TBabGridPainter::SetFont(TFont font, TColor color)
 {
-    TFont font = layout.UseFontInfo ? layout.Font : m_gridFont;
     font.Color = color;
     if (!(font == m_canvas.Font())) {
         m_canvas.SetFont(font);
+    }
+}
+
+void TBabGridPainter::PaintSubGrid(const TCellPlace &place)
+{
+    auto *subGrid = dynamic_cast<TBabGridCell *>(
+        place.Block.Grid->FindCell(*place.Column.Item, *place.Row.Item));
+    if (subGrid != nullptr) {
+        PaintBlock(m_core.ShownIn(*subGrid, place.Rect, m_canvas.ClipRect()));
     }
 }
 
@@ -172,26 +180,59 @@ void TBabGridPainter::PaintCell(const TCellPlace &place, const TColumnLook &look
     }
     TBabGridCell &grid = *place.Block.Grid;
     const TLayoutProp &layout = m_core.LayoutOf(grid, *place.Column.Item, *place.Row.Item);
-    const bool selected = grid.Selection().IsSelected(place.Column.Index, place.Row.Index);
-    const TColor back = selected ? clHighlight : layout.BackColor;
-    TColor front = selected ? clHighlightText : layout.FrontColor;
-    if (!selected && layout.UseFontInfo) {
-        front = layout.Font.Color;
+    TCellRender cell;
+    cell.Grid = &grid;
+    cell.Column = place.Column.Item;
+    cell.Row = place.Row.Item;
+    cell.Rect = place.Rect;
+    cell.Selected = grid.Selection().IsSelected(place.Column.Index, place.Row.Index);
+    cell.BackColor = cell.Selected ? clHighlight : layout.BackColor;
+    cell.FrontColor = cell.Selected        ? clHighlightText
+                      : layout.UseFontInfo ? layout.Font.Color
+                                           : layout.FrontColor;
+    const bool asks = !look.Grids && (m_state.BeforeRender || m_state.UserRender);
+    if (!look.Grids) {
+        cell.Text = grid.CellText(*place.Column.Item, *place.Row.Item);
     }
-    if (selected || back != clWindow) {
-        m_canvas.FillRect(place.Rect, back);
+    if (asks && !m_core.IsLayoutOutOfDate()) {
+        cell.Cell = grid.FindCell(*place.Column.Item, *place.Row.Item);
+        cell.Focused = m_state.Focus == TGridCellAt{&grid, place.Column.Index, place.Row.Index};
+        cell.Font = layout.UseFontInfo ? layout.Font : m_gridFont;
+        m_state.BeforeRender(m_state.View, cell);
     }
-    const TGridCellAt at{&grid, place.Column.Index, place.Row.Index};
+    if (m_core.IsLayoutOutOfDate()) {
+        return; // a handler changed the grid; the next paint shows it
+    }
+    if (cell.Selected || cell.BackColor != clWindow) {
+        m_canvas.FillRect(place.Rect, cell.BackColor);
+    }
     if (look.Grids) {
-        auto *subGrid =
-            dynamic_cast<TBabGridCell *>(grid.FindCell(*place.Column.Item, *place.Row.Item));
-        if (subGrid != nullptr) {
-            PaintBlock(m_core.ShownIn(*subGrid, place.Rect, m_canvas.ClipRect()));
-        }
-        return;
+        PaintSubGrid(place);
+    } else if (!asks || !PaintedByUser(cell)) {
+        PaintContent(place, look, textRect, cell);
     }
+}
+
+bool TBabGridPainter::PaintedByUser(const TCellRender &cell)
+{
+    if (!m_state.UserRender) {
+        return false;
+    }
+    const TRect &rect = cell.Rect;
+    const TClipScope clip(m_canvas, {rect.Left, rect.Top, rect.Right - 1, rect.Bottom - 1});
+    bool handled = false;
+    m_state.UserRender(m_state.View, m_canvas, cell, handled);
+    return handled || m_core.IsLayoutOutOfDate();
+}
+
+void TBabGridPainter::PaintContent(const TCellPlace &place, const TColumnLook &look,
+                                   const TRect &textRect, const TCellRender &cell)
+{
+    TBabGridCell &grid = *place.Block.Grid;
+    const TLayoutProp &layout = m_core.LayoutOf(grid, *place.Column.Item, *place.Row.Item);
+    const TGridCellAt at{&grid, place.Column.Index, place.Row.Index};
     if (look.Tree) {
-        PaintTreeButton(place, front);
+        PaintTreeButton(place, cell.FrontColor);
     }
     const TRect shown = m_core.ContentRect(at, textRect.IsEmpty() ? place.Rect : textRect);
     if (look.Column != nullptr && look.Column->HasIcon() && m_state.Images != nullptr) {
@@ -207,15 +248,13 @@ void TBabGridPainter::PaintCell(const TCellPlace &place, const TColumnLook &look
         m_canvas.DrawImage({right - TBabGridLayoutCore::kImage, place.Rect.Top, right, bottom - 1},
                            *m_state.Images, index);
     }
-    const std::string text = grid.CellText(*place.Column.Item, *place.Row.Item);
-    if (m_core.IsLayoutOutOfDate()) {
-        return; // the handler changed the grid; the next paint shows it
-    }
     if (look.Kind == TColumnKind::tckBool) {
-        PaintCheckBox(m_core.CheckBoxRect(place.Rect), !text.empty() && text != "0", front);
-    } else if (!textRect.IsEmpty() && !text.empty()) {
-        SetFont(layout, front);
-        PaintText(text, shown, LookOf(layout));
+        PaintCheckBox(m_core.CheckBoxRect(place.Rect), !cell.Text.empty() && cell.Text != "0",
+                      cell.FrontColor);
+    } else if (!textRect.IsEmpty() && !cell.Text.empty()) {
+        const bool asked = m_state.BeforeRender || m_state.UserRender;
+        SetFont(asked ? cell.Font : layout.UseFontInfo ? layout.Font : m_gridFont, cell.FrontColor);
+        PaintText(cell.Text, shown, LookOf(layout));
     }
 }
 

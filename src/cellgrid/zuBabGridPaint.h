@@ -3,9 +3,33 @@
 
 #include "cellgrid/zuBabGridLayout.h"
 
+#include <string>
 #include <string_view>
 
 namespace korvane {
+
+/// A cell that is about to be painted, and how.
+struct TCellRender
+{
+    TBabGridCell *Grid = nullptr;
+    TAxisContentItem *Column = nullptr;
+    TAxisContentItem *Row = nullptr;
+    TBabCell *Cell = nullptr; ///< nil where nothing was put into the crossing
+    TRect Rect;               ///< with its lines, at the right and below
+    bool Selected = false;
+    bool Focused = false;
+    TColor BackColor = clWindow;
+    TColor FrontColor = clWindowText;
+    TFont Font{}; ///< its colour does not count
+    std::string Text{};
+};
+/// May change colours, font and text. Like the next one for cells behind the heads that hold no
+/// grid, which move as they are when the view scrolls.
+using TOnBeforeRenderCell = TMethod<void(TObject *theGrid, TCellRender &theCell)>;
+/// Draws the content itself and sets `handled`, or leaves it to the grid. The canvas is clipped to
+/// the cell without its lines, which are the grid's, and filled.
+using TOnUserRenderCell =
+    TMethod<void(TObject *theGrid, TCanvas &canvas, const TCellRender &theCell, bool &handled)>;
 
 /// What a paint shows beyond the cells themselves.
 struct TGridPaintState
@@ -14,6 +38,9 @@ struct TGridPaintState
     bool HasFocus = false; ///< the view has the keyboard
     bool FocusRects = true;
     const TImageList *Images = nullptr;
+    TObject *View = nullptr; ///< what handlers get as the grid
+    TOnBeforeRenderCell BeforeRender;
+    TOnUserRenderCell UserRender;
 };
 
 /// Paints once: the blocks of the core, fixed and scrolling parts from the same bands.
@@ -54,6 +81,10 @@ private:
     void PaintPart(const TGridBlock &block, bool fixedColumns, bool fixedRows);
     void PaintColumn(const TGridBlock &block, const TGridBand &column, bool fixedRows);
     void PaintCell(const TCellPlace &place, const TColumnLook &look, const TRect &textRect);
+    void PaintContent(const TCellPlace &place, const TColumnLook &look, const TRect &textRect,
+                      const TCellRender &cell);
+    void PaintSubGrid(const TCellPlace &place);
+    bool PaintedByUser(const TCellRender &cell);
     void PaintHeader(const TCellPlace &place, const TColumnLook &look);
     void PaintRowHeader(const TCellPlace &place);
     void PaintTreeButton(const TCellPlace &place, TColor color);
@@ -65,7 +96,7 @@ private:
     void PaintFrameLine(TPoint from, TPoint to, TFrameOption side, const TLayoutProp &layout);
     void PaintLines(const TCellPlace &place, bool joinedBelow);
     void PaintFocus(const TGridBlock &block);
-    void SetFont(const TLayoutProp &layout, TColor color);
+    void SetFont(TFont font, TColor color);
     bool JoinsAbove(const TGridBlock &block, const TGridBand &column, const TGridBand &row) const;
     static TTextLook LookOf(const TLayoutProp &layout);
     bool IsInClip(const TRect &rect) const;

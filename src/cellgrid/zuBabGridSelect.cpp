@@ -536,7 +536,8 @@ void TBabGridSelectCore::Paint(TCanvas &canvas)
     EnsureLayout();
     PictureFollows();
     TBabGridPainter(*this, canvas,
-                    {m_focus, Host().GridHasFocus(), m_focusRects, Host().GridImages()})
+                    {m_focus, Host().GridHasFocus(), m_focusRects, Host().GridImages(), this,
+                     OnBeforeRenderCell, OnUserRenderCell})
         .Paint();
 }
 

@@ -89,6 +89,8 @@ public:
     /// Paints everything on the canvas, whose font is the grid's.
     void Paint(TCanvas &canvas);
 
+    TOnBeforeRenderCell OnBeforeRenderCell;
+    TOnUserRenderCell OnUserRenderCell;
     TNotify OnSelectionChanged;
     TNotify OnFocusCellChanged;
     TNotify OnTopLeftChanged;

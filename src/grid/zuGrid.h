@@ -134,6 +134,8 @@ private:
         OnInitTreeSubDataList(Self(), parent, &list);
     }
     void UserSized(TSingleEventListener *listener);
+    std::string SortText(const TzuGrid_Column &column, TAxisContentItem &columnItem,
+                         TAxisContentItem &row);
     std::string SortString(TzuGrid_Column &column, TAxisContentItem &columnItem,
                            TAxisContentItem &row, std::int64_t position);
     void SortRows(const TGridSortKey &key);

@@ -57,18 +57,26 @@ void AppendPosition(std::string &key, std::int64_t position)
 class TzuGridCore::TSortKeys
 {
 public:
-    explicit TSortKeys(std::size_t count) { m_keys.reserve(count); }
+    explicit TSortKeys(std::size_t count)
+    {
+        constexpr std::size_t kUsualLength = 32;
+        m_keys.reserve(count);
+        m_text.reserve(count * kUsualLength);
+    }
 
+    /// The key goes on with the position.
+    void Add(std::string_view text, std::int64_t position, TAxisContentItem *row)
+    {
+        const std::size_t begin = m_text.size();
+        m_text += text;
+        AppendPosition(m_text, position);
+        Added(begin, row);
+    }
     void Add(std::string_view key, TAxisContentItem *row)
     {
-        std::array<unsigned char, sizeof(std::uint64_t)> first{};
-        std::memcpy(first.data(), key.data(), std::min(key.size(), first.size()));
-        std::uint64_t prefix = 0;
-        for (const unsigned char byte : first) {
-            prefix = prefix << 8U | byte;
-        }
-        m_keys.push_back({prefix, m_text.size(), key.size(), row});
+        const std::size_t begin = m_text.size();
         m_text += key;
+        Added(begin, row);
     }
     std::vector<TAxisContentItem *> Sorted(bool descending)
     {
@@ -95,6 +103,17 @@ private:
         std::size_t Length;
         TAxisContentItem *Row;
     };
+    void Added(std::size_t begin, TAxisContentItem *row)
+    {
+        const std::size_t length = m_text.size() - begin;
+        std::array<unsigned char, sizeof(std::uint64_t)> first{};
+        std::memcpy(first.data(), m_text.data() + begin, std::min(length, first.size()));
+        std::uint64_t prefix = 0;
+        for (const unsigned char byte : first) {
+            prefix = prefix << 8U | byte;
+        }
+        m_keys.push_back({prefix, begin, length, row});
+    }
     std::string_view TextOf(const TKey &key) const
     {
         return std::string_view(m_text).substr(key.Begin, key.Length);
@@ -124,8 +143,9 @@ std::string TzuGridCore::GetSortString(TAxisContentItem &row)
                                  : std::string();
 }
 
-std::string TzuGridCore::SortString(TzuGrid_Column &column, TAxisContentItem &columnItem,
-                                    TAxisContentItem &row, std::int64_t position)
+/// The key without the position.
+std::string TzuGridCore::SortText(const TzuGrid_Column &column, TAxisContentItem &columnItem,
+                                  TAxisContentItem &row)
 {
     std::string key;
     if (IsSimpleKind(column.Kind())) {
@@ -134,6 +154,13 @@ std::string TzuGridCore::SortString(TzuGrid_Column &column, TAxisContentItem &co
     if (column.NumericSort()) {
         PadNumber(key);
     }
+    return key;
+}
+
+std::string TzuGridCore::SortString(TzuGrid_Column &column, TAxisContentItem &columnItem,
+                                    TAxisContentItem &row, std::int64_t position)
+{
+    std::string key = SortText(column, columnItem, row);
     AppendPosition(key, position);
     if (OnGetUserSortCompareString) {
         OnGetUserSortCompareString(Self(), &column, key, m_root.FindCell(columnItem, row));
@@ -203,9 +230,13 @@ void TzuGridCore::SortRows(const TGridSortKey &key)
     for (std::size_t position = fixed; position < all.size(); ++position) {
         // Turned round, the positions of equals must rise from last to first.
         const auto place = static_cast<std::int64_t>(position);
-        keys.Add(SortString(*key.Column, *columnItem, *all[position],
-                            key.Descending ? kPositions - 1 - place : place),
-                 all[position]);
+        const auto counted = key.Descending ? kPositions - 1 - place : place;
+        TAxisContentItem &row = *all[position];
+        if (OnGetUserSortCompareString) {
+            keys.Add(SortString(*key.Column, *columnItem, row, counted), &row);
+        } else {
+            keys.Add(SortText(*key.Column, *columnItem, row), counted, &row);
+        }
         if (changes != m_root.Rows().Changes()) {
             return; // a handler changed the rows
         }
