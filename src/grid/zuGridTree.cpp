@@ -304,7 +304,7 @@ int TzuGridTree::RowBehind(const TNode &node) const
 {
     for (const TNode *at = &node; at != nullptr; at = at->ParentNode()) {
         TzuDataList_GridTree *list = ListOf(*at);
-        const int position = list->IndexOf(at) + 1;
+        const int position = list != nullptr ? list->IndexOf(at) + 1 : 0;
         if (position > 0 && position < list->LoadedCount()) {
             const auto *next = static_cast<const TNode *>(list->GetLoaded(position));
             if (next->m_row != nullptr) {
@@ -359,7 +359,7 @@ void TzuGridTree::AfterChangeOwner(TNode &node)
         return; // from another list; its tree completes the change
     }
     const TMoving moved = std::exchange(m_moving, {});
-    for (const TNode *at = ListOf(node)->ParentEntity(); at != nullptr; at = at->ParentNode()) {
+    for (const TNode *at = node.ParentNode(); at != nullptr; at = at->ParentNode()) {
         if (at == &node) {
             node.ChangeOwner(moved.List, moved.Position); // below itself: back where it was
             return;

@@ -187,7 +187,8 @@ std::string TzuGridTree::KeyOf(TNode &node)
         const auto end =
             std::to_chars(digits.begin(), digits.end(),
                           reinterpret_cast<std::uintptr_t>(node.GetUserReference()), 16);
-        key = "@" + std::string(digits.begin(), end.ptr);
+        key = '@';
+        key.append(digits.begin(), end.ptr);
     } else if (!node.GetText().empty()) {
         for (const TNode *at = &node; at != nullptr; at = at->ParentNode()) {
             key.insert(0, '\x1f' + at->GetText());
