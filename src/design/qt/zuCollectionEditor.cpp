@@ -66,9 +66,7 @@ TCollectionEditor::TCollectionEditor(const TzuGrid &grid, const QString &collect
     const QJsonObject json = GridToJson(grid);
     m_items = json[collection].toArray();
     m_names = {NamesOf(json["CellLayouts"].toArray()), NamesOf(json["SubGrids"].toArray())};
-    setWindowTitle(grid.objectName().isEmpty()
-                       ? Title(collection)
-                       : tr("%1 of %2").arg(Title(collection), grid.objectName()));
+    setWindowTitle(Title(collection));
 
     m_preview = new TzuGrid;
     ShowSample(*m_preview, QString());

@@ -29,6 +29,7 @@ void EditCollection(QWidget &component, const TzuGrid &grid, const QString &coll
         return;
     }
     TCollectionEditor editor(grid, collection, form->window());
+    editor.setWindowTitle(TGridTaskMenu::tr("%1 of %2").arg(property, component.objectName()));
     if (editor.exec() == QDialog::Accepted && editor.IsChanged()) {
         form->cursor()->setWidgetProperty(&component, property, editor.Text());
     }

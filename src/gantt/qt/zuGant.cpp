@@ -141,6 +141,13 @@ void TzuGant::TellOf(TzuDataEntity *entity, const auto &handlers, void (TzuGant:
     }
 }
 
+TzuGrid *TzuGant::CreateGrid(QWidget *parent)
+{
+    TzuGrid *grid = TzuGant_ComBasic::CreateGrid(parent);
+    connect(grid, &TzuGrid::topLeftChanged, this, &TzuGant::gridTopLeftChanged);
+    return grid;
+}
+
 void TzuGant::_OnInsertItem(TzuDataEntity *item)
 {
     TellOf<TzuDataEntity_Spanbar>(

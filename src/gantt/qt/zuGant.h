@@ -239,9 +239,12 @@ Q_SIGNALS:
     void areaDoubleClicked(korvane::TzuDataEntity_Spanbar *item);
     void scalerChanged(const QDateTime &start, const QDateTime &stop);
     void splitterMoved(int treeWidth);
+    /// Other rows or columns have come to the top left corner of the grid.
+    void gridTopLeftChanged();
     void resized();
 
 protected:
+    TzuGrid *CreateGrid(QWidget *parent) override;
     void _OnInsertItem(TzuDataEntity *item) override;
     void _OnDeleteItem(TzuDataEntity *item) override;
     void _OnContentChanged(TzuDataList *list) override;
