@@ -30,6 +30,8 @@ QVariant Another(const QMetaProperty &property, const QVariant &now)
         return now.toDouble() * 2;
     case QMetaType::QString:
         return QStringLiteral("DD MM YYYY");
+    case QMetaType::QByteArray:
+        return QByteArrayLiteral("[{}]"); // one item
     case QMetaType::QColor:
         return QColor(12, 34, 56);
     case QMetaType::QFont: {
