@@ -16,6 +16,8 @@ constexpr TColor kLight = clWhite;
 constexpr int kDash = 4;
 constexpr int kHeadLength = 10;
 constexpr int kHeadHalfWidth = 4;
+/// Above this number of outlines the area around all is drawn again instead of each.
+constexpr std::size_t kManyOutlines = 16;
 
 TRect Grown(const TRect &rect, int by)
 {
@@ -117,6 +119,35 @@ TRect TGestureFeedback::Bounds() const
         bounds = United(bounds, TOutlineDraw::BoundsOfArrow(ArrowFrom, ArrowTo));
     }
     return bounds;
+}
+
+std::vector<TRect> TGestureFeedback::DirtyRects() const
+{
+    if (Frames.size() > kManyOutlines || HasArrow) {
+        return {Bounds()};
+    }
+    std::vector<TRect> rects;
+    for (const TRect &frame : Frames) {
+        rects.push_back(TOutlineDraw::BoundsOfFrame(frame));
+    }
+    if (!Band.IsEmpty()) {
+        rects.push_back(Band);
+    }
+    return rects;
+}
+
+TRect RubberBandRect(TPoint press, TPoint mouse)
+{
+    return {std::min(press.X, mouse.X), std::min(press.Y, mouse.Y), std::max(press.X, mouse.X) + 1,
+            std::max(press.Y, mouse.Y) + 1};
+}
+
+TSelectHow RubberBandRule(const TShiftState &atPress)
+{
+    if (atPress.Ctrl) {
+        return TSelectHow::Toggle;
+    }
+    return atPress.Shift ? TSelectHow::Add : TSelectHow::Replace;
 }
 
 } // namespace korvane

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "foundation/zuCanvas.h"
+#include "foundation/zuInput.h"
 #include "foundation/zuTypes.h"
 
 #include <vector>
@@ -38,9 +39,17 @@ struct TGestureFeedback
 
     /// The smallest rectangle around all that is drawn.
     TRect Bounds() const;
+    /// What has to be drawn again where it appears or goes: around each outline, or around all of
+    /// many and of an arrow.
+    std::vector<TRect> DirtyRects() const;
 
     friend bool operator==(const TGestureFeedback &, const TGestureFeedback &) = default;
 };
+
+/// A rubber band from a press to the mouse, the pixels of both included.
+TRect RubberBandRect(TPoint press, TPoint mouse);
+/// What a rubber band does that was begun with these modifiers: Shift adds, Ctrl toggles.
+TSelectHow RubberBandRule(const TShiftState &atPress);
 
 /// The smallest rectangle around both; an empty one does not count.
 TRect United(const TRect &a, const TRect &b);

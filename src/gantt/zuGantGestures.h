@@ -141,8 +141,6 @@ private:
     void Hover(TPoint at);
     TGantCursor CursorAt(TPoint at) const;
     TGantCursor CursorOfGesture() const;
-    TSelectHow BandRule() const;
-    TRect BandRect() const;
     TGestureFeedback Feedback();
     // What the gesture shows when the mouse is at a point, which sets its offset.
     TGestureFeedback HandleLocalGrow(int x, int y);

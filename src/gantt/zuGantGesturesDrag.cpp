@@ -15,8 +15,6 @@ namespace {
 constexpr int kDragDistance = 4;
 /// Press points that scrolled away stay in a range in which offsets do not overflow.
 constexpr int kFarAway = std::numeric_limits<int>::max() / 8;
-/// Above this number of outlines the area around all is drawn again instead of each.
-constexpr std::size_t kManyOutlines = 16;
 
 } // namespace
 
@@ -96,7 +94,7 @@ void TGantGestures::UpdateBand()
         m_bandBegun = true;
         BeginSelectInRect();
     }
-    SelectInRect(BandRect(), BandRule());
+    SelectInRect(RubberBandRect(m_downPoint, m_mouse), RubberBandRule(m_downShift));
 }
 
 void TGantGestures::HandOverToDragAndDrop()
@@ -104,20 +102,6 @@ void TGantGestures::HandOverToDragAndDrop()
     const TItemDragData data = DragDataOf(SelectedItems(), m_mode == TGantMouseMoveMode::mmCopy);
     CancelGesture();
     InputHost().StartItemDrag(data);
-}
-
-TSelectHow TGantGestures::BandRule() const
-{
-    if (m_downShift.Ctrl) {
-        return TSelectHow::Toggle;
-    }
-    return m_downShift.Shift ? TSelectHow::Add : TSelectHow::Replace;
-}
-
-TRect TGantGestures::BandRect() const
-{
-    return {std::min(m_downPoint.X, m_mouse.X), std::min(m_downPoint.Y, m_mouse.Y),
-            std::max(m_downPoint.X, m_mouse.X) + 1, std::max(m_downPoint.Y, m_mouse.Y) + 1};
 }
 
 // --- scrolling -----------------------------------------------------------------------------------
@@ -280,7 +264,7 @@ TGestureFeedback TGantGestures::HandleLocalBand()
 {
     TGestureFeedback feedback;
     if (m_rubber) {
-        feedback.Band = BandRect();
+        feedback.Band = RubberBandRect(m_downPoint, m_mouse);
     }
     return feedback;
 }
@@ -346,15 +330,8 @@ void TGantGestures::ShowFeedback(TGestureFeedback feedback)
 
 void TGantGestures::InvalidateFeedback()
 {
-    if (m_feedback.Frames.size() > kManyOutlines || m_feedback.HasArrow) {
-        InputHost().InvalidateOverlay(m_feedback.Bounds());
-        return;
-    }
-    for (const TRect &frame : m_feedback.Frames) {
-        InputHost().InvalidateOverlay(TOutlineDraw::BoundsOfFrame(frame));
-    }
-    if (!m_feedback.Band.IsEmpty()) {
-        InputHost().InvalidateOverlay(m_feedback.Band);
+    for (const TRect &rect : m_feedback.DirtyRects()) {
+        InputHost().InvalidateOverlay(rect);
     }
 }
 

@@ -162,8 +162,6 @@ private:
     void FollowScrolling();
     void TakeDownScrolling();
     int ColumnScroll() const;
-    TRect BandRect() const;
-    TSelectHow BandRule() const;
     TGestureFeedback Feedback();
     void ShowFeedback(TGestureFeedback feedback);
     void ShowHint();

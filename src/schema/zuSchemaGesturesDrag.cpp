@@ -16,8 +16,6 @@ namespace {
 constexpr int kDragDistance = 4;
 /// Press points that scrolled away stay in a range in which offsets do not overflow.
 constexpr int kFarAway = std::numeric_limits<int>::max() / 8;
-/// Above this number of outlines the area around all is drawn again instead of each.
-constexpr std::size_t kManyOutlines = 16;
 
 } // namespace
 
@@ -57,7 +55,7 @@ void TSchemaGestures::Drag()
         if (!std::exchange(m_bandBegun, true)) {
             BeginSelectInRect();
         }
-        SelectInRect(BandRect(), BandRule());
+        SelectInRect(RubberBandRect(m_press, m_mouse), RubberBandRule(m_pressShift));
     }
     if (!GestureRunning()) { // a handler has ended it
         return;
@@ -79,20 +77,6 @@ void TSchemaGestures::HandOverToDragAndDrop()
     }
     CancelGesture();
     InputHost().StartTimeDrag(data);
-}
-
-TSelectHow TSchemaGestures::BandRule() const
-{
-    if (m_pressShift.Ctrl) {
-        return TSelectHow::Toggle;
-    }
-    return m_pressShift.Shift ? TSelectHow::Add : TSelectHow::Replace;
-}
-
-TRect TSchemaGestures::BandRect() const
-{
-    return {std::min(m_press.X, m_mouse.X), std::min(m_press.Y, m_mouse.Y),
-            std::max(m_press.X, m_mouse.X) + 1, std::max(m_press.Y, m_mouse.Y) + 1};
 }
 
 // --- scrolling -----------------------------------------------------------------------------------
@@ -183,7 +167,7 @@ TGestureFeedback TSchemaGestures::Feedback()
 {
     TGestureFeedback feedback;
     if (m_mode == TMode::Band) {
-        feedback.Band = BandRect();
+        feedback.Band = RubberBandRect(m_press, m_mouse);
         return feedback;
     }
     if (IsGrow()) {
@@ -211,15 +195,8 @@ void TSchemaGestures::ShowFeedback(TGestureFeedback feedback)
         return;
     }
     const auto invalidate = [this] {
-        if (m_feedback.Frames.size() > kManyOutlines) {
-            InputHost().InvalidateOverlay(m_feedback.Bounds());
-            return;
-        }
-        for (const TRect &frame : m_feedback.Frames) {
-            InputHost().InvalidateOverlay(TOutlineDraw::BoundsOfFrame(frame));
-        }
-        if (!m_feedback.Band.IsEmpty()) {
-            InputHost().InvalidateOverlay(m_feedback.Band);
+        for (const TRect &rect : m_feedback.DirtyRects()) {
+            InputHost().InvalidateOverlay(rect);
         }
     };
     invalidate();

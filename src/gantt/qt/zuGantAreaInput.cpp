@@ -1,16 +1,15 @@
 #include "gantt/qt/zuGantAreaInput.h"
 
+#include "foundation/qt/zuAreaEvents.h"
 #include "foundation/qt/zuConvert.h"
 #include "foundation/zuReport.h"
 #include "gantt/qt/zuGantComBasic.h"
 
 #include <QDrag>
 #include <QDragMoveEvent>
-#include <QFocusEvent>
 #include <QGestureEvent>
 #include <QKeyEvent>
 #include <QMimeData>
-#include <QMouseEvent>
 #include <QNativeGestureEvent>
 #include <QPointer>
 #include <QWheelEvent>
@@ -83,28 +82,11 @@ void TGantAreaInput::WireDragAndDrop()
 
 bool TGantAreaInput::eventFilter(QObject *watched, QEvent *event)
 {
-    switch (event->type()) {
-    case QEvent::MouseMove:
-        // The release may have gone elsewhere, as to a dialog that a handler has opened.
-        if (m_gant.GestureRunning()
-            && !static_cast<QMouseEvent *>(event)->buttons().testFlag(Qt::LeftButton)) {
-            m_gant.CancelGesture();
-        }
-        break;
-    case QEvent::FocusOut:
-        if (static_cast<QFocusEvent *>(event)->reason() == Qt::PopupFocusReason) {
-            m_gant.CancelGesture(); // a menu has the mouse now
-        }
-        break;
-    case QEvent::Hide:
-    case QEvent::WindowDeactivate:
+    if (TakesMouseAway(*event, m_area)
+        && (m_gant.GestureRunning() || event->type() != QEvent::MouseMove)) {
         m_gant.CancelGesture();
-        break;
-    case QEvent::EnabledChange:
-        if (!m_area.isEnabled()) {
-            m_gant.CancelGesture();
-        }
-        break;
+    }
+    switch (event->type()) {
     case QEvent::Leave:
         m_gant.GantAreaMouseLeave();
         break;

@@ -17,8 +17,8 @@ class TzuGant_ComBasic;
 ///
 /// Ctrl with the wheel and pinching zoom about the pointer; Shift with the wheel, a horizontal
 /// wheel and a second axis of a touch pad move the visible time. A running gesture is cancelled by
-/// Escape, and when its mouse button turns out to be up, the window is deactivated, a menu opens,
-/// or the area is hidden or disabled. What handlers of the application throw is reported.
+/// Escape, and by whatever takes the mouse away. What handlers of the application throw is
+/// reported.
 class TGantAreaInput : public QObject
 {
     Q_OBJECT

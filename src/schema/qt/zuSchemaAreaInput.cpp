@@ -1,5 +1,6 @@
 #include "schema/qt/zuSchemaAreaInput.h"
 
+#include "foundation/qt/zuAreaEvents.h"
 #include "foundation/qt/zuConvert.h"
 #include "foundation/zuReport.h"
 #include "schema/qt/zuSchemaComBasic.h"
@@ -129,25 +130,12 @@ void TSchemaAreaInput::WireMouse()
 
 bool TSchemaAreaInput::eventFilter(QObject *watched, QEvent *event)
 {
+    if (m_schema.GestureRunning() && TakesMouseAway(*event, m_area)) {
+        m_schema.CancelGesture();
+    }
     switch (event->type()) {
-    case QEvent::MouseMove:
-        // The release may have gone elsewhere, as to a dialog that a handler has opened.
-        if (m_schema.GestureRunning()
-            && !static_cast<QMouseEvent *>(event)->buttons().testFlag(Qt::LeftButton)) {
-            m_schema.CancelGesture();
-        }
-        break;
     case QEvent::MouseButtonDblClick:
         m_doubleClickAt = static_cast<QMouseEvent *>(event)->position().toPoint();
-        break;
-    case QEvent::Hide:
-    case QEvent::WindowDeactivate:
-        m_schema.CancelGesture();
-        break;
-    case QEvent::EnabledChange:
-        if (!m_area.isEnabled()) {
-            m_schema.CancelGesture();
-        }
         break;
     case QEvent::Leave:
         m_schema.SchemaMouseLeave();

@@ -19,8 +19,7 @@ class TzuSchema_ComBasic;
 ///
 /// The wheel moves what runs along its direction, time or columns; with Shift the other one. Ctrl
 /// with the wheel and pinching zoom about the pointer. A running gesture is cancelled by Escape,
-/// and when its mouse button turns out to be up, the window is deactivated, or the area is hidden
-/// or disabled. What handlers of the application throw is reported.
+/// and by whatever takes the mouse away. What handlers of the application throw is reported.
 class TSchemaAreaInput : public QObject
 {
     Q_OBJECT
