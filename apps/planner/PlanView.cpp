@@ -130,7 +130,9 @@ void PlanView::FitTree()
         wanted =
             std::max(wanted, indent + metrics.horizontalAdvance(ToQt(node.GetText())) + kSpare);
     }
-    SetTreeWidth(std::min(wanted, std::max(kLeastWidth, width() / 3)));
+    // A page that is yet to be shown has not been given its size.
+    const int room = isVisible() || parentWidget() == nullptr ? width() : parentWidget()->width();
+    SetTreeWidth(std::min(wanted, std::max(kLeastWidth, room / 3)));
 }
 
 void PlanView::FitPlan()

@@ -343,20 +343,14 @@ void TGantKeys::AfterChange()
 
 bool TGantKeys::Zoom(TGantKeyFunction function)
 {
-    TDateScalerCore &scaler = Host().Scaler();
-    const double factor = scaler.ZoomFactor();
-    if (factor <= 0 || factor >= 1) {
-        return false;
-    }
+    TDateScalerGestures &scaler = Host().Scaler();
     TDateTime centre = (scaler.GetStart() + scaler.GetStop()) / 2;
     if (const TzuDataEntity_Spanbar *active = ActiveDataEntity()) {
         const TDateTime middle = (active->GetStartDateTime() + active->GetStopDateTime()) / 2;
         const bool inView = middle >= scaler.GetStart() && middle <= scaler.GetStop();
         centre = inView ? middle : centre;
     }
-    const double scale = scaler.GetScale();
-    scaler.SetCenterScale(function == kfZoomIn ? scale * factor : scale / factor, centre,
-                          scaler.DateToPixel(centre));
+    scaler.ZoomAround(function == kfZoomIn ? 1 : -1, scaler.DateToPixel(centre));
     return true;
 }
 
