@@ -132,8 +132,9 @@ std::optional<QSize> ParsePaper(const QString &text)
 CommandLine::CommandLine(const QStringList &arguments)
 {
     QCommandLineParser parser;
-    parser.setApplicationDescription(
-        QStringLiteral("Shows project plans, timetables and job traces as Gantt charts."));
+    parser.setApplicationDescription(QStringLiteral(
+        "Shows project plans, timetables and job traces as Gantt charts, calendars and "
+        "conference programmes as schedules."));
     parser.addPositionalArgument(
         QStringLiteral("file"),
         QStringLiteral("The plan to open: a file, or a folder of GTFS tables."),

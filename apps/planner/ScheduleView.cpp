@@ -20,7 +20,7 @@ namespace {
 
 constexpr int kLeastColumnWidth = 120;
 constexpr int kLeastLaneWidth = 64;
-constexpr int kAxisWidth = 92;
+constexpr int kAxisWidth = 84;
 constexpr int kBarWidth = 3;
 constexpr int kPadding = 4;
 constexpr TDateTime kSnap = 1.0 / (24 * 4); // a quarter of an hour
@@ -96,6 +96,12 @@ ScheduleView::ScheduleView(QWidget *parent)
                 this, [this] { Q_EMIT moved(Moves()); }, Qt::QueuedConnection);
         }
     };
+    OnGetDrawingRect = [this](auto *, TzuDataEntity_SchemaTime *time, TRect &rect) {
+        if (time->GetStopDateTime() <= time->GetStartDateTime()) { // so that its title is seen
+            rect.Bottom = std::max(rect.Bottom, rect.Top + fontMetrics().height() + kPadding);
+        }
+        return true;
+    };
     SchemaArea().installEventFilter(this);
     ApplyLooks();
 }
@@ -103,6 +109,7 @@ ScheduleView::ScheduleView(QWidget *parent)
 ScheduleView::~ScheduleView()
 {
     OnDrawTimeContent = {};
+    OnGetDrawingRect = {};
 }
 
 template <typename Visit>

@@ -38,7 +38,7 @@ void TSchemaCore::FinalizeData()
     StopSeparation();
     TDoLater::NeverMind(TDoLaterCall::Bind<&TSchemaCore::SetScalerWidth_Perform>(this));
     TDoLater::NeverMind(TDoLaterCall::Bind<&TSchemaCore::SetScalerHeight_Perform>(this));
-    TDoLater::NeverMind(TDoLaterCall::Bind<&TSchemaCore::UpdatePartSize_Perform>(this));
+    TDoLater::NeverMind(TDoLaterCall::Bind<&TSchemaCore::UpdatePartSizePerform>(this));
     TDoLater::NeverMind(TDoLaterCall::Bind<&TSchemaCore::UpdateColumnScroller_Perform>(this));
     m_times->CleanForFree();
     for (const auto &list : m_dataLists) {

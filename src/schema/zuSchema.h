@@ -400,7 +400,7 @@ private:
     void DropSubCols();
     void SetScalerWidth_Perform(TObject *sender);
     void SetScalerHeight_Perform(TObject *sender);
-    void UpdatePartSize_Perform(TObject *sender);
+    void UpdatePartSizePerform(TObject *sender);
     void UpdateColumnScroller_Perform(TObject *sender);
 
     ISchemaHost &m_host;

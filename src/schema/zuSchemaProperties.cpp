@@ -172,10 +172,10 @@ void TSchemaCore::UpdatePartSize()
 
 void TSchemaCore::LayoutLater()
 {
-    TDoLater::DoLater(TDoLaterCall::Bind<&TSchemaCore::UpdatePartSize_Perform>(this));
+    TDoLater::DoLater(TDoLaterCall::Bind<&TSchemaCore::UpdatePartSizePerform>(this));
 }
 
-void TSchemaCore::UpdatePartSize_Perform(TObject * /*sender*/)
+void TSchemaCore::UpdatePartSizePerform(TObject * /*sender*/)
 {
     UpdatePartSize();
 }

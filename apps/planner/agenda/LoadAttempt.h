@@ -4,6 +4,7 @@
 #include "plan/PlanReader.h"
 #include "plan/PlanRefusal.h"
 
+#include <exception>
 #include <new>
 
 namespace korvane::planner {
@@ -22,6 +23,8 @@ Result AttemptLoad(const Load &load)
         result.Status = PlanStatus::Canceled;
     } catch (const std::bad_alloc &) {
         result.Error = {0, QStringLiteral("not enough memory for this file")};
+    } catch (const std::exception &error) { // a thread of its own cannot pass it on
+        result.Error = {0, QString::fromUtf8(error.what())};
     }
     return result;
 }

@@ -42,8 +42,9 @@ void LookCalm(TzuSchema &schema)
 {
     schema.SetSchemaColor(clWindow);
     schema.SetSchemaPyjamasColor(clBtnFace);
-    constexpr int kBright = 128;
-    schema.SetDrawShortLines(schema.palette().base().color().lightness() > kBright); // silver lines
+    schema.SetDrawShortLines(true);
+    schema.SetLineColor(clBtnShadow);
+    schema.SetShortLineColor(clBtnFace);
     for (int style = 1; style <= 3; ++style) {
         TFont font = schema.TextFont(style);
         font.Color = clBlack; // times are light in dark palettes, too

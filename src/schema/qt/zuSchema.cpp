@@ -27,6 +27,26 @@ void TzuSchema::SetPyjamasColor(const QColor &color)
     SetSchemaPyjamasColor(FromQt(color));
 }
 
+QColor TzuSchema::LinesColor() const
+{
+    return ToQt(LineColor(), palette());
+}
+
+void TzuSchema::SetLinesColor(const QColor &color)
+{
+    SetLineColor(FromQt(color));
+}
+
+QColor TzuSchema::ShortLinesColor() const
+{
+    return ToQt(ShortLineColor(), palette());
+}
+
+void TzuSchema::SetShortLinesColor(const QColor &color)
+{
+    SetShortLineColor(FromQt(color));
+}
+
 QFont TzuSchema::TextQFont(int style) const
 {
     return ToQt(TextFont(style));

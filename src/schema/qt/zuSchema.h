@@ -19,6 +19,8 @@ class TzuSchema : public TzuSchema_ComBasic
     Q_PROPERTY(bool FlipView READ FlipView WRITE SetFlipView)
     Q_PROPERTY(QColor SchemaColor READ BackColor WRITE SetBackColor)
     Q_PROPERTY(QColor SchemaPyjamasColor READ PyjamasColor WRITE SetPyjamasColor)
+    Q_PROPERTY(QColor LineColor READ LinesColor WRITE SetLinesColor)
+    Q_PROPERTY(QColor ShortLineColor READ ShortLinesColor WRITE SetShortLinesColor)
     Q_PROPERTY(QFont TextFont1 READ TextFont1 WRITE SetTextFont1)
     Q_PROPERTY(QFont TextFont2 READ TextFont2 WRITE SetTextFont2)
     Q_PROPERTY(QFont TextFont3 READ TextFont3 WRITE SetTextFont3)
@@ -64,6 +66,10 @@ public:
     void SetBackColor(const QColor &color);
     QColor PyjamasColor() const;
     void SetPyjamasColor(const QColor &color);
+    QColor LinesColor() const;
+    void SetLinesColor(const QColor &color);
+    QColor ShortLinesColor() const;
+    void SetShortLinesColor(const QColor &color);
     QFont TextFont1() const { return TextQFont(1); }
     void SetTextFont1(const QFont &font) { SetTextQFont(1, font); }
     QFont TextFont2() const { return TextQFont(2); }
