@@ -162,8 +162,8 @@ private:
     std::optional<TRange> RangeToLoad(int index) const;
     void CallVirtualLoad(const TRange &range);
     bool MayUnloadAll(int first, int last);
-    bool PurgeFront();
-    bool PurgeBack();
+    std::optional<TRange> IntervalToUnload(TBlockEnd end);
+    bool PurgeAt(TBlockEnd end);
     bool IsProtected(int index) const { return index >= m_protectFrom && index <= m_protectTo; }
 
     TBabGridCell &m_gridCell;

@@ -205,56 +205,48 @@ bool TAxisContentList::MayUnloadAll(int first, int last)
     return true;
 }
 
-/// Unloads the first interval of the block; false when it stays.
-bool TAxisContentList::PurgeFront()
+/// The items at one end of the block that go together, as far as they are loaded; nothing when they
+/// have to stay.
+std::optional<TAxisContentList::TRange> TAxisContentList::IntervalToUnload(TBlockEnd end)
 {
-    const std::weak_ptr<bool> lives = m_lives;
-    TAxisContentItem *item = m_loaded.At(m_fixedCount);
-    const int index = IndexConvert_LoadedToReal(m_fixedCount);
+    const bool front = end == TBlockEnd::Front;
+    const int position = front ? m_fixedCount : m_loaded.Size() - 1;
+    const int index = IndexConvert_LoadedToReal(position);
     if (IsProtected(index)) {
-        return false;
+        return std::nullopt;
     }
+    const std::weak_ptr<bool> lives = m_lives;
     int first = 0;
     int last = 0;
-    UnloadIntervall(*item, first, last);
+    UnloadIntervall(*m_loaded.At(position), first, last);
     if (lives.expired()) {
-        return false;
+        return std::nullopt;
     }
-    const int lastLoaded = IndexConvert_LoadedToReal(m_loaded.Size() - 1);
-    last = std::clamp(last, index, std::max(index, lastLoaded));
-    if (!MayUnloadAll(index, last)) {
-        return false;
+    if (front) {
+        first = index;
+        last = std::clamp(last, index,
+                          std::max(index, IndexConvert_LoadedToReal(m_loaded.Size() - 1)));
+    } else {
+        last = index;
+        first = std::clamp(first, std::min(index, IndexConvert_LoadedToReal(m_fixedCount)), index);
     }
-    for (int left = last - index + 1; left > 0 && !lives.expired(); --left) {
-        if (m_loaded.Size() > m_fixedCount) {
-            Unload(IndexConvert_LoadedToReal(m_fixedCount), TBlockEnd::Front);
-        }
-    }
-    return !lives.expired();
+    return MayUnloadAll(first, last) ? std::optional(TRange{first, last, end}) : std::nullopt;
 }
 
-/// Unloads the last interval of the block; false when it stays.
-bool TAxisContentList::PurgeBack()
+/// Unloads the interval at one end of the block; false when it stays.
+bool TAxisContentList::PurgeAt(TBlockEnd end)
 {
+    const auto interval = IntervalToUnload(end);
+    if (!interval) {
+        return false;
+    }
     const std::weak_ptr<bool> lives = m_lives;
-    TAxisContentItem *item = m_loaded.At(m_loaded.Size() - 1);
-    const int index = IndexConvert_LoadedToReal(m_loaded.Size() - 1);
-    if (IsProtected(index)) {
-        return false;
-    }
-    int first = 0;
-    int last = 0;
-    UnloadIntervall(*item, first, last);
-    if (lives.expired()) {
-        return false;
-    }
-    first = std::clamp(first, std::min(index, IndexConvert_LoadedToReal(m_fixedCount)), index);
-    if (!MayUnloadAll(first, index)) {
-        return false;
-    }
-    for (int each = index; each >= first && !lives.expired(); --each) {
-        if (IsPresent(each)) {
-            Unload(each, TBlockEnd::Back);
+    for (int last = interval->To; last >= interval->From && !lives.expired(); --last) {
+        // At the front what is left moves up.
+        const bool front = end == TBlockEnd::Front;
+        const int index = front ? IndexConvert_LoadedToReal(m_fixedCount) : last;
+        if (IsPresent(index)) {
+            Unload(index, end);
         }
     }
     return !lives.expired();
@@ -263,10 +255,10 @@ bool TAxisContentList::PurgeBack()
 void TAxisContentList::Purge()
 {
     const std::weak_ptr<bool> lives = m_lives;
-    for (const auto purge : {&TAxisContentList::PurgeFront, &TAxisContentList::PurgeBack}) {
+    for (const TBlockEnd end : {TBlockEnd::Front, TBlockEnd::Back}) {
         // Handlers may add items, but not for ever.
         for (int left = m_loaded.Size(); left > 0 && !lives.expired(); --left) {
-            if (m_keepLoaded || m_loaded.Size() <= m_fixedCount || !(this->*purge)()) {
+            if (m_keepLoaded || m_loaded.Size() <= m_fixedCount || !PurgeAt(end)) {
                 break;
             }
         }

@@ -5,6 +5,7 @@
 #include <array>
 #include <charconv>
 #include <cstring>
+#include <functional>
 #include <utility>
 
 namespace korvane {
@@ -49,6 +50,29 @@ void AppendPosition(std::string &key, std::int64_t position)
     const auto length = end - number.data();
     std::copy_n(number.begin(), length, digits.end() - length);
     key.append("###").append(digits.data(), digits.size());
+}
+
+/// The positions from `fixed` on in the order in which their keys are to be made. By address, rows
+/// whose cells lie together in memory go together: rows that were sorted before take half the time.
+std::vector<std::size_t> PlacesToVisit(const std::vector<TAxisContentItem *> &rows,
+                                       std::size_t fixed, bool byAddress)
+{
+    using TPlace = std::pair<const TAxisContentItem *, std::size_t>;
+    std::vector<TPlace> visits;
+    visits.reserve(rows.size());
+    for (std::size_t position = fixed; position < rows.size(); ++position) {
+        visits.emplace_back(rows[position], position);
+    }
+    const auto before = [](const TPlace &a, const TPlace &b) {
+        return std::less<const TAxisContentItem *>()(a.first, b.first);
+    };
+    if (byAddress && !std::is_sorted(visits.begin(), visits.end(), before)) {
+        std::sort(visits.begin(), visits.end(), before);
+    }
+    std::vector<std::size_t> places(visits.size());
+    std::transform(visits.begin(), visits.end(), places.begin(),
+                   [](const TPlace &visit) { return visit.second; });
+    return places;
 }
 
 } // namespace
@@ -227,7 +251,9 @@ void TzuGridCore::SortRows(const TGridSortKey &key)
     const auto changes = m_root.Rows().Changes();
     const auto fixed = static_cast<std::size_t>(m_root.Rows().FixedCount());
     TSortKeys keys(all.size());
-    for (std::size_t position = fixed; position < all.size(); ++position) {
+    // Keys that the application makes may be equal; then the rows' order counts.
+    const bool byAddress = m_root.Matris().CellCount() > 0 && !OnGetUserSortCompareString;
+    for (const std::size_t position : PlacesToVisit(all, fixed, byAddress)) {
         // Turned round, the positions of equals must rise from last to first.
         const auto place = static_cast<std::int64_t>(position);
         const auto counted = key.Descending ? kPositions - 1 - place : place;
