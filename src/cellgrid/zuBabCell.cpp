@@ -4,7 +4,9 @@
 #include "foundation/zuDateUtils.h"
 #include "foundation/zuFormat.h"
 
+#include <algorithm>
 #include <array>
+#include <cctype>
 #include <charconv>
 #include <cmath>
 #include <utility>
@@ -33,6 +35,25 @@ bool ReadNumbers(std::string_view text, std::array<int, 3> &numbers, int &count)
         }
         text.remove_prefix(static_cast<std::size_t>(end - text.data()));
     }
+}
+
+/// The hour of a day of two halves in which the text names one of them; else the hour as it is.
+int HourOf(std::string_view text, int hour)
+{
+    const auto has = [text](std::string_view half) {
+        const auto same = [](char a, char b) {
+            return std::tolower(static_cast<unsigned char>(a))
+                   == std::tolower(static_cast<unsigned char>(b));
+        };
+        return !half.empty()
+               && std::search(text.begin(), text.end(), half.begin(), half.end(), same)
+                      != text.end();
+    };
+    const TFormatSettings &settings = FormatSettings();
+    if (hour < 12 && (has(settings.PmText) || has("pm"))) {
+        return hour + 12;
+    }
+    return hour == 12 && (has(settings.AmText) || has("am")) ? 0 : hour;
 }
 
 /// Which of the three numbers of a short date is the year, the month and the day.
@@ -74,7 +95,8 @@ bool TBabCellData_DateTime::SetText(std::string_view text)
     if (m_part == TDateTimePart::Time) {
         const bool valid = count >= 1 && numbers[0] < 24 && numbers[1] < 60 && numbers[2] < 60;
         if (valid) {
-            SetValue(std::floor(m_value) + EncodeTime(numbers[0], numbers[1], numbers[2], 0));
+            const int hour = HourOf(text, numbers[0]);
+            SetValue(std::floor(m_value) + EncodeTime(hour, numbers[1], numbers[2], 0));
         }
         return valid;
     }
@@ -89,6 +111,16 @@ bool TBabCellData_DateTime::SetText(std::string_view text)
     }
     SetValue(EncodeDate(year, month, day) + (m_value - std::floor(m_value)));
     return true;
+}
+
+bool TBabCellData_DateTime::Understand(std::string &text) const
+{
+    TBabCellData_DateTime tried(m_part);
+    const bool understood = tried.SetText(text);
+    if (understood) {
+        text = tried.Text();
+    }
+    return understood;
 }
 
 void TBabCell::SetLayoutProp(std::shared_ptr<const TLayoutProp> layout)

@@ -24,6 +24,9 @@ public:
     virtual std::string Text() const = 0;
     /// Takes what the user typed; false when it cannot be understood, and the content stays.
     virtual bool SetText(std::string_view text) = 0;
+    /// Brings a text into the form in which it would be shown; false when SetText would not take
+    /// it.
+    virtual bool Understand(std::string & /*text*/) const { return true; }
 };
 
 class TBabCellData_Text : public TBabCellData
@@ -52,16 +55,23 @@ public:
         m_value = !text.empty() && text != "0";
         return true;
     }
+    bool Understand(std::string &text) const override
+    {
+        text = text.empty() || text == "0" ? "0" : "1";
+        return true;
+    }
 
 private:
     bool m_value = false;
 };
 
-/// One of several texts, or any text when none are given.
+/// One of several texts, or any text when none are given. What the user enters is checked against
+/// them.
 class TBabCellData_Combo : public TBabCellData_Text
 {
 public:
     std::vector<std::string> Items;
+    bool FreeText = false; ///< the user may enter other texts than the items
 };
 
 enum class TDateTimePart : std::uint8_t { Date, Time };
@@ -84,8 +94,9 @@ public:
     void SetEmpty() { m_empty = true; }
     std::string Text() const override;
     /// Understands year, month and day as numbers in the order of the locale's short date; hours,
-    /// minutes and seconds; the empty text.
+    /// minutes and seconds, with the locale's text for the afternoon; the empty text.
     bool SetText(std::string_view text) override;
+    bool Understand(std::string &text) const override;
 
 private:
     TDateTimePart m_part;

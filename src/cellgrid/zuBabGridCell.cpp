@@ -140,11 +140,18 @@ void TBabGridCell::ChangeInUnloaded(TAxisContentList &list)
 void TBabGridCell::ReorderingAxisItems(TAxisContentList &list, int first,
                                        const std::vector<TAxisContentItem *> &items)
 {
-    if (&list == &m_rows && !Selection().Empty()) {
+    TBabGridCellForViewer *viewer = GetViewerGridCell();
+    const bool followed = viewer != nullptr && viewer->OnRowsReordered;
+    if (&list == &m_rows && (followed || !Selection().Empty())) {
         std::vector<int> order(items.size());
         std::transform(items.begin(), items.end(), order.begin(),
                        [&](TAxisContentItem *item) { return list.IndexOf(*item) - first; });
-        Selection().RowsReordered(first, order);
+        if (!Selection().Empty()) {
+            Selection().RowsReordered(first, order);
+        }
+        if (followed) {
+            viewer->OnRowsReordered(&list, first, order);
+        }
     }
     TellAxisChanged(list);
 }

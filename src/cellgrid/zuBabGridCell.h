@@ -116,6 +116,10 @@ using TOnDeleteOfUnloaded =
     TMethod<void(TBabGridCell *theGridCell, bool isRow, int &from, int &to)>;
 using TOnCreateCell = TMethod<std::unique_ptr<TBabCell>(
     TBabGridCell *theGridCell, TAxisContentItem *theColumn, TAxisContentItem *theRow)>;
+/// A handler that kept the text sets `stored`.
+using TOnSetCellText =
+    TMethod<void(TBabGridCell *theGridCell, TAxisContentItem *theColumn, TAxisContentItem *theRow,
+                 const std::string &theText, bool &stored)>;
 using TOnGetCellText = TMethod<void(TBabGridCell *theGridCell, TAxisContentItem *theColumn,
                                     TAxisContentItem *theRow, std::string &theText)>;
 
@@ -141,10 +145,13 @@ public:
     TOnDeleteOfUnloaded OnDeleteOfUnloaded; ///< before items are deleted that are only counted
     TOnCreateCell OnCreateCell;             ///< nil from it: a simple cell with text
     TOnGetCellText OnGetCellText;           ///< text of crossings without a cell
-    /// The view's own: `by` items came at an index of an axis, or went from it; an item moved; a
-    /// sub-grid is about to go.
+    TOnSetCellText OnSetCellText;           ///< the user changed the text of such a crossing
+    /// The view's own: `by` items came at an index of an axis, or went from it; an item moved; rows
+    /// are about to take another order; a sub-grid is about to go.
     TMethod<void(TAxisContentList *theList, int index, int by)> OnCountChanged;
     TMethod<void(TAxisContentList *theList, int from, int to)> OnMoved;
+    TMethod<void(TAxisContentList *theList, int first, const std::vector<int> &order)>
+        OnRowsReordered;
     TMethod<void(TBabGridCell *theGridCell)> OnSubGridGoes;
 };
 

@@ -1,6 +1,7 @@
 #include "cellgrid/zuBabGridLayout.h"
 
 #include "cellgrid/zuBabGridChanges.h"
+#include "cellgrid/zuKeepSelection.h"
 
 #include <algorithm>
 #include <utility>
@@ -11,24 +12,6 @@ namespace {
 
 /// Passes after which a layout whose rows keep changing their heights is taken as it is.
 constexpr int kMaxPasses = 4;
-/// While it lives the cells of a grid count as deselected, so that rows may be unloaded; the
-/// selection by indexes is none of theirs.
-class TKeepSelection
-{
-public:
-    explicit TKeepSelection(TBabGridCell &grid)
-        : m_grid(grid)
-        , m_kept(std::exchange(grid.Selection(), TCellSelection()))
-    {
-    }
-    TKeepSelection(const TKeepSelection &) = delete;
-    TKeepSelection &operator=(const TKeepSelection &) = delete;
-    ~TKeepSelection() { m_grid.Selection() = std::move(m_kept); }
-
-private:
-    TBabGridCell &m_grid;
-    TCellSelection m_kept;
-};
 
 } // namespace
 
@@ -52,6 +35,9 @@ TBabGridLayoutCore::TBabGridLayoutCore(IBabGridHost &host)
     m_root->OnMoved = [this](TAxisContentList *list, int from, int to) {
         ItemMoved(list, from, to);
     };
+    m_root->OnRowsReordered = [this](TAxisContentList *list, int first, const auto &order) {
+        RowsReordered(list, first, order);
+    };
     m_root->OnSubGridGoes = [this](TBabGridCell *grid) { SubGridGoes(grid); };
 }
 
@@ -59,6 +45,7 @@ TBabGridLayoutCore::~TBabGridLayoutCore()
 {
     m_root->OnCountChanged = nullptr;
     m_root->OnMoved = nullptr;
+    m_root->OnRowsReordered = nullptr;
     m_root->OnSubGridGoes = nullptr;
 }
 

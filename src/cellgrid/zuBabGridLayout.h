@@ -110,6 +110,11 @@ protected:
     virtual void HiddenChanged() {}
     virtual void CountChanged(TAxisContentList *, int /*index*/, int /*by*/) {}
     virtual void ItemMoved(TAxisContentList *, int /*from*/, int /*to*/) {}
+    /// Rows from `first` on are about to take another order, as TCellSelection::RowsReordered says.
+    virtual void RowsReordered(TAxisContentList *, int /*first*/,
+                               const std::vector<int> & /*order*/)
+    {
+    }
     virtual void SubGridGoes(TBabGridCell *) {}
     virtual void SelectionEventFired() {}
 

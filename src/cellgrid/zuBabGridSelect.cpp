@@ -1,5 +1,8 @@
 #include "cellgrid/zuBabGridSelect.h"
 
+#include "cellgrid/zuAxisPlace.h"
+#include "cellgrid/zuCellTable.h"
+
 #include <algorithm>
 #include <utility>
 
@@ -7,52 +10,12 @@ namespace korvane {
 
 namespace {
 
-/// Where an index stands after `by` items came at another one, or went from it; -1 when it went.
-int Shifted(int position, int index, int by)
-{
-    if (position < index) {
-        return position;
-    }
-    return by < 0 && position < index - by ? -1 : position + by;
-}
-
-int AfterMove(int position, int from, int to)
-{
-    if (position == from) {
-        return to;
-    }
-    const int taken = position > from ? position - 1 : position;
-    return taken >= to ? taken + 1 : taken;
-}
-
 bool BeginsWith(std::string_view text, std::string_view beginning)
 {
     const auto lower = [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c + 32) : c; };
     return text.size() >= beginning.size()
            && std::equal(beginning.begin(), beginning.end(), text.begin(),
                          [lower](char a, char b) { return lower(a) == lower(b); });
-}
-
-void AppendEscaped(std::string &html, std::string_view text)
-{
-    for (const char c : text) {
-        switch (c) {
-        case '<':
-            html += "&lt;";
-            break;
-        case '>':
-            html += "&gt;";
-            break;
-        case '&':
-            html += "&amp;";
-            break;
-        case '\n':
-            html += "<br>";
-            break;
-        default:
-            html += c;
-        }
-    }
 }
 
 } // namespace
@@ -216,7 +179,7 @@ void TBabGridSelectCore::CountChanged(TAxisContentList *list, int index, int by)
             continue;
         }
         int &place = rows ? at->Row : at->Column;
-        const int shifted = Shifted(place, index, by);
+        const int shifted = ShiftedPlace(place, index, by);
         // What stood there is gone: its neighbour takes the focus.
         place = shifted >= 0 ? shifted : std::min(index, list->Count() - 1);
         if (!IsCell(*at)) {
@@ -230,7 +193,17 @@ void TBabGridSelectCore::ItemMoved(TAxisContentList *list, int from, int to)
     for (TGridCellAt *at : {&m_focus, &m_anchor}) {
         if (at->Grid == &list->getGridCell()) {
             int &place = list->IsRowAxis() ? at->Row : at->Column;
-            place = AfterMove(place, from, to);
+            place = PlaceAfterMove(place, from, to);
+        }
+    }
+}
+
+void TBabGridSelectCore::RowsReordered(TAxisContentList *list, int first,
+                                       const std::vector<int> &order)
+{
+    for (TGridCellAt *at : {&m_focus, &m_anchor}) {
+        if (at->Grid == &list->getGridCell()) {
+            at->Row = PlaceAfterReorder(at->Row, first, order);
         }
     }
 }
@@ -491,16 +464,9 @@ std::string TBabGridSelectCore::SelectionAsText()
             text += std::exchange(firstRow, false) ? "" : "\n";
             firstCell = true;
         },
-        [&](std::string cell) {
+        [&](const std::string &cell) {
             text += std::exchange(firstCell, false) ? "" : "\t";
-            if (cell.find_first_of("\t\n\"") != std::string::npos) {
-                // Quoted as spreadsheets do, so that it stays one cell.
-                for (std::size_t at = 0; (at = cell.find('"', at)) != std::string::npos; at += 2) {
-                    cell.insert(at, 1, '"');
-                }
-                cell = '"' + cell + '"';
-            }
-            text += cell;
+            text += TabbedField(cell);
         });
     return text;
 }
@@ -512,7 +478,7 @@ std::string TBabGridSelectCore::SelectionAsHtml()
     ForEachSelected([&] { html += std::exchange(firstRow, false) ? "<tr>" : "</tr>\n<tr>"; },
                     [&](const std::string &cell) {
                         html += "<td>";
-                        AppendEscaped(html, cell);
+                        html += HtmlField(cell);
                         html += "</td>";
                     });
     return html + (firstRow ? "</table>" : "</tr></table>");

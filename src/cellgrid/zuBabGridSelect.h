@@ -103,10 +103,13 @@ protected:
     void AddToPictureMove(TGridPictureMove &move) override;
     void CountChanged(TAxisContentList *list, int index, int by) override;
     void ItemMoved(TAxisContentList *list, int from, int to) override;
+    void RowsReordered(TAxisContentList *list, int first, const std::vector<int> &order) override;
     void SubGridGoes(TBabGridCell *grid) override;
     void SelectionEventFired() override { OnSelectionChanged(this); }
     /// Before the focus goes to another cell; false keeps it.
     virtual bool MayLeaveCell() { return true; }
+    /// Whether there is such a cell, behind the heads.
+    bool IsCell(const TGridCellAt &at) const;
 
 private:
     void Select(const TGridCellAt &at, TGridChoice choice);
@@ -119,7 +122,6 @@ private:
     TGridCellAt FirstCell() const;
     TGridCellAt LastCell() const;
     TGridCellAt CellOf(TBabGridCell &grid) const;
-    bool IsCell(const TGridCellAt &at) const;
     template <typename BeginRow, typename Visit>
     void ForEachSelected(const BeginRow &beginRow, const Visit &visit);
 

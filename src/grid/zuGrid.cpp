@@ -34,6 +34,8 @@ TzuGridCore::TzuGridCore(TBabGridCellForViewer &root, TMethod<void()> changed)
 {
     root.OnCreateCell = TOnCreateCell::Bind<&TzuGridCore::CreateCell>(this);
     root.OnGetCellText = korvane::TOnGetCellText::Bind<&TzuGridCore::GetCellText>(this);
+    root.OnSetCellText = [this](auto *grid, auto *column, auto *row, const auto &text,
+                                bool &stored) { OnSetCellText(grid, column, row, text, stored); };
     InitColumnsAndFixed(root, m_columns, m_hasInfoCol, m_hasHeaders);
     m_subTreeColumns.Add().SetTreeButton(true);
 }
@@ -43,6 +45,7 @@ TzuGridCore::~TzuGridCore()
     m_tree.reset();
     m_root.OnCreateCell = nullptr;
     m_root.OnGetCellText = nullptr;
+    m_root.OnSetCellText = nullptr;
 }
 
 void TzuGridCore::SetHasHeaders(bool value)

@@ -109,6 +109,9 @@ public:
     TOnInitSubGrid OnInitSubGrid;
     /// Text of crossings that no cell was put into.
     TOnGetCellText OnGetCellText;
+    /// The user changed the text of such a crossing. Unless this says that it is stored, a cell is
+    /// put there.
+    TOnSetCellText OnSetCellText;
 
 protected:
     /// The text in upper case, by which it is sorted. The core knows ASCII letters.

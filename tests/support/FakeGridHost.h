@@ -1,7 +1,7 @@
 // A grid's view without a window, for tests.
 #pragma once
 
-#include "cellgrid/zuBabGridGestures.h"
+#include "cellgrid/zuBabGridEdit.h"
 #include "grid/zuGrid.h"
 #include "support/RecordingCanvas.h"
 
@@ -31,10 +31,39 @@ public:
     void SetGridCursor(TGridCursor cursor) override { Cursor = cursor; }
 };
 
+/// An editor into which tests type by setting its text.
+class FakeGridEditor : public IBabGridEditHost
+{
+public:
+    bool IsOpen = false;
+    TEditStart Start;
+    std::string Text;
+    std::string Refusal;
+    TRect Cell;
+    TRect Clip;
+
+    void OpenEditor(const TEditStart &start) override
+    {
+        IsOpen = true;
+        Start = start;
+        Text = start.Text;
+        Refusal.clear();
+    }
+    std::string EditorText() const override { return Text; }
+    void PlaceEditor(const TRect &cell, const TRect &clip) override
+    {
+        Cell = cell;
+        Clip = clip;
+    }
+    void CloseEditor() override { IsOpen = false; }
+    void ShowRefusal(const TRect & /*cell*/, std::string_view reason) override { Refusal = reason; }
+};
+
 /// A view with the declarative model of a grid.
 struct TestGrid : FakeGridHost
 {
-    TBabGridGestures View{*this};
+    FakeGridEditor Editor;
+    TBabGridEdit View{*this, Editor};
     TzuGridCore Grid{View.RootCell(), [this] { View.LayoutOutOfDate(); }};
 
     TestGrid()

@@ -56,7 +56,8 @@ void TBabGridView_Custom::mousePressEvent(QMouseEvent *event)
     const QPointer<QWidget> self(this); // handlers may destroy the control
     TzuOffscreenPaint::mousePressEvent(event);
     const auto button = MouseButtonFromQt(event->button());
-    if (!self.isNull() && button) {
+    // A text that is refused is mended first.
+    if (!self.isNull() && button && CommitEdit() && !self.isNull()) {
         MouseDown(*button, FromQt(event->modifiers()), FromQt(event->position().toPoint()));
     }
     if (!self.isNull() && InGesture()) {
@@ -169,8 +170,8 @@ void TBabGridView_Custom::ShowToolTip(const QHelpEvent &help)
 bool TBabGridView_Custom::focusNextPrevChild(bool next)
 {
     // Tab goes from cell to cell, and past the last one out of the grid.
-    if (hasFocus() && FocusCell()
-        && MoveFocus(next ? TGridMove::Next : TGridMove::Previous, TGridChoice::Set)) {
+    const QPointer<QWidget> self(this);
+    if (hasFocus() && FocusCell() && (TabMove(!next) || self.isNull())) {
         return true;
     }
     return TzuOffscreenPaint::focusNextPrevChild(next);
@@ -184,7 +185,7 @@ void TBabGridView_Custom::keyPressEvent(QKeyEvent *event)
     if (self.isNull() || key == 0) {
         return;
     }
-    if (KeyMoves(*event) || KeyActs(*event)) {
+    if (KeyMoves(*event) || self.isNull() || KeyActs(*event) || self.isNull() || KeyEdits(*event)) {
         event->accept();
     } else if (!self.isNull()) {
         QWidget::keyPressEvent(event);
@@ -233,27 +234,55 @@ bool TBabGridView_Custom::KeyActs(const QKeyEvent &event)
     case Qt::Key_Return:
     case Qt::Key_Enter:
         return MoveFocus(TGridMove::Enter, TGridChoice::Set)
-               || MoveFocus(TGridMove::Down, TGridChoice::Set);
-    case Qt::Key_Space:
-        if (FocusCell() && m_typed.isEmpty()) {
-            const TAxisContentItem *item =
-                FocusCell().Grid->Columns().FindLoaded(FocusCell().Column);
-            const TBabColumn *column = item != nullptr ? ColumnOf(*item) : nullptr;
-            if (column != nullptr && column->Kind() == TColumnKind::tckBool) {
-                CheckBoxClicked(FocusCell());
-                return true;
-            }
-        }
-        break;
+               || EnterMove(event.modifiers().testFlag(Qt::ShiftModifier));
     default:
-        break;
+        return false;
     }
-    const bool plain = (event.modifiers() & ~(Qt::ShiftModifier | Qt::KeypadModifier)) == 0;
-    if (plain && !event.text().isEmpty() && event.text().at(0).isPrint()) {
-        TypeToFind(event.text());
+}
+
+bool TBabGridView_Custom::KeyEdits(const QKeyEvent &event)
+{
+    if (event.matches(QKeySequence::Paste)) {
+        PasteFromClipboard();
         return true;
     }
-    return false;
+    if (event.matches(QKeySequence::Cut)) {
+        CopyToClipboard();
+        ClearCells();
+        return true;
+    }
+    if (event.matches(QKeySequence::Delete)) {
+        ClearCells();
+        return true;
+    }
+    const bool plain = (event.modifiers() & ~(Qt::ShiftModifier | Qt::KeypadModifier)) == 0;
+    if (!plain) {
+        return false;
+    }
+    if (event.key() == Qt::Key_F2) {
+        return BeginEdit(FocusCell(), TEditBegin::AtEnd);
+    }
+    if (event.key() == Qt::Key_Backspace && AutoEditMode()) {
+        return BeginEdit(FocusCell(), TEditBegin::Replace);
+    }
+    return !event.text().isEmpty() && event.text().at(0).isPrint() && KeyTypes(event.text());
+}
+
+bool TBabGridView_Custom::KeyTypes(const QString &text)
+{
+    const TGridCellAt at = FocusCell();
+    const TAxisContentItem *item = at ? at.Grid->Columns().FindLoaded(at.Column) : nullptr;
+    const TBabColumn *column = item != nullptr ? ColumnOf(*item) : nullptr;
+    const bool checkBox = column != nullptr && column->Kind() == TColumnKind::tckBool;
+    const QPointer<QWidget> self(this);
+    if (checkBox && text == QStringLiteral(" ")) {
+        ToggleCheckBox(at);
+    } else if (!AutoEditMode() || !BeginEdit(at, TEditBegin::Replace, FromQt(text))) {
+        if (!self.isNull()) {
+            TypeToFind(text);
+        }
+    }
+    return true;
 }
 
 void TBabGridView_Custom::TypeToFind(const QString &text)
@@ -263,23 +292,6 @@ void TBabGridView_Custom::TypeToFind(const QString &text)
     m_typed = again ? text : m_typed == text ? text : m_typed + text;
     m_sinceTyped.restart();
     FindText(FromQt(m_typed), fromNext);
-}
-
-void TBabGridView_Custom::CheckBoxClicked(const TGridCellAt &at)
-{
-    TAxisContentItem *item = at.Grid->Columns().FindLoaded(at.Column);
-    const TBabColumn *column = item != nullptr ? ColumnOf(*item) : nullptr;
-    if (column == nullptr || column->ReadOnly()) {
-        return;
-    }
-    TBabCell *cell = at.Grid->GetCell(at.Column, at.Row);
-    if (cell == nullptr || cell->ReadOnly()) {
-        return;
-    }
-    const std::string text = cell->Text();
-    if (cell->SetText(text.empty() || text == "0" ? "1" : "0")) {
-        CellEdited(*cell);
-    }
 }
 
 } // namespace korvane

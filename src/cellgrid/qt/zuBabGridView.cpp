@@ -24,7 +24,7 @@ int BarValue(std::int64_t pixels)
 
 TBabGridView_Custom::TBabGridView_Custom(QWidget *parent)
     : TzuOffscreenPaint(parent)
-    , TBabGridGestures(static_cast<IBabGridHost &>(*this))
+    , TBabGridEdit(static_cast<IBabGridHost &>(*this), m_editOpener)
     , m_vertical(new QScrollBar(Qt::Vertical, this))
     , m_horizontal(new QScrollBar(Qt::Horizontal, this))
 {
@@ -121,6 +121,9 @@ void TBabGridView_Custom::OffscreenPaint()
     if (IsLayoutOutOfDate()) {
         Invalidate(); // a handler changed the grid meanwhile
     }
+    if (!GetIsPrinting()) {
+        PlaceEditor();
+    }
 }
 
 void TBabGridView_Custom::OverlayPaint(TCanvas &canvas)
@@ -193,6 +196,7 @@ void TBabGridView_Custom::resizeEvent(QResizeEvent *event)
     TzuOffscreenPaint::resizeEvent(event);
     LayoutOutOfDate();
     UpdateScrollBars();
+    PlaceEditor();
 }
 
 void TBabGridView_Custom::showEvent(QShowEvent *event)
@@ -215,6 +219,17 @@ void TBabGridView_Custom::CopyToClipboard()
     copied->setText(ToQt(SelectionAsText()));
     copied->setHtml(ToQt(SelectionAsHtml()));
     QApplication::clipboard()->setMimeData(copied);
+}
+
+void TBabGridView_Custom::PasteFromClipboard()
+{
+    PasteText(FromQt(QApplication::clipboard()->text()));
+}
+
+QWidget *TBabGridView_Custom::EditorField() const
+{
+    const TBabGridEditor *editor = m_editOpener.Editor();
+    return editor != nullptr ? &editor->Field().Widget() : nullptr;
 }
 
 } // namespace korvane

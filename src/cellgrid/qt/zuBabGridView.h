@@ -1,7 +1,8 @@
 // The control that shows a grid of cells.
 #pragma once
 
-#include "cellgrid/zuBabGridGestures.h"
+#include "cellgrid/qt/zuBabGridEditor.h"
+#include "cellgrid/zuBabGridEdit.h"
 #include "foundation/qt/zuOffscreenPaint.h"
 
 #include <QBasicTimer>
@@ -18,15 +19,22 @@ namespace korvane {
 /// (RootCell); columns of kinds and looks come with TzuGrid.
 ///
 /// Keys: arrows, Page Up and Down, Home and End (with Ctrl: first and last cell), Tab and Shift+Tab
-/// from cell to cell, Enter into a grid in a cell and Escape out of it, with Shift selecting;
-/// Left and Right in the column of a tree, and with Alt in any column, collapse and expand the row;
-/// Space turns a check box; Ctrl+A and Ctrl+C. Typed letters look for the row that begins with
-/// them.
-class TBabGridView_Custom : public TzuOffscreenPaint, public TBabGridGestures, private IBabGridHost
+/// from cell to cell, Enter down or into a grid in a cell and Escape out of it, with Shift
+/// selecting; Left and Right in the column of a tree, and with Alt in any column, collapse and
+/// expand the row; Ctrl+A, Ctrl+C, Ctrl+X and Ctrl+V; Delete empties the selected cells. Space
+/// turns a check box. F2 edits the cell; with AutoEditMode typing does, and Backspace beginning
+/// with an empty text. Elsewhere typed letters look for the row that begins with them.
+///
+/// In an editor Enter and Tab store and go on, Escape gives up, Up and Down store, and after
+/// typing on the cell Left and Right, too; F2 changes between both. Alt+Enter breaks the line of a
+/// memo, Alt+Down opens choices and calendars.
+class TBabGridView_Custom : public TzuOffscreenPaint, public TBabGridEdit, private IBabGridHost
 {
     Q_OBJECT
     Q_PROPERTY(bool RowSelect READ RowSelect WRITE SetRowSelect)
     Q_PROPERTY(bool MultiSelect READ MultiSelect WRITE SetMultiSelect)
+    Q_PROPERTY(bool AutoEditMode READ AutoEditMode WRITE SetAutoEditMode)
+    Q_PROPERTY(bool ReadOnly READ ReadOnly WRITE SetReadOnly)
     Q_PROPERTY(bool FocusRects READ FocusRects WRITE SetFocusRects)
     Q_PROPERTY(
         bool ExtendLastColumnToWidth READ ExtendLastColumnToWidth WRITE SetExtendLastColumnToWidth)
@@ -47,6 +55,10 @@ public:
     void RedrawIfNeeded();
     /// Puts the selected cells on the clipboard as text and as an HTML table.
     void CopyToClipboard();
+    /// Pastes the clipboard's text.
+    void PasteFromClipboard();
+    /// The field of the cell that is being edited, or null.
+    QWidget *EditorField() const;
 
     QScrollBar &VertScrollBar() const { return *m_vertical; }
     QScrollBar &HorzScrollBar() const { return *m_horizontal; }
@@ -55,9 +67,6 @@ public:
 protected:
     void OffscreenPaint() override;
     void OverlayPaint(TCanvas &canvas) override;
-    void CheckBoxClicked(const TGridCellAt &at) override;
-    /// The cell's content was changed by the user.
-    virtual void CellEdited(TBabCell & /*cell*/) {}
 
     bool event(QEvent *event) override;
     void resizeEvent(QResizeEvent *event) override;
@@ -92,8 +101,11 @@ private:
     void ShowToolTip(const QHelpEvent &help);
     bool KeyMoves(const QKeyEvent &event);
     bool KeyActs(const QKeyEvent &event);
+    bool KeyEdits(const QKeyEvent &event);
+    bool KeyTypes(const QString &text);
     void TypeToFind(const QString &text);
 
+    TBabGridEditOpener m_editOpener{*this};
     QScrollBar *m_vertical;
     QScrollBar *m_horizontal;
     const TImageList *m_images = nullptr;

@@ -55,8 +55,6 @@ public:
     TOnVirtualNotify OnVirtualLoad;
     /// A row is about to be dropped.
     TOnVirtualNotify OnVirtualUnLoad;
-    /// The user changed a cell.
-    TMethod<void(TObject *theGrid, TBabCell *theCell)> OnEditStop;
 
 Q_SIGNALS:
     /// Other rows or columns have come to the top left corner.
@@ -66,7 +64,6 @@ protected:
     void TopLeftChanged() override;
     void HeaderClicked(const TGridCellAt &at, TShiftState shift) override;
     void MoveColumn(TBabGridCell &grid, int from, int to) override;
-    void CellEdited(TBabCell &cell) override { OnEditStop(Self(), &cell); }
     /// By the rules of the user's language.
     std::string UpperCase(std::string text) const override;
     TObject *Self() override { return static_cast<TBabGridLayoutCore *>(this); }

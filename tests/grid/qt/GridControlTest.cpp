@@ -94,7 +94,7 @@ TEST_F(GridControl, KeysReachTheGrid)
 TEST_F(GridControl, HeadersSortAndMoveAndCheckBoxesTurn)
 {
     int edits = 0;
-    Grid.OnEditStop = [&](TObject *, TBabCell *) { ++edits; };
+    Grid.OnCellEdited = [&](auto &&...) { ++edits; };
     Grid.SetUserSortEnable(true);
     Grid.Columns().At(0).SetSortEnable(true);
     QTest::mouseClick(&Grid, Qt::LeftButton, {}, Middle(1, 0));

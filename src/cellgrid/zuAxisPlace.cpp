@@ -1,0 +1,30 @@
+#include "cellgrid/zuAxisPlace.h"
+
+#include <algorithm>
+
+namespace korvane {
+
+int ShiftedPlace(int place, int index, int by)
+{
+    if (place < index) {
+        return place;
+    }
+    return by < 0 && place < index - by ? -1 : place + by;
+}
+
+int PlaceAfterMove(int place, int from, int to)
+{
+    if (place == from) {
+        return to;
+    }
+    const int taken = place > from ? place - 1 : place;
+    return taken >= to ? taken + 1 : taken;
+}
+
+int PlaceAfterReorder(int place, int first, const std::vector<int> &order)
+{
+    const auto found = std::find(order.begin(), order.end(), place - first);
+    return found == order.end() ? place : first + static_cast<int>(found - order.begin());
+}
+
+} // namespace korvane
