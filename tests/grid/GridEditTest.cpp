@@ -56,7 +56,8 @@ TEST_F(GridEdit, KindsTakeWhatTheyUnderstandAndKeepTheRestInTheEditor)
     };
     TFormatSettings american = TFormatSettings::Invariant();
     american.ShortDateFormat = "m/d/yyyy";
-    american.ShortTimeFormat = "h:nn am/pm";
+    american.DateSeparator = '/';
+    american.ShortTimeFormat = "h:nn ampm";
     american.AmText = "AM";
     american.PmText = "PM";
     const TFormatSettings before = FormatSettings();
@@ -237,7 +238,7 @@ TEST_F(GridEdit, TheEditorFollowsItsCellAndClosesWithIt)
     inner.Rows().AddNew(nullptr);
     ASSERT_TRUE(View.BeginEdit({&inner, inner.Columns().FixedCount(), inner.Rows().FixedCount()},
                                TEditBegin::Replace));
-    EXPECT_EQ(Editor.Cell.Intersected(Editor.Clip), Editor.Cell);
+    EXPECT_EQ(Editor.Clip, View.CellRect(At(3, 1)));
     Grid.Columns().At(2).SetKind(tckSimpleEdit);
     EXPECT_FALSE(Editor.IsOpen);
     EXPECT_FALSE(View.IsEditing());

@@ -125,8 +125,8 @@ TEST_F(GridEditor, KindsHaveTheirFields)
     auto *calendar = date->findChild<QCalendarWidget *>("gridCalendar");
     ASSERT_NE(calendar, nullptr);
     EXPECT_EQ(calendar->selectedDate(), QDate(2024, 2, 28));
-    QTest::keyClick(calendar->focusWidget() ? calendar->focusWidget() : calendar, Qt::Key_Right);
-    QTest::keyClick(calendar->focusWidget() ? calendar->focusWidget() : calendar, Qt::Key_Return);
+    QTest::keyClick(calendar->focusProxy(), Qt::Key_Right);
+    QTest::keyClick(calendar->focusProxy(), Qt::Key_Return);
     EXPECT_EQ(Grid->CellText(3, 0), "2024-02-29");
     EXPECT_FALSE(Grid->IsEditing());
 
