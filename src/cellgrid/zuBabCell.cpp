@@ -37,23 +37,41 @@ bool ReadNumbers(std::string_view text, std::array<int, 3> &numbers, int &count)
     }
 }
 
+bool Contains(std::string_view text, std::string_view part)
+{
+    const auto same = [](char a, char b) {
+        return std::tolower(static_cast<unsigned char>(a))
+               == std::tolower(static_cast<unsigned char>(b));
+    };
+    return !part.empty()
+           && std::search(text.begin(), text.end(), part.begin(), part.end(), same) != text.end();
+}
+
 /// The hour of a day of two halves in which the text names one of them; else the hour as it is.
 int HourOf(std::string_view text, int hour)
 {
-    const auto has = [text](std::string_view half) {
-        const auto same = [](char a, char b) {
-            return std::tolower(static_cast<unsigned char>(a))
-                   == std::tolower(static_cast<unsigned char>(b));
-        };
-        return !half.empty()
-               && std::search(text.begin(), text.end(), half.begin(), half.end(), same)
-                      != text.end();
-    };
     const TFormatSettings &settings = FormatSettings();
-    if (hour < 12 && (has(settings.PmText) || has("pm"))) {
+    if (hour < 12 && (Contains(text, settings.PmText) || Contains(text, "pm"))) {
         return hour + 12;
     }
-    return hour == 12 && (has(settings.AmText) || has("am")) ? 0 : hour;
+    const bool morning = Contains(text, settings.AmText) || Contains(text, "am");
+    return hour == 12 && morning ? 0 : hour;
+}
+
+/// The month that the text names, from 1 on; 0 for none.
+int NamedMonth(std::string_view text)
+{
+    const TFormatSettings &settings = FormatSettings();
+    for (const auto *names : {&settings.LongMonthNames, &settings.ShortMonthNames}) {
+        for (std::size_t month = 0; month < names->size(); ++month) {
+            const std::string &name = (*names)[month];
+            const bool isNumber = name.find_first_of("0123456789") != std::string::npos;
+            if (!isNumber && Contains(text, name)) {
+                return static_cast<int>(month) + 1;
+            }
+        }
+    }
+    return 0;
 }
 
 /// Which of the three numbers of a short date is the year, the month and the day.
@@ -101,7 +119,19 @@ bool TBabCellData_DateTime::SetText(std::string_view text)
         return valid;
     }
     // What begins with a year is in the international order, whatever the locale's is.
-    const auto order = numbers[0] > 31 ? std::array<std::size_t, 3>{0, 1, 2} : DateOrder();
+    constexpr int kLastDay = 31;
+    const auto order = numbers[0] > kLastDay ? std::array<std::size_t, 3>{0, 1, 2} : DateOrder();
+    const int named = NamedMonth(text);
+    if (named > 0 && count == 2) {
+        // The numbers are year and day in their order; the month takes its place between them.
+        const bool yearFirst = numbers[1] <= kLastDay && order[0] < order[2];
+        const int year = numbers[yearFirst ? 0 : 1];
+        const int day = numbers[yearFirst ? 1 : 0];
+        numbers[order[0]] = year;
+        numbers[order[1]] = named;
+        numbers[order[2]] = day;
+        count = 3;
+    }
     const int year = numbers[order[0]] < 100 ? numbers[order[0]] + 2000 : numbers[order[0]];
     const int month = numbers[order[1]];
     const int day = numbers[order[2]];

@@ -93,8 +93,9 @@ public:
     }
     void SetEmpty() { m_empty = true; }
     std::string Text() const override;
-    /// Understands year, month and day as numbers in the order of the locale's short date; hours,
-    /// minutes and seconds, with the locale's text for the afternoon; the empty text.
+    /// Understands year, month and day as numbers in the order of the locale's short date, the
+    /// month by its name, too; hours, minutes and seconds, with the locale's text for the
+    /// afternoon; the empty text.
     bool SetText(std::string_view text) override;
     bool Understand(std::string &text) const override;
 

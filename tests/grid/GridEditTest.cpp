@@ -76,6 +76,8 @@ TEST_F(GridEdit, KindsTakeWhatTheyUnderstandAndKeepTheRestInTheEditor)
              {tckDate, "tomorrow", nullptr},
              {tckDate, "", ""},
              {tckDate, "2/29/24", "2/29/2024", true},
+             {tckDate, "3 march 2024", "2024-03-03"},
+             {tckDate, "2024 Mar 3", "2024-03-03"},
              {tckTime, "9:5", "09:05"},
              {tckTime, "25:00", nullptr},
              {tckTime, "2:30 pm", "2:30 PM", true},

@@ -221,7 +221,7 @@ void TDateField::ShowCalendar()
                        std::max(screen.left(), screen.right() - popup->width())));
     popup->move(at);
     popup->show();
-    calendar->setFocus();
+    calendar->setFocus(Qt::PopupFocusReason); // no end of the edit
 }
 
 QStringList TimesOfDay()

@@ -127,7 +127,7 @@ TEST_F(GridEditor, KindsHaveTheirFields)
     EXPECT_EQ(calendar->selectedDate(), QDate(2024, 2, 28));
     QTest::keyClick(calendar->focusProxy(), Qt::Key_Right);
     QTest::keyClick(calendar->focusProxy(), Qt::Key_Return);
-    EXPECT_EQ(Grid->CellText(3, 0), "2024-02-29");
+    EXPECT_EQ(Grid->CellText(3, 0), "29 Feb 2024");
     EXPECT_FALSE(Grid->IsEditing());
 
     auto *time = EditAt<QComboBox>(5, 1);
@@ -141,7 +141,7 @@ TEST_F(GridEditor, KindsHaveTheirFields)
     EXPECT_EQ(time->currentText(), "1730"); // not lost
     time->setEditText("17:30");
     EXPECT_TRUE(Grid->CommitEdit());
-    EXPECT_EQ(Grid->CellText(4, 0), "17:30");
+    EXPECT_EQ(Grid->CellText(4, 0), "17:30:00");
 }
 
 TEST_F(GridEditor, TheFieldScrollsWithItsCellBehindTheHeads)
