@@ -14,6 +14,7 @@ QWidget *CreateDateScalerPage();
 QWidget *CreateTreePage();
 QWidget *CreateGanttPage();
 QWidget *CreateSchemaPage();
+QWidget *CreateGridPage();
 
 struct TGalleryPage
 {
@@ -28,6 +29,7 @@ inline const std::array kGalleryPages = {
     TGalleryPage{"Tree", "tree", QSize(1000, 480), &CreateTreePage},
     TGalleryPage{"Gantt chart", "gantt", QSize(1200, 600), &CreateGanttPage},
     TGalleryPage{"Schedule", "schedule", QSize(1200, 560), &CreateSchemaPage},
+    TGalleryPage{"Grid", "grid", QSize(1000, 480), &CreateGridPage},
     TGalleryPage{"Show a plan", "show-a-plan", QSize(760, 240), &ShowAPlan},
     TGalleryPage{"React to a drag", "veto-a-drag", QSize(760, 200), &VetoADrag},
     TGalleryPage{"A million rows", "million-rows", QSize(560, 300), &MillionRows},

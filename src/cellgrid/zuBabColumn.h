@@ -49,6 +49,8 @@ public:
     virtual const std::string &HeaderText() const = 0;
     virtual bool SortEnable() const = 0;
     virtual TSortMark SortMark() const = 0;
+    /// From 1 on among several columns that are sorted by; 0 beside no other one.
+    virtual int SortOrder() const { return 0; }
     virtual bool ReadOnly() const = 0;
     virtual bool TreeButton() const = 0;
     /// Whether the column shows the tree, in grids whose rows are one.

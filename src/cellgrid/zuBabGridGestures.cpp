@@ -128,7 +128,12 @@ void TBabGridGestures::MouseUp(TMouseButton button, TShiftState shift, TPoint po
     case TGesture::MoveColumn: {
         const int to = m_dropIndex > pressed.At.Column ? m_dropIndex - 1 : m_dropIndex;
         Host().InvalidateGridOverlay();
-        if (to >= pressed.At.Grid->Columns().FixedCount() && to != pressed.At.Column) {
+        // The application may have changed the columns meanwhile.
+        const TAxisContentList &columns = pressed.At.Grid->Columns();
+        const auto isColumn = [&columns](int index) {
+            return index >= columns.FixedCount() && index < columns.Count();
+        };
+        if (isColumn(to) && isColumn(pressed.At.Column) && to != pressed.At.Column) {
             MoveColumn(*pressed.At.Grid, pressed.At.Column, to);
         }
         break;

@@ -335,6 +335,15 @@ void TBabGridPainter::PaintHeader(const TCellPlace &place, const TColumnLook &lo
     TFont font = m_gridFont;
     font.Color = clBtnText;
     m_canvas.SetFont(font);
+    if (look.Column != nullptr && look.Column->SortOrder() > 0) {
+        // Beside its mark.
+        const std::string order = std::to_string(look.Column->SortOrder());
+        const TSize extent = m_canvas.TextExtent(order);
+        const int left = content.Right - extent.Width + TBabGridLayoutCore::kPadding / 2;
+        const int top = (content.Top + content.Bottom - extent.Height) / 2;
+        m_canvas.TextRect(content, {left, top}, order);
+        content.Right = left - TBabGridLayoutCore::kPadding;
+    }
     TTextLook text;
     text.Ellipsis = true;
     if (look.Column != nullptr) {

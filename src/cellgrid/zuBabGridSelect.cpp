@@ -164,6 +164,7 @@ void TBabGridSelectCore::SetFocusCell(const TGridCellAt &at)
     if (at != m_focus) {
         m_focus = at;
         InvalidatePicture();
+        FocusCellMoved();
         OnFocusCellChanged(this);
     }
 }

@@ -106,6 +106,8 @@ protected:
     void RowsReordered(TAxisContentList *list, int first, const std::vector<int> &order) override;
     void SubGridGoes(TBabGridCell *grid) override;
     void SelectionEventFired() override { OnSelectionChanged(this); }
+    /// Another cell has the focus; before OnFocusCellChanged.
+    virtual void FocusCellMoved() {}
     /// Before the focus goes to another cell; false keeps it.
     virtual bool MayLeaveCell() { return true; }
     /// Whether there is such a cell, behind the heads.

@@ -47,7 +47,12 @@ public:
     void SetSortEnable(bool value) { Set(m_sortEnable, value); }
     TSortMark SortMark() const override { return m_sortMark; }
     /// Set by the grid that sorts.
-    void SetSortMark(TSortMark mark) { m_sortMark = mark; }
+    void SetSortMark(TSortMark mark, int order = 0)
+    {
+        m_sortMark = mark;
+        m_sortOrder = order;
+    }
+    int SortOrder() const override { return m_sortOrder; }
     bool ReadOnly() const override { return m_readOnly; }
     void SetReadOnly(bool value) { Set(m_readOnly, value); }
     /// For tckSubGrid: which sub-grid its cells show.
@@ -85,6 +90,7 @@ private:
     int m_width;
     TColumnKind m_kind;
     TSortMark m_sortMark = TSortMark::None;
+    int m_sortOrder = 0;
     bool m_sortEnable = false;
     bool m_readOnly = false;
     bool m_treeButton = false;

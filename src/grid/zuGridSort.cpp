@@ -198,8 +198,10 @@ void TzuGridCore::SetSortKeys(std::vector<TGridSortKey> keys)
         m_columns.At(index).SetSortMark(TSortMark::None);
     }
     m_sortKeys = std::move(keys);
+    int order = m_sortKeys.size() > 1 ? 1 : 0;
     for (const TGridSortKey &key : m_sortKeys) {
-        key.Column->SetSortMark(key.Descending ? TSortMark::Descending : TSortMark::Ascending);
+        key.Column->SetSortMark(key.Descending ? TSortMark::Descending : TSortMark::Ascending,
+                                order == 0 ? 0 : order++);
     }
     DoInternalResortOfContent();
 }

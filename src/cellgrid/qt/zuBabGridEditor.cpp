@@ -84,7 +84,11 @@ TBabGridEditor::TBabGridEditor(TBabGridView_Custom &view, const TEditStart &star
     }
     m_field = CreateGridField(start, layout.HorzAlignRight, this);
     m_field->OnResizeWanted = [this] { Changed(); };
-    m_field->OnPicked = [this] { m_view.CommitEdit(); };
+    // Not from within the field, which a handler may do away with.
+    m_field->OnPicked = [this] {
+        QMetaObject::invokeMethod(
+            this, [this] { m_view.CommitEdit(); }, Qt::QueuedConnection);
+    };
     QWidget &field = m_field->Widget();
     field.setObjectName(QStringLiteral("gridField"));
     field.setAutoFillBackground(true);
@@ -98,6 +102,7 @@ TBabGridEditor::TBabGridEditor(TBabGridView_Custom &view, const TEditStart &star
 
 TBabGridEditor::~TBabGridEditor()
 {
+    m_field->Widget().removeEventFilter(this); // losing the focus now is no end of an edit
     delete m_hint;
 }
 
@@ -107,24 +112,22 @@ void TBabGridEditor::Place(const TRect &cell, const TRect &clip)
     const int left = std::max(cell.Left, content.Left - TBabGridLayoutCore::kPadding);
     TRect wanted{left - 1, cell.Top - 1, cell.Right, cell.Bottom};
     const QSize size = m_field->WantedSize(wanted.Width() - 2);
+    // Beside the cell as far as there is room, to the side to which the text runs.
     if (size.width() + 2 > wanted.Width()) {
-        // As far as there is room, to the side to which the text runs.
-        const int more = size.width() + 2 - wanted.Width();
-        if (m_view.isRightToLeft()) {
-            wanted.Left = std::max(std::min(wanted.Left, clip.Left), wanted.Left - more);
-        } else {
-            wanted.Right = std::min(std::max(wanted.Right, clip.Right), wanted.Right + more);
-        }
+        wanted.Right = std::min(std::max(wanted.Right, clip.Right), wanted.Left + size.width() + 2);
     }
     wanted.Bottom = std::min(std::max(wanted.Bottom, clip.Bottom),
                              std::max(wanted.Bottom, wanted.Top + 2 + size.height()));
     const TRect shown = wanted.Intersected({clip.Left - 1, clip.Top - 1, clip.Right, clip.Bottom});
-    setGeometry(shown.IsEmpty() ? QRect(-1, -1, 0, 0) : ToQt(shown));
+    const QRect place = m_view.FromGrid(shown);
+    setGeometry(shown.IsEmpty() ? QRect(-1, -1, 0, 0) : place);
     const int rowHeight = m_view.RootCell().Rows().DefaultSize();
     const bool line = m_start.Kind != TColumnKind::tckMemo;
     const int height = wanted.Height() - 2;
-    QRect field(wanted.Left - shown.Left + 1, wanted.Top - shown.Top + 1, wanted.Width() - 2,
-                line ? std::min(height, std::max(rowHeight, size.height())) : height);
+    const QRect whole = m_view.FromGrid(wanted);
+    const QRect field(whole.left() - place.left() + 1, whole.top() - place.top() + 1,
+                      whole.width() - 2,
+                      line ? std::min(height, std::max(rowHeight, size.height())) : height);
     m_field->Widget().setGeometry(field);
     PlaceHint();
 }
@@ -229,6 +232,11 @@ bool TBabGridEditor::eventFilter(QObject *object, QEvent *event)
 // --- opening
 // --------------------------------------------------------------------------------------
 
+TBabGridEditOpener::~TBabGridEditOpener()
+{
+    delete m_editor.data();
+}
+
 void TBabGridEditOpener::OpenEditor(const TEditStart &start)
 {
     m_editor = new TBabGridEditor(m_view, start);
@@ -274,7 +282,7 @@ void TBabGridEditOpener::ShowRefusal(const TRect &cell, std::string_view reason)
         m_editor->Refuse(ToQt(reason));
         return;
     }
-    const QPoint below(cell.Left, cell.Bottom);
+    const QPoint below = m_view.FromGrid(cell).bottomLeft();
     QToolTip::showText(m_view.mapToGlobal(below), ToQt(reason).toHtmlEscaped().prepend("<qt>"),
                        &m_view, {}, kHintTime);
 }

@@ -54,6 +54,10 @@ public:
     {
     }
 
+    TBabGridEditOpener(const TBabGridEditOpener &) = delete;
+    TBabGridEditOpener &operator=(const TBabGridEditOpener &) = delete;
+    ~TBabGridEditOpener() override;
+
     TBabGridEditor *Editor() const { return m_editor; }
 
     void OpenEditor(const TEditStart &start) override;

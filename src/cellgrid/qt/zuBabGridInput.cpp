@@ -58,7 +58,7 @@ void TBabGridView_Custom::mousePressEvent(QMouseEvent *event)
     const auto button = MouseButtonFromQt(event->button());
     // A text that is refused is mended first.
     if (!self.isNull() && button && CommitEdit() && !self.isNull()) {
-        MouseDown(*button, FromQt(event->modifiers()), FromQt(event->position().toPoint()));
+        MouseDown(*button, FromQt(event->modifiers()), ToGrid(event->position().toPoint()));
     }
     if (!self.isNull() && InGesture()) {
         m_autoScroll.start(kAutoScrollInterval, this);
@@ -70,7 +70,7 @@ void TBabGridView_Custom::mouseMoveEvent(QMouseEvent *event)
     const QPointer<QWidget> self(this);
     TzuOffscreenPaint::mouseMoveEvent(event);
     if (!self.isNull()) {
-        MouseMove(FromQt(event->modifiers()), FromQt(event->position().toPoint()));
+        MouseMove(FromQt(event->modifiers()), ToGrid(event->position().toPoint()));
     }
 }
 
@@ -81,7 +81,7 @@ void TBabGridView_Custom::mouseReleaseEvent(QMouseEvent *event)
     TzuOffscreenPaint::mouseReleaseEvent(event);
     const auto button = MouseButtonFromQt(event->button());
     if (!self.isNull() && button) {
-        MouseUp(*button, FromQt(event->modifiers()), FromQt(event->position().toPoint()));
+        MouseUp(*button, FromQt(event->modifiers()), ToGrid(event->position().toPoint()));
     }
 }
 
@@ -92,7 +92,7 @@ void TBabGridView_Custom::mouseDoubleClickEvent(QMouseEvent *event)
     if (self.isNull() || event->button() != Qt::LeftButton) {
         return;
     }
-    const TPoint point = FromQt(event->position().toPoint());
+    const TPoint point = ToGrid(event->position().toPoint());
     const TGridPart part = HitTest(point).Part;
     if (part == TGridPart::CheckBox || part == TGridPart::TreeButton) {
         MouseDown(TMouseButton::mbLeft, FromQt(event->modifiers()), point); // a second click
@@ -125,13 +125,18 @@ void TBabGridView_Custom::wheelEvent(QWheelEvent *event)
     if (event->modifiers().testFlag(Qt::ShiftModifier) && turn.x() == 0) {
         turn = turn.transposed();
     }
+    QPoint pixels = event->pixelDelta();
+    if (isRightToLeft()) {
+        turn.rx() *= -1;
+        pixels.rx() *= -1;
+    }
     const int rowHeight = RootCell().Rows().DefaultSize();
-    if (!event->pixelDelta().isNull()) {
-        ScrollTo(ScrollX() - event->pixelDelta().x(), ScrollY() - event->pixelDelta().y());
+    if (!pixels.isNull()) {
+        ScrollTo(ScrollX() - pixels.x(), ScrollY() - pixels.y());
     } else if (m_smoothScrolling) {
-        const int pixels = kRowsPerWheelStep * rowHeight;
-        ScrollTo(ScrollX() - turn.x() * pixels / kWheelStep,
-                 ScrollY() - turn.y() * pixels / kWheelStep);
+        const int step = kRowsPerWheelStep * rowHeight;
+        ScrollTo(ScrollX() - turn.x() * step / kWheelStep,
+                 ScrollY() - turn.y() * step / kWheelStep);
     } else {
         m_wheelRest += turn;
         const int rows = m_wheelRest.y() * kRowsPerWheelStep / kWheelStep;
@@ -148,19 +153,22 @@ bool TBabGridView_Custom::event(QEvent *event)
         ShowToolTip(*static_cast<QHelpEvent *>(event));
         return true;
     }
+    if (ScrolledByFinger(*event)) {
+        return true;
+    }
     return TzuOffscreenPaint::event(event);
 }
 
 /// The whole text of a cell in which it is cut.
 void TBabGridView_Custom::ShowToolTip(const QHelpEvent &help)
 {
-    const TGridHit hit = HitTest(FromQt(help.pos()));
+    const TGridHit hit = HitTest(ToGrid(help.pos()));
     const std::string text = hit.At ? CutText(hit.At) : std::string();
     if (text.empty()) {
         QToolTip::showText(help.globalPos(), toolTip(), this);
     } else {
         QToolTip::showText(help.globalPos(), ToQt(text).toHtmlEscaped().prepend("<qt>"), this,
-                           ToQt(hit.Rect));
+                           FromGrid(hit.Rect));
     }
 }
 

@@ -1,14 +1,21 @@
 #include "cellgrid/qt/zuBabGridView.h"
 
+#include "cellgrid/qt/zuBabGridAccessible.h"
+#include "foundation/qt/zuAccessible.h"
 #include "foundation/qt/zuConvert.h"
+#include "foundation/zuMirrorCanvas.h"
 
 #include <QApplication>
 #include <QClipboard>
 #include <QMimeData>
 #include <QScrollBar>
+#include <QScrollEvent>
+#include <QScrollPrepareEvent>
+#include <QScroller>
 #include <QSignalBlocker>
 
 #include <algorithm>
+#include <cmath>
 #include <limits>
 
 namespace korvane {
@@ -31,6 +38,8 @@ TBabGridView_Custom::TBabGridView_Custom(QWidget *parent)
     SetColor(clWindow);
     SetTabStop(true);
     setMouseTracking(true);
+    InstallAccessible<TBabGridView_Custom, TBabGridAccessible>();
+    QScroller::grabGesture(this, QScroller::TouchGesture);
     for (const int key : {Qt::Key_Left, Qt::Key_Right, Qt::Key_Up, Qt::Key_Down, Qt::Key_Home,
                           Qt::Key_End, Qt::Key_PageUp, Qt::Key_PageDown}) {
         WantedSpecialKeys.insert(key);
@@ -75,8 +84,17 @@ void TBabGridView_Custom::ScrollGrid(const TRect &area)
 std::optional<TBabGridView_Custom::TImageMove> TBabGridView_Custom::KeepImage()
 {
     auto move = PictureMove();
-    return move ? std::optional(TImageMove{move->Area, move->By, std::move(move->Anew)})
-                : std::nullopt;
+    if (!move) {
+        return std::nullopt;
+    }
+    if (isRightToLeft()) {
+        move->Area = FromQt(FromGrid(move->Area));
+        move->By.X *= -1;
+        for (TRect &rect : move->Anew) {
+            rect = FromQt(FromGrid(rect));
+        }
+    }
+    return TImageMove{move->Area, move->By, std::move(move->Anew)};
 }
 
 void TBabGridView_Custom::QueueUpdate()
@@ -117,7 +135,12 @@ void TBabGridView_Custom::SetGridCursor(TGridCursor cursor)
 
 void TBabGridView_Custom::OffscreenPaint()
 {
-    TBabGridSelectCore::Paint(GetOffscreenCanvas());
+    if (isRightToLeft()) {
+        TMirrorCanvas mirrored(GetOffscreenCanvas(), GridSize().Width);
+        TBabGridSelectCore::Paint(mirrored);
+    } else {
+        TBabGridSelectCore::Paint(GetOffscreenCanvas());
+    }
     if (IsLayoutOutOfDate()) {
         Invalidate(); // a handler changed the grid meanwhile
     }
@@ -128,7 +151,12 @@ void TBabGridView_Custom::OffscreenPaint()
 
 void TBabGridView_Custom::OverlayPaint(TCanvas &canvas)
 {
-    TBabGridGestures::PaintOverlay(canvas);
+    if (isRightToLeft()) {
+        TMirrorCanvas mirrored(canvas, GridSize().Width);
+        TBabGridGestures::PaintOverlay(mirrored);
+    } else {
+        TBabGridGestures::PaintOverlay(canvas);
+    }
     TzuOffscreenPaint::OverlayPaint(canvas);
 }
 
@@ -154,10 +182,58 @@ void TBabGridView_Custom::PlaceScrollBars(bool vertical, bool horizontal)
     }
 }
 
+/// Tells assistive tools when there are other rows or columns.
+void TBabGridView_Custom::TellCounts()
+{
+    const int rows = RootCell().Rows().Count();
+    const int columns = RootCell().Columns().Count();
+    if (rows != m_toldRows || columns != m_toldColumns) {
+        m_toldRows = rows;
+        m_toldColumns = columns;
+        TellGridReset(*this);
+    }
+}
+
+void TBabGridView_Custom::FocusCellMoved()
+{
+    TellGridFocus(*this);
+}
+
+void TBabGridView_Custom::SelectionEventFired()
+{
+    TellGridSelection(*this);
+    TBabGridEdit::SelectionEventFired();
+}
+
+/// What a finger drags and throws.
+bool TBabGridView_Custom::ScrolledByFinger(QEvent &event)
+{
+    if (event.type() == QEvent::ScrollPrepare) {
+        auto &prepare = static_cast<QScrollPrepareEvent &>(event);
+        const TSize page = PageSize();
+        prepare.setViewportSize(QSizeF(page.Width, page.Height));
+        prepare.setContentPosRange(
+            QRectF(0, 0, static_cast<qreal>(MaxScrollX()), static_cast<qreal>(MaxScrollY())));
+        const auto x = isRightToLeft() ? MaxScrollX() - ScrollX() : ScrollX();
+        prepare.setContentPos(QPointF(static_cast<qreal>(x), static_cast<qreal>(ScrollY())));
+        prepare.accept();
+        return true;
+    }
+    if (event.type() == QEvent::Scroll) {
+        const QPointF at = static_cast<QScrollEvent &>(event).contentPos();
+        const std::int64_t x = std::llround(at.x());
+        ScrollTo(isRightToLeft() ? MaxScrollX() - x : x, std::llround(at.y()));
+        event.accept();
+        return true;
+    }
+    return false;
+}
+
 void TBabGridView_Custom::UpdateScrollBars()
 {
     m_updateQueued = false;
     EnsureLayout();
+    TellCounts();
     const std::int64_t contentWidth = RootCell().Columns().TotalSize();
     const std::int64_t contentHeight = RootCell().Rows().TotalSize();
     bool vertical = contentHeight > height();
@@ -208,7 +284,8 @@ void TBabGridView_Custom::showEvent(QShowEvent *event)
 void TBabGridView_Custom::changeEvent(QEvent *event)
 {
     TzuOffscreenPaint::changeEvent(event);
-    if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange) {
+    if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange
+        || event->type() == QEvent::LayoutDirectionChange) {
         LayoutOutOfDate();
     }
 }
@@ -224,6 +301,17 @@ void TBabGridView_Custom::CopyToClipboard()
 void TBabGridView_Custom::PasteFromClipboard()
 {
     PasteText(FromQt(QApplication::clipboard()->text()));
+}
+
+TPoint TBabGridView_Custom::ToGrid(QPoint place) const
+{
+    return {isRightToLeft() ? GridSize().Width - 1 - place.x() : place.x(), place.y()};
+}
+
+QRect TBabGridView_Custom::FromGrid(const TRect &rect) const
+{
+    const int left = isRightToLeft() ? GridSize().Width - rect.Right : rect.Left;
+    return {left, rect.Top, rect.Width(), rect.Height()};
 }
 
 QWidget *TBabGridView_Custom::EditorField() const

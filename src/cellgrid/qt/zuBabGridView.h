@@ -57,6 +57,10 @@ public:
     void CopyToClipboard();
     /// Pastes the clipboard's text.
     void PasteFromClipboard();
+    /// From right to left, columns run from the right edge, and so do the points and rectangles of
+    /// the grid's geometry: from and to places in the control.
+    TPoint ToGrid(QPoint place) const;
+    QRect FromGrid(const TRect &rect) const;
     /// The field of the cell that is being edited, or null.
     QWidget *EditorField() const;
 
@@ -67,6 +71,8 @@ public:
 protected:
     void OffscreenPaint() override;
     void OverlayPaint(TCanvas &canvas) override;
+    void FocusCellMoved() override;
+    void SelectionEventFired() override;
 
     bool event(QEvent *event) override;
     void resizeEvent(QResizeEvent *event) override;
@@ -97,7 +103,9 @@ private:
 
     void UpdateScrollBars();
     void PlaceScrollBars(bool vertical, bool horizontal);
+    void TellCounts();
     void ScrolledByBar();
+    bool ScrolledByFinger(QEvent &event);
     void ShowToolTip(const QHelpEvent &help);
     bool KeyMoves(const QKeyEvent &event);
     bool KeyActs(const QKeyEvent &event);
@@ -114,6 +122,8 @@ private:
     QString m_typed;
     QPoint m_wheelRest; ///< turns of the wheel that were too small to scroll
     bool m_smoothScrolling = true;
+    int m_toldRows = 0; ///< to assistive tools
+    int m_toldColumns = 0;
     bool m_updateQueued = false;
     bool m_settingBars = false;
 };

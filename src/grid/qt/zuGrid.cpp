@@ -1,8 +1,10 @@
 #include "grid/qt/zuGrid.h"
 
 #include "foundation/qt/zuConvert.h"
+#include "grid/qt/zuGridColumnMenu.h"
 #include "grid/qt/zuGridJson.h"
 
+#include <QContextMenuEvent>
 #include <QPointer>
 
 #include <algorithm>
@@ -138,6 +140,35 @@ void TzuGrid::MoveColumn(TBabGridCell &grid, int from, int to)
     }
     const int fixed = grid.Columns().FixedCount();
     column->Columns().Move(from - fixed, std::clamp(to - fixed, 0, column->Columns().Count() - 1));
+}
+
+void TzuGrid::contextMenuEvent(QContextMenuEvent *event)
+{
+    const QPointer<TzuGrid> self(this);
+    TBabGridView_Custom::contextMenuEvent(event);
+    if (self.isNull() || event->isAccepted() || !m_columnMenu) {
+        return;
+    }
+    const bool byKey = event->reason() == QContextMenuEvent::Keyboard;
+    const TGridHit hit = HitTest(ToGrid(event->pos()));
+    const bool onHeader =
+        hit.Part == TGridPart::ColumnHeader || hit.Part == TGridPart::ColumnBorder;
+    if (!byKey && (!onHeader || hit.At.Grid != &RootCell())) {
+        return;
+    }
+    TGridCellAt at = byKey ? FocusCell() : hit.At;
+    QPoint where = event->pos();
+    if (byKey && at) {
+        MakeVisible(at);
+        where = FromGrid(CellRect(at)).bottomLeft();
+    }
+    auto *menu = new TzuGridColumnMenu(*this, at);
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    const TAxisContentItem *item = at ? at.Grid->Columns().FindLoaded(at.Column) : nullptr;
+    OnColumnMenu(Self(), item != nullptr ? dynamic_cast<TzuGrid_Column *>(item->Value()) : nullptr,
+                 *menu);
+    menu->popup(mapToGlobal(where));
+    event->accept();
 }
 
 std::string TzuGrid::UpperCase(std::string text) const

@@ -6,6 +6,8 @@
 
 #include <QByteArray>
 
+class QMenu;
+
 namespace korvane {
 
 /// A grid of columns of eight kinds, with sub-grids in cells and named cell layouts.
@@ -22,6 +24,7 @@ class TzuGrid : public TBabGridView_Custom, public TzuGridCore
     Q_PROPERTY(QByteArray SubGrids READ SubGridsText WRITE SetSubGridsText)
     Q_PROPERTY(QByteArray CellLayouts READ CellLayoutsText WRITE SetCellLayoutsText)
     Q_PROPERTY(bool UserSortEnable READ UserSortEnable WRITE SetUserSortEnable)
+    Q_PROPERTY(bool ColumnMenu READ ColumnMenu WRITE SetColumnMenu)
 
 public:
     using TOnVirtualNotify =
@@ -50,6 +53,13 @@ public:
     QByteArray CellLayoutsText() const;
     void SetCellLayoutsText(const QByteArray &text);
 
+    /// Whether a right click on a header, or the menu key, opens a menu for sorting, sizing, moving
+    /// and hiding columns. OnContextPopup comes first and may use the click up.
+    bool ColumnMenu() const { return m_columnMenu; }
+    void SetColumnMenu(bool value) { m_columnMenu = value; }
+
+    /// The menu of a column, nil for none, is about to open; entries may be added.
+    TMethod<void(TObject *theGrid, TzuGrid_Column *theColumn, QMenu &theMenu)> OnColumnMenu;
     /// A row of the grid, or of a grid in it, came into view and is to be filled. Rows that can be
     /// filled again are dropped when they are far from view.
     TOnVirtualNotify OnVirtualLoad;
@@ -67,6 +77,10 @@ protected:
     /// By the rules of the user's language.
     std::string UpperCase(std::string text) const override;
     TObject *Self() override { return static_cast<TBabGridLayoutCore *>(this); }
+    void contextMenuEvent(QContextMenuEvent *event) override;
+
+private:
+    bool m_columnMenu = true;
 };
 
 } // namespace korvane

@@ -127,6 +127,7 @@ TEST_F(GridEditor, KindsHaveTheirFields)
     EXPECT_EQ(calendar->selectedDate(), QDate(2024, 2, 28));
     QTest::keyClick(calendar->focusProxy(), Qt::Key_Right);
     QTest::keyClick(calendar->focusProxy(), Qt::Key_Return);
+    QCoreApplication::processEvents();
     EXPECT_EQ(Grid->CellText(3, 0), "29 Feb 2024");
     EXPECT_FALSE(Grid->IsEditing());
 
