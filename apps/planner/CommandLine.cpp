@@ -44,6 +44,9 @@ struct Options
         QStringLiteral("What the rows of the picture are: tasks or resources; by default tasks for "
                        "plans, resources for timetables and job traces."),
         QStringLiteral("kind")};
+    QCommandLineOption Table{
+        QStringLiteral("table"),
+        QStringLiteral("Show the table of tasks beside the chart in the picture.")};
     QCommandLineOption From{QStringLiteral("from"),
                             QStringLiteral("First date or date-time in the picture, or of the "
                                            "occurrences to count (ISO 8601)."),
@@ -143,8 +146,9 @@ CommandLine::CommandLine(const QStringList &arguments)
     const QCommandLineOption version = parser.addVersionOption();
     const Options options;
     parser.addOptions({options.Rows, options.Day, options.Summary, options.Convert, options.Render,
-                       options.View, options.Print, options.Paper, options.Landscape, options.Fit,
-                       options.Size, options.From, options.To, options.Ratio, options.Dark});
+                       options.View, options.Table, options.Print, options.Paper, options.Landscape,
+                       options.Fit, options.Size, options.From, options.To, options.Ratio,
+                       options.Dark});
 
     const bool isParsed = parser.parse(arguments);
     m_helpText =
@@ -219,6 +223,10 @@ CommandLine::Action CommandLine::ReadRequest(const QCommandLineParser &parser)
             return Fail(QStringLiteral("--view needs tasks or resources"));
         }
         m_request.View = view == u"tasks" ? ViewKind::Tasks : ViewKind::Resources;
+    }
+    m_request.Table = parser.isSet(options.Table);
+    if (m_request.Table && m_request.View == ViewKind::Resources) {
+        return Fail(QStringLiteral("--table goes with --view tasks"));
     }
     if (parser.isSet(options.Size)) {
         const auto size = ParseSize(parser.value(options.Size));

@@ -26,7 +26,8 @@ struct RenderRequest
     QSize Size{1400, 900};
     /// Which view; by default resources for timetables and the like, else tasks.
     std::optional<ViewKind> View;
-    double Ratio = 1; ///< device pixels per pixel, for PNG
+    bool Table = false; ///< beside the chart of tasks, in place of the tree
+    double Ratio = 1;   ///< device pixels per pixel, for PNG
     /// The ends of the time shown; by default the plan's, with a margin. From < To.
     std::optional<TDateTime> From;
     std::optional<TDateTime> To;

@@ -44,6 +44,7 @@ EditActions::EditActions(QMenu &menu, PlanDocument &document, PlanEdits &edits, 
     }
     ServeView(chart);
     connect(&chart, &PlanChart::selectionChanged, this, &EditActions::UpdateEnabled);
+    connect(&chart, &PlanChart::tableMenuWanted, this, &EditActions::OpenContextMenu);
     connect(&chart, &PlanChart::linkActivated, this, &EditActions::ShowLink);
     connect(&document, &PlanDocument::replaced, this, &EditActions::UpdateEnabled);
     connect(&document, &PlanDocument::changed, this, &EditActions::UpdateEnabled);

@@ -123,7 +123,10 @@ MainWindow::MainWindow(QWidget *parent)
     RestoreLayout();
 }
 
-MainWindow::~MainWindow() = default;
+MainWindow::~MainWindow()
+{
+    m_chart->CancelEdit(); // nobody can mend what is refused any more
+}
 
 void MainWindow::MakeStatusBar()
 {

@@ -79,8 +79,8 @@ private:
                        Function function);
     /// Adds an action for something that is shown or not, which the settings remember.
     template <typename Function>
-    void AddToggle(QMenu &menu, const QString &text, const QString &key, bool initially,
-                   Function setShown);
+    QAction *AddToggle(QMenu &menu, const QString &text, const QString &key, bool initially,
+                       Function setShown);
     void ChooseFile();
     void ChoosePicture();
     void ShowShortcuts();

@@ -55,8 +55,8 @@ QAction *MainWindow::AddAction(QMenu &menu, const QString &text,
 }
 
 template <typename Function>
-void MainWindow::AddToggle(QMenu &menu, const QString &text, const QString &key, bool initially,
-                           Function setShown)
+QAction *MainWindow::AddToggle(QMenu &menu, const QString &text, const QString &key, bool initially,
+                               Function setShown)
 {
     QAction *action = menu.addAction(text);
     action->setCheckable(true);
@@ -67,6 +67,7 @@ void MainWindow::AddToggle(QMenu &menu, const QString &text, const QString &key,
     const bool shown = QSettings().value(key, initially).toBool();
     action->setChecked(shown);
     setShown(shown);
+    return action;
 }
 
 void MainWindow::MakeMenus()
@@ -138,9 +139,18 @@ void MainWindow::MakeViewMenu()
     add(tr("&Later"), {QKeySequence(tr("Ctrl+PgDown"))}, [pan] { pan(1); });
     menu.addSeparator();
     add(tr("E&xpand all"), {QKeySequence(tr("Ctrl+Shift+Right"))},
-        [this] { m_chart->Tree().FullExpand(); });
+        [this] { m_chart->ExpandAll(); });
     add(tr("&Collapse all"), {QKeySequence(tr("Ctrl+Shift+Left"))},
-        [this] { m_chart->Tree().FullCollapse(); });
+        [this] { m_chart->CollapseAll(); });
+    menu.addSeparator();
+    AddToggle(menu, tr("Ta&ble"), QStringLiteral("table/shown"), false, [this](bool on) {
+        m_chart->SetTableShown(on);
+    })->setShortcut(QKeySequence(tr("Ctrl+3")));
+    QMenu *columns = menu.addMenu(tr("Table col&umns"));
+    connect(columns, &QMenu::aboutToShow, this, [this, columns] {
+        columns->clear();
+        m_chart->FillColumnMenu(*columns);
+    });
     menu.addSeparator();
     AddToggle(menu, tr("&Baselines"), QStringLiteral("baselines"), false,
               [this](bool on) { m_chart->SetBaselinesShown(on); });

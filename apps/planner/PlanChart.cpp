@@ -1,8 +1,10 @@
 #include "PlanChart.h"
 
+#include "PlanTable.h"
 #include "PlanTree.h"
 #include "TaskToolTip.h"
 #include "foundation/qt/zuConvert.h"
+#include "grid/qt/zuGrid.h"
 
 #include <QHelpEvent>
 #include <QToolTip>
@@ -33,13 +35,19 @@ void PlanChart::ShowPlan()
 {
     BeginUpdate();
     GetLinks().Clear();
+    if (m_table != nullptr) {
+        Grid().GetTree()->Clear();
+    }
     Tree().Clear();
     m_items.clear();
     m_lines.clear();
     m_expansions.clear();
     m_outsideLabels.clear();
     Fill();
-    FitTree();
+    m_treeWidth = 0;
+    if (!IsTableShown()) {
+        FitTree();
+    }
     FitPlan();
     EndUpdate();
 }
@@ -54,6 +62,9 @@ void PlanChart::Fill()
     NumberTasks(0);
     for (std::size_t task = 0; task < m_items.size(); ++task) {
         AddNode(static_cast<int>(task));
+    }
+    if (m_table != nullptr) {
+        FillTable();
     }
     m_lines.resize(plan.Links.size());
     for (auto &line : m_lines) {

@@ -10,7 +10,11 @@
 #include <unordered_map>
 #include <vector>
 
+class QMenu;
+
 namespace korvane::planner {
+
+class PlanTable;
 
 /// Shows a document's plan: its outline in the row tree, a bar per task, and the links between
 /// them. Another plan is shown in its whole length. As the watcher of edits the chart follows the
@@ -21,6 +25,9 @@ namespace korvane::planner {
 /// original. Times change by whole days as long as hours are too narrow to be told apart, so that
 /// times of day stay. A chart without edits only shows.
 ///
+/// A table of the tasks can stand in for the tree. Both have the same rows; what is expanded in one
+/// is so in the other when they change places. The table is made when it is first shown.
+///
 /// A notch of the wheel zooms so little that two of them are a step of the menu.
 class PlanChart : public PlanView, public IPlanWatcher
 {
@@ -29,6 +36,7 @@ class PlanChart : public PlanView, public IPlanWatcher
 public:
     /// `document` is observed and has to live as long.
     explicit PlanChart(PlanDocument &document, QWidget *parent = nullptr);
+    ~PlanChart() override;
 
     /// Lets the user edit the plans to come; observed.
     void SetEdits(PlanEdits *edits);
@@ -40,12 +48,23 @@ public:
     void SetDeadlinesShown(bool shown);
     bool AreDeadlinesShown() const { return m_deadlinesShown; }
 
+    /// Whether the table stands beside the area, rather than the tree. It does not, initially.
+    void SetTableShown(bool shown);
+    bool IsTableShown() const { return UseGridNotTree(); }
+    /// Gives up what is being typed into the table.
+    void CancelEdit();
+    /// Adds an item per column of the table, by which it is shown or hidden.
+    void FillColumnMenu(QMenu &menu);
+    void ExpandAll();
+    void CollapseAll();
+
     /// Index of the task whose bar is at the point of the area, or kNoIndex.
     int TaskAt(QPoint areaPoint) const;
     /// Null for a task without dates.
     const TzuDataEntity_Spanbar *BarOf(int task) const { return Items(task).Bar; }
     const TzuDataEntity_Tree *NodeOf(int task) const { return Items(task).Node; }
-    static int TaskOfNode(const TzuDataEntity_Tree &node) { return TaskOf(node); }
+    /// Of a node of the tree or of the table.
+    static int TaskOfNode(const TzuDataEntity &node) { return TaskOf(node); }
 
     /// Those of the selected bars; without any the one of the tree's current row while that is
     /// shown. Ascending.
@@ -56,7 +75,7 @@ public:
     /// Whether a drag from one bar to another links the tasks, instead of moving the first one.
     void SetLinking(bool on);
     bool IsLinking() const { return m_linking; }
-    /// Begins to edit the task's name in the tree.
+    /// Begins to edit the task's name in the tree, or in the table the cell with the focus.
     void EditName(int task);
 
     // IPlanWatcher
@@ -71,6 +90,12 @@ public:
 Q_SIGNALS:
     /// The only selected link was double-clicked, or the Enter key pressed for it.
     void linkActivated(int link);
+    /// The menu of tasks is wanted in the table.
+    void tableMenuWanted(QPoint globalPoint);
+
+protected:
+    TGantRow *CreateRow(TzuDataEntity_Tree *treeNode,
+                        TzuDataEntity_GridTreeNode *gridNode) override;
 
 private:
     /// What shows a task. Node and bar refer to it, so that they need not be told when tasks
@@ -80,7 +105,8 @@ private:
         int Task = kNoIndex;
         std::int64_t Uid = kNoUid;
         TzuDataEntity_Tree *Node = nullptr;
-        TzuDataEntity_Spanbar *Bar = nullptr; ///< the task in full; links end at it
+        TzuDataEntity_GridTreeNode *GridNode = nullptr; ///< once there is a table
+        TzuDataEntity_Spanbar *Bar = nullptr;           ///< the task in full; links end at it
     };
 
     /// What shows a link, null while one of its tasks has no bar.
@@ -131,6 +157,7 @@ private:
     void AddLine(int link);
     void NumberTasks(int first);
     void NumberLinks(int first);
+    void PlacesChanged();
 
     // Editing, PlanChartEdit.cpp.
     void ConnectGestures();
@@ -140,8 +167,21 @@ private:
     void AreaSelectionChanged();
     void TreeSelectionChanged();
     void FollowTree();
+    bool OutlineHasFocus();
+    std::vector<int> TasksInOutline();
+    int CurrentTask();
     void NameEdited(TzuDataEntity_Tree &node);
     void ShowTask(const std::vector<int> &tasks);
+
+    // The table, PlanChartTable.cpp.
+    void MakeTable();
+    void FillTable();
+    void AddGridNode(int task);
+    void MoveGridNode(int task);
+    void CopyExpansions();
+    void ApplyTableLooks();
+    void OpenTableMenu(QPoint at);
+    int WidthOfTable();
 
     // Looks, PlanChartLooks.cpp.
     void ColorItems() override;
@@ -173,6 +213,8 @@ private:
     std::vector<std::unique_ptr<TaskItems>> m_items;     ///< one per task
     std::vector<std::unique_ptr<LinkItems>> m_lines;     ///< one per link
     std::unordered_map<std::int64_t, bool> m_expansions; ///< of tasks removed, by UID
+    PlanTable *m_table = nullptr;                        ///< null until it is shown
+    int m_treeWidth = 0; ///< while the table is shown; 0 for what fits
     bool m_linking = false;
     bool m_selecting = false;                  ///< area and tree are being brought in step
     bool m_followingTree = false;              ///< FollowTree is about to run

@@ -1,9 +1,12 @@
 // What the user selects and edits in the chart.
 #include "PlanChart.h"
 #include "PlanEdits.h"
+#include "PlanTable.h"
 #include "PlanTree.h"
 #include "foundation/qt/zuConvert.h"
+#include "grid/qt/zuGrid.h"
 
+#include <QApplication>
 #include <QScopedValueRollback>
 #include <QTimer>
 
@@ -14,6 +17,9 @@ namespace korvane::planner {
 void PlanChart::SetEdits(PlanEdits *edits)
 {
     PlanView::SetEdits(edits);
+    if (m_table != nullptr) {
+        m_table->SetEdits(edits);
+    }
     connect(edits, &PlanEdits::concerned, this, &PlanChart::SelectTasks);
 }
 
@@ -108,17 +114,17 @@ void PlanChart::NameEdited(TzuDataEntity_Tree &node)
 std::vector<int> PlanChart::SelectedTasks()
 {
     std::vector<int> tasks;
-    if (m_tree->hasFocus()) {
-        tasks = TasksOf(m_tree->SelectedEntities());
+    if (OutlineHasFocus()) {
+        tasks = TasksInOutline();
     }
     if (tasks.empty()) {
         for (const TzuDataEntity_Spanbar *bar : SelectedItems()) {
             tasks.push_back(TaskOf(*bar));
         }
     }
-    const TzuDataEntity_Tree *current = m_tree->GetCurrentDataEntity();
-    if (tasks.empty() && isVisible() && current != nullptr && SelectedLinks().empty()) {
-        tasks.push_back(TaskOf(*current));
+    const int current = CurrentTask();
+    if (tasks.empty() && isVisible() && current != kNoIndex && SelectedLinks().empty()) {
+        tasks.push_back(current);
     }
     std::ranges::sort(tasks);
     return tasks;
@@ -143,6 +149,13 @@ void PlanChart::AreaSelectionChanged()
     if (active != nullptr && active->GetSelected()) {
         const QScopedValueRollback selecting(m_selecting, true);
         m_tree->SetCurrentDataEntity(active->GetRow()->TreeNode());
+        if (IsTableShown()) {
+            std::vector<TzuDataEntity_GridTreeNode *> nodes;
+            for (const TzuDataEntity_Spanbar *bar : SelectedItems()) {
+                nodes.push_back(Items(TaskOf(*bar)).GridNode);
+            }
+            m_table->SelectRows(nodes, Items(TaskOf(*active)).GridNode);
+        }
     }
     Q_EMIT selectionChanged();
 }
@@ -151,7 +164,7 @@ void PlanChart::AreaSelectionChanged()
 /// rows is told row by row.
 void PlanChart::TreeSelectionChanged()
 {
-    if (m_selecting || m_followingTree || !m_tree->hasFocus()) {
+    if (m_selecting || m_followingTree || !OutlineHasFocus()) {
         return;
     }
     m_followingTree = true;
@@ -166,18 +179,40 @@ void PlanChart::FollowTree()
     {
         const QScopedValueRollback selecting(m_selecting, true);
         ClearSelection();
-        for (const TzuDataEntity_Tree *node : m_tree->SelectedEntities()) {
-            if (TzuDataEntity_Spanbar *bar = Items(TaskOf(*node)).Bar) {
+        for (const int task : TasksInOutline()) {
+            if (TzuDataEntity_Spanbar *bar = Items(task).Bar) {
                 bar->SetSelected(true);
             }
         }
-        const TzuDataEntity_Tree *current = m_tree->GetCurrentDataEntity();
-        if (current != nullptr && Items(TaskOf(*current)).Bar != nullptr) {
-            SetActiveDataEntity(Items(TaskOf(*current)).Bar);
+        const int current = CurrentTask();
+        if (current != kNoIndex && Items(current).Bar != nullptr) {
+            SetActiveDataEntity(Items(current).Bar);
         }
     }
     GantArea().Invalidate();
     Q_EMIT selectionChanged();
+}
+
+/// Of the tree, or of the table in its place.
+bool PlanChart::OutlineHasFocus()
+{
+    const QWidget *focus = QApplication::focusWidget();
+    QWidget *outline = IsTableShown() ? static_cast<QWidget *>(&Grid()) : m_tree;
+    return focus == outline || outline->isAncestorOf(focus);
+}
+
+std::vector<int> PlanChart::TasksInOutline()
+{
+    return IsTableShown() ? m_table->SelectedTasks() : TasksOf(m_tree->SelectedEntities());
+}
+
+int PlanChart::CurrentTask()
+{
+    const TzuDataEntity *node = m_tree->GetCurrentDataEntity();
+    if (IsTableShown()) {
+        node = Grid().GetCurrentDataEntity();
+    }
+    return node != nullptr ? TaskOf(*node) : kNoIndex;
 }
 
 void PlanChart::SelectTasks(const std::vector<int> &tasks)
@@ -212,6 +247,12 @@ void PlanChart::ShowTask(const std::vector<int> &tasks)
     const TaskItems &items = Items(found != tasks.end() ? *found : tasks.front());
     m_tree->MakeVisible(*items.Node);
     m_tree->SetCurrentDataEntity(items.Node);
+    if (IsTableShown()) {
+        std::vector<TzuDataEntity_GridTreeNode *> nodes;
+        std::ranges::transform(tasks, std::back_inserter(nodes),
+                               [this](int task) { return Items(task).GridNode; });
+        m_table->SelectRows(nodes, items.GridNode);
+    }
     if (items.Bar == nullptr) {
         return;
     }
@@ -225,6 +266,10 @@ void PlanChart::ShowTask(const std::vector<int> &tasks)
 
 void PlanChart::EditName(int task)
 {
+    if (IsTableShown()) {
+        m_table->Edit(*Items(task).GridNode, TaskColumn::Name);
+        return;
+    }
     m_tree->setFocus();
     TzuDataEntity_Tree &node = *Items(task).Node;
     m_tree->MakeVisible(node);

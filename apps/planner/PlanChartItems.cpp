@@ -1,7 +1,9 @@
 // How the chart follows the plan: nodes, bars and lines of tasks and links.
 #include "PlanChart.h"
+#include "PlanTable.h"
 #include "PlanTree.h"
 #include "foundation/qt/zuConvert.h"
+#include "grid/qt/zuGrid.h"
 #include "plan/PlanOutline.h"
 
 #include <algorithm>
@@ -182,6 +184,9 @@ void PlanChart::TaskChanged(int task)
 {
     UpdateNode(task);
     UpdateBar(task);
+    if (m_table != nullptr) {
+        m_table->PlanChanged();
+    }
 }
 
 void PlanChart::TasksInserted(std::span<const int> tasks)
@@ -190,8 +195,11 @@ void PlanChart::TasksInserted(std::span<const int> tasks)
     NumberTasks(tasks.front());
     for (const int task : tasks) {
         AddNode(task);
+        if (m_table != nullptr) {
+            AddGridNode(task);
+        }
     }
-    GantArea().Invalidate();
+    PlacesChanged();
 }
 
 void PlanChart::TasksRemoved(std::span<const int> tasks)
@@ -201,11 +209,14 @@ void PlanChart::TasksRemoved(std::span<const int> tasks)
     for (std::size_t i = tasks.size(); i-- > 0;) {
         TzuDataEntity_Tree *node = Items(tasks[i]).Node;
         m_expansions[Items(tasks[i]).Uid] = node->GetExpanded();
+        if (m_table != nullptr) {
+            Grid().GetTree()->RemoveDataEntity(Items(tasks[i]).GridNode);
+        }
         m_tree->RemoveDataEntity(node);
     }
     TakeOut(m_items, tasks);
     NumberTasks(tasks.front());
-    GantArea().Invalidate();
+    PlacesChanged();
 }
 
 void PlanChart::SubtreeMoved(int from, int count, int to)
@@ -225,7 +236,10 @@ void PlanChart::SubtreeMoved(int from, int count, int to)
     } else {
         node.Move(node.ListIndex() < place ? place - 1 : place);
     }
-    GantArea().Invalidate();
+    if (m_table != nullptr) {
+        MoveGridNode(to);
+    }
+    PlacesChanged();
 }
 
 // Links.
@@ -248,6 +262,16 @@ void PlanChart::AddLine(int index)
 
 void PlanChart::LinkChanged(int /*link*/)
 {
+    PlacesChanged();
+}
+
+/// Tasks have other numbers, or links lead elsewhere.
+void PlanChart::PlacesChanged()
+{
+    if (m_table != nullptr) {
+        m_table->LinksChanged();
+        m_table->PlanChanged();
+    }
     GantArea().Invalidate();
 }
 
@@ -258,7 +282,7 @@ void PlanChart::LinksInserted(std::span<const int> links)
     for (const int link : links) {
         AddLine(link);
     }
-    GantArea().Invalidate();
+    PlacesChanged();
 }
 
 void PlanChart::LinksRemoved(std::span<const int> links)
@@ -270,7 +294,7 @@ void PlanChart::LinksRemoved(std::span<const int> links)
     }
     TakeOut(m_lines, links);
     NumberLinks(links.front());
-    GantArea().Invalidate();
+    PlacesChanged();
 }
 
 } // namespace korvane::planner

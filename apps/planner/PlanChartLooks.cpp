@@ -15,6 +15,9 @@ void PlanChart::ColorItems()
             line->Line->SetColor(m_looks.Link);
         }
     }
+    if (m_table != nullptr) {
+        ApplyTableLooks();
+    }
     GantArea().Invalidate();
 }
 

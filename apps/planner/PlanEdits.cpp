@@ -173,6 +173,36 @@ bool PlanEdits::SetDetails(int task, const TaskDetails &details)
               [&](PlanEditor &editor) { return editor.SetDetails(task, details); });
 }
 
+void PlanEdits::BeginCells()
+{
+    ++m_cellDepth;
+}
+
+void PlanEdits::SetCell(const TaskCellText &cell, const TaskCells &cells, PredecessorIndex &links)
+{
+    m_document.Edit([&](Plan &plan) {
+        PlanChange change = PlanEditor(plan, m_watcher).SetCell(cell, cells, links);
+        if (!change.IsEmpty()) {
+            ++m_cellCount;
+            m_cells.Append(std::move(change));
+        }
+    });
+}
+
+void PlanEdits::EndCells(const std::function<QString(int count)> &text)
+{
+    if (--m_cellDepth > 0 || m_cells.IsEmpty()) {
+        return;
+    }
+    m_document.Edit([&](Plan &plan) {
+        const std::vector<int> tasks = m_cells.TasksAfter;
+        m_cells.Append(PlanEditor(plan, m_watcher).RefreshSummaries(tasks));
+    });
+    const int count = std::exchange(m_cellCount, 0);
+    m_document.History().push(
+        new Command(*this, std::exchange(m_cells, {}), text(count), std::nullopt));
+}
+
 /// A working day, beside the task above which it is to be, or at the beginning of the plan.
 TaskDates PlanEdits::NewTaskDates(int above) const
 {

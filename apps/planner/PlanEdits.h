@@ -34,6 +34,12 @@ public:
     bool SetDates(const std::vector<TaskDates> &dates, DateSource source = DateSource::Gesture);
     bool Rename(int task, const QString &name);
     bool SetDetails(int task, const TaskDetails &details);
+    /// Cells that are set between the two are one step, of the name that `text` gives for the
+    /// number of cells. They nest.
+    void BeginCells();
+    void EndCells(const std::function<QString(int count)> &text);
+    /// Throws PlanEditRefusal instead of reporting. Only between BeginCells and EndCells.
+    void SetCell(const TaskCellText &cell, const TaskCells &cells, PredecessorIndex &links);
     /// A new task above the given one and on its level, or at the end of the plan for kNoIndex.
     bool Insert(int above);
     bool Delete(const std::vector<int> &tasks);
@@ -73,6 +79,9 @@ private:
 
     PlanDocument &m_document;
     IPlanWatcher &m_watcher;
+    PlanChange m_cells; ///< that have been set since BeginCells
+    int m_cellCount = 0;
+    int m_cellDepth = 0;
 };
 
 } // namespace korvane::planner

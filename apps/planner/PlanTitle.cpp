@@ -5,6 +5,8 @@
 
 #include <QPainter>
 
+#include <algorithm>
+
 namespace korvane::planner {
 
 PlanTitle::PlanTitle(QWidget *parent)
@@ -32,20 +34,28 @@ void PlanTitle::paintEvent(QPaintEvent * /*event*/)
     QFont font = this->font();
     font.setBold(true);
     painter.setFont(font);
-    PaintLine(painter, 0, m_name);
+    // Two lines side by side with the two rows of the axis, or above the head of a table one.
+    constexpr int kMargin = 8;
+    const QRect all = rect().adjusted(kMargin, 0, -kMargin, 0);
+    const bool inTwo = all.height() >= 2 * painter.fontMetrics().height();
+    const int split = inTwo ? all.height() / 2 : 0;
+    const QRect name = inTwo ? all.adjusted(0, 0, 0, -split) : all;
+    const int used = PaintLine(painter, name, inTwo ? Qt::AlignBottom : Qt::AlignVCenter, m_name);
     color.setAlphaF(kMuted);
     painter.setPen(color);
     painter.setFont(this->font());
-    PaintLine(painter, 1, m_dates);
+    PaintLine(painter, all.adjusted(inTwo ? 0 : used + kMargin, split, 0, 0), Qt::AlignVCenter,
+              m_dates);
 }
 
-/// Two lines side by side with the two rows of the axis.
-void PlanTitle::PaintLine(QPainter &painter, int line, const QString &text) const
+/// Pixels that the text takes.
+int PlanTitle::PaintLine(QPainter &painter, const QRect &rect, Qt::AlignmentFlag place,
+                         const QString &text)
 {
-    constexpr int kMargin = 8;
-    const QRect half(kMargin, line * height() / 2, width() - 2 * kMargin, height() / 2);
-    painter.drawText(half, Qt::AlignLeft | (line == 0 ? Qt::AlignBottom : Qt::AlignVCenter),
-                     painter.fontMetrics().elidedText(text, Qt::ElideRight, half.width()));
+    const QString shown =
+        painter.fontMetrics().elidedText(text, Qt::ElideRight, std::max(rect.width(), 0));
+    painter.drawText(rect, Qt::AlignLeft | place, shown);
+    return painter.fontMetrics().horizontalAdvance(shown);
 }
 
 } // namespace korvane::planner

@@ -21,7 +21,8 @@ protected:
     void paintEvent(QPaintEvent *event) override;
 
 private:
-    void PaintLine(QPainter &painter, int line, const QString &text) const;
+    static int PaintLine(QPainter &painter, const QRect &rect, Qt::AlignmentFlag place,
+                         const QString &text);
 
     QString m_name;
     QString m_dates;

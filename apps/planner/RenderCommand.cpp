@@ -35,12 +35,16 @@ ExitCode RenderPlan(const QString &fileName, const ReadOptions &options,
     if (!result) {
         return ExitCode::UnusableFile;
     }
-    const bool byResource = request.View ? *request.View == ViewKind::Resources
-                                         : result->Value.Kind == PlanKind::Intervals;
+    const bool byResource = request.View
+                                ? *request.View == ViewKind::Resources
+                                : result->Value.Kind == PlanKind::Intervals && !request.Table;
     PlanDocument document;
     const auto chart = byResource ? std::unique_ptr<PlanView>(new ResourceChart(document))
                                   : std::make_unique<PlanChart>(document);
     chart->resize(request.Size);
+    if (auto *tasks = qobject_cast<PlanChart *>(chart.get()); tasks != nullptr && request.Table) {
+        tasks->SetTableShown(true);
+    }
     chart->SetScrollBarShown(false);
     document.SetPlan(std::move(result->Value));
     ShowRange(*chart, request);

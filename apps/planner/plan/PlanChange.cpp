@@ -168,6 +168,17 @@ void FlipStep(Plan &plan, SubtreeMove &step, IPlanWatcher &watcher)
     step.Parent = oldParent;
 }
 
+void FlipStep(Plan &plan, AssignmentSwap &step, IPlanWatcher &watcher)
+{
+    const auto [first, last] =
+        std::ranges::equal_range(plan.Assignments, step.Task, {}, &PlanAssignment::Task);
+    std::vector<PlanAssignment> former(first, last);
+    const auto place = plan.Assignments.erase(first, last);
+    plan.Assignments.insert(place, step.Other.begin(), step.Other.end());
+    step.Other = std::move(former);
+    watcher.TaskChanged(step.Task);
+}
+
 } // namespace
 
 int IndexAfterInsertion(std::span<const int> inserted, int index)
@@ -224,6 +235,15 @@ void PlanChange::Redo(Plan &plan, IPlanWatcher &watcher)
 {
     for (PlanStep &step : m_steps) {
         Flip(plan, step, watcher);
+    }
+}
+
+void PlanChange::Append(PlanChange next)
+{
+    std::ranges::move(next.m_steps, std::back_inserter(m_steps));
+    for (auto tasks : {&PlanChange::TasksAfter, &PlanChange::TasksBefore}) {
+        std::vector<int> &all = this->*tasks;
+        all.insert(all.end(), (next.*tasks).begin(), (next.*tasks).end());
     }
 }
 

@@ -17,7 +17,7 @@ class IPlanWatcher
 public:
     virtual ~IPlanWatcher() = default;
 
-    /// Anything but its place in the outline.
+    /// Anything but its place in the outline; its assignments, too.
     virtual void TaskChanged(int task) = 0;
     /// Ascending.
     virtual void TasksInserted(std::span<const int> tasks) = 0;
@@ -73,7 +73,14 @@ struct SubtreeMove
     int Parent = kNoIndex; ///< as counted afterwards
 };
 
-using PlanStep = std::variant<TaskSwap, LinkSwap, TaskRows, LinkRows, SubtreeMove>;
+/// Other assignments of a task.
+struct AssignmentSwap
+{
+    int Task = 0;
+    std::vector<PlanAssignment> Other;
+};
+
+using PlanStep = std::variant<TaskSwap, LinkSwap, TaskRows, LinkRows, SubtreeMove, AssignmentSwap>;
 
 /// Where an item stands after others have come (`inserted`: where they stand then), gone
 /// (`removed`: where they stood; it is none of them), or after SubtreeMoved. Indices ascend.
@@ -99,6 +106,8 @@ public:
     /// and the last are kept, so that a long row of joined changes stays small. False, and nothing
     /// happens, unless both only set values of tasks.
     bool Join(const PlanChange &next);
+    /// Adds the steps of a change that was made right after this one.
+    void Append(PlanChange next);
 
     /// What the edit is about, to be selected and shown: as counted while it is done and while it
     /// is taken back.

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "plan/PlanChange.h"
+#include "plan/TaskCells.h"
 
 #include <exception>
 #include <utility>
@@ -40,6 +41,14 @@ struct TaskDetails
     float PercentComplete = 0;
 };
 
+/// What was typed into a cell.
+struct TaskCellText
+{
+    int Task = 0;
+    TaskColumn Column = TaskColumn::Name;
+    QString Text;
+};
+
 /// Edits a plan, each edit with a change that takes it back. A change is empty when the edit makes
 /// no difference. Edits throw PlanEditRefusal.
 ///
@@ -61,6 +70,11 @@ public:
     PlanChange Shift(std::span<const int> tasks, TDateTime days);
     PlanChange Rename(int task, const QString &name);
     PlanChange SetDetails(int task, const TaskDetails &details);
+    /// A start moves its task, which keeps its working time; a finish and a duration leave the
+    /// start where it is. A text that is shown already changes nothing. What summary tasks derive
+    /// from the task is left for RefreshSummaries, so that it is worked out once for many cells.
+    PlanChange SetCell(const TaskCellText &cell, const TaskCells &cells, PredecessorIndex &links);
+    PlanChange RefreshSummaries(std::span<const int> tasks);
 
     // The outline. Tasks below others of the same edit go with them.
     /// A task of the given name and dates below `parent` (kNoIndex: at the top), before its
@@ -114,6 +128,12 @@ private:
     void ApplyDates(std::span<const TaskDates> dates);
     void ApplyDate(const TaskDates &wanted);
     void ApplyShift(int task, TDateTime days);
+    void ApplyStart(int index, TDateTime start);
+    void ApplyFinish(int index, TDateTime finish);
+    void ApplyDuration(int index, double minutes, bool isElapsed);
+    void ApplyPredecessors(int task, const std::vector<PlanLink> &wanted);
+    void ApplyAssignments(int task, std::vector<PlanAssignment> wanted);
+    void ApplyCell(const TaskCellText &cell, const TaskCells &cells);
     /// Copies of the tasks with all below them; tells where the copy of each task is to stand.
     TaskRows Copies(std::span<const int> tops, TDateTime days, std::vector<int> &copyOf) const;
     TaskMove ApplyMove(int task, int parent, int before);
