@@ -41,8 +41,9 @@ struct Options
                             QStringLiteral("WxH")};
     QCommandLineOption View{
         QStringLiteral("view"),
-        QStringLiteral("What the rows of the picture are: tasks or resources; by default tasks for "
-                       "plans, resources for timetables and job traces."),
+        QStringLiteral(
+            "What the rows of picture or print are: tasks or resources; by default tasks for "
+            "plans, resources for timetables and job traces."),
         QStringLiteral("kind")};
     QCommandLineOption Table{
         QStringLiteral("table"),
@@ -58,7 +59,8 @@ struct Options
                              QStringLiteral("Device pixels per pixel of a .png picture."),
                              QStringLiteral("ratio")};
     QCommandLineOption Print{QStringLiteral("print"),
-                             QStringLiteral("Print the plan into a .pdf file and exit."),
+                             QStringLiteral("Print the plan or calendar into a .pdf file, or into "
+                                            ".svg or .png files, one for each page, and exit."),
                              QStringLiteral("pages")};
     QCommandLineOption Paper{QStringLiteral("paper"),
                              QStringLiteral("Paper to print on: A0 to A6, letter, legal, tabloid, "
@@ -68,7 +70,8 @@ struct Options
                                  QStringLiteral("Print on paper turned on its side.")};
     QCommandLineOption Fit{QStringLiteral("fit"),
                            QStringLiteral("Pages to print on at most, ACROSSxDOWN; 0 for as many "
-                                          "as it takes, by default 1x0."),
+                                          "as it takes, by default 1x0 for plans, 0x1 for "
+                                          "calendars."),
                            QStringLiteral("pages")};
     QCommandLineOption Rows{
         QStringLiteral("rows"),
@@ -217,12 +220,8 @@ CommandLine::Action CommandLine::ReadRequest(const QCommandLineParser &parser)
     if (!PictureFormatOf(m_request.Picture)) {
         return Fail(QStringLiteral("--render needs a .png, .pdf or .svg file to write"));
     }
-    if (parser.isSet(options.View)) {
-        const QString view = parser.value(options.View);
-        if (view != u"tasks" && view != u"resources") {
-            return Fail(QStringLiteral("--view needs tasks or resources"));
-        }
-        m_request.View = view == u"tasks" ? ViewKind::Tasks : ViewKind::Resources;
+    if (!ReadView(parser)) {
+        return Action::ReportError;
     }
     m_request.Table = parser.isSet(options.Table);
     if (m_request.Table && m_request.View == ViewKind::Resources) {
@@ -251,12 +250,30 @@ CommandLine::Action CommandLine::ReadRequest(const QCommandLineParser &parser)
                                 : ReadRange(parser, Action::RenderPicture);
 }
 
+/// False when the option makes no sense.
+bool CommandLine::ReadView(const QCommandLineParser &parser)
+{
+    const Options options;
+    if (parser.isSet(options.View)) {
+        const QString view = parser.value(options.View);
+        if (view != u"tasks" && view != u"resources") {
+            Fail(QStringLiteral("--view needs tasks or resources"));
+            return false;
+        }
+        m_request.View = view == u"tasks" ? ViewKind::Tasks : ViewKind::Resources;
+    }
+    return true;
+}
+
 CommandLine::Action CommandLine::ReadPrintRequest(const QCommandLineParser &parser)
 {
     const Options options;
     m_pages.File = parser.value(options.Print);
-    if (PictureFormatOf(m_pages.File) != PictureFormat::Pdf) {
-        return Fail(QStringLiteral("--print needs a .pdf file to write"));
+    if (!PictureFormatOf(m_pages.File)) {
+        return Fail(QStringLiteral("--print needs a .pdf, .svg or .png file to write"));
+    }
+    if (!ReadView(parser)) {
+        return Action::ReportError;
     }
     if (parser.isSet(options.Paper)) {
         const auto paper = ParsePaper(parser.value(options.Paper));
@@ -273,8 +290,7 @@ CommandLine::Action CommandLine::ReadPrintRequest(const QCommandLineParser &pars
             return Fail(
                 QStringLiteral("--fit needs ACROSSxDOWN, each from 0 to %1").arg(kMostPages));
         }
-        m_pages.PagesAcross = pages->width();
-        m_pages.PagesDown = pages->height();
+        m_pages.Pages = pages;
     }
     return ReadRange(parser, Action::PrintPages);
 }

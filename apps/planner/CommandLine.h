@@ -36,12 +36,11 @@ struct RenderRequest
 /// What --print is asked for.
 struct PrintRequest
 {
-    QString File;          ///< the PDF to write
+    QString File;          ///< to write; its suffix tells the format
     QSize Paper{210, 297}; ///< millimetres
     bool Landscape = false;
-    /// Pages at most; 0: as many as it takes.
-    int PagesAcross = 1;
-    int PagesDown = 0;
+    /// Pages at most, across and down; 0: as many as it takes. By default what suits the document.
+    std::optional<QSize> Pages;
 };
 
 /// The parsed command line. Needs no application object, so that it can be parsed before it is
@@ -83,6 +82,7 @@ public:
 private:
     Action Fail(const QString &error);
     Action ReadRequest(const QCommandLineParser &parser);
+    bool ReadView(const QCommandLineParser &parser);
     Action ReadPrintRequest(const QCommandLineParser &parser);
     Action ReadFileOptions(const QCommandLineParser &parser);
     /// The action, when the ends of the range make sense.

@@ -4,8 +4,8 @@
 #include "PictureFormat.h"
 #include "PlanChart.h"
 #include "PlanDocument.h"
+#include "PlanPrint.h"
 #include "PrintActions.h"
-#include "PrintCommand.h"
 #include "RecentFiles.h"
 #include "RemarksPanel.h"
 #include "ResourceChart.h"
@@ -99,9 +99,14 @@ void MainWindow::MakeFileMenu()
                                &MainWindow::ChoosePicture);
     menu.addSeparator();
     const auto makeJob = [this]() -> std::unique_ptr<PrintJob> {
+        if (&m_views->Shown() == m_resources) {
+            return std::make_unique<PlanPrint>(*m_resources, *m_document);
+        }
         return std::make_unique<PlanPrint>(*m_chart, *m_document);
     };
-    m_planActions += (new PrintActions(menu, makeJob, *this))->Actions();
+    const auto *print = new PrintActions(makeJob, *this);
+    menu.addActions(print->Actions());
+    m_planActions += print->Actions();
     menu.addSeparator();
     AddAction(menu, tr("&Quit"), {QKeySequence(tr("Ctrl+Q"))}, &QWidget::close);
 }

@@ -324,22 +324,29 @@ QPainter *PlanView::PainterOf(TCanvas &canvas)
     return dynamic_cast<TPainterCanvas &>(canvas).Painter();
 }
 
+double PlanView::LineWidthOf(const TCanvas &canvas)
+{
+    return dynamic_cast<const TPainterCanvas &>(canvas).LineWidth(1);
+}
+
 void PlanView::PaintGrid(const TRect &rect, TCanvas &canvas) const
 {
     QPainter *painter = PainterOf(canvas);
     if (painter == nullptr) {
         return;
     }
+    const double line = LineWidthOf(canvas);
     for (const TScaleMarkList *marks :
          {&DateScaler().PrimaryMarks(), &DateScaler().SecondaryMarks()}) {
         for (const TScaleMark &mark : *marks) {
             const int x = DateScaler().DateToPixel(mark.Date);
-            painter->fillRect(x, rect.Top, 1, rect.Height(),
+            painter->fillRect(QRectF(x, rect.Top, line, rect.Height()),
                               mark.IsMajor ? m_looks.Grid : m_looks.FineGrid);
         }
     }
     for (const TGantRow *row : GantRows().RowsOnScreen()) {
-        painter->fillRect(rect.Left, row->GetRect().Bottom - 1, rect.Width(), 1, m_looks.Grid);
+        painter->fillRect(QRectF(rect.Left, row->GetRect().Bottom - 1, rect.Width(), line),
+                          m_looks.Grid);
     }
 }
 
@@ -382,7 +389,7 @@ void PlanView::PaintNow(const TRect &rect, TCanvas &canvas) const
     const int pixel = DateScaler().DateToPixel(m_now);
     if (painter != nullptr && m_now >= Start() && m_now <= Stop() && pixel >= rect.Left
         && pixel < rect.Right) {
-        painter->fillRect(pixel, rect.Top, 1, rect.Height(), m_looks.Now);
+        painter->fillRect(QRectF(pixel, rect.Top, LineWidthOf(canvas), rect.Height()), m_looks.Now);
     }
 }
 

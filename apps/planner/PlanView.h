@@ -97,6 +97,8 @@ protected:
     static std::string Caption(const QString &name);
     /// The painter behind the canvas of the area; null while only measuring.
     static QPainter *PainterOf(TCanvas &canvas);
+    /// Thickness of a fine line on that canvas, in pixels.
+    static double LineWidthOf(const TCanvas &canvas);
     void ApplyLooks();
     /// Of what is still to be done of the task.
     TColor ColorOf(const PlanTask &task) const;

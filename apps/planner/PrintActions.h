@@ -1,6 +1,7 @@
 // File > Print and Print preview.
 #pragma once
 
+#include <QKeySequence>
 #include <QList>
 #include <QObject>
 
@@ -9,33 +10,31 @@
 
 class QAction;
 class QMenu;
-class QPrinter;
-class QPrintPreviewDialog;
 
 namespace korvane::planner {
 
+class PrintDialog;
 class PrintJob;
 
-/// Prints a document as it is shown at that time. Paper, orientation, margins and the number of
-/// pages to fit on are remembered for each file.
+/// Prints a document as it is shown at that time, with the options that are remembered for its
+/// file.
 class PrintActions : public QObject
 {
     Q_OBJECT
 
 public:
-    /// Adds the actions to the menu. `makeJob` is called for each print; `window` is observed.
-    PrintActions(QMenu &menu, std::function<std::unique_ptr<PrintJob>()> makeJob, QWidget &window);
+    /// `makeJob` is called for each print; `window` is observed.
+    PrintActions(std::function<std::unique_ptr<PrintJob>()> makeJob, QWidget &window);
 
-    QList<QAction *> Actions() const { return m_actions; }
+    /// Preview, print, export.
+    const QList<QAction *> &Actions() const { return m_actions; }
 
 private:
+    void AddAction(const QString &text, const QKeySequence &keys, void (PrintActions::*method)());
+    PrintDialog *MakeDialog();
     void Preview();
     void Print();
-    void AddPageFields(QPrintPreviewDialog &dialog, PrintJob &job);
-    /// Puts the print on the printer's paper; what goes wrong is told to the user.
-    void PrintOn(QPrinter &printer, PrintJob &job, bool preview);
-    void Restore(QPrinter &printer, PrintJob &job) const;
-    void Remember(const QPrinter &printer, PrintJob &job) const;
+    void Export();
 
     std::function<std::unique_ptr<PrintJob>()> m_makeJob;
     QWidget &m_window;

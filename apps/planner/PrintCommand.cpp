@@ -1,84 +1,77 @@
 #include "PrintCommand.h"
 
+#include "PictureFormat.h"
+#include "PlanPrint.h"
+#include "PlanView.h"
+#include "ScheduleCommands.h"
+#include "SchedulePages.h"
+#include "SchedulePrint.h"
 #include "foundation/qt/zuConvert.h"
 #include "plan/PlanFile.h"
+#include "printing/qt/zuPrintJob.h"
 
-#include <QApplication>
-#include <QFileInfo>
-#include <QLocale>
-#include <QPageSize>
-
+#include <memory>
 #include <stdexcept>
 #include <utility>
+#include <vector>
 
 namespace korvane::planner {
 
 namespace {
 
-/// The chart is laid out at this width; the paper shrinks it.
-constexpr QSize kChartSize(1400, 900);
-
-QString DayText(TDateTime date)
+PrintOptions OptionsOf(const PrintRequest &request, const PrintJob &job)
 {
-    return QLocale().toString(ToQDateTime(date).date(), QLocale::ShortFormat);
+    PrintOptions options = job.StandardOptions();
+    options.Paper = request.Paper;
+    options.Landscape = request.Landscape;
+    if (request.Pages) {
+        options.Scaling.PagesAcross = request.Pages->width();
+        options.Scaling.PagesDown = request.Pages->height();
+    }
+    return options;
 }
 
-/// Nothing for a task without dates.
-QString DateOf(const PlanChart &chart, const TzuDataEntity_Tree &node, TDateTime PlanSpan::*end)
+ExitCode Save(TzuPrintDocument &document, const QString &fileName, const PrintRequest &request)
 {
-    const int task = PlanChart::TaskOfNode(node);
-    if (task == kNoIndex) {
-        return {};
+    constexpr int kDotsPerInch = 150;
+    try {
+        SavePages(document, request.File, kDotsPerInch);
+    } catch (const std::runtime_error &error) {
+        PrintError(ErrorLine(fileName, {0, ToQt(error.what())}));
+        return ExitCode::UnusableFile;
     }
-    const auto &dates = chart.GetPlan().Tasks.at(static_cast<std::size_t>(task)).Dates;
-    return dates ? DayText((*dates).*end) : QString();
+    return ExitCode::Ok;
 }
 
-/// The chart's plan, collapsed where the chart is.
-Plan AsShown(const PlanChart &chart)
+/// The days of a programme that are asked for, or the page of a calendar.
+std::vector<SchedulePage> PagesFor(const ISchedulePages &schedule, const RenderRequest &range)
 {
-    Plan plan = chart.GetPlan();
-    for (std::size_t i = 0; i < plan.Tasks.size(); ++i) {
-        const TzuDataEntity_Tree *node = chart.NodeOf(static_cast<int>(i));
-        plan.Tasks[i].Collapsed = node != nullptr && !node->GetExpanded();
+    std::vector<SchedulePage> pages;
+    const auto days = static_cast<int>(schedule.Tabs().size());
+    if (range.From || range.To || days == 0) {
+        pages.push_back(PageFor(schedule, range));
+        return pages;
     }
-    return plan;
+    const AgendaSeconds first = schedule.Step(0, 0, -days);
+    for (int day = 0; day < days; ++day) {
+        pages.push_back(schedule.Page(0, schedule.Step(0, first, day)));
+    }
+    return pages;
 }
 
 } // namespace
 
-PlanPrint::PlanPrint(PlanChart &shown, const PlanDocument &document)
-    : PlanPrint(AsShown(shown), document.FileName())
+bool SavePages(TzuPrintDocument &document, const QString &fileName, int dotsPerInch)
 {
-    m_chart.SetBaselinesShown(shown.AreBaselinesShown());
-    m_chart.SetDeadlinesShown(shown.AreDeadlinesShown());
-    m_chart.SelectTasks(shown.SelectedTasks());
-}
-
-PlanPrint::PlanPrint(Plan plan, const QString &fileName)
-    : m_fileName(fileName)
-    , m_chart(m_document)
-    , m_printing(m_chart)
-{
-    m_chart.setPalette(QPalette(QColor(240, 240, 240), Qt::white));
-    m_chart.resize(kChartSize);
-    m_document.SetPlan(std::move(plan));
-    // Parts find their places only when they are shown; nothing comes to a screen.
-    m_chart.setAttribute(Qt::WA_DontShowOnScreen);
-    m_chart.show();
-    QApplication::sendPostedEvents();
-    m_chart.FitPlan();
-    m_printing.SetFineness(1); // what the chart draws itself knows no print scale
-    m_printing.SetTitle(m_chart.GetPlan().Name);
-    m_printing.SetFileName(QFileInfo(fileName).fileName());
-    const auto date = [this](TDateTime PlanSpan::*end) {
-        return [this, end](const TzuDataEntity_Tree &node) { return DateOf(m_chart, node, end); };
-    };
-    m_printing.Columns() = {
-        {QObject::tr("Task"), {}, 0, Qt::AlignLeft},
-        {QObject::tr("Start"), date(&PlanSpan::Start), 0, Qt::AlignRight},
-        {QObject::tr("Finish"), date(&PlanSpan::Finish), 0, Qt::AlignRight},
-    };
+    switch (PictureFormatOf(fileName).value_or(PictureFormat::Pdf)) {
+    case PictureFormat::Svg:
+        return !document.SaveSvg(fileName).isEmpty();
+    case PictureFormat::Png:
+        return !document.SavePictures(fileName, dotsPerInch).isEmpty();
+    case PictureFormat::Pdf:
+        break;
+    }
+    return document.SavePdf(fileName);
 }
 
 ExitCode PrintPlan(const QString &fileName, const ReadOptions &options, const PrintRequest &request,
@@ -88,25 +81,38 @@ ExitCode PrintPlan(const QString &fileName, const ReadOptions &options, const Pr
     if (!result) {
         return ExitCode::UnusableFile;
     }
-    PlanPrint print(std::move(result->Value), fileName);
-    const PlanChart &chart = print.Chart();
-    TzuGanttPrinting &printing = print.Printing();
+    const ViewKind view = range.View.value_or(
+        result->Value.Kind == PlanKind::Intervals ? ViewKind::Resources : ViewKind::Tasks);
+    PlanPrint print(std::move(result->Value), fileName, view);
+    print.Apply(OptionsOf(request, print));
     if (range.From || range.To) {
-        printing.SetRange(range.From.value_or(chart.Start()), range.To.value_or(chart.Stop()));
+        const TDateTime from = range.From.value_or(print.Chart().Start());
+        const TDateTime to = range.To.value_or(print.Chart().Stop());
+        print.SetRange(from, to);
     }
-    QPageLayout &paper = printing.Paper().Layout();
-    paper.setPageSize(QPageSize(QSizeF(request.Paper), QPageSize::Millimeter), paper.margins());
-    paper.setOrientation(request.Landscape ? QPageLayout::Landscape : QPageLayout::Portrait);
-    printing.Scaling() = {.Fit = TPrintFit::pfPages,
-                          .PagesAcross = request.PagesAcross,
-                          .PagesDown = request.PagesDown};
-    try {
-        printing.SavePdf(request.File);
-    } catch (const std::runtime_error &error) {
-        PrintError(ErrorLine(fileName, {0, ToQt(error.what())}));
+    return Save(print.Printing(), fileName, request);
+}
+
+ExitCode PrintSchedule(const QString &fileName, const PrintRequest &request,
+                       const RenderRequest &range)
+{
+    PlanError error;
+    NoProgress progress;
+    const auto schedule = PagesOf(ReadSchedule(fileName, progress), fileName, error);
+    if (schedule == nullptr) {
+        PrintError(ErrorLine(fileName, error));
         return ExitCode::UnusableFile;
     }
-    return ExitCode::Ok;
+    std::vector<std::unique_ptr<SchedulePrint>> prints;
+    TzuPrintJob job;
+    job.SetTitle(schedule->Name());
+    for (SchedulePage &page : PagesFor(*schedule, range)) {
+        prints.push_back(
+            std::make_unique<SchedulePrint>(std::move(page), schedule->Name(), fileName));
+        prints.back()->Apply(OptionsOf(request, *prints.back()));
+        job.Add(prints.back()->Printing());
+    }
+    return Save(job, fileName, request);
 }
 
 } // namespace korvane::planner

@@ -1,37 +1,25 @@
-// Plans on paper, and planner --print, which needs no window.
+// planner --print, which needs no window.
 #pragma once
 
 #include "CommandLine.h"
-#include "PlanChart.h"
-#include "PlanDocument.h"
-#include "PrintJob.h"
-#include "printing/qt/zuGanttPrinting.h"
+
+namespace korvane {
+class TzuPrintDocument;
+}
 
 namespace korvane::planner {
 
-/// The print of a plan: names, starts and finishes beside the chart, in colours for white paper
-/// whatever the theme on screen.
-class PlanPrint : public PrintJob
-{
-public:
-    PlanPrint(Plan plan, const QString &fileName);
-    /// The document's plan as a chart shows it: with the rows that are expanded there, its
-    /// selection and its marks.
-    PlanPrint(PlanChart &shown, const PlanDocument &document);
+/// Saves the pages as the file's suffix says; several pages of pictures into numbered files. False
+/// when cancelled. Throws std::runtime_error with a text for the user.
+bool SavePages(TzuPrintDocument &document, const QString &fileName, int dotsPerInch);
 
-    TzuGanttPrinting &Printing() override { return m_printing; }
-    QString FileName() const override { return m_fileName; }
-    PlanChart &Chart() { return m_chart; }
-
-private:
-    QString m_fileName;
-    PlanDocument m_document;
-    PlanChart m_chart; ///< never seen
-    TzuGanttPrinting m_printing;
-};
-
-/// Needs a QApplication, on any platform. Prints one line on standard error when it fails.
+/// Prints a plan. Needs a QApplication, on any platform. Prints one line on standard error when it
+/// fails.
 ExitCode PrintPlan(const QString &fileName, const ReadOptions &options, const PrintRequest &request,
                    const RenderRequest &range);
+/// Likewise a calendar: the days of the range, or else the week in which it begins; or a programme:
+/// all days, or the one that the range begins with.
+ExitCode PrintSchedule(const QString &fileName, const PrintRequest &request,
+                       const RenderRequest &range);
 
 } // namespace korvane::planner

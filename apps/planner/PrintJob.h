@@ -1,7 +1,10 @@
 // Something on its way to paper.
 #pragma once
 
+#include "PrintOptions.h"
 #include "printing/qt/zuPrinting.h"
+
+#include <QString>
 
 namespace korvane::planner {
 
@@ -17,6 +20,10 @@ public:
     virtual TzuPrinting &Printing() = 0;
     /// Where the printed document lies; empty when it lies in no file.
     virtual QString FileName() const = 0;
+    virtual PrintFeatures Features() const = 0;
+    /// What suits the document while nothing is chosen.
+    virtual PrintOptions StandardOptions() const { return {}; }
+    virtual void Apply(const PrintOptions &options) = 0;
 };
 
 } // namespace korvane::planner

@@ -27,18 +27,6 @@ std::optional<AgendaSeconds> SecondsOf(const std::optional<TDateTime> &date)
 
 constexpr int kMostDays = 31;
 
-SchedulePage PageFor(const ISchedulePages &pages, const RenderRequest &request)
-{
-    const AgendaSeconds now = QDateTime::currentSecsSinceEpoch();
-    if (!request.From) {
-        return pages.Page(0, pages.FirstDay(SecondsOf(request.To).value_or(now)));
-    }
-    const AgendaSeconds from = *SecondsOf(request.From);
-    const AgendaSeconds to = SecondsOf(request.To).value_or(from + 7 * kSecondsPerDay);
-    const auto days = (to - from + kSecondsPerDay - 1) / kSecondsPerDay;
-    return pages.DaysFrom(from, static_cast<int>(std::clamp<AgendaSeconds>(days, 1, kMostDays)));
-}
-
 template <typename Result>
 ExitCode Print(const QString &fileName, const Result &result, const QJsonObject &summary)
 {
@@ -51,6 +39,18 @@ ExitCode Print(const QString &fileName, const Result &result, const QJsonObject 
 }
 
 } // namespace
+
+SchedulePage PageFor(const ISchedulePages &pages, const RenderRequest &request)
+{
+    const AgendaSeconds now = QDateTime::currentSecsSinceEpoch();
+    if (!request.From) {
+        return pages.Page(0, pages.FirstDay(SecondsOf(request.To).value_or(now)));
+    }
+    const AgendaSeconds from = *SecondsOf(request.From);
+    const AgendaSeconds to = SecondsOf(request.To).value_or(from + 7 * kSecondsPerDay);
+    const auto days = (to - from + kSecondsPerDay - 1) / kSecondsPerDay;
+    return pages.DaysFrom(from, static_cast<int>(std::clamp<AgendaSeconds>(days, 1, kMostDays)));
+}
 
 bool IsScheduleFile(const QString &fileName)
 {

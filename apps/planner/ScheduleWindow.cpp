@@ -113,6 +113,9 @@ void ScheduleWindow::LoadEnded(ScheduleResult result)
     MakeTabs();
     ShowTitle();
     m_view->show();
+    for (QAction *action : m_print) {
+        action->setEnabled(true);
+    }
     GoTo(m_pages->FirstDay(Today()));
     m_view->SchemaArea().setFocus();
     RecentFiles::Add(m_fileName);

@@ -3,6 +3,7 @@
 
 #include "SchedulePages.h"
 
+#include <QList>
 #include <QMainWindow>
 
 #include <functional>
@@ -90,6 +91,7 @@ private:
     QMenu *m_viewMenu = nullptr;
     QAction *m_save = nullptr;
     QAction *m_saveAs = nullptr;
+    QList<QAction *> m_print;
     int m_arrangement = 0;
     AgendaSeconds m_day = 0;
     bool m_closeAfterSaving = false;

@@ -1,10 +1,12 @@
 // Menus and bars of the window of a calendar.
 #include "LoadProgress.h"
 #include "MainWindow.h"
+#include "PrintActions.h"
 #include "RecentFiles.h"
 #include "RemarksPanel.h"
 #include "ScheduleCommands.h"
 #include "ScheduleDocument.h"
+#include "SchedulePrint.h"
 #include "ScheduleView.h"
 #include "ScheduleWindow.h"
 
@@ -83,6 +85,15 @@ void ScheduleWindow::MakeMenus()
                               &ScheduleWindow::ChooseSaveName);
     m_save->setEnabled(false);
     m_saveAs->setEnabled(false);
+    file.addSeparator();
+    const auto makeJob = [this]() -> std::unique_ptr<PrintJob> {
+        return std::make_unique<SchedulePrint>(m_view->Page(), m_pages->Name(), m_fileName);
+    };
+    m_print = (new PrintActions(makeJob, *this))->Actions();
+    file.addActions(m_print);
+    for (QAction *action : m_print) {
+        action->setEnabled(false);
+    }
     file.addSeparator();
     file.addAction(tr("&Close"), QKeySequence(tr("Ctrl+W")), this, &QWidget::close);
     m_editMenu = menuBar()->addMenu(tr("&Edit"));

@@ -55,6 +55,10 @@ ExitCode Render(int argc, char **argv, const CommandLine &commandLine)
     qInstallMessageHandler([](QtMsgType, const QMessageLogContext &, const QString &) {});
     const QApplication application(argc, argv);
     if (commandLine.GetAction() == CommandLine::Action::PrintPages) {
+        if (IsScheduleFile(commandLine.FileName())) {
+            return PrintSchedule(commandLine.FileName(), commandLine.Pages(),
+                                 commandLine.Request());
+        }
         return PrintPlan(commandLine.FileName(), commandLine.Reading(), commandLine.Pages(),
                          commandLine.Request());
     }

@@ -1,6 +1,7 @@
 // What a view shows of a grid, and what a point in it hits.
 #pragma once
 
+#include "foundation/zuMethod.h"
 #include "foundation/zuTypes.h"
 
 #include <cstdint>
@@ -30,6 +31,21 @@ struct TGridBlock
     TPoint FixedEnd; ///< where the fixed columns and rows end
     TGridBands Columns;
     TGridBands Rows;
+};
+
+/// What a print shows in place of the view: columns side by side, and rows one below the other, by
+/// real index. Heads may be among the rows.
+struct TGridPrintSlice
+{
+    struct TColumn
+    {
+        int Index = 0;
+        int Width = 0;
+    };
+    std::vector<TColumn> Columns;
+    int FirstRow = 0;
+    int LastRow = -1;                ///< included
+    TMethod<void()> FontChosen = {}; ///< after every change of the canvas' font
 };
 
 /// A crossing by real indexes.

@@ -171,18 +171,14 @@ void TBabGridLayoutCore::EnsureLayout()
         ~TDone() { LayingOut = false; }
     } const done{m_layingOut};
     UpdateDefaultHeight();
-    const TSize size = m_host.GridSize();
-    const TRect area{0, 0, size.Width, size.Height};
     bool again = true;
     for (int pass = 0; again && pass < kMaxPasses; ++pass) {
         m_outOfDate = false;
-        ClampScroll();
-        m_shown = BlockOf(*m_root, area, area);
+        m_shown = BlockOfView();
         again = MeasureRows(m_shown) || m_outOfDate;
     }
     if (again) {
-        ClampScroll();
-        m_shown = BlockOf(*m_root, area, area);
+        m_shown = BlockOfView();
     }
     m_outOfDate = false;
     for (TAxisContentList *list : {&m_root->Columns(), &m_root->Rows()}) {
@@ -216,6 +212,55 @@ std::optional<TGridPictureMove> TBabGridLayoutCore::PictureMove()
     }
     AddToPictureMove(*move);
     return move;
+}
+
+TGridBlock TBabGridLayoutCore::BlockOfView()
+{
+    if (m_printSlice != nullptr) {
+        return BlockOfPrint();
+    }
+    ClampScroll();
+    const TSize size = m_host.GridSize();
+    const TRect area{0, 0, size.Width, size.Height};
+    return BlockOf(*m_root, area, area);
+}
+
+TGridBlock TBabGridLayoutCore::BlockOfPrint()
+{
+    TAxisContentList &rows = m_root->Rows();
+    TAxisContentList &columns = m_root->Columns();
+    const int last = std::min(m_printSlice->LastRow, rows.Count() - 1);
+    Load(rows, m_printSlice->FirstRow, last);
+    TGridBlock block{m_root.get(), {}, {}, {}, {}};
+    int y = 0;
+    for (int index = m_printSlice->FirstRow; index <= last; ++index) {
+        TAxisContentItem *row = rows.FindLoaded(index);
+        const int height = rows.SizeAt(index);
+        if (row != nullptr && height > 0) {
+            const bool fixed = index < rows.FixedCount();
+            block.Rows.push_back({row, index, y, y + height, fixed});
+            y += height;
+            block.FixedEnd.Y = fixed ? y : block.FixedEnd.Y;
+        }
+    }
+    int x = 0;
+    for (const auto &[index, width] : m_printSlice->Columns) {
+        if (TAxisContentItem *column = columns.FindLoaded(index)) {
+            block.Columns.push_back({column, index, x, x + width, false});
+            x += width;
+        }
+    }
+    block.Area = {0, 0, x, y};
+    return block;
+}
+
+void TBabGridLayoutCore::SetPrintSlice(const TGridPrintSlice *slice)
+{
+    m_printSlice = slice;
+    m_outOfDate = true;
+    if (slice == nullptr) {
+        LayoutOutOfDate();
+    }
 }
 
 const TGridBlock &TBabGridLayoutCore::Shown()

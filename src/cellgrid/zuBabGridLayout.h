@@ -52,6 +52,9 @@ public:
     void PaintedGroupsInside() { m_picture.HasGroupsInside(); }
     /// The viewer's grid as it is shown now.
     const TGridBlock &Shown();
+    /// While a slice is given, it is laid out and painted in place of the view, without selection
+    /// and focus; scroll positions stay. Observed; null returns to the view.
+    void SetPrintSlice(const TGridPrintSlice *slice);
     /// What a sub-grid shows within its cell's rectangle, as far as it lies within the clip.
     TGridBlock ShownIn(TBabGridCell &grid, const TRect &area, const TRect &clip);
 
@@ -102,6 +105,7 @@ protected:
     void PictureFollows() { m_picture.Remember(m_shown); }
     /// Adds what else is to be painted anew.
     virtual void AddToPictureMove(TGridPictureMove &) {}
+    const TGridPrintSlice *PrintSlice() const { return m_printSlice; }
     /// Before a layout changes what is shown at the top left.
     virtual void TopLeftChanged() {}
     /// The layout was up to date until now.
@@ -145,6 +149,8 @@ private:
     /// The rectangle that a grid is laid out in: the view's, or its cell's.
     TRect AreaOf(TBabGridCell &grid);
     TGridBlock BlockOf(TBabGridCell &grid, const TRect &area, const TRect &clip);
+    TGridBlock BlockOfPrint();
+    TGridBlock BlockOfView();
     std::int64_t ScrollOf(const TAxisContentList &list) const;
     bool MeasureRows(TGridBlock &block);
     int MeasuredHeight(TBabGridCell &grid, TAxisContentItem &column, TAxisContentItem &row,
@@ -164,6 +170,7 @@ private:
     TSingleEventListener m_selectionListener;
     TGridBlock m_shown;
     TGridPicture m_picture;
+    const TGridPrintSlice *m_printSlice = nullptr;
     std::int64_t m_scrollX = 0;
     std::int64_t m_scrollY = 0;
     bool m_outOfDate = true;

@@ -71,9 +71,9 @@ int TBabGridLayoutCore::MeasuredHeight(TBabGridCell &grid, TAxisContentItem &col
         }
         // What of it is in view is measured first.
         const TRect area{cell.Left, cell.Top, cell.Right, kFarAway};
-        const TSize size = m_host.GridSize();
+        const int end = m_printSlice != nullptr ? kFarAway : m_host.GridSize().Height;
         const TGridChanges changes(grid);
-        ShownIn(*subGrid, area, {cell.Left, std::max(0, cell.Top), cell.Right, size.Height});
+        ShownIn(*subGrid, area, {cell.Left, std::max(0, cell.Top), cell.Right, end});
         if (changes.Happened()) {
             return 0;
         }

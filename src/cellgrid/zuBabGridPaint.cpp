@@ -137,15 +137,27 @@ void TBabGridPainter::PaintColumn(const TGridBlock &block, const TGridBand &colu
     }
 }
 
+void TBabGridPainter::RightLine(const TRect &rect, TColor color)
+{
+    m_canvas.SetPen({color, 1, TPenStyle::psSolid});
+    m_canvas.Line({rect.Right - 1, rect.Top}, {rect.Right - 1, rect.Bottom - 1});
+}
+
+void TBabGridPainter::BottomLine(const TRect &rect, TColor color)
+{
+    m_canvas.SetPen({color, 1, TPenStyle::psSolid});
+    m_canvas.Line({rect.Left, rect.Bottom - 1}, {rect.Right - 1, rect.Bottom - 1});
+}
+
 void TBabGridPainter::PaintLines(const TCellPlace &place, bool joinedBelow)
 {
     if (m_core.IsLayoutOutOfDate()) {
         return;
     }
     const TRect &rect = place.Rect;
-    m_canvas.FillRect({rect.Right - 1, rect.Top, rect.Right, rect.Bottom}, m_lines);
+    RightLine(rect, m_lines);
     if (!joinedBelow) {
-        m_canvas.FillRect({rect.Left, rect.Bottom - 1, rect.Right, rect.Bottom}, m_lines);
+        BottomLine(rect, m_lines);
     }
     const TLayoutProp &layout =
         m_core.LayoutOf(*place.Block.Grid, *place.Column.Item, *place.Row.Item);
@@ -157,8 +169,14 @@ void TBabGridPainter::PaintLines(const TCellPlace &place, bool joinedBelow)
 void TBabGridPainter::SetFont(TFont font, TColor color)
 {
     font.Color = color;
-    if (!(font == m_canvas.Font())) {
+    ChooseFont(font);
+}
+
+void TBabGridPainter::ChooseFont(const TFont &font)
+{
+    if (m_state.FontChosen || !(font == m_canvas.Font())) {
         m_canvas.SetFont(font);
+        m_state.FontChosen();
     }
 }
 
@@ -185,7 +203,8 @@ void TBabGridPainter::PaintCell(const TCellPlace &place, const TColumnLook &look
     cell.Column = place.Column.Item;
     cell.Row = place.Row.Item;
     cell.Rect = place.Rect;
-    cell.Selected = grid.Selection().IsSelected(place.Column.Index, place.Row.Index);
+    cell.Selected =
+        m_state.Marks && grid.Selection().IsSelected(place.Column.Index, place.Row.Index);
     cell.BackColor = cell.Selected ? clHighlight : layout.BackColor;
     cell.FrontColor = cell.Selected        ? clHighlightText
                       : layout.UseFontInfo ? layout.Font.Color
@@ -196,7 +215,8 @@ void TBabGridPainter::PaintCell(const TCellPlace &place, const TColumnLook &look
     }
     if (asks && !m_core.IsLayoutOutOfDate()) {
         cell.Cell = grid.FindCell(*place.Column.Item, *place.Row.Item);
-        cell.Focused = m_state.Focus == TGridCellAt{&grid, place.Column.Index, place.Row.Index};
+        cell.Focused = m_state.Marks
+                       && m_state.Focus == TGridCellAt{&grid, place.Column.Index, place.Row.Index};
         cell.Font = layout.UseFontInfo ? layout.Font : m_gridFont;
         m_state.BeforeRender(m_state.View, cell);
     }
@@ -322,8 +342,8 @@ void TBabGridPainter::PaintHeader(const TCellPlace &place, const TColumnLook &lo
 {
     const TRect &rect = place.Rect;
     m_canvas.FillRect(rect, clBtnFace);
-    m_canvas.FillRect({rect.Right - 1, rect.Top, rect.Right, rect.Bottom}, m_headerLines);
-    m_canvas.FillRect({rect.Left, rect.Bottom - 1, rect.Right, rect.Bottom}, m_headerLines);
+    RightLine(rect, m_headerLines);
+    BottomLine(rect, m_headerLines);
     TRect content =
         m_core.ContentRect({place.Block.Grid, place.Column.Index, place.Row.Index}, rect);
     if (look.Column != nullptr && look.Column->SortMark() != TSortMark::None) {
@@ -334,7 +354,7 @@ void TBabGridPainter::PaintHeader(const TCellPlace &place, const TColumnLook &lo
     }
     TFont font = m_gridFont;
     font.Color = clBtnText;
-    m_canvas.SetFont(font);
+    ChooseFont(font);
     if (look.Column != nullptr && look.Column->SortOrder() > 0) {
         // Beside its mark.
         const std::string order = std::to_string(look.Column->SortOrder());
@@ -394,9 +414,9 @@ void TBabGridPainter::PaintRowHeader(const TCellPlace &place)
 {
     const TRect &rect = place.Rect;
     m_canvas.FillRect(rect, clBtnFace);
-    m_canvas.FillRect({rect.Right - 1, rect.Top, rect.Right, rect.Bottom}, m_headerLines);
-    m_canvas.FillRect({rect.Left, rect.Bottom - 1, rect.Right, rect.Bottom}, m_headerLines);
-    const bool focused = m_state.Focus.Grid == place.Block.Grid
+    RightLine(rect, m_headerLines);
+    BottomLine(rect, m_headerLines);
+    const bool focused = m_state.Marks && m_state.Focus.Grid == place.Block.Grid
                          && m_state.Focus.Row == place.Row.Index && !place.Row.Fixed;
     if (!focused) {
         return;

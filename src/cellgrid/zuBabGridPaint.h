@@ -2,6 +2,7 @@
 #pragma once
 
 #include "cellgrid/zuBabGridLayout.h"
+#include "foundation/zuMethod.h"
 
 #include <string>
 #include <string_view>
@@ -41,6 +42,8 @@ struct TGridPaintState
     TObject *View = nullptr; ///< what handlers get as the grid
     TOnBeforeRenderCell BeforeRender;
     TOnUserRenderCell UserRender;
+    bool Marks = true;               ///< selection, focus and the focus' row
+    TMethod<void()> FontChosen = {}; ///< after every change of the canvas' font
 };
 
 /// Paints once: the blocks of the core, fixed and scrolling parts from the same bands.
@@ -94,9 +97,13 @@ private:
     void PaintLine(std::string_view text, const TRect &rect, int top, const TTextLook &look);
     void PaintFrame(const TRect &rect, const TLayoutProp &layout);
     void PaintFrameLine(TPoint from, TPoint to, TFrameOption side, const TLayoutProp &layout);
+    /// Along the inner edge of a cell.
+    void RightLine(const TRect &rect, TColor color);
+    void BottomLine(const TRect &rect, TColor color);
     void PaintLines(const TCellPlace &place, bool joinedBelow);
     void PaintFocus(const TGridBlock &block);
     void SetFont(TFont font, TColor color);
+    void ChooseFont(const TFont &font);
     bool JoinsAbove(const TGridBlock &block, const TGridBand &column, const TGridBand &row) const;
     static TTextLook LookOf(const TLayoutProp &layout);
     bool IsInClip(const TRect &rect) const;

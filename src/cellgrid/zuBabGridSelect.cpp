@@ -501,11 +501,16 @@ void TBabGridSelectCore::AddToPictureMove(TGridPictureMove &move)
 void TBabGridSelectCore::Paint(TCanvas &canvas)
 {
     EnsureLayout();
-    PictureFollows();
-    TBabGridPainter(*this, canvas,
-                    {m_focus, Host().GridHasFocus(), m_focusRects, Host().GridImages(), this,
-                     OnBeforeRenderCell, OnUserRenderCell})
-        .Paint();
+    TGridPaintState state{m_focus, Host().GridHasFocus(), m_focusRects,    Host().GridImages(),
+                          this,    OnBeforeRenderCell,    OnUserRenderCell};
+    if (const TGridPrintSlice *print = PrintSlice()) {
+        state.HasFocus = false;
+        state.Marks = false;
+        state.FontChosen = print->FontChosen;
+    } else {
+        PictureFollows();
+    }
+    TBabGridPainter(*this, canvas, state).Paint();
 }
 
 } // namespace korvane

@@ -5,6 +5,8 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <cstdint>
+#include <limits>
 #include <stdexcept>
 #include <utility>
 
@@ -68,35 +70,68 @@ double CapacityForPages(const IPrintAxis &axis, int pages)
     return enough;
 }
 
+TPrintRows::TPrintRows(const std::vector<int> &sizes)
+{
+    SetSizes(sizes);
+}
+
 TPrintRows::TPrintRows(std::vector<int> parents, int rowHeight, int maxHeadings)
     : m_parents(std::move(parents))
-    , m_rowHeight(rowHeight)
     , m_maxHeadings(maxHeadings)
 {
-    if (rowHeight <= 0) {
-        throw std::invalid_argument("Rows without height cannot be printed");
+    SetSizes(std::vector<int>(m_parents.size(), rowHeight));
+}
+
+void TPrintRows::SetSizes(const std::vector<int> &sizes)
+{
+    std::int64_t top = 0;
+    m_tops.reserve(sizes.size() + 1);
+    m_tops.push_back(0);
+    for (const int size : sizes) {
+        top += size;
+        if (size <= 0) {
+            throw std::invalid_argument("Rows without height cannot be printed");
+        }
+        if (top > std::numeric_limits<int>::max()) {
+            throw std::runtime_error("There is too much to print at once");
+        }
+        m_tops.push_back(static_cast<int>(top));
     }
 }
 
-double TPrintRows::Length() const
+int TPrintRows::RowAt(double position) const
 {
-    return static_cast<double>(m_parents.size()) * m_rowHeight;
+    const auto after = std::upper_bound(m_tops.begin(), m_tops.end(), position);
+    return std::clamp(static_cast<int>(after - m_tops.begin()) - 1, 0, std::max(Count() - 1, 0));
+}
+
+int TPrintRows::RowFrom(double position) const
+{
+    const auto found = std::lower_bound(m_tops.begin(), m_tops.end(), position);
+    return std::min(static_cast<int>(found - m_tops.begin()), Count());
 }
 
 double TPrintRows::BreakBefore(double from, double limit) const
 {
-    const double boundary = std::floor(limit / m_rowHeight) * m_rowHeight;
+    const double boundary = TopOf(RowAt(limit));
     return boundary > from ? boundary : std::floor(limit);
 }
 
 double TPrintRows::RepeatedAt(double from) const
 {
-    return static_cast<double>(HeadingsAt(RowAt(from)).size()) * m_rowHeight;
+    double repeated = 0;
+    for (const int heading : HeadingsAt(RowAt(from))) {
+        repeated += SizeOf(heading);
+    }
+    return repeated;
 }
 
 std::vector<int> TPrintRows::HeadingsAt(int row) const
 {
     std::vector<int> headings;
+    if (m_parents.empty()) {
+        return headings;
+    }
     int heading = m_parents.at(static_cast<std::size_t>(row));
     while (heading >= 0 && static_cast<int>(headings.size()) < m_maxHeadings) {
         headings.push_back(heading);

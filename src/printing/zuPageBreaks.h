@@ -41,30 +41,38 @@ std::vector<TPageSpan> SplitIntoPages(const IPrintAxis &axis, double capacity);
 /// where pages become fewer steadily with growing capacity.
 double CapacityForPages(const IPrintAxis &axis, int pages);
 
-/// Rows of one height, in an outline. A page never cuts through a row, unless a single one is
-/// higher than the page, and begins with the headings of the groups that it continues.
+/// Rows one below the other, in an outline; or columns side by side. A page never cuts through one,
+/// unless it is larger than the page, and begins with the headings of the groups that it continues.
 class TPrintRows : public IPrintAxis
 {
 public:
+    /// Without headings. Sizes are positive.
+    explicit TPrintRows(const std::vector<int> &sizes);
     /// `parents` has an entry for each row: the index of its heading, which stands before it, or
     /// -1. `rowHeight` is positive. Not more than `maxHeadings` innermost headings are repeated.
     TPrintRows(std::vector<int> parents, int rowHeight, int maxHeadings);
 
-    double Length() const override;
+    double Length() const override { return static_cast<double>(m_tops.back()); }
     double BreakBefore(double from, double limit) const override;
     double RepeatedAt(double from) const override;
 
-    int Count() const { return static_cast<int>(m_parents.size()); }
-    int RowHeight() const { return m_rowHeight; }
-    /// The row that a position lies in.
-    int RowAt(double position) const { return static_cast<int>(position / m_rowHeight); }
+    int Count() const { return static_cast<int>(m_tops.size()) - 1; }
+    /// Where a row begins; also for Count().
+    int TopOf(int row) const { return m_tops[static_cast<std::size_t>(row)]; }
+    int SizeOf(int row) const { return TopOf(row + 1) - TopOf(row); }
+    /// The row that a position lies in; the last one behind all.
+    int RowAt(double position) const;
+    /// The first row that begins at or behind a position; Count() for none.
+    int RowFrom(double position) const;
     /// The repeated headings of a page that begins with a row, outermost first.
     std::vector<int> HeadingsAt(int row) const;
 
 private:
-    std::vector<int> m_parents;
-    int m_rowHeight;
-    int m_maxHeadings;
+    void SetSizes(const std::vector<int> &sizes);
+
+    std::vector<int> m_parents; ///< empty without headings
+    std::vector<int> m_tops;    ///< one more than there are rows
+    int m_maxHeadings = 0;
 };
 
 /// The time of a chart. A page ends at the boundary of the longest calendar unit (year, quarter,

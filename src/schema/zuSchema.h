@@ -57,6 +57,9 @@ public:
     /// Shows the column scroller, or not.
     virtual void ShowColumnScroller(bool show) = 0;
 
+    /// Whether selection and focus are marked; a print leaves them out.
+    virtual bool ShowsMarks() const { return true; }
+
     virtual void ActiveTimeChanged() {}
     /// A time or a column is gone; its address alone may be used.
     virtual void EntityLeft(const TzuDataEntity * /*entity*/) {}

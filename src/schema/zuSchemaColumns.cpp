@@ -187,6 +187,32 @@ void TDataListColumns::Scroll(int first)
     SizesChanged();
 }
 
+TDataListColumns::TPrintScroll::TPrintScroll(TDataListColumns &columns, int first)
+    : m_columns(columns)
+    , m_first(std::exchange(columns.m_first, first))
+{
+    for (int i = 0; i < columns.Count(); ++i) {
+        TzuDataEntity_SchemaColumn &column = columns.At(i);
+        m_shownSizes.push_back(column.m_shownSize);
+        column.m_shownSize = i < first ? std::array<int, 2>{} : column.m_savedSize;
+    }
+    columns.m_placesStale = true;
+}
+
+TDataListColumns::TPrintScroll::~TPrintScroll()
+{
+    m_columns.m_first = m_first;
+    // A handler may have added or removed columns meanwhile.
+    const bool same = m_columns.Count() == static_cast<int>(m_shownSizes.size());
+    for (int i = 0; i < m_columns.Count(); ++i) {
+        TzuDataEntity_SchemaColumn &column = m_columns.At(i);
+        column.m_shownSize = same          ? m_shownSizes[static_cast<std::size_t>(i)]
+                             : i < m_first ? std::array<int, 2>{}
+                                           : column.m_savedSize;
+    }
+    m_columns.m_placesStale = true;
+}
+
 int TDataListColumns::LastTopLeftCol(bool flip, int pixels) const
 {
     const int line = flip ? 1 : 0;

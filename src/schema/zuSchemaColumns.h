@@ -73,6 +73,21 @@ public:
     void SetTopLeftCol(int first);
     /// The first column from which on all have room in so many pixels; the last column at most.
     int LastTopLeftCol(bool flip, int pixels) const;
+    /// While it lives, columns before `first` are scrolled away, and the others have their saved
+    /// sizes, without anybody being told; then all is as it was. For prints.
+    class TPrintScroll
+    {
+    public:
+        TPrintScroll(TDataListColumns &columns, int first);
+        TPrintScroll(const TPrintScroll &) = delete;
+        TPrintScroll &operator=(const TPrintScroll &) = delete;
+        ~TPrintScroll();
+
+    private:
+        TDataListColumns &m_columns;
+        std::vector<std::array<int, 2>> m_shownSizes;
+        int m_first;
+    };
     /// Scrolls as little as shows the column.
     void MakeColumnVisible(int index);
 

@@ -147,6 +147,9 @@ void TSchemaCore::DrawContent(TzuDataEntity_SchemaTime &time, const TRect &rect,
     } else {
         DefaultDrawContent(time, rect, canvas);
     }
+    if (!m_host.ShowsMarks()) {
+        return;
+    }
     const TRect safe = GStuff::W95Safe(rect, canvas);
     if (time.GetSelected()) {
         GStuff::DoSelectContent(safe, canvas);

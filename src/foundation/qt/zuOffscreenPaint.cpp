@@ -168,6 +168,7 @@ void TzuOffscreenPaint::Print(QPainter &device, int x, int y, double scaleX, dou
     device.setClipRect(QRect(0, 0, RoundToPixel(width + x) - x, RoundToPixel(height + y) - y),
                        device.hasClipping() ? Qt::IntersectClip : Qt::ReplaceClip);
     m_printingCanvas->Begin(device, ClientArea(), palette());
+    m_printingCanvas->UseHairlines();
     OffscreenPaint();
     device.setClipping(false);
     OnAfterPrint(this);

@@ -123,6 +123,7 @@ void TPainterCanvas::Begin(QPainter &painter, const TRect &bounds, const QPalett
     m_palette = palette;
     m_vector = IsVectorDevice(painter);
     m_scale = m_vector ? 1 : DeviceScale(painter);
+    m_hairline = 0;
     m_baseClip.reset();
     m_clips = {bounds};
     if (painter.hasClipping()) {
@@ -137,6 +138,16 @@ void TPainterCanvas::Begin(QPainter &painter, const TRect &bounds, const QPalett
     m_brushColor = Resolved(m_brush.Color);
     m_font = {};
     m_canvasFont = m_fonts->Find(m_font);
+}
+
+void TPainterCanvas::UseHairlines()
+{
+    constexpr double kPoints = 0.25;
+    constexpr double kPointsPerInch = 72;
+    const double scale = std::sqrt(std::abs(m_painter->deviceTransform().determinant()));
+    const double dots = m_painter->device()->logicalDpiX() * kPoints / kPointsPerInch;
+    m_hairline = scale > 0 ? std::max(dots, m_vector ? 0.0 : 1.0) / scale : 0;
+    ForgetPainterState();
 }
 
 void TPainterCanvas::End()
@@ -373,6 +384,9 @@ QBrush TPainterCanvas::PatternBrush(const std::array<TColor, 4> &colors)
 double TPainterCanvas::WholeWidth(int width) const
 {
     constexpr double kRoundingSlack = 1e-3;
+    if (m_hairline > 0 && width <= 1) {
+        return m_hairline;
+    }
     return m_vector ? width : std::max(1.0, std::floor(width * m_scale + kRoundingSlack)) / m_scale;
 }
 
@@ -389,8 +403,9 @@ void TPainterCanvas::UseOutline()
     if (m_penUse == TPenUse::Outline) {
         return;
     }
-    QPen pen(m_penColor, m_vector ? m_pen.Width : WholeWidth(m_pen.Width) * m_scale,
-             ToQt(m_pen.Style), Qt::SquareCap, Qt::MiterJoin);
+    const double width = WholeWidth(m_pen.Width);
+    QPen pen(m_penColor, m_vector ? width : width * m_scale, ToQt(m_pen.Style), Qt::SquareCap,
+             Qt::MiterJoin);
     pen.setCosmetic(!m_vector);
     m_painter->setPen(pen);
     m_penUse = TPenUse::Outline;

@@ -40,6 +40,11 @@ public:
     void Begin(QPainter &painter, const TRect &bounds, const QPalette &palette);
     void End();
     bool IsActive() const { return m_painter != nullptr; }
+    /// Draws lines and frames of one pixel as fine as paper holds them (a quarter of a point), or
+    /// as the device can, until the next Begin.
+    void UseHairlines();
+    /// Thickness in logical pixels at which a line so wide is drawn.
+    double LineWidth(int width) const { return WholeWidth(width); }
 
     /// The painter in use, for drawing beyond the canvas' operations, or null. Its pen, brush, font
     /// and smoothing may be left changed; the caller restores the rest.
@@ -110,6 +115,7 @@ private:
     QPalette m_palette;
     bool m_vector = false; ///< the device keeps shapes rather than pixels
     double m_scale = 1;    ///< device pixels per logical pixel
+    double m_hairline = 0; ///< in logical pixels; 0: lines are as wide as they say
     std::optional<QRegion> m_baseClip;
     std::vector<TRect> m_clips{TRect()};
 

@@ -1,6 +1,7 @@
 #include "printing/qt/zuGanttPage.h"
 
 #include "gantt/qt/zuGantComBasic.h"
+#include "printing/qt/zuPrintParts.h"
 
 #include <QPainter>
 #include <QScopeGuard>
@@ -16,15 +17,6 @@ namespace {
 
 constexpr TColor kPaleLines = static_cast<TColor>(0x00D8D8D8);
 
-/// White paper and black ink, whatever the theme on screen.
-QPalette PaperPalette()
-{
-    QPalette palette(QColor(240, 240, 240), Qt::white);
-    palette.setColor(QPalette::Base, Qt::white);
-    palette.setColor(QPalette::Highlight, QColor(0, 90, 160));
-    return palette;
-}
-
 } // namespace
 
 TGanttPage::TGanttPage(TzuGanttPrinting &printing, const TPrintPage &page)
@@ -36,18 +28,10 @@ TGanttPage::TGanttPage(TzuGanttPrinting &printing, const TPrintPage &page)
     const int width = static_cast<int>(page.Across.To) - from;
     const int height =
         static_cast<int>(std::ceil(page.Down.To - page.Down.From) + page.Down.Repeated);
-    for (TzuOffscreenPaint *control : {static_cast<TzuOffscreenPaint *>(&m_axis), &m_area}) {
-        control->setPalette(PaperPalette());
-        control->setFrameShape(QFrame::NoFrame);
-        control->SetColor(clWindow);
-    }
-    m_axis.resize(width, printing.m_gant.GetScalerHeight());
+    UsePaper(m_axis);
+    UsePaper(m_area);
+    SetUpPageAxis(m_axis, whole, page.Across, printing.m_gant.GetScalerHeight());
     m_area.resize(width, height);
-    const TDateTime start = whole.PixelToDate(from);
-    m_axis.BeginUpdate();
-    m_axis.AssignLook(whole);
-    m_axis.SetRange(start, start + width * whole.GetScale());
-    m_axis.EndUpdate();
     m_axis.OnPrintResizeFont = printing.m_gant.GantArea().OnPrintResizeFont;
     m_area.OnPrintResizeFont = printing.m_gant.GantArea().OnPrintResizeFont;
     m_area.OnPaint = [this](TzuOffscreenPaint *) { m_printing.m_gant.GantAreaPaint(); };
@@ -57,36 +41,34 @@ TGanttPage::TGanttPage(TzuGanttPrinting &printing, const TPrintPage &page)
 
 TVisibleNode TGanttPage::Placed(int row, int y) const
 {
-    return {m_printing.m_rows[static_cast<std::size_t>(row)],
-            {0, y, m_area.width(), y + m_printing.m_down->RowHeight()}};
+    return {m_printing.m_outline.Rows[static_cast<std::size_t>(row)],
+            {0, y, m_area.width(), y + m_printing.m_down->SizeOf(row)}};
 }
 
 void TGanttPage::PlaceRows()
 {
     const TPrintRows &rows = *m_printing.m_down;
     const int first = rows.RowAt(m_page.Down.From);
-    const int height = rows.RowHeight();
     int y = 0;
     if (m_page.Down.Repeated > 0) {
         for (const int heading : rows.HeadingsAt(first)) {
             m_rows.push_back(Placed(heading, y));
-            y += height;
+            y += rows.SizeOf(heading);
         }
     }
     // A row higher than the page goes on where the page before ended.
-    y -= static_cast<int>(m_page.Down.From) - first * height;
-    for (int row = first; row < rows.Count() && row * height < m_page.Down.To; ++row) {
-        m_rows.push_back(Placed(row, y));
-        y += height;
+    y -= static_cast<int>(m_page.Down.From);
+    const int after = rows.RowFrom(m_page.Down.To);
+    for (int row = first; row < after; ++row) {
+        m_rows.push_back(Placed(row, y + rows.TopOf(row)));
     }
 }
 
 void TGanttPage::CollectRows(std::vector<TVisibleNode> &rows)
 {
     const TPrintRows &all = *m_printing.m_down;
-    const int height = all.RowHeight();
     const int first = all.RowAt(m_page.Down.From);
-    const int after = static_cast<int>(std::ceil(m_page.Down.To / height));
+    const int after = all.RowFrom(m_page.Down.To);
     std::set<int> elsewhere;
     for (const auto &link : m_printing.m_links[static_cast<std::size_t>(m_page.Row)]) {
         elsewhere.insert({link.First, link.Second});
@@ -98,11 +80,11 @@ void TGanttPage::CollectRows(std::vector<TVisibleNode> &rows)
     }
     std::vector<TVisibleNode> below;
     for (const int row : elsewhere) {
+        const int y = all.TopOf(row) - all.TopOf(first);
         if (row < first) { // above the page, not behind its headings
-            rows.push_back(Placed(row, (row - first) * height));
+            rows.push_back(Placed(row, y));
         } else if (row >= after) {
-            below.push_back(
-                Placed(row, static_cast<int>(m_page.Down.Repeated) + (row - first) * height));
+            below.push_back(Placed(row, static_cast<int>(m_page.Down.Repeated) + y));
         }
     }
     rows.insert(rows.end(), m_rows.begin(), m_rows.end());

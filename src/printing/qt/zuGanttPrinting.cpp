@@ -1,12 +1,10 @@
 #include "printing/qt/zuGanttPrinting.h"
 
 #include "foundation/qt/zuConvert.h"
-#include "foundation/qt/zuImageList.h"
 #include "gantt/qt/zuGantComBasic.h"
 #include "printing/qt/zuGanttPage.h"
+#include "printing/qt/zuPrintParts.h"
 
-#include <QFontInfo>
-#include <QFontMetricsF>
 #include <QLocale>
 #include <QPainter>
 #include <QSet>
@@ -21,33 +19,8 @@ namespace korvane {
 
 namespace {
 
-constexpr int kMostHeadings = 4;
-constexpr int kLabelPadding = 4;
 /// Room around the first and last item, in pixels.
 constexpr int kTimeMargin = 12;
-constexpr int kLongestAxis = 50'000'000;
-const QColor kFrameColor(96, 96, 96);
-const QColor kLineColor(216, 216, 216);
-
-QString CaptionOf(const TzuDataEntity_Tree &entity)
-{
-    return ToQt(entity.GetText());
-}
-
-/// The tree's font in pixels, so that no device makes points of its own density of it.
-QFont LabelFont(const TGantTree &tree)
-{
-    QFont font = tree.font();
-    font.setPixelSize(QFontInfo(font).pixelSize());
-    return font;
-}
-
-/// Ink that can be read on white paper.
-QColor Readable(const QColor &color)
-{
-    constexpr int kLightest = 150;
-    return qGray(color.rgb()) > kLightest ? QColor(Qt::black) : color;
-}
 
 } // namespace
 
@@ -62,12 +35,12 @@ TPrintLayout TzuGanttPrinting::LayOutContent(const TPrintRoom &room, const TPrin
 {
     CollectRows();
     SetUpAxis();
-    MeasureColumns();
+    m_labels.Measure(m_gant.Tree(), m_outline.Rows);
     TzuDateScaler &axis = *m_axis;
     const TPrintTime across({[&](TDateTime date) { return axis.DateToPixel(date); },
                              [&](int pixel) { return axis.PixelToDate(pixel); }},
-                            m_rows.empty() ? 0 : axis.width(), axis.FirstDayOfWeek());
-    const TPrintContent content{across, *m_down, static_cast<double>(m_labelWidth),
+                            m_outline.Rows.empty() ? 0 : axis.width(), axis.FirstDayOfWeek());
+    const TPrintContent content{across, *m_down, static_cast<double>(m_labels.Width()),
                                 static_cast<double>(HeadHeight())};
     TPrintLayout layout(content, room, scaling);
     CollectLinks(layout.Down());
@@ -92,24 +65,11 @@ bool TzuGanttPrinting::IsWanted(int number, TzuDataEntity_Tree &entity) const
 
 void TzuGanttPrinting::CollectRows()
 {
-    m_rows.clear();
-    std::vector<int> parents;
-    std::vector<int> open; // by level: the last row on it
     TGantTree &tree = m_gant.Tree();
-    int number = 0;
-    for (TzuDataEntity_Tree *entity = tree.GetNextVisible(nullptr); entity != nullptr;
-         entity = tree.GetNextVisible(entity), ++number) {
-        const auto level = static_cast<std::size_t>(std::max(entity->GetLevel(), 0));
-        open.resize(level, -1);
-        const bool wanted = IsWanted(number, *entity);
-        open.push_back(wanted ? static_cast<int>(m_rows.size()) : -1);
-        if (wanted) {
-            parents.push_back(level > 0 ? open[level - 1] : -1);
-            m_rows.push_back(entity);
-        }
-    }
-    m_down = std::make_unique<TPrintRows>(std::move(parents), tree.RowHeight(),
-                                          m_repeatHeadings ? kMostHeadings : 0);
+    m_outline = CollectOutline(
+        tree, [this](int number, TzuDataEntity_Tree &entity) { return IsWanted(number, entity); });
+    m_down = std::make_unique<TPrintRows>(m_outline.Parents, tree.RowHeight(),
+                                          m_repeatHeadings ? kMostPrintHeadings : 0);
 }
 
 std::pair<TDateTime, TDateTime> TzuGanttPrinting::PrintedTime() const
@@ -119,7 +79,7 @@ std::pair<TDateTime, TDateTime> TzuGanttPrinting::PrintedTime() const
     }
     TDateTime from = std::numeric_limits<TDateTime>::max();
     TDateTime to = std::numeric_limits<TDateTime>::lowest();
-    for (const TzuDataEntity_Tree *entity : m_rows) {
+    for (const TzuDataEntity_Tree *entity : m_outline.Rows) {
         if (TGantRow *row = m_gant.GantRows().FindRowFromTreeNode(entity)) {
             row->ForEachShown([&](const TzuDataEntity_Spanbar &item) {
                 from = std::min({from, item.GetStartDateTime(), item.GetStopDateTime()});
@@ -145,66 +105,15 @@ void TzuGanttPrinting::SetUpAxis()
     if (!(scale > 0)) {
         throw std::runtime_error("The time axis has no scale");
     }
-    m_axis = std::make_unique<TzuDateScaler>();
-    m_axis->BeginUpdate();
-    m_axis->AssignLook(m_gant.DateScaler());
-    m_axis->EndUpdate();
-    // Hidden time makes room for more; how much shows only once the axis has it.
-    TDateTime hidden = 0;
-    constexpr int kRounds = 4;
-    for (int round = 0; round < kRounds; ++round) {
-        const double pixels = std::ceil((to - from - hidden) / scale);
-        if (pixels > kLongestAxis) {
-            throw std::runtime_error("The time to print is too long at this scale");
-        }
-        const int width = std::max(static_cast<int>(pixels), 1);
-        m_axis->BeginUpdate();
-        m_axis->resize(width, m_gant.GetScalerHeight());
-        m_axis->SetRange(from, from + width * scale);
-        m_axis->EndUpdate();
-        if (m_axis->HiddenSpan() == hidden) {
-            break;
-        }
-        hidden = m_axis->HiddenSpan();
-    }
-}
-
-void TzuGanttPrinting::MeasureColumns()
-{
-    m_columnWidths.clear();
-    m_labelWidth = 0;
-    for (const TPrintColumn &column : m_columns) {
-        m_columnWidths.push_back(column.Width > 0 ? column.Width : NeededWidth(column));
-        m_labelWidth += m_columnWidths.back();
-    }
-}
-
-int TzuGanttPrinting::NeededWidth(const TPrintColumn &column) const
-{
-    const TGantTree &tree = m_gant.Tree();
-    QFont bold = LabelFont(tree);
-    bold.setBold(true);
-    const QFontMetricsF metrics(bold);
-    double widest = metrics.horizontalAdvance(column.Title);
-    for (const TzuDataEntity_Tree *entity : m_rows) {
-        double width =
-            metrics.horizontalAdvance(column.Text ? column.Text(*entity) : CaptionOf(*entity));
-        if (!column.Text) {
-            width += entity->GetLevel() * tree.Indent();
-            width += tree.Images() != nullptr ? tree.Images()->Size().Width + kLabelPadding : 0;
-        }
-        widest = std::max(widest, width);
-    }
-    return std::min(static_cast<int>(std::ceil(widest)) + 2 * kLabelPadding,
-                    TPrintColumn::kWidestColumn);
+    m_axis = MakeWholeAxis(m_gant.DateScaler(), {from, to}, scale, m_gant.GetScalerHeight());
 }
 
 void TzuGanttPrinting::CollectLinks(const std::vector<TPageSpan> &pages)
 {
     std::unordered_map<const TzuDataEntity_Tree *, int> rowOf;
-    rowOf.reserve(m_rows.size());
-    for (std::size_t row = 0; row < m_rows.size(); ++row) {
-        rowOf.emplace(m_rows[row], static_cast<int>(row));
+    rowOf.reserve(m_outline.Rows.size());
+    for (std::size_t row = 0; row < m_outline.Rows.size(); ++row) {
+        rowOf.emplace(m_outline.Rows[row], static_cast<int>(row));
     }
     const auto rowOfEnd = [&](const TzuDataEntity_Spanbar *item) {
         const TGantRow *row = item == nullptr ? nullptr : item->GetRow();
@@ -212,8 +121,8 @@ void TzuGanttPrinting::CollectLinks(const std::vector<TPageSpan> &pages)
         return found == rowOf.end() ? -1 : found->second;
     };
     const auto pageOf = [&](int row) {
-        const auto after = std::ranges::upper_bound(
-            pages, static_cast<double>(row) * m_down->RowHeight(), {}, &TPageSpan::From);
+        const auto after = std::ranges::upper_bound(pages, static_cast<double>(m_down->TopOf(row)),
+                                                    {}, &TPageSpan::From);
         return static_cast<std::size_t>(after - pages.begin() - 1);
     };
     m_links.assign(pages.size(), {});
@@ -231,6 +140,15 @@ void TzuGanttPrinting::CollectLinks(const std::vector<TPageSpan> &pages)
     }
 }
 
+std::vector<TPrintBookmark> TzuGanttPrinting::Bookmarks() const
+{
+    std::vector<TPrintBookmark> bookmarks;
+    AddBookmarks(m_outline, [&](const QString &title, int level, int row) {
+        bookmarks.push_back(BookmarkAt(title, level, m_down->TopOf(row), m_gant.GetScalerHeight()));
+    });
+    return bookmarks;
+}
+
 int TzuGanttPrinting::HeadHeight() const
 {
     return m_gant.GetScalerHeight() * (m_axisAtBottom ? 2 : 1);
@@ -238,7 +156,7 @@ int TzuGanttPrinting::HeadHeight() const
 
 QSizeF TzuGanttPrinting::ContentSize(const TPrintPage &page) const
 {
-    return {m_labelWidth + page.Across.To - page.Across.From,
+    return {m_labels.Width() + page.Across.To - page.Across.From,
             HeadHeight() + page.Down.Repeated + std::ceil(page.Down.To - page.Down.From)};
 }
 
@@ -255,19 +173,15 @@ std::string TzuGanttPrinting::RangeOf(const TPrintPage &page) const
 void TzuGanttPrinting::PaintContent(QPainter &painter, const TPrintPage &page)
 {
     TGanttPage view(*this, page);
-    view.Paint(painter, {m_labelWidth, 0});
+    view.Paint(painter, {m_labels.Width(), 0});
     painter.setBrush(Qt::NoBrush);
     PaintLabels(painter, view);
     if (m_linkMarks) {
         PaintLinkMarks(painter, view);
     }
     const QSizeF size = ContentSize(page);
-    painter.setPen(QPen(kFrameColor, 0.5));
-    painter.setBrush(Qt::NoBrush);
-    painter.drawRect(QRectF(QPointF(0, 0), size));
     const double top = m_gant.GetScalerHeight();
-    painter.drawLine(QPointF(0, top), QPointF(size.width(), top));
-    painter.drawLine(QPointF(m_labelWidth, 0), QPointF(m_labelWidth, size.height()));
+    PaintFrame(painter, size, m_labels.Width(), top);
     if (m_axisAtBottom) {
         painter.drawLine(QPointF(0, size.height() - top),
                          QPointF(size.width(), size.height() - top));
@@ -279,64 +193,20 @@ void TzuGanttPrinting::PaintLabels(QPainter &painter, const TGanttPage &page) co
     const int head = m_gant.GetScalerHeight();
     const QSize area = page.AreaSize();
     painter.save();
-    painter.setClipRect(QRectF(0, 0, m_labelWidth, head + area.height()), Qt::IntersectClip);
+    painter.setClipRect(QRectF(0, 0, m_labels.Width(), head + area.height()), Qt::IntersectClip);
     double left = 0;
-    for (std::size_t i = 0; i < m_columns.size(); ++i) {
-        const TPrintColumn &column = m_columns[i];
-        const double width = m_columnWidths[i];
-        QFont font = LabelFont(m_gant.Tree());
-        font.setBold(true);
-        painter.setFont(font);
-        painter.setPen(Qt::black);
-        painter.drawText(
-            QRectF(left + kLabelPadding, 0, width - 2 * kLabelPadding, head - kLabelPadding),
-            Qt::AlignBottom | column.Alignment, column.Title);
+    for (std::size_t i = 0; i < m_labels.Columns.size(); ++i) {
+        const double width = m_labels.Widths()[i];
+        m_labels.PaintTitle(painter, {left, 0, width, static_cast<double>(head)}, i);
         for (const TVisibleNode &row : page.Rows()) {
-            PaintLabel(painter, QRectF(left, head + row.Rect.Top, width, row.Rect.Height()), column,
-                       *row.Node);
+            m_labels.PaintCell(painter, QRectF(left, head + row.Rect.Top, width, row.Rect.Height()),
+                               i, *row.Node);
         }
         left += width;
-        painter.setPen(QPen(kFrameColor, 0.5));
+        painter.setPen(QPen(kPrintFrameColor, kPrintLine));
         painter.drawLine(QPointF(left, 0), QPointF(left, head + area.height()));
     }
     painter.restore();
-}
-
-void TzuGanttPrinting::PaintLabel(QPainter &painter, const QRectF &cell, const TPrintColumn &column,
-                                  TzuDataEntity_Tree &entity) const
-{
-    TGantTree &tree = m_gant.Tree();
-    TTreeItemLook look;
-    look.ImageIndex = entity.GetImageIndex();
-    tree.OnCustomDrawItem(&tree, &entity, look);
-    painter.setPen(QPen(kLineColor, 0.5));
-    painter.drawLine(cell.bottomLeft(), cell.bottomRight());
-    QRectF place = cell.adjusted(kLabelPadding, 0, -kLabelPadding, 0);
-    if (!column.Text) {
-        place.setLeft(place.left() + entity.GetLevel() * tree.Indent());
-        if (const TzuImageList *images = tree.Images()) {
-            const TSize size = images->Size();
-            constexpr double kPaperRatio = 3;
-            painter.drawPixmap(QPointF(place.left(), place.center().y() - size.Height / 2.0),
-                               images->Pixmap(look.ImageIndex, size, kPaperRatio));
-            place.setLeft(place.left() + size.Width + kLabelPadding);
-        }
-    }
-    QFont font = LabelFont(tree);
-    if (!entity.GetFontName().empty()) {
-        font.setFamily(ToQt(entity.GetFontName()));
-    }
-    const TFontStyles own = entity.GetFontStyle();
-    font.setBold(font.bold() || own.Bold || look.Style.Bold);
-    font.setItalic(font.italic() || own.Italic || look.Style.Italic);
-    font.setUnderline(own.Underline || look.Style.Underline);
-    font.setStrikeOut(own.StrikeOut || look.Style.StrikeOut);
-    painter.setFont(font);
-    painter.setPen(look.TextColor ? Readable(ToQt(*look.TextColor, QPalette(Qt::white)))
-                                  : QColor(Qt::black));
-    const QString text = column.Text ? column.Text(entity) : CaptionOf(entity);
-    painter.drawText(place, Qt::AlignVCenter | column.Alignment | Qt::TextSingleLine,
-                     QFontMetricsF(font).elidedText(text, Qt::ElideRight, place.width()));
 }
 
 /// Small arrows at the edges, each with the number of the page on which a link goes on.
@@ -346,7 +216,7 @@ void TzuGanttPrinting::PaintLinkMarks(QPainter &painter, const TGanttPage &page)
     constexpr double kBox = 22;
     constexpr double kNear = 9;
     const TPrintLayout &layout = Layout();
-    const QPointF origin(m_labelWidth, m_gant.GetScalerHeight());
+    const QPointF origin(m_labels.Width(), m_gant.GetScalerHeight());
     QFont font = Paper().Font();
     font.setPixelSize(7);
     painter.setFont(font);
@@ -380,9 +250,9 @@ void TzuGanttPrinting::PaintLinkMarks(QPainter &painter, const TGanttPage &page)
         const QPointF back = QPointF(way) * kSize;
         const QPointF side = QPointF(way.y(), way.x()) * (kSize * 0.7);
         painter.setPen(Qt::NoPen);
-        painter.setBrush(kFrameColor);
+        painter.setBrush(kPrintFrameColor);
         painter.drawPolygon(QPolygonF({tip, tip - back + side, tip - back - side}));
-        painter.setPen(kFrameColor);
+        painter.setPen(kPrintFrameColor);
         // Beside the line, not on it.
         QRectF box(0, 0, kBox, kNear);
         box.moveBottomLeft(tip + QPointF(2, way.y() > 0 ? -1 : way.y() < 0 ? kNear : -1));

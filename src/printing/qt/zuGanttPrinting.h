@@ -2,12 +2,10 @@
 #pragma once
 
 #include "foundation/zuTypes.h"
+#include "printing/qt/zuPrintLabels.h"
 #include "printing/qt/zuPrinting.h"
 
-#include <QString>
-
 #include <algorithm>
-#include <functional>
 #include <memory>
 #include <optional>
 #include <utility>
@@ -19,18 +17,6 @@ class TGanttPage;
 class TzuDataEntity_Tree;
 class TzuDateScaler;
 class TzuGant_ComBasic;
-
-/// A column of row labels.
-struct TPrintColumn
-{
-    QString Title;
-    /// Nothing set: the row's caption, indented by its level, with its image.
-    std::function<QString(const TzuDataEntity_Tree &)> Text;
-    int Width = 0; ///< in pixels of the chart; 0: as wide as needed, up to kWidestColumn
-    Qt::Alignment Alignment = Qt::AlignLeft;
-
-    static constexpr int kWidestColumn = 320;
-};
 
 /// Prints a Gantt chart: the rows that its tree shows, also those scrolled away, over any time.
 ///
@@ -59,7 +45,7 @@ public:
     /// Only rows that are selected, or have a selected item.
     void SetSelectionOnly(bool on) { m_selectionOnly = on; }
     /// Row labels; initially the captions. None: no labels.
-    std::vector<TPrintColumn> &Columns() { return m_columns; }
+    std::vector<TPrintColumn> &Columns() { return m_labels.Columns; }
     /// Repeats the axis at the bottom of each page.
     void SetAxisAtBottom(bool on) { m_axisAtBottom = on; }
     void SetRepeatHeadings(bool on) { m_repeatHeadings = on; }
@@ -73,11 +59,15 @@ public:
     /// no print scale. Initially 2; at least 1.
     void SetFineness(int scale) { m_fineness = std::max(scale, 1); }
 
+    /// One for each row that has rows below it.
+    std::vector<TPrintBookmark> Bookmarks() const override;
+
+    QSizeF ContentSize(const TPrintPage &page) const override;
+
 protected:
     TPrintLayout LayOutContent(const TPrintRoom &room, const TPrintScaling &scaling) override;
     void PaintContent(QPainter &painter, const TPrintPage &page) override;
     std::string RangeOf(const TPrintPage &page) const override;
-    QSizeF ContentSize(const TPrintPage &page) const override;
 
 private:
     friend class TGanttPage;
@@ -93,19 +83,15 @@ private:
     bool IsWanted(int number, TzuDataEntity_Tree &entity) const;
     std::pair<TDateTime, TDateTime> PrintedTime() const;
     void SetUpAxis();
-    void MeasureColumns();
-    int NeededWidth(const TPrintColumn &column) const;
     void CollectLinks(const std::vector<TPageSpan> &pages);
     int HeadHeight() const;
     void PaintLabels(QPainter &painter, const TGanttPage &page) const;
-    void PaintLabel(QPainter &painter, const QRectF &cell, const TPrintColumn &column,
-                    TzuDataEntity_Tree &entity) const;
     void PaintLinkMarks(QPainter &painter, const TGanttPage &page) const;
 
     TzuGant_ComBasic &m_gant;
     std::optional<std::pair<TDateTime, TDateTime>> m_range;
     std::optional<std::pair<int, int>> m_rowRange;
-    std::vector<TPrintColumn> m_columns{1};
+    TPrintLabels m_labels;
     double m_timeScale = 0;
     bool m_selectionOnly = false;
     bool m_axisAtBottom = false;
@@ -115,11 +101,9 @@ private:
     int m_fineness = 2;
 
     // As last laid out.
-    std::vector<TzuDataEntity_Tree *> m_rows;
+    TPrintOutline m_outline;
     std::unique_ptr<TPrintRows> m_down;
-    std::unique_ptr<TzuDateScaler> m_axis; ///< all of the printed time
-    std::vector<int> m_columnWidths;
-    int m_labelWidth = 0;
+    std::unique_ptr<TzuDateScaler> m_axis;       ///< all of the printed time
     std::vector<std::vector<TLinkRows>> m_links; ///< by row of pages
 };
 

@@ -1,17 +1,15 @@
-// What the printing of all components has in common: pages, paper, and where they go.
+// What the printing of all components has in common: pages and paper.
 #pragma once
 
-#include "foundation/zuMethod.h"
+#include "printing/qt/zuPrintDocument.h"
 #include "printing/qt/zuPrintPaper.h"
 #include "printing/zuPrintLayout.h"
 
 #include <QString>
-#include <QStringList>
 
 #include <string>
 
 class QPainter;
-class QPrinter;
 
 namespace korvane {
 
@@ -19,52 +17,37 @@ namespace korvane {
 ///
 /// A page shows its part of the component between the margins, below a header and above a footer.
 /// The component itself stays as it is, also when an event handler throws while it is drawn.
-///
-/// What is printed is laid out anew by each function but PaintPage. Errors are std::runtime_error
-/// with a text for the user: nothing to print, no room on the paper, a file that cannot be written.
-/// A file is replaced only once it is complete.
-class TzuPrinting
+class TzuPrinting : public TzuPrintDocument
 {
 public:
-    /// Before each page, 1 .. pages. A handler that sets `cancel` ends the print.
-    using TOnProgress = TMethod<void(int page, int pages, bool &cancel)>;
-
-    TzuPrinting() = default;
-    TzuPrinting(const TzuPrinting &) = delete;
-    TzuPrinting &operator=(const TzuPrinting &) = delete;
-    virtual ~TzuPrinting() = default;
-
     TPrintPaper &Paper() { return m_paper; }
     const TPrintPaper &Paper() const { return m_paper; }
     TPrintScaling &Scaling() { return m_scaling; }
     const TPrintScaling &Scaling() const { return m_scaling; }
-    /// What header and footer call the print.
-    QString Title() const { return m_title; }
-    void SetTitle(const QString &title) { m_title = title; }
     /// The document that the component shows, for header and footer.
     QString FileName() const { return m_fileName; }
     void SetFileName(const QString &name) { m_fileName = name; }
 
-    /// Works out the pages from the options and the component as it is now.
-    void LayOut();
-    /// As last laid out.
+    void LayOut() override;
     const TPrintLayout &Layout() const { return m_layout; }
-    int PageCount() const { return m_layout.PageCount(); }
-    /// Paints a whole sheet, as last laid out, into a rectangle of the painter's coordinates, as
-    /// large as fits. The rectangle is clipped to; the painter's state is kept.
-    void PaintPage(QPainter &painter, const QRectF &sheet, int page);
+    int PageCount() const override { return m_layout.PageCount(); }
+    QPageLayout PageLayout(int /*page*/) const override { return m_paper.Layout(); }
+    void PaintPage(QPainter &painter, const QRectF &sheet, int page) override;
 
-    // Each returns false when the print was cancelled; nothing is left behind then.
+    /// Size of a page's content in pixels of content, repeated parts included.
+    virtual QSizeF ContentSize(const TPrintPage &page) const = 0;
 
-    /// All pages or, if the printer has a range of pages, those. Its paper is set.
-    bool Print(QPrinter &printer);
-    /// A PDF with vector drawing and text as text.
-    bool SavePdf(const QString &file);
-    /// A picture per page, at so many dots per inch (10 .. 2400). With several pages the number of
-    /// each, from 1, is put before the suffix: "plan-1.png". Returns the files, none if cancelled.
-    QStringList SavePictures(const QString &file, int dotsPerInch);
+    // Beside other things on a sheet of the caller's.
 
-    TOnProgress OnProgress;
+    /// Works out the pages for rooms of this size, in paper pixels, rather than for the paper.
+    void LayOutFor(const QSizeF &room);
+    /// Paints a page, as last laid out, without the paper's header, footer and marks: the room that
+    /// it was laid out for comes into the rectangle, as large as fits, and is clipped to it. The
+    /// painter's state is kept.
+    void PaintContentIn(QPainter &painter, const QRectF &place, int page);
+
+    /// Numbers the pages as part of a longer document; headers and footers show the numbers.
+    void SetNumbering(int firstPage, int pages);
 
 protected:
     /// Lays the content out on this room.
@@ -74,19 +57,21 @@ protected:
     virtual void PaintContent(QPainter &painter, const TPrintPage &page) = 0;
     /// What a page shows, for header and footer.
     virtual std::string RangeOf(const TPrintPage &page) const = 0;
-    /// Size of a page's content in pixels of content, repeated parts included.
-    virtual QSizeF ContentSize(const TPrintPage &page) const = 0;
+    /// The sheet's pixel row at which a position of the content down the pages is printed, and its
+    /// page, in the first column of pages.
+    TPrintBookmark BookmarkAt(const QString &title, int level, double down, double head) const;
 
 private:
-    bool Proceed(int page, int pages) const;
-    void SavePicture(const QString &file, int page, int dotsPerInch);
     TPrintFields FieldsOf(int page) const;
+    void LayOutIn(const QRectF &room);
 
     TPrintPaper m_paper;
     TPrintScaling m_scaling;
     TPrintLayout m_layout;
-    QString m_title;
+    QRectF m_room; ///< that was laid out for
     QString m_fileName;
+    int m_firstPage = 1;
+    int m_allPages = 0; ///< 0: the print's own
 };
 
 } // namespace korvane

@@ -8,6 +8,7 @@
 #include "schema/qt/zuSchemaAccessible.h"
 #include "schema/qt/zuSchemaAreaInput.h"
 #include "schema/qt/zuSchemaHint.h"
+#include "schema/qt/zuSchemaPrintView.h"
 
 #include <QEvent>
 #include <QWheelEvent>
@@ -223,19 +224,29 @@ void TzuSchema_ComBasic::InvalidateArea()
     }
 }
 
+TzuDateScaler &TzuSchema_ComBasic::DrawnAxis() const
+{
+    return m_printView != nullptr ? m_printView->Axis() : *m_scaler;
+}
+
+TzuOffscreenPaint &TzuSchema_ComBasic::DrawnArea() const
+{
+    return m_printView != nullptr ? m_printView->Area() : *m_area;
+}
+
 TSize TzuSchema_ComBasic::AreaSize() const
 {
-    return {m_area->Width(), m_area->Height()};
+    return {DrawnArea().Width(), DrawnArea().Height()};
 }
 
 TPrintScale TzuSchema_ComBasic::AreaPrintScale() const
 {
-    return {m_area->GetScalex(), m_area->GetScaley()};
+    return {DrawnArea().GetScalex(), DrawnArea().GetScaley()};
 }
 
 bool TzuSchema_ComBasic::AreaHasFocus() const
 {
-    return m_area->hasFocus() && !m_area->GetIsPrinting();
+    return m_area->hasFocus() && !DrawnArea().GetIsPrinting();
 }
 
 TFont TzuSchema_ComBasic::ComponentFont() const

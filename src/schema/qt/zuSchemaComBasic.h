@@ -18,6 +18,7 @@ class QDropEvent;
 
 namespace korvane {
 
+class ISchemaPrintView;
 class TGraphHintWindow;
 class TSchemaAreaInput;
 class TXYSizer;
@@ -104,6 +105,9 @@ public:
     void RePaint();
     /// Everything anew: layout, headers, axis and area.
     void _RefreshEverything();
+    /// While a view is given, it is drawn on in place of the parts on screen; see ISchemaPrintView.
+    /// Observed; null returns to the screen.
+    void SetPrintView(ISchemaPrintView *view) { m_printView = view; }
     /// Scrolls by the units of a wheel, forward when positive.
     void ScrollColumnsByWheel(int units);
 
@@ -138,20 +142,23 @@ protected:
     void changeEvent(QEvent *event) override;
 
 private:
+    TzuDateScaler &DrawnAxis() const;
+    TzuOffscreenPaint &DrawnArea() const;
     void CreateParts();
     void PlaceScroller();
     void _OnPrintResizeFont(TzuOffscreenPaint *caller, int &fontSize, bool &defaultResize);
 
     // ISchemaHost
-    TDateScalerGestures &Scaler() override { return *m_scaler; }
-    const TDateScalerGestures &Scaler() const override { return *m_scaler; }
+    TDateScalerGestures &Scaler() override { return DrawnAxis(); }
+    const TDateScalerGestures &Scaler() const override { return DrawnAxis(); }
     void InvalidateArea() override;
     TSize AreaSize() const override;
-    TCanvas &AreaCanvas() override { return m_area->GetOffscreenCanvas(); }
+    TCanvas &AreaCanvas() override { return DrawnArea().GetOffscreenCanvas(); }
     TPrintScale AreaPrintScale() const override;
-    bool AreaIsPrinting() const override { return m_area->GetIsPrinting(); }
+    bool AreaIsPrinting() const override { return DrawnArea().GetIsPrinting(); }
     bool AreaHasFocus() const override;
-    void PrintResizeAreaFont() override { m_area->PrintResizeFont(); }
+    void PrintResizeAreaFont() override { DrawnArea().PrintResizeFont(); }
+    bool ShowsMarks() const override { return m_printView == nullptr; }
     TFont ComponentFont() const override;
     TSize ComponentSize() const override { return {width(), height()}; }
     void PlaceParts() override;
@@ -184,6 +191,7 @@ private:
     std::unique_ptr<TSchemaAreaInput> m_input;
     QPointer<QMenu> m_popupSchema;
     QPointer<QMenu> m_popupMenu;
+    ISchemaPrintView *m_printView = nullptr;
     int m_wheelUnits = 0; ///< not yet a whole column
 };
 

@@ -1,93 +1,164 @@
-#include "MainWindow.h"
+#include "PlanChart.h"
 #include "PlanDocument.h"
-#include "PlanText.h"
-#include "PrintActions.h"
-#include "PrintCommand.h"
+#include "PlanPrint.h"
+#include "PrintDialog.h"
+#include "PrintForm.h"
+#include "PrintJob.h"
+#include "PrintOptions.h"
+#include "ResourceChart.h"
+#include "foundation/qt/zuConvert.h"
 #include "plan/PlanFile.h"
+#include "printing/qt/zuPrintPreview.h"
 
-#include <QAction>
-#include <QApplication>
-#include <QMenu>
-#include <QPrintPreviewDialog>
-#include <QPrintPreviewWidget>
+#include <QDir>
+#include <QDoubleSpinBox>
+#include <QMessageBox>
+#include <QPushButton>
 #include <QSettings>
 #include <QSpinBox>
+#include <QTemporaryDir>
 #include <QTest>
+
+#include <gtest/gtest.h>
+#include <stdexcept>
 
 namespace korvane::planner::test {
 namespace {
 
-TEST(Printing, ThePreviewFollowsItsFieldsAndIsRememberedPerFile)
+/// The sample plan in a chart.
+struct Printing : testing::Test
 {
-    QSettings().remove(QStringLiteral("print"));
-    NoProgress progress;
-    PlanResult result = LoadPlan(QStringLiteral(KORVANE_SAMPLES "/observatory.xml"),
-                                 PlanReaders::Builtin(), progress);
-    PlanDocument document;
-    PlanChart chart(document);
-    document.SetPlan(std::move(result.Value), QStringLiteral("observatory.xml"));
-    QWidget window;
-    window.resize(900, 600);
-    QMenu menu;
-    PrintActions actions(
-        menu, [&] { return std::make_unique<PlanPrint>(chart, document); }, window);
-    const auto open = [&] {
-        actions.Actions().front()->trigger();
-        auto *dialog = window.findChild<QPrintPreviewDialog *>();
-        EXPECT_TRUE(QTest::qWaitFor(
-            [&] { return dialog->findChild<QPrintPreviewWidget *>()->pageCount() > 0; }));
-        return dialog;
-    };
-    const auto close = [&](QDialog *dialog) {
-        const QPointer<QDialog> watched(dialog);
-        dialog->reject();
-        EXPECT_TRUE(QTest::qWaitFor([&] { return watched.isNull(); }));
-    };
-    QPrintPreviewDialog *dialog = open();
-    auto *preview = dialog->findChild<QPrintPreviewWidget *>();
-    const int narrow = preview->pageCount();
-    const QList<QSpinBox *> fields = dialog->findChildren<QSpinBox *>();
-    ASSERT_EQ(fields.size(), 2);
-    fields[0]->setValue(4);
-    EXPECT_GT(preview->pageCount(), narrow);
-    fields[1]->setValue(1);
-    EXPECT_LE(preview->pageCount(), 4);
-    close(dialog);
+    PlanDocument Document;
+    PlanChart Chart{Document};
+    QTemporaryDir Folder;
 
-    dialog = open();
-    EXPECT_EQ(dialog->findChildren<QSpinBox *>()[1]->value(), 1);
-    close(dialog);
-    document.SetSaved(QStringLiteral("another.xml"), document.Revision());
-    dialog = open();
-    EXPECT_EQ(dialog->findChildren<QSpinBox *>()[1]->value(), 0);
-    close(dialog);
-}
-
-TEST(Printing, ShowsThePlanAsItsChartDoes)
-{
-    NoProgress progress;
-    PlanDocument document;
-    PlanChart chart(document);
-    document.SetPlan(LoadPlan(QStringLiteral(KORVANE_SAMPLES "/observatory.xml"),
-                              PlanReaders::Builtin(), progress)
-                         .Value);
-    const auto rows = [](PlanChart &shown) {
+    Printing()
+    {
+        QSettings().remove(QStringLiteral("print"));
+        NoProgress progress;
+        PlanResult result = LoadPlan(QStringLiteral(KORVANE_SAMPLES "/observatory.xml"),
+                                     PlanReaders::Builtin(), progress);
+        Document.SetPlan(std::move(result.Value), QStringLiteral("observatory.xml"));
+    }
+    int ShownRows(PlanView &chart)
+    {
         int count = 0;
-        for (auto *node = shown.Tree().GetNextVisible(nullptr); node != nullptr;
-             node = shown.Tree().GetNextVisible(node)) {
+        for (auto *node = chart.Tree().GetNextVisible(nullptr); node != nullptr;
+             node = chart.Tree().GetNextVisible(node)) {
             ++count;
         }
         return count;
+    }
+    std::unique_ptr<PrintJob> MakeJob() { return std::make_unique<PlanPrint>(Chart, Document); }
+};
+
+template <typename Field>
+Field *FieldNamed(PrintDialog &dialog, const char *name)
+{
+    for (auto *field : dialog.findChildren<Field *>()) {
+        if (field->accessibleName() == QLatin1String(name)) {
+            return field;
+        }
+    }
+    ADD_FAILURE() << "there is no field " << name;
+    return nullptr;
+}
+
+TEST_F(Printing, ThePreviewFollowsItsFieldsAndIsRememberedPerFile)
+{
+    {
+        PrintDialog dialog(MakeJob());
+        const int narrow = dialog.Preview().PageCount();
+        auto *across = FieldNamed<QSpinBox>(dialog, "Pages across, at most");
+        across->setValue(4);
+        EXPECT_TRUE(QTest::qWaitFor([&] { return dialog.Preview().PageCount() > narrow; }));
+        FieldNamed<QSpinBox>(dialog, "Pages down, at most")->setValue(1);
+        dialog.ShowChanges();
+        EXPECT_LE(dialog.Preview().PageCount(), 4);
+        FieldNamed<QDoubleSpinBox>(dialog, "Left margin")->setValue(100);
+        FieldNamed<QDoubleSpinBox>(dialog, "Right margin")->setValue(100);
+        FieldNamed<QDoubleSpinBox>(dialog, "Top margin")->setValue(100);
+        FieldNamed<QDoubleSpinBox>(dialog, "Bottom margin")->setValue(100);
+        dialog.ShowChanges(); // landscape A4 is 210 high
+        EXPECT_EQ(dialog.Preview().PageCount(), 0);
+        EXPECT_NE(dialog.Preview().Error(), QString());
+        EXPECT_FALSE(dialog.findChild<QPushButton *>(QStringLiteral("export"))->isEnabled());
+        dialog.reject();
+    }
+    PrintDialog again(MakeJob());
+    EXPECT_EQ(again.Form().Options().Scaling.PagesDown, 1);
+    EXPECT_EQ(again.Form().Options().Margins.left(), 100);
+    Document.SetSaved(QStringLiteral("another.xml"), Document.Revision());
+    PrintDialog other(MakeJob());
+    EXPECT_EQ(other.Form().Options().Scaling.PagesDown, 0);
+}
+
+TEST_F(Printing, OptionsChooseWhatIsPrinted)
+{
+    PlanPrint print(Chart, Document);
+    const auto lengths = [&](const PrintOptions &options) {
+        print.Apply(options);
+        print.Printing().LayOut();
+        const TPrintLayout &layout = print.Printing().Layout();
+        return std::pair(layout.Across().back().To, layout.Down().back().To);
     };
-    chart.Tree().FullCollapse();
-    chart.SetBaselinesShown(true);
-    const int task = chart.TaskOfNode(*chart.Tree().GetNextVisible(nullptr));
-    chart.SelectTasks({task});
-    PlanPrint print(chart, document);
-    EXPECT_EQ(rows(print.Chart()), rows(chart));
-    EXPECT_LT(rows(chart), static_cast<int>(document.GetPlan().Tasks.size()));
-    EXPECT_TRUE(print.Chart().AreBaselinesShown());
-    EXPECT_EQ(print.Chart().SelectedTasks(), std::vector{task});
+    const PrintOptions all;
+    const auto [width, height] = lengths(all);
+    PrintOptions some = all;
+    some.Rows = {2, 4};
+    EXPECT_EQ(lengths(some).second, 3 * print.Chart().Tree().RowHeight());
+    some = all;
+    some.SelectionOnly = true;
+    EXPECT_THROW(lengths(some), std::runtime_error);
+    some = all;
+    const TDateTime start = print.Chart().Start();
+    some.Days = {ToQDateTime(start).date(), ToQDateTime(start).date()};
+    lengths(some);
+    EXPECT_GT(print.Printing().Layout().Across().back().To,
+              500); // a single day is as wide as the plan
+    EXPECT_EQ(lengths(all), std::pair(width, height));
+    some = all;
+    some.HiddenColumns = {QStringLiteral("Start"), QStringLiteral("Finish")};
+    const double columns = print.Printing().ContentSize(print.Printing().Layout().Page(0)).width();
+    lengths(some);
+    EXPECT_LT(print.Printing().ContentSize(print.Printing().Layout().Page(0)).width(), columns);
+}
+
+TEST_F(Printing, ExportsIntoFilesAndTellsWhatGoesWrong)
+{
+    PrintDialog dialog(MakeJob());
+    for (const char *suffix : {"pdf", "svg", "png"}) {
+        const QString file = Folder.filePath(QStringLiteral("plan.") + QLatin1String(suffix));
+        EXPECT_TRUE(dialog.ExportTo(file)) << suffix;
+    }
+    const auto pages = static_cast<qsizetype>(dialog.Preview().PageCount());
+    EXPECT_EQ(QDir(Folder.path()).entryList(QDir::Files).size(), 1 + 2 * pages);
+    EXPECT_FALSE(dialog.ExportTo(QStringLiteral("/nowhere/plan.pdf")));
+    auto *message = dialog.findChild<QMessageBox *>();
+    ASSERT_NE(message, nullptr);
+    EXPECT_TRUE(message->text().contains(QLatin1String("/nowhere/plan.pdf")));
+}
+
+TEST_F(Printing, ShowsThePlanAsItsChartDoes)
+{
+    Chart.Tree().FullCollapse();
+    Chart.SetBaselinesShown(true);
+    const int task = PlanChart::TaskOfNode(*Chart.Tree().GetNextVisible(nullptr));
+    Chart.SelectTasks({task});
+    PlanPrint print(Chart, Document);
+    EXPECT_EQ(ShownRows(print.Chart()), ShownRows(Chart));
+    EXPECT_LT(ShownRows(Chart), static_cast<int>(Document.GetPlan().Tasks.size()));
+    auto &printed = static_cast<PlanChart &>(print.Chart());
+    EXPECT_TRUE(printed.AreBaselinesShown());
+    EXPECT_EQ(printed.SelectedTasks(), std::vector{task});
+
+    ResourceChart resources(Document);
+    resources.BringUpToDate();
+    PlanPrint byResource(resources, Document);
+    EXPECT_EQ(byResource.Features().Rows, resources.RowCount());
+    byResource.Apply({});
+    byResource.Printing().LayOut();
+    EXPECT_GT(byResource.Printing().PageCount(), 0);
 }
 
 } // namespace

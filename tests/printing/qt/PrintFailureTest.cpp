@@ -8,6 +8,7 @@
 #include <QTemporaryDir>
 
 #include <functional>
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <stdexcept>
 
@@ -38,6 +39,7 @@ struct PrintFailure : testing::Test
         Chart.SetStop(kFrom + kRows);
         Chart.show();
         QApplication::processEvents();
+        Chart.Tree().GetNextVisible(nullptr)->SetSelected(false);
         SetBareSheet(Printing, 300, 200);
     }
 
@@ -89,6 +91,89 @@ TEST_F(PrintFailure, NothingIsLeftBehindAndTheOldFileStays)
     EXPECT_TRUE(Printing.Print(printer));
     EXPECT_GT(QFileInfo(file).size(), 1000);
     EXPECT_EQ(Files(), files);
+}
+
+TEST_F(PrintFailure, SaysWhatIsWrong)
+{
+    const auto prepare = [this] {
+        Printing.SetAllRows();
+        Printing.SetWholeRange();
+        Printing.SetSelectionOnly(false);
+        Printing.SetTimeScale(0);
+        SetBareSheet(Printing, 300, 200);
+    };
+    const QString file = Folder.filePath(QStringLiteral("plan.pdf"));
+    const QString nowhere = QStringLiteral("/nowhere/plan.pdf");
+    const QString &folder = Folder.path(); // a folder is no file to write
+    QPrinter unusable;
+    unusable.setOutputFormat(QPrinter::PdfFormat);
+    unusable.setOutputFileName(nowhere);
+    struct TCase
+    {
+        const char *Message;
+        std::function<void()> Print;
+    };
+    const TCase cases[] = {
+        {"There is nothing to print",
+         [&] {
+             Printing.SetRows(1000, 1001);
+             Printing.SavePdf(file);
+         }},
+        {"There is nothing to print",
+         [&] {
+             Printing.SetSelectionOnly(true);
+             Printing.SavePdf(file);
+         }},
+        {"The time to print is empty",
+         [&] {
+             Printing.SetRange(kFrom, kFrom);
+             Printing.SavePictures(file, 96);
+         }},
+        {"The time to print is empty",
+         [&] {
+             Printing.SetRange(kFrom + 1, kFrom);
+             Printing.SaveSvg(file);
+         }},
+        {"The time to print is too long at this scale",
+         [&] {
+             Printing.SetTimeScale(1e-9);
+             Printing.SavePdf(file);
+         }},
+        {"The margins leave no room on the paper",
+         [&] {
+             Printing.Paper().Layout().setMargins({120, 0, 120, 0});
+             Printing.SavePdf(file);
+         }},
+        {"The paper has no room beside labels, axis and headings",
+         [&] {
+             SetBareSheet(Printing, 40, 40);
+             Printing.SavePdf(file);
+         }},
+        {"Cannot write /nowhere/plan.pdf", [&] { Printing.SavePdf(nowhere); }},
+        {"Cannot write /nowhere/plan.pdf", [&] { Printing.SavePictures(nowhere, 96); }},
+        {"Cannot write /nowhere/plan.pdf", [&] { Printing.SaveSvg(nowhere); }},
+        {"Cannot write", [&] { Printing.SavePdf(folder); }},
+        {"Cannot write /nowhere/plan.pdf", [&] { Printing.Print(unusable); }},
+        {"There is nothing to print",
+         [&] {
+             TzuGant empty;
+             TzuGanttPrinting(empty).SavePdf(file);
+         }},
+    };
+    const QImage before = Chart.grab().toImage();
+    for (const auto &[message, print] : cases) {
+        prepare();
+        try {
+            print();
+            ADD_FAILURE() << "printed despite: " << message;
+        } catch (const std::runtime_error &error) {
+            EXPECT_THAT(error.what(), testing::HasSubstr(message));
+        }
+        EXPECT_EQ(Files(), QStringList());
+        EXPECT_EQ(QDir(Folder.path()).entryList(QDir::Dirs | QDir::Hidden | QDir::NoDotAndDotDot),
+                  QStringList());
+    }
+    EXPECT_EQ(Chart.grab().toImage(), before);
 }
 
 } // namespace

@@ -1,0 +1,128 @@
+#include "PrintOptions.h"
+
+#include <QCryptographicHash>
+#include <QPageSize>
+#include <QSettings>
+
+#include <algorithm>
+#include <array>
+
+namespace korvane::planner {
+
+namespace {
+
+constexpr int kMostPages = 99;
+
+QString SettingsGroup(const QString &fileName)
+{
+    constexpr int kDigits = 16;
+    return QStringLiteral("print/")
+           + QString::fromLatin1(
+               QCryptographicHash::hash(fileName.toUtf8(), QCryptographicHash::Sha1)
+                   .toHex()
+                   .left(kDigits));
+}
+
+struct TextKey
+{
+    const char *Key;
+    std::string &Text;
+};
+
+std::array<TextKey, 6> TextsOf(PrintOptions &options)
+{
+    return {{{"headerLeft", options.Header.Left},
+             {"headerCenter", options.Header.Center},
+             {"headerRight", options.Header.Right},
+             {"footerLeft", options.Footer.Left},
+             {"footerCenter", options.Footer.Center},
+             {"footerRight", options.Footer.Right}}};
+}
+
+struct FlagKey
+{
+    const char *Key;
+    bool &Flag;
+};
+
+std::array<FlagKey, 6> FlagsOf(PrintOptions &options)
+{
+    return {{{"landscape", options.Landscape},
+             {"enlarge", options.Scaling.Enlarge},
+             {"cropMarks", options.CropMarks},
+             {"glueMarks", options.GlueMarks},
+             {"axisAtBottom", options.AxisAtBottom},
+             {"repeatHeadings", options.RepeatHeadings}}};
+}
+
+} // namespace
+
+PrintOptions LoadPrintOptions(const QString &fileName, const PrintOptions &standard)
+{
+    PrintOptions options = standard;
+    QSettings settings;
+    settings.beginGroup(SettingsGroup(fileName));
+    const auto value = [&](const char *key, const QVariant &otherwise) {
+        return settings.value(QLatin1String(key), otherwise);
+    };
+    const QSizeF paper = value("paper", options.Paper).toSizeF();
+    options.Paper = paper.isValid() && !paper.isEmpty() ? paper : options.Paper;
+    const QVariantList margins = value("margins", {}).toList();
+    if (margins.size() == 4) {
+        options.Margins = {margins[0].toDouble(), margins[1].toDouble(), margins[2].toDouble(),
+                           margins[3].toDouble()};
+    }
+    for (const auto &[key, flag] : FlagsOf(options)) {
+        flag = value(key, flag).toBool();
+    }
+    for (const auto &[key, text] : TextsOf(options)) {
+        text = value(key, QString::fromStdString(text)).toString().toStdString();
+    }
+    TPrintScaling &scaling = options.Scaling;
+    const int fit = value("fit", static_cast<int>(scaling.Fit)).toInt();
+    scaling.Fit = static_cast<TPrintFit>(std::clamp(fit, 0, static_cast<int>(TPrintFit::pfPages)));
+    scaling.Percent = std::clamp(value("percent", scaling.Percent).toDouble(), 5.0, 400.0);
+    scaling.PagesAcross = std::clamp(value("across", scaling.PagesAcross).toInt(), 0, kMostPages);
+    scaling.PagesDown = std::clamp(value("down", scaling.PagesDown).toInt(), 0, kMostPages);
+    options.HiddenColumns = value("hiddenColumns", {}).toStringList();
+    return options;
+}
+
+void SavePrintOptions(const QString &fileName, const PrintOptions &options)
+{
+    QSettings settings;
+    settings.beginGroup(SettingsGroup(fileName));
+    const auto set = [&](const char *key, const QVariant &value) {
+        settings.setValue(QLatin1String(key), value);
+    };
+    PrintOptions kept = options;
+    set("paper", kept.Paper);
+    set("margins", QVariantList{kept.Margins.left(), kept.Margins.top(), kept.Margins.right(),
+                                kept.Margins.bottom()});
+    for (const auto &[key, flag] : FlagsOf(kept)) {
+        set(key, flag);
+    }
+    for (const auto &[key, text] : TextsOf(kept)) {
+        set(key, QString::fromStdString(text));
+    }
+    set("fit", static_cast<int>(kept.Scaling.Fit));
+    set("percent", kept.Scaling.Percent);
+    set("across", kept.Scaling.PagesAcross);
+    set("down", kept.Scaling.PagesDown);
+    set("hiddenColumns", kept.HiddenColumns);
+}
+
+void ApplyPrintOptions(const PrintOptions &options, TzuPrinting &printing)
+{
+    TPrintPaper &paper = printing.Paper();
+    paper.Layout() = QPageLayout(QPageSize(options.Paper, QPageSize::Millimeter),
+                                 options.Landscape ? QPageLayout::Landscape : QPageLayout::Portrait,
+                                 options.Margins, QPageLayout::Millimeter);
+    paper.Header() = options.Header;
+    paper.Footer() = options.Footer;
+    paper.SetCropMarks(options.CropMarks);
+    paper.SetGlueMarks(options.GlueMarks);
+    printing.Scaling() = options.Scaling;
+}
+
+} // namespace korvane::planner

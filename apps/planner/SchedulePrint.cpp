@@ -1,0 +1,40 @@
+#include "SchedulePrint.h"
+
+#include <QApplication>
+#include <QFileInfo>
+
+namespace korvane::planner {
+
+namespace {
+
+/// The view is laid out at this size, or as much wider as its columns need; the paper shrinks it.
+constexpr QSize kViewSize(1300, 900);
+
+} // namespace
+
+SchedulePrint::SchedulePrint(SchedulePage page, const QString &name, const QString &fileName)
+    : m_fileName(fileName)
+    , m_printing(m_view)
+{
+    m_view.setPalette(QPalette(QColor(240, 240, 240), Qt::white));
+    m_view.resize(kViewSize);
+    m_view.SetScrollVisibility(TScrollVisibility::svNever);
+    m_view.setAttribute(Qt::WA_DontShowOnScreen);
+    m_view.show();
+    const QString title = page.Title;
+    m_view.Show(std::move(page));
+    QApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+    m_printing.SetTitle(title.isEmpty() || title == name ? name
+                                                         : name + QStringLiteral(" – ") + title);
+    m_printing.SetFileName(QFileInfo(fileName).fileName());
+}
+
+PrintOptions SchedulePrint::StandardOptions() const
+{
+    PrintOptions options;
+    options.Scaling.PagesAcross = 0;
+    options.Scaling.PagesDown = 1;
+    return options;
+}
+
+} // namespace korvane::planner

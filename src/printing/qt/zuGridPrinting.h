@@ -1,0 +1,77 @@
+// Printing of the grid.
+#pragma once
+
+#include "cellgrid/zuBabGridLayout.h"
+#include "printing/qt/zuPrinting.h"
+
+#include <memory>
+#include <optional>
+#include <utility>
+#include <vector>
+
+namespace korvane {
+
+class TBabGridView_Custom;
+
+/// Prints a grid: all rows, also those that are only counted, which are loaded when their page
+/// comes.
+///
+/// The head is repeated on every page, and so are the first columns. Pages end between rows and
+/// between columns; the text of a group of equal cells is repeated on the page that it continues
+/// on. The column that marks the current row, selection and focus are not printed.
+class TzuGridPrinting : public TzuPrinting
+{
+public:
+    /// The grid is observed.
+    explicit TzuGridPrinting(TBabGridView_Custom &grid);
+
+    /// The rows to print, by their number behind the head, from 0, both included.
+    void SetRows(int first, int last) { m_rowRange.emplace(first, last); }
+    void SetAllRows() { m_rowRange.reset(); }
+    /// Only rows with a selected cell.
+    void SetSelectionOnly(bool on) { m_selectionOnly = on; }
+    /// How many columns every page repeats; initially the first one.
+    void SetRepeatedColumns(int count) { m_repeatedColumns = count; }
+
+    QSizeF ContentSize(const TPrintPage &page) const override;
+
+protected:
+    TPrintLayout LayOutContent(const TPrintRoom &room, const TPrintScaling &scaling) override;
+    void PaintContent(QPainter &painter, const TPrintPage &page) override;
+    std::string RangeOf(const TPrintPage &page) const override;
+
+private:
+    using TColumns = std::vector<TGridPrintSlice::TColumn>;
+    /// Rows of a page that follow each other in the grid as well.
+    struct TRun
+    {
+        int First = 0;
+        int Last = 0;
+        double Top = 0;
+        double Height = 0;
+    };
+
+    void CollectColumns();
+    void CollectRows();
+    int HeadHeight() const;
+    std::vector<TRun> RunsOf(const TPrintPage &page) const;
+    void PaintPart(QPainter &painter, const TPrintPage &page, const TColumns &columns,
+                   const QRectF &place, double scrolled);
+    void PaintSlice(QPainter &painter, const TGridPrintSlice &slice, const QPointF &at,
+                    double height);
+
+    TBabGridView_Custom &m_grid;
+    std::optional<std::pair<int, int>> m_rowRange;
+    int m_repeatedColumns = 1;
+    bool m_selectionOnly = false;
+
+    // As last laid out.
+    TColumns m_labels; ///< repeated on every page
+    TColumns m_columns;
+    std::vector<int> m_rows; ///< by real index
+    int m_labelWidth = 0;
+    std::unique_ptr<TPrintRows> m_across;
+    std::unique_ptr<TPrintRows> m_down;
+};
+
+} // namespace korvane

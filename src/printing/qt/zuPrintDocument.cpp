@@ -1,0 +1,311 @@
+#include "printing/qt/zuPrintDocument.h"
+
+#include "foundation/qt/zuConvert.h"
+#include "printing/qt/zuPdfOutline.h"
+#include "printing/qt/zuPrintPaper.h"
+
+#include <QFile>
+#include <QFileInfo>
+#include <QImage>
+#include <QImageWriter>
+#include <QPainter>
+#include <QPdfWriter>
+#include <QPrinter>
+#include <QSaveFile>
+#include <QScopeGuard>
+#include <QSvgGenerator>
+#include <QTemporaryDir>
+#include <QTemporaryFile>
+
+#include <algorithm>
+#include <stdexcept>
+
+namespace korvane {
+
+namespace {
+
+constexpr int kPdfResolution = 1200;
+
+[[noreturn]] void CannotWrite(const QString &file, const QString &why)
+{
+    throw std::runtime_error(FromQt(QStringLiteral("Cannot write %1: %2").arg(file, why)));
+}
+
+QString NumberedFile(const QString &file, int page)
+{
+    const QFileInfo info(file);
+    const QString suffix = info.suffix().isEmpty() ? QString() : QLatin1Char('.') + info.suffix();
+    return file.chopped(suffix.size()) + QLatin1Char('-') + QString::number(page) + suffix;
+}
+
+/// Lets a printer that prints into a file do so beside it until the print is complete.
+class TPrinterFile
+{
+public:
+    explicit TPrinterFile(QPrinter &printer)
+        : m_printer(printer)
+        , m_file(printer.outputFileName())
+    {
+        if (m_file.isEmpty()) {
+            return;
+        }
+        const QString part = m_file + QStringLiteral(".part");
+        QFile probe(part);
+        if (!probe.open(QIODevice::WriteOnly)) {
+            CannotWrite(m_file, probe.errorString());
+        }
+        probe.remove();
+        SetFile(part);
+    }
+    TPrinterFile(const TPrinterFile &) = delete;
+    TPrinterFile &operator=(const TPrinterFile &) = delete;
+    ~TPrinterFile()
+    {
+        if (!m_file.isEmpty()) {
+            QFile::remove(m_printer.outputFileName());
+            SetFile(m_file);
+        }
+    }
+
+    /// A preview leaves no file.
+    void Commit() const
+    {
+        QFile part(m_printer.outputFileName());
+        if (m_file.isEmpty() || !part.exists()) {
+            return;
+        }
+        QFile::remove(m_file);
+        if (!part.rename(m_file)) {
+            CannotWrite(m_file, part.errorString());
+        }
+    }
+
+private:
+    /// A file name may choose another format, by its suffix.
+    void SetFile(const QString &file)
+    {
+        const QPrinter::OutputFormat format = m_printer.outputFormat();
+        m_printer.setOutputFileName(file);
+        m_printer.setOutputFormat(format);
+    }
+
+    QPrinter &m_printer;
+    QString m_file;
+};
+
+} // namespace
+
+QSizeF SheetSizeOf(const QPageLayout &layout)
+{
+    constexpr double kPointsPerInch = 72;
+    return layout.fullRect(QPageLayout::Point).size() * (kPaperDotsPerInch / kPointsPerInch);
+}
+
+bool TzuPrintDocument::Proceed(int page, int pages) const
+{
+    bool cancel = false;
+    OnProgress(page, pages, cancel);
+    return !cancel;
+}
+
+bool TzuPrintDocument::Print(QPrinter &printer)
+{
+    LayOut();
+    printer.setDocName(m_title);
+    const int first = std::max(printer.fromPage(), 1);
+    const int last = printer.toPage() > 0 ? std::min(printer.toPage(), PageCount()) : PageCount();
+    if (first > last) {
+        throw std::runtime_error("There are no such pages");
+    }
+    const TPrinterFile file(printer);
+    const auto setPaper = [&](int page) {
+        printer.setPageLayout(PageLayout(page));
+        printer.setFullPage(true);
+    };
+    setPaper(first - 1);
+    QPainter painter;
+    if (!printer.isValid() || !painter.begin(&printer)) {
+        throw std::runtime_error("The printer cannot be used");
+    }
+    auto abort = qScopeGuard([&] {
+        printer.abort();
+        painter.end();
+    });
+    for (int page = first; page <= last; ++page) {
+        if (!Proceed(page - first + 1, last - first + 1)) {
+            return false;
+        }
+        if (page > first) {
+            setPaper(page - 1);
+            if (!printer.newPage()) {
+                throw std::runtime_error("The printer takes no further page");
+            }
+        }
+        PaintPage(painter, printer.paperRect(QPrinter::DevicePixel), page - 1);
+    }
+    abort.dismiss();
+    if (!painter.end()) {
+        throw std::runtime_error("The printer could not finish");
+    }
+    file.Commit();
+    return true;
+}
+
+bool TzuPrintDocument::SavePdf(const QString &file)
+{
+    LayOut();
+    QSaveFile device(file); // without commit it leaves nothing behind
+    if (!device.open(QIODevice::WriteOnly)) {
+        CannotWrite(file, device.errorString());
+    }
+    // A reader of its own finds where the bookmarks are to be added.
+    QTemporaryFile pages;
+    if (!pages.open()) {
+        CannotWrite(file, pages.errorString());
+    }
+    if (!WritePdf(pages)) {
+        return false;
+    }
+    const QByteArray outline = PdfOutlineUpdate(pages, m_title, PdfBookmarks());
+    pages.seek(0);
+    constexpr qint64 kChunk = 1 << 20;
+    for (QByteArray chunk = pages.read(kChunk); !chunk.isEmpty(); chunk = pages.read(kChunk)) {
+        device.write(chunk);
+    }
+    device.write(outline);
+    if (pages.error() != QFile::NoError) {
+        CannotWrite(file, pages.errorString());
+    }
+    if (!device.commit()) {
+        CannotWrite(file, device.errorString());
+    }
+    return true;
+}
+
+bool TzuPrintDocument::WritePdf(QIODevice &device)
+{
+    QPdfWriter writer(&device);
+    writer.setResolution(kPdfResolution);
+    writer.setTitle(m_title);
+    QPainter painter;
+    for (int page = 0; page < PageCount(); ++page) {
+        if (!Proceed(page + 1, PageCount())) {
+            return false;
+        }
+        QPageLayout layout = PageLayout(page);
+        layout.setMode(QPageLayout::FullPageMode);
+        writer.setPageLayout(layout);
+        if (page == 0 ? !painter.begin(&writer) : !writer.newPage()) {
+            throw std::runtime_error("The document takes no further page");
+        }
+        PaintPage(painter, QRectF(layout.fullRectPixels(kPdfResolution)), page);
+    }
+    return painter.end();
+}
+
+/// With places as a PDF has them: in points, from the lower edge of the sheet.
+std::vector<TPdfBookmark> TzuPrintDocument::PdfBookmarks() const
+{
+    constexpr double kPointsPerPixel = 72 / kPaperDotsPerInch;
+    std::vector<TPdfBookmark> bookmarks;
+    for (const TPrintBookmark &bookmark : Bookmarks()) {
+        const double height = SheetSizeOf(PageLayout(bookmark.Page)).height();
+        bookmarks.push_back({bookmark.Title, bookmark.Level, bookmark.Page,
+                             (height - bookmark.Top) * kPointsPerPixel});
+    }
+    return bookmarks;
+}
+
+/// Pages come beside the place where they belong until all of them are there.
+QStringList TzuPrintDocument::SavePages(const QString &file,
+                                        const std::function<void(const QString &, int page)> &save)
+{
+    LayOut();
+    const QFileInfo target(file);
+    const QTemporaryDir folder(target.absolutePath() + QStringLiteral("/.pages-XXXXXX"));
+    if (!folder.isValid()) {
+        CannotWrite(file, folder.errorString());
+    }
+    const int pages = PageCount();
+    const auto nameOf = [&](int page) { return pages == 1 ? file : NumberedFile(file, page + 1); };
+    const auto partOf = [&](int page) {
+        return folder.filePath(QFileInfo(nameOf(page)).fileName());
+    };
+    for (int page = 0; page < pages; ++page) {
+        if (!Proceed(page + 1, pages)) {
+            return {};
+        }
+        save(partOf(page), page);
+    }
+    QStringList written;
+    for (int page = 0; page < pages; ++page) {
+        QFile part(partOf(page));
+        QFile::remove(nameOf(page));
+        if (!part.rename(nameOf(page))) {
+            CannotWrite(nameOf(page), part.errorString());
+        }
+        written.append(nameOf(page));
+    }
+    return written;
+}
+
+QStringList TzuPrintDocument::SavePictures(const QString &file, int dotsPerInch)
+{
+    constexpr int kLeast = 10;
+    constexpr int kMost = 2400;
+    const int density = std::clamp(dotsPerInch, kLeast, kMost);
+    return SavePages(file,
+                     [&](const QString &name, int page) { SavePicture(name, page, density); });
+}
+
+QStringList TzuPrintDocument::SaveSvg(const QString &file)
+{
+    return SavePages(file, [&](const QString &name, int page) { SaveSvgPage(name, page); });
+}
+
+void TzuPrintDocument::SavePicture(const QString &file, int page, int dotsPerInch)
+{
+    constexpr double kMetresPerInch = 0.0254;
+    const QSize size = (SheetSizeOf(PageLayout(page)) * (dotsPerInch / kPaperDotsPerInch)).toSize();
+    QImage image(size, QImage::Format_RGB32);
+    if (image.isNull()) {
+        throw std::runtime_error("The picture is too large");
+    }
+    image.setDotsPerMeterX(qRound(dotsPerInch / kMetresPerInch));
+    image.setDotsPerMeterY(qRound(dotsPerInch / kMetresPerInch));
+    image.fill(Qt::white);
+    {
+        QPainter painter(&image);
+        PaintPage(painter, QRectF(QPointF(0, 0), QSizeF(size)), page);
+    }
+    QImageWriter writer(file, QFileInfo(file).suffix().isEmpty() ? "png" : QByteArray());
+    if (!writer.write(image)) {
+        CannotWrite(file, writer.errorString());
+    }
+}
+
+void TzuPrintDocument::SaveSvgPage(const QString &file, int page)
+{
+    const QSizeF size = SheetSizeOf(PageLayout(page));
+    QFile device(file);
+    if (!device.open(QIODevice::WriteOnly)) {
+        CannotWrite(file, device.errorString());
+    }
+    QSvgGenerator generator;
+    generator.setOutputDevice(&device);
+    generator.setResolution(qRound(kPaperDotsPerInch));
+    generator.setSize(size.toSize());
+    generator.setViewBox(QRectF(QPointF(0, 0), size));
+    generator.setTitle(m_title);
+    QPainter painter;
+    if (!painter.begin(&generator)) {
+        CannotWrite(file, device.errorString());
+    }
+    painter.fillRect(QRectF(QPointF(0, 0), size), Qt::white);
+    PaintPage(painter, QRectF(QPointF(0, 0), size), page);
+    if (!painter.end() || !device.flush()) {
+        CannotWrite(file, device.errorString());
+    }
+}
+
+} // namespace korvane

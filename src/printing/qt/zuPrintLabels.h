@@ -1,0 +1,75 @@
+// Labels of printed rows.
+#pragma once
+
+#include <QFont>
+#include <QString>
+
+#include <functional>
+#include <vector>
+
+class QPainter;
+class QRectF;
+
+namespace korvane {
+
+class TzuDataEntity_Tree;
+class TzuTree_ComBasic;
+
+/// A column of row labels.
+struct TPrintColumn
+{
+    QString Title;
+    /// Nothing set: the row's caption, indented by its level, with its image.
+    std::function<QString(const TzuDataEntity_Tree &)> Text;
+    int Width = 0; ///< in pixels of the content; 0: as wide as needed, up to kWidestColumn
+    Qt::Alignment Alignment = Qt::AlignLeft;
+
+    static constexpr int kWidestColumn = 320;
+};
+
+/// Rows of a tree, from top to bottom; the index of each one's heading among them, or -1.
+struct TPrintOutline
+{
+    std::vector<TzuDataEntity_Tree *> Rows;
+    std::vector<int> Parents;
+};
+
+/// The rows that a tree shows, also those scrolled away, as far as `isWanted(number, row)` says;
+/// numbers count from 0.
+TPrintOutline CollectOutline(TzuTree_ComBasic &tree,
+                             const std::function<bool(int, TzuDataEntity_Tree &)> &isWanted);
+
+/// Calls add(title, level, row) for each row that has others of the outline below it. Levels have
+/// no gaps.
+void AddBookmarks(const TPrintOutline &outline,
+                  const std::function<void(const QString &, int, int)> &add);
+
+/// Draws the labels of a tree's rows as the tree looks, in ink for white paper.
+class TPrintLabels
+{
+public:
+    std::vector<TPrintColumn> Columns{1};
+
+    /// Finds the widths for these rows. The tree is observed from now on.
+    void Measure(TzuTree_ComBasic &tree, const std::vector<TzuDataEntity_Tree *> &rows);
+    const std::vector<int> &Widths() const { return m_widths; }
+    int Width() const { return m_width; }
+    bool HasTitles() const;
+    int TitleHeight() const;
+
+    void PaintTitle(QPainter &painter, const QRectF &cell, std::size_t column) const;
+    void PaintCell(QPainter &painter, const QRectF &cell, std::size_t column,
+                   TzuDataEntity_Tree &row) const;
+
+private:
+    int NeededWidth(const TPrintColumn &column,
+                    const std::vector<TzuDataEntity_Tree *> &rows) const;
+    QFont Font() const;
+    void PaintExpander(QPainter &painter, const QRectF &place, bool expanded) const;
+
+    TzuTree_ComBasic *m_tree = nullptr;
+    std::vector<int> m_widths;
+    int m_width = 0;
+};
+
+} // namespace korvane

@@ -1,0 +1,62 @@
+// What prints of several components are made of.
+#pragma once
+
+#include "foundation/zuTypes.h"
+#include "printing/zuPageBreaks.h"
+
+#include <QColor>
+#include <QPalette>
+#include <QSizeF>
+
+#include <memory>
+#include <string>
+#include <utility>
+
+class QPainter;
+class QRectF;
+class QString;
+
+namespace korvane {
+
+class TzuDateScaler;
+class TzuOffscreenPaint;
+
+inline const QColor kPrintFrameColor(96, 96, 96);
+inline const QColor kPrintLineColor(216, 216, 216);
+/// Behind captions of heads.
+inline const QColor kPrintHeadColor(240, 240, 240);
+/// Of lines around and between parts, in paper pixels.
+inline constexpr double kPrintLine = 0.35;
+/// Between a cell's edge and its text, in pixels of content.
+inline constexpr int kPrintPadding = 5;
+/// Of a group that goes on on another page, the innermost ones.
+inline constexpr int kMostPrintHeadings = 4;
+
+/// White paper and black ink, whatever the theme on screen.
+QPalette PaperPalette();
+/// A control that only draws for paper.
+void UsePaper(TzuOffscreenPaint &control);
+/// Ink that can be read on white paper.
+QColor ReadableOnPaper(const QColor &color);
+
+/// An axis of a whole printed range that looks as the one on screen. Its length follows from the
+/// scale (days per pixel); `thickness` is its extent across. Throws std::runtime_error for an empty
+/// range, and for one that is too long at the scale.
+std::unique_ptr<TzuDateScaler> MakeWholeAxis(const TzuDateScaler &shown,
+                                             std::pair<TDateTime, TDateTime> range, double scale,
+                                             int thickness);
+/// Makes an axis a page's part of the whole one.
+void SetUpPageAxis(TzuDateScaler &axis, const TzuDateScaler &whole, const TPageSpan &span,
+                   int thickness);
+
+/// Of a page's rows: "1 - 40" by their numbers, from 1.
+std::string RowRangeText(const TPrintRows &rows, const TPageSpan &span);
+
+/// The frame around a page's content, and the lines behind its labels and its head, where there are
+/// any.
+void PaintFrame(QPainter &painter, const QSizeF &content, double labelWidth, double headHeight);
+/// A caption with lines at its right and lower edge, elided to the cell.
+void PaintHeadCell(QPainter &painter, const QRectF &cell, const QString &caption,
+                   Qt::Alignment alignment);
+
+} // namespace korvane

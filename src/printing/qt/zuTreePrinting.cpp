@@ -1,0 +1,109 @@
+#include "printing/qt/zuTreePrinting.h"
+
+#include "printing/qt/zuPrintParts.h"
+#include "tree/qt/zuTreeComBasic.h"
+
+#include <QPainter>
+
+#include <cmath>
+
+namespace korvane {
+
+TzuTreePrinting::TzuTreePrinting(TzuTree_ComBasic &tree)
+    : m_tree(tree)
+{
+}
+
+TPrintLayout TzuTreePrinting::LayOutContent(const TPrintRoom &room, const TPrintScaling &scaling)
+{
+    m_outline = CollectOutline(m_tree, [this](int number, const TzuDataEntity_Tree &row) {
+        const bool inRange =
+            !m_rowRange || (number >= m_rowRange->first && number <= m_rowRange->second);
+        return inRange && (!m_selectionOnly || row.GetSelected());
+    });
+    m_labels.Measure(m_tree, m_outline.Rows);
+    const std::vector<int> &widths = m_labels.Widths();
+    m_across = std::make_unique<TPrintRows>(std::vector<int>(
+        widths.begin() + static_cast<std::ptrdiff_t>(RepeatedColumns()), widths.end()));
+    m_down = std::make_unique<TPrintRows>(m_outline.Parents, m_tree.RowHeight(),
+                                          m_repeatHeadings ? kMostPrintHeadings : 0);
+    return {{*m_across, *m_down, static_cast<double>(RepeatedWidth()),
+             static_cast<double>(HeadHeight())},
+            room,
+            scaling};
+}
+
+int TzuTreePrinting::HeadHeight() const
+{
+    return m_labels.HasTitles() ? m_labels.TitleHeight() : 0;
+}
+
+QSizeF TzuTreePrinting::ContentSize(const TPrintPage &page) const
+{
+    return {RepeatedWidth() + page.Across.To - page.Across.From,
+            HeadHeight() + page.Down.Repeated + page.Down.To - page.Down.From};
+}
+
+std::string TzuTreePrinting::RangeOf(const TPrintPage &page) const
+{
+    return RowRangeText(*m_down, page.Down);
+}
+
+std::vector<TPrintBookmark> TzuTreePrinting::Bookmarks() const
+{
+    std::vector<TPrintBookmark> bookmarks;
+    AddBookmarks(m_outline, [&](const QString &title, int level, int row) {
+        bookmarks.push_back(BookmarkAt(title, level, m_down->TopOf(row), HeadHeight()));
+    });
+    return bookmarks;
+}
+
+void TzuTreePrinting::PaintContent(QPainter &painter, const TPrintPage &page)
+{
+    const QSizeF size = ContentSize(page);
+    painter.save();
+    painter.setClipRect(QRectF(QPointF(0, 0), size), Qt::IntersectClip);
+    const std::size_t repeated = RepeatedColumns();
+    const int after = m_across->RowFrom(page.Across.To);
+    for (int column = m_across->RowAt(page.Across.From); column < after; ++column) {
+        PaintColumn(painter, page, repeated + static_cast<std::size_t>(column),
+                    RepeatedWidth() + m_across->TopOf(column) - page.Across.From);
+    }
+    if (repeated > 0) {
+        painter.fillRect(QRectF(0, 0, RepeatedWidth(), size.height()), Qt::white);
+        PaintColumn(painter, page, 0, 0);
+    }
+    painter.restore();
+    PaintFrame(painter, size, RepeatedWidth(), HeadHeight());
+}
+
+void TzuTreePrinting::PaintColumn(QPainter &painter, const TPrintPage &page, std::size_t column,
+                                  double left) const
+{
+    const double width = m_labels.Widths()[column];
+    const double head = HeadHeight();
+    if (head > 0) {
+        m_labels.PaintTitle(painter, {left, 0, width, head}, column);
+    }
+    const auto paint = [&](int row, double top) {
+        m_labels.PaintCell(painter, {left, top, width, static_cast<double>(m_down->SizeOf(row))},
+                           column, *m_outline.Rows[static_cast<std::size_t>(row)]);
+    };
+    double top = head;
+    const int first = m_down->RowAt(page.Down.From);
+    if (page.Down.Repeated > 0) {
+        for (const int heading : m_down->HeadingsAt(first)) {
+            paint(heading, top);
+            top += m_down->SizeOf(heading);
+        }
+    }
+    const int after = m_down->RowFrom(page.Down.To);
+    for (int row = first; row < after; ++row) {
+        paint(row, top + m_down->TopOf(row) - page.Down.From);
+    }
+    painter.setPen(QPen(kPrintFrameColor, kPrintLine));
+    painter.drawLine(QPointF(left + width, 0),
+                     QPointF(left + width, top + page.Down.To - page.Down.From));
+}
+
+} // namespace korvane

@@ -1,0 +1,67 @@
+// Printing of the tree.
+#pragma once
+
+#include "printing/qt/zuPrintLabels.h"
+#include "printing/qt/zuPrinting.h"
+
+#include <memory>
+#include <optional>
+#include <utility>
+#include <vector>
+
+namespace korvane {
+
+class TzuTree_ComBasic;
+
+/// Prints the rows that a tree shows, also those scrolled away, with columns of the caller's beside
+/// the captions.
+///
+/// Captions and titles are repeated on every page. Pages end between rows and between columns; a
+/// page that continues a group begins with the group's headings. Selection and focus are not
+/// printed.
+class TzuTreePrinting : public TzuPrinting
+{
+public:
+    /// The tree is observed.
+    explicit TzuTreePrinting(TzuTree_ComBasic &tree);
+
+    /// The rows to print, by their number among those that the tree shows, from 0, both included.
+    void SetRows(int first, int last) { m_rowRange.emplace(first, last); }
+    void SetAllRows() { m_rowRange.reset(); }
+    /// Only rows that are selected.
+    void SetSelectionOnly(bool on) { m_selectionOnly = on; }
+    /// Initially the captions alone. With several columns the first one is repeated on each page.
+    std::vector<TPrintColumn> &Columns() { return m_labels.Columns; }
+    void SetRepeatHeadings(bool on) { m_repeatHeadings = on; }
+
+    /// One for each row that has rows below it.
+    std::vector<TPrintBookmark> Bookmarks() const override;
+
+    QSizeF ContentSize(const TPrintPage &page) const override;
+
+protected:
+    TPrintLayout LayOutContent(const TPrintRoom &room, const TPrintScaling &scaling) override;
+    void PaintContent(QPainter &painter, const TPrintPage &page) override;
+    std::string RangeOf(const TPrintPage &page) const override;
+
+private:
+    /// Columns that every page repeats.
+    std::size_t RepeatedColumns() const { return m_labels.Columns.size() > 1 ? 1 : 0; }
+    int RepeatedWidth() const { return RepeatedColumns() > 0 ? m_labels.Widths().front() : 0; }
+    int HeadHeight() const;
+    void PaintColumn(QPainter &painter, const TPrintPage &page, std::size_t column,
+                     double left) const;
+
+    TzuTree_ComBasic &m_tree;
+    std::optional<std::pair<int, int>> m_rowRange;
+    TPrintLabels m_labels;
+    bool m_selectionOnly = false;
+    bool m_repeatHeadings = true;
+
+    // As last laid out.
+    TPrintOutline m_outline;
+    std::unique_ptr<TPrintRows> m_down;
+    std::unique_ptr<TPrintRows> m_across;
+};
+
+} // namespace korvane

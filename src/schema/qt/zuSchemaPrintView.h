@@ -1,0 +1,20 @@
+// What a print of the schedule view draws on.
+#pragma once
+
+namespace korvane {
+
+class TzuDateScaler;
+class TzuOffscreenPaint;
+
+/// Stands in for axis and area on screen while a schedule is printed, so that neither of them has
+/// to be moved.
+class ISchemaPrintView
+{
+public:
+    virtual ~ISchemaPrintView() = default;
+
+    virtual TzuDateScaler &Axis() = 0;
+    virtual TzuOffscreenPaint &Area() = 0;
+};
+
+} // namespace korvane
