@@ -45,8 +45,9 @@ protected:
         Start({m_file});
         // The same window, where it can be asked what stands where.
         m_twin.setAttribute(Qt::WA_DontShowOnScreen);
-        m_twin.Document().SetPlan(m_original);
         m_twin.show();
+        QApplication::processEvents();
+        m_twin.Document().SetPlan(m_original);
         QApplication::processEvents();
         m_twin.Chart().GantArea().grab();
     }
