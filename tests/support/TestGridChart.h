@@ -36,7 +36,11 @@ struct TestGridChart : TestChart
         Host->RowLines = std::make_unique<FakeGridLines>(Table.View, Gant->GantRows());
         Gant->SetUseGridNotTree(true);
     }
-    ~TestGridChart() { Nodes().OnIntegrationEvent = nullptr; }
+    ~TestGridChart()
+    {
+        Nodes().OnIntegrationEvent = nullptr;
+        Gant.reset(); // its rows know nodes of the grid
+    }
 
     TzuGridTree &Nodes() { return *Table.Grid.GetTree(); }
     TzuDataEntity_GridTreeNode *AddGridNode(const std::string &text,
