@@ -2,6 +2,7 @@
 #pragma once
 
 #include "foundation/zuCanvas.h"
+#include "tree/zuTreeData.h"
 
 #include <cstdint>
 #include <optional>
