@@ -123,10 +123,7 @@ MainWindow::MainWindow(QWidget *parent)
     RestoreLayout();
 }
 
-MainWindow::~MainWindow()
-{
-    m_chart->CancelEdit(); // nobody can mend what is refused any more
-}
+MainWindow::~MainWindow() = default;
 
 void MainWindow::MakeStatusBar()
 {

@@ -3,6 +3,7 @@
 #include "BackgroundSaver.h"
 #include "LoadProgress.h"
 #include "MainWindow.h"
+#include "PlanChart.h"
 #include "PlanDocument.h"
 #include "PlanLoader.h"
 #include "RecentFiles.h"
@@ -138,8 +139,12 @@ void MainWindow::OfferRecovery()
 
 /// Goes on when nothing is lost by it: at once, when the plan has been saved, or when its changes
 /// are not wanted. Changes that are made while the plan is being saved are asked about afterwards.
+/// Not while something is being typed that the plan refuses.
 void MainWindow::WhenSaved(std::function<void()> goOn)
 {
+    if (!m_chart->CommitEdit()) {
+        return;
+    }
     const auto again = [this, goOn] { WhenSaved(goOn); };
     if (m_saver->IsSaving()) {
         m_afterSaving = again;
@@ -166,6 +171,10 @@ void MainWindow::WhenSaved(std::function<void()> goOn)
 /// Plans of formats that are not written, and the sample, are saved under another name.
 void MainWindow::Save()
 {
+    if (!m_chart->CommitEdit()) {
+        m_afterSaving = {};
+        return;
+    }
     if (m_saver->IsSaving()) {
         m_nextSave = [this] { Save(); };
         return;
@@ -200,6 +209,9 @@ void MainWindow::Save()
 
 void MainWindow::ChooseSaveName()
 {
+    if (!m_chart->CommitEdit()) {
+        return;
+    }
     const QFileInfo info(m_document->FileName());
     const QString folder = info.filePath().startsWith(u':') ? QString() : info.path() + u'/';
     auto *dialog = new QFileDialog(this, tr("Save the plan"),
@@ -247,6 +259,10 @@ void MainWindow::SaveEnded(const QString &fileName, const std::optional<QString>
 
 void MainWindow::closeEvent(QCloseEvent *event)
 {
+    if (!m_chart->CommitEdit()) {
+        event->ignore();
+        return;
+    }
     CancelLoad();
     if (m_document->IsModified() || m_saver->IsSaving()) {
         event->ignore();

@@ -51,8 +51,8 @@ public:
     /// Whether the table stands beside the area, rather than the tree. It does not, initially.
     void SetTableShown(bool shown);
     bool IsTableShown() const { return UseGridNotTree(); }
-    /// Gives up what is being typed into the table.
-    void CancelEdit();
+    /// Stores what is being typed into the table. False when it is refused and still there.
+    bool CommitEdit();
     /// Adds an item per column of the table, by which it is shown or hidden.
     void FillColumnMenu(QMenu &menu);
     void ExpandAll();

@@ -130,11 +130,9 @@ void PlanChart::CopyExpansions()
     }
 }
 
-void PlanChart::CancelEdit()
+bool PlanChart::CommitEdit()
 {
-    if (m_table != nullptr) {
-        Grid().CancelEdit();
-    }
+    return m_table == nullptr || Grid().CommitEdit();
 }
 
 void PlanChart::ExpandAll()

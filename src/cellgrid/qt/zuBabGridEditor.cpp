@@ -214,9 +214,11 @@ bool TBabGridEditor::eventFilter(QObject *object, QEvent *event)
     case QEvent::KeyPress:
         return KeyPressed(*static_cast<QKeyEvent *>(event));
     case QEvent::FocusOut: {
-        // Popups are the editor's own, and menus above it.
+        // Popups are the editor's own, and menus above it. From another window the user comes back;
+        // if he does not, because this one is being destroyed, nobody can mend what is refused.
         const auto reason = static_cast<QFocusEvent *>(event)->reason();
-        if (reason != Qt::PopupFocusReason && reason != Qt::MenuBarFocusReason) {
+        if (reason != Qt::PopupFocusReason && reason != Qt::MenuBarFocusReason
+            && reason != Qt::ActiveWindowFocusReason) {
             const QPointer<QWidget> self(this);
             m_view.CommitEdit();
             return self.isNull();

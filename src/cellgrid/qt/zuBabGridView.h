@@ -26,7 +26,9 @@ namespace korvane {
 /// with an empty text. Elsewhere typed letters look for the row that begins with them.
 ///
 /// In an editor Enter and Tab store and go on, Escape gives up, Up and Down store, and after
-/// typing on the cell Left and Right, too; F2 changes between both. Alt+Enter breaks the line of a
+/// typing on the cell Left and Right, too; F2 changes between both. Another control that gets the
+/// focus stores, another window does not: before a command that needs what is typed, the program
+/// calls CommitEdit. Alt+Enter breaks the line of a
 /// memo, Alt+Down opens choices and calendars.
 class TBabGridView_Custom : public TzuOffscreenPaint, public TBabGridEdit, private IBabGridHost
 {

@@ -12,6 +12,7 @@
 #include <QTest>
 
 #include <gtest/gtest.h>
+#include <memory>
 #include <string>
 
 namespace korvane::test {
@@ -180,6 +181,31 @@ TEST_F(GridEditor, KeysCopyCutPasteAndClear)
     EXPECT_EQ(Grid->CellText(0, 4) + Grid->CellText(0, 5), "onetwo");
     QTest::keyClick(Grid, Qt::Key_Delete);
     EXPECT_EQ(Grid->CellText(0, 4) + Grid->CellText(0, 5), "");
+}
+
+// A window that goes takes the focus from the field, which then ends the edit.
+TEST(GridEditorInAWindow, GoesWithARefusedText)
+{
+    for (const bool hidden : {false, true}) {
+        auto window = std::make_unique<QWidget>();
+        auto *grid = new TzuGrid(window.get());
+        grid->resize(200, 100);
+        grid->Columns().Add().SetKind(TColumnKind::tckSimpleEdit);
+        grid->AddRows(3);
+        grid->SetAutoEditMode(true);
+        grid->OnEditStop = [](TObject *, TCellEdit &edit) { edit.Allow = false; };
+        window->show();
+        window->activateWindow();
+        grid->setFocus();
+        QCoreApplication::processEvents();
+        grid->ChooseCell({&grid->RootCell(), 1, 1}, TGridChoice::Set);
+        QTest::keyClicks(grid, "a");
+        ASSERT_NE(grid->EditorField(), nullptr);
+        QTest::keyClick(grid->EditorField(), Qt::Key_Return);
+        ASSERT_NE(grid->findChild<QLabel *>("gridHint"), nullptr);
+        window->setVisible(!hidden);
+        window.reset();
+    }
 }
 
 TEST_F(GridEditor, HandlersMayDestroyTheGrid)

@@ -149,6 +149,22 @@ TEST_F(PlanTableTest, WhatIsRefusedStaysInTheEditor)
     EXPECT_EQ(History().count(), 0);
 }
 
+TEST_F(PlanTableTest, WhatIsBeingTypedIsNotLostOnTheWayOut)
+{
+    Focus(1, Name);
+    QTest::keyClicks(&Grid(), u"X"_s);
+    Settle();
+    ASSERT_TRUE(Grid().IsEditing());
+    EXPECT_FALSE(m_window->close()) << "there is a change now, which is asked about";
+    EXPECT_EQ(Now().Tasks[1].Name, u"X"_s);
+    History().setClean();
+
+    EXPECT_FALSE(Type(1, Predecessors, u"4"_s));
+    EXPECT_FALSE(m_window->close()) << "refused, and still to be mended";
+    EXPECT_TRUE(m_window->isVisible() && Grid().IsEditing());
+    m_window.reset();
+}
+
 TEST_F(PlanTableTest, PastedCellsAreOneStep)
 {
     Focus(1, Name);
