@@ -5,6 +5,7 @@
 #include "cellgrid/zuRunSequence.h"
 #include "data/zuDataList.h"
 #include "data/zuSequence.h"
+#include "foundation/zuExport.h"
 
 #include <memory>
 #include <optional>
@@ -22,7 +23,7 @@ class TBabGridCellForViewer;
 /// A real index counts all items; a position counts the loaded ones. Every change is reported to
 /// the grid cell, and the handlers of the viewer's grid cell load and unload. They may change the
 /// list. Lookups and changes cost a logarithm and a few steps along the loaded chunks.
-class TAxisContentList : public TObject
+class KORVANE_CORE_API TAxisContentList : public TObject
 {
 public:
     TAxisContentList(TBabGridCell &gridCell, int defaultSize);

@@ -8,13 +8,6 @@
 
 namespace korvane {
 
-namespace {
-
-/// Beyond this many items the block is purged before it is extended.
-constexpr int kMaxLoaded = 500;
-
-} // namespace
-
 /// The bracket around a load; closed also when a handler throws.
 class TAxisContentList::TLoading
 {

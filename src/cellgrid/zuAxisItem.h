@@ -2,6 +2,7 @@
 #pragma once
 
 #include "data/zuSequencePlace.h"
+#include "foundation/zuExport.h"
 #include "foundation/zuTypes.h"
 
 #include <cstdint>
@@ -15,7 +16,7 @@ class TAxisContentList;
 
 /// A size that several columns or rows share, such as that of one column in many sub-grids. A
 /// change reaches every item that uses it. Not owned by the items; they part with it when it goes.
-class TUserSizeItem : public TObject
+class KORVANE_CORE_API TUserSizeItem : public TObject
 {
 public:
     ~TUserSizeItem() override;
@@ -36,7 +37,7 @@ private:
 };
 
 /// One column or row. Its list creates and frees it.
-class TAxisContentItem : public TObject
+class KORVANE_CORE_API TAxisContentItem : public TObject
 {
 public:
     ~TAxisContentItem() override;

@@ -1,15 +1,17 @@
 // Where an index of an axis stands after a change.
 #pragma once
 
+#include "foundation/zuExport.h"
+
 #include <vector>
 
 namespace korvane {
 
 /// After `by` items came at another index, or went from it; -1 when it went.
-int ShiftedPlace(int place, int index, int by);
-int PlaceAfterMove(int place, int from, int to);
+KORVANE_CORE_API int ShiftedPlace(int place, int index, int by);
+KORVANE_CORE_API int PlaceAfterMove(int place, int from, int to);
 /// After items from `first` on took another order: the new one at first + i was at first +
 /// order[i].
-int PlaceAfterReorder(int place, int first, const std::vector<int> &order);
+KORVANE_CORE_API int PlaceAfterReorder(int place, int first, const std::vector<int> &order);
 
 } // namespace korvane

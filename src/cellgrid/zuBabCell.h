@@ -2,6 +2,7 @@
 #pragma once
 
 #include "cellgrid/zuLayoutProp.h"
+#include "foundation/zuExport.h"
 #include "foundation/zuTypes.h"
 
 #include <cstdint>
@@ -17,7 +18,7 @@ class TAxisContentItem;
 class TBabGridCell;
 
 /// The content of a simple cell.
-class TBabCellData : public TObject
+class KORVANE_CORE_API TBabCellData : public TObject
 {
 public:
     /// As shown, sorted by and copied.
@@ -29,7 +30,7 @@ public:
     virtual bool Understand(std::string & /*text*/) const { return true; }
 };
 
-class TBabCellData_Text : public TBabCellData
+class KORVANE_CORE_API TBabCellData_Text : public TBabCellData
 {
 public:
     std::string Text() const override { return m_text; }
@@ -44,7 +45,7 @@ private:
 };
 
 /// Shown as "1" or "0"; any other text but the empty one counts as true.
-class TBabCellData_Bool : public TBabCellData
+class KORVANE_CORE_API TBabCellData_Bool : public TBabCellData
 {
 public:
     bool Value() const { return m_value; }
@@ -77,7 +78,7 @@ public:
 enum class TDateTimePart : std::uint8_t { Date, Time };
 
 /// A date or a time of day in the locale's short form; may be empty.
-class TBabCellData_DateTime : public TBabCellData
+class KORVANE_CORE_API TBabCellData_DateTime : public TBabCellData
 {
 public:
     explicit TBabCellData_DateTime(TDateTimePart part)
@@ -106,7 +107,7 @@ private:
 };
 
 /// One cell. It belongs to its row and goes with its column; the matrix of its grid owns it.
-class TBabCell : public TObject
+class KORVANE_CORE_API TBabCell : public TObject
 {
 public:
     TBabGridCell *GridCell() const { return m_gridCell; }
@@ -144,7 +145,7 @@ private:
 };
 
 /// A cell with text, a mark, a date and so on.
-class TBabSimpleCell : public TBabCell
+class KORVANE_CORE_API TBabSimpleCell : public TBabCell
 {
 public:
     TBabSimpleCell()

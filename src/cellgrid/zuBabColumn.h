@@ -2,6 +2,7 @@
 #pragma once
 
 #include "cellgrid/zuLayoutProp.h"
+#include "foundation/zuExport.h"
 #include "foundation/zuTypes.h"
 
 #include <cstdint>
@@ -42,7 +43,7 @@ enum class TSortMark : std::uint8_t { None, Ascending, Descending };
 
 /// A view takes an item's Value that is of this class for the item's column; columns of other
 /// values are plain text.
-class TBabColumn : public TObject
+class KORVANE_CORE_API TBabColumn : public TObject
 {
 public:
     virtual TColumnKind Kind() const = 0;

@@ -6,6 +6,7 @@
 #include "cellgrid/zuBabTreeRow.h"
 #include "cellgrid/zuCellMatris.h"
 #include "foundation/zuEventHandling.h"
+#include "foundation/zuExport.h"
 #include "foundation/zuMethod.h"
 
 #include <string>
@@ -16,7 +17,7 @@ namespace korvane {
 class TBabGridCellForViewer;
 
 /// Two axes, the cells at their crossings and what of them is selected.
-class TBabGridCell : public TBabCell
+class KORVANE_CORE_API TBabGridCell : public TBabCell
 {
 public:
     static constexpr int kDefaultWidth = 64;
@@ -93,7 +94,7 @@ private:
 };
 
 /// A grid in a cell of another grid.
-class TBabSubGridCell : public TBabGridCell
+class KORVANE_CORE_API TBabSubGridCell : public TBabGridCell
 {
 public:
     ~TBabSubGridCell() override;
@@ -124,7 +125,7 @@ using TOnGetCellText = TMethod<void(TBabGridCell *theGridCell, TAxisContentItem 
                                     TAxisContentItem *theRow, std::string &theText)>;
 
 /// The grid that a view shows, with the handlers of all grids inside.
-class TBabGridCellForViewer : public TBabGridCell
+class KORVANE_CORE_API TBabGridCellForViewer : public TBabGridCell
 {
 public:
     TBabGridCellForViewer();

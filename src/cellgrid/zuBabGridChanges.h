@@ -10,9 +10,7 @@
 
 namespace korvane {
 
-/// Coordinates beyond it, in pixels, are drawn as if they were there.
-inline constexpr int kFarAway = 1 << 28;
-
+/// Coordinates far away are drawn as if they were at the end of the range.
 inline int ToPixel(std::int64_t value)
 {
     return static_cast<int>(std::clamp<std::int64_t>(value, -kFarAway, kFarAway));

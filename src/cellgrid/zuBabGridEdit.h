@@ -4,6 +4,7 @@
 #include "cellgrid/zuBabGridEditHost.h"
 #include "cellgrid/zuBabGridGestures.h"
 #include "cellgrid/zuCellTable.h"
+#include "foundation/zuExport.h"
 
 #include <iosfwd>
 #include <memory>
@@ -69,7 +70,7 @@ using TOnGridEndUserChange =
 /// Every change by the user, by editor, check box, pasting or clearing, takes one way: the text is
 /// understood by the cell's kind, OnEditStop may refuse it, the cell or OnSetCellText stores it.
 /// What these throw counts as a refusal. Each action is one user change.
-class TBabGridEdit : public TBabGridGestures
+class KORVANE_CORE_API TBabGridEdit : public TBabGridGestures
 {
 public:
     /// Both outlive the core and are not called during construction.

@@ -3,6 +3,7 @@
 
 #include "cellgrid/zuBabColumn.h"
 #include "cellgrid/zuBabGridLayout.h"
+#include "foundation/zuExport.h"
 
 #include <cstdint>
 #include <string>
@@ -29,7 +30,7 @@ struct TEditStart
     bool FreeText = true;           ///< whether other texts than the items are taken
 };
 
-class IBabGridEditHost
+class KORVANE_CORE_API IBabGridEditHost
 {
 public:
     virtual ~IBabGridEditHost() = default;

@@ -9,7 +9,7 @@ namespace korvane {
 namespace {
 
 constexpr int kMoveSlack = 4;
-constexpr int kLeastSize = 8;
+constexpr int kLeastUserSize = 8;
 
 } // namespace
 
@@ -238,7 +238,7 @@ void TBabGridGestures::Resize(TPoint point)
 
 void TBabGridGestures::SetSize(TAxisContentItem &item, int size)
 {
-    size = std::max(kLeastSize, size);
+    size = std::max(kLeastUserSize, size);
     const bool row = item.List()->IsRowAxis();
     if (item.GetUserSizeActive() && item.GetUserSize() == size) {
         return;

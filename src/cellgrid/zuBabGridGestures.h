@@ -2,6 +2,7 @@
 #pragma once
 
 #include "cellgrid/zuBabGridSelect.h"
+#include "foundation/zuExport.h"
 #include "foundation/zuInput.h"
 
 #include <cstdint>
@@ -12,7 +13,7 @@ using TOnResizeEvent = TMethod<void(TObject *theGrid, TAxisContentItem *theItem,
 
 /// Selecting, resizing columns and rows, moving columns, and clicks on headers. A press and release
 /// without movement resizes and moves nothing.
-class TBabGridGestures : public TBabGridSelectCore
+class KORVANE_CORE_API TBabGridGestures : public TBabGridSelectCore
 {
 public:
     using TBabGridSelectCore::TBabGridSelectCore;

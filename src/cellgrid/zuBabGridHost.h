@@ -2,6 +2,7 @@
 #pragma once
 
 #include "foundation/zuCanvas.h"
+#include "foundation/zuExport.h"
 #include "foundation/zuTypes.h"
 
 #include <cstdint>
@@ -10,7 +11,7 @@ namespace korvane {
 
 enum class TGridCursor : std::uint8_t { Arrow, ColumnResize, RowResize };
 
-class IBabGridHost
+class KORVANE_CORE_API IBabGridHost
 {
 public:
     virtual ~IBabGridHost() = default;

@@ -6,6 +6,7 @@
 #include "cellgrid/zuBabGridCell.h"
 #include "cellgrid/zuBabGridHost.h"
 #include "cellgrid/zuGridPicture.h"
+#include "foundation/zuExport.h"
 
 #include <cstdint>
 #include <memory>
@@ -18,7 +19,7 @@ namespace korvane {
 /// same bands: painting, hit testing and the rectangles asked for. A layout costs what is shown;
 /// rows whose height depends on their content are measured when they come into view, and count with
 /// the default height until then.
-class TBabGridLayoutCore : public TObject
+class KORVANE_CORE_API TBabGridLayoutCore : public TObject
 {
 public:
     static constexpr int kPadding = 4;

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "cellgrid/zuBabGridLayout.h"
+#include "foundation/zuExport.h"
 #include "foundation/zuMethod.h"
 
 #include <string>
@@ -47,7 +48,7 @@ struct TGridPaintState
 };
 
 /// Paints once: the blocks of the core, fixed and scrolling parts from the same bands.
-class TBabGridPainter
+class KORVANE_CORE_API TBabGridPainter
 {
 public:
     TBabGridPainter(TBabGridLayoutCore &core, TCanvas &canvas, const TGridPaintState &state);

@@ -3,6 +3,7 @@
 
 #include "cellgrid/zuBabGridLayout.h"
 #include "cellgrid/zuBabGridPaint.h"
+#include "foundation/zuExport.h"
 
 #include <cstdint>
 #include <string>
@@ -36,7 +37,7 @@ enum class TGridChoice : std::uint8_t {
 };
 
 /// One grid at a time has a selection; the focus is a cell of any grid.
-class TBabGridSelectCore : public TBabGridLayoutCore
+class KORVANE_CORE_API TBabGridSelectCore : public TBabGridLayoutCore
 {
 public:
     using TBabGridLayoutCore::TBabGridLayoutCore;

@@ -1,12 +1,14 @@
 // What a grid view has to know of a row that is a node of a tree.
 #pragma once
 
+#include "foundation/zuExport.h"
+
 namespace korvane {
 
 class TAxisContentItem;
 
 /// In a grid that shows a tree, the Value of a row is of this class, too.
-class IBabTreeRow
+class KORVANE_CORE_API IBabTreeRow
 {
 public:
     virtual ~IBabTreeRow() = default;

@@ -3,6 +3,7 @@
 
 #include "cellgrid/zuBabCell.h"
 #include "cellgrid/zuCellSelection.h"
+#include "foundation/zuExport.h"
 
 #include <memory>
 
@@ -13,7 +14,7 @@ class TAxisContentList;
 
 /// Cells exist once something was put into them; what they share with their column needs none. A
 /// cell costs memory where it stands only, and follows its row and column when those move.
-class TCellMatris : public TObject
+class KORVANE_CORE_API TCellMatris : public TObject
 {
 public:
     explicit TCellMatris(TBabGridCell &gridCell)

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "cellgrid/zuRunSequence.h"
+#include "foundation/zuExport.h"
 
 #include <limits>
 #include <map>
@@ -23,7 +24,7 @@ struct TCellRange
 /// A selection by real indexes. Rows with the same selected columns that lie together are stored
 /// once, so that ten million selected rows cost what one costs; columns and rows that come, go or
 /// move take the selection with them.
-class TCellSelection
+class KORVANE_CORE_API TCellSelection
 {
 public:
     /// Last column of whole rows: they stay whole when columns are added.

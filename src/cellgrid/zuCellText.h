@@ -2,6 +2,7 @@
 #pragma once
 
 #include "foundation/zuCanvas.h"
+#include "foundation/zuExport.h"
 
 #include <string>
 #include <string_view>
@@ -11,10 +12,12 @@ namespace korvane {
 
 /// The text in lines of at most `width` pixels in the canvas' font, broken at spaces and at line
 /// ends, within words only when a word alone is too long.
-std::vector<std::string_view> WrappedText(const TCanvas &canvas, std::string_view text, int width);
+KORVANE_CORE_API std::vector<std::string_view> WrappedText(const TCanvas &canvas,
+                                                           std::string_view text, int width);
 /// The text, or its longest beginning that fits into the width with an ellipsis behind it.
-std::string EllipsizedText(const TCanvas &canvas, std::string_view text, int width);
+KORVANE_CORE_API std::string EllipsizedText(const TCanvas &canvas, std::string_view text,
+                                            int width);
 /// The text up to its first line end.
-std::string_view FirstLine(std::string_view text);
+KORVANE_CORE_API std::string_view FirstLine(std::string_view text);
 
 } // namespace korvane

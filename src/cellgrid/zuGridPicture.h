@@ -2,6 +2,7 @@
 #pragma once
 
 #include "cellgrid/zuBabGridBlock.h"
+#include "foundation/zuExport.h"
 
 #include <optional>
 #include <vector>
@@ -17,7 +18,7 @@ struct TGridPictureMove
 };
 
 /// Remembers where columns and rows were painted. What is remembered is compared, never used.
-class TGridPicture
+class KORVANE_CORE_API TGridPicture
 {
 public:
     /// The picture shows something else, or is to be painted anew for another reason.

@@ -1,6 +1,8 @@
 // A long sequence of numbers in which equal neighbours are stored once.
 #pragma once
 
+#include "foundation/zuExport.h"
+
 #include <cstdint>
 #include <vector>
 
@@ -13,7 +15,7 @@ namespace korvane {
 /// between an index and the sum of what stands before it. kDefault stands for an extent that all
 /// such entries share and that can be changed at once. Indexes out of range throw
 /// std::out_of_range.
-class TRunSequence
+class KORVANE_CORE_API TRunSequence
 {
 public:
     static constexpr int kDefault = -1;

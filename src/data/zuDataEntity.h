@@ -2,6 +2,7 @@
 #pragma once
 
 #include "data/zuSequencePlace.h"
+#include "foundation/zuExport.h"
 #include "foundation/zuExposable.h"
 
 #include <cstdint>
@@ -13,7 +14,7 @@ class TzuDataList;
 
 /// What trees show as nodes, charts as bars and links, schedules as times and columns. Entities are
 /// created by their list, through its EntityClass, and are owned by it.
-class TzuDataEntity : public TzuExposable
+class KORVANE_CORE_API TzuDataEntity : public TzuExposable
 {
 public:
     TzuDataEntity() = default;

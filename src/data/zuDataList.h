@@ -5,12 +5,16 @@
 #include "data/zuEntityClass.h"
 #include "data/zuListController.h"
 #include "data/zuSequence.h"
+#include "foundation/zuExport.h"
 
 #include <cstdint>
 #include <memory>
 #include <vector>
 
 namespace korvane {
+
+/// Beyond this many loaded items a virtual list is purged before it loads more.
+inline constexpr int kMaxLoaded = 500;
 
 enum class TSortDirection : std::uint8_t { Ascending, Descending };
 enum class TBlockEnd : std::uint8_t { Front, Back };
@@ -31,7 +35,7 @@ struct TDataEntityPlace
 /// are.
 ///
 /// To release a list use FreeWheneverPossible; the destructor alone leaves its entities behind.
-class TzuDataList : public TzuExposable
+class KORVANE_CORE_API TzuDataList : public TzuExposable
 {
 public:
     TzuDataList() = default;

@@ -3,8 +3,12 @@
 
 #include "data/zuDataList.h"
 #include "data/zuSequence.h"
+#include "foundation/zuExport.h"
 
 namespace korvane {
+
+/// Deletions of lists within lists that the stack has to bear.
+inline constexpr int kMaxDeletionDepth = 256;
 
 class TDataListTrav;
 
@@ -52,7 +56,7 @@ private:
 };
 
 /// A list of data lists, whose selection can be stepped through as if it were one list.
-class TzuDataList2lev : public TDataListContainer<TzuDataList>
+class KORVANE_CORE_API TzuDataList2lev : public TDataListContainer<TzuDataList>
 {
 public:
     /// The member at an index. Beyond the end OnMissingIndex may add members until it is there; nil

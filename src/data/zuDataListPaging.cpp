@@ -8,13 +8,6 @@
 
 namespace korvane {
 
-namespace {
-
-/// Beyond this many items the block is purged before it is extended.
-constexpr int kMaxLoaded = 500;
-
-} // namespace
-
 /// While it lives nothing is purged.
 class TzuDataList::KeepLoaded
 {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "data/zuDataListLevels.h"
+#include "foundation/zuExport.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -17,7 +18,7 @@ namespace korvane {
 /// The lists to walk are taken down at First and Last; lists added, emptied or filled later are not
 /// noticed before the next First or Last. A list freed meanwhile counts as emptied. The structure
 /// itself is observed and outlives the traverser's use. Main thread only.
-class TDataListTrav : public TObject
+class KORVANE_CORE_API TDataListTrav : public TObject
 {
 public:
     enum class TMode : std::uint8_t { ThreeLevel, TwoLevel, OneLevel };

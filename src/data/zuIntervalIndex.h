@@ -1,6 +1,8 @@
 // Intervals of which the active ones are found by overlap.
 #pragma once
 
+#include "foundation/zuExport.h"
+
 #include <algorithm>
 #include <bit>
 #include <cstddef>
@@ -21,7 +23,7 @@ struct TIndexedInterval
 ///
 /// Finding the active intervals that overlap a stretch costs log n for each of them; changing one
 /// costs log n. Intervals may be empty or inverted: what counts is Low < high and High > low.
-class TIntervalIndex
+class KORVANE_CORE_API TIntervalIndex
 {
 public:
     enum class TInitially : unsigned char { Inactive, ActiveAtLevel0 };

@@ -1,6 +1,7 @@
 // Separation of overlapping intervals into sub-rows.
 #pragma once
 
+#include "foundation/zuExport.h"
 #include "foundation/zuTypes.h"
 
 #include <atomic>
@@ -24,7 +25,7 @@ struct TDistinctTimeHolder
 
 /// The intervals of one separation, in the order in which they were added. Holders keep their
 /// address.
-class TDistinctTimeHolderList
+class KORVANE_CORE_API TDistinctTimeHolderList
 {
 public:
     /// An interval without length becomes 0.1 day long, so that it still occupies time.
@@ -53,7 +54,7 @@ private:
 /// every other from the last to the first: at a conflict both are placed, unless they are already.
 /// Finding it takes n log n for n holders, and another log n for each pair of a placed holder and
 /// one in conflict with it that came before. Runs on any thread; it uses the list alone.
-class TTimeDistinctGeneric
+class KORVANE_CORE_API TTimeDistinctGeneric
 {
 public:
     /// The list is observed. Once `*terminated` is true, the work stops where it is.

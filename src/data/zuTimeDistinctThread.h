@@ -2,6 +2,7 @@
 #pragma once
 
 #include "data/zuTimeDistinctGeneric.h"
+#include "foundation/zuExport.h"
 #include "foundation/zuMethod.h"
 
 #include <atomic>
@@ -14,8 +15,9 @@ namespace korvane {
 /// It is created suspended: fill Holders, set OnDone, then Resume. Except for Execute it belongs to
 /// the main thread, and while it runs nobody else may touch the holders. It keeps itself alive
 /// until it is done; whoever started it lets go of it at any time, after Terminate.
-class TTimeDistinctGenericThread : public TObject,
-                                   public std::enable_shared_from_this<TTimeDistinctGenericThread>
+class KORVANE_CORE_API TTimeDistinctGenericThread
+    : public TObject,
+      public std::enable_shared_from_this<TTimeDistinctGenericThread>
 {
 public:
     using TDone = TMethod<void(TTimeDistinctGenericThread *sender)>;

@@ -1,11 +1,13 @@
 // How fast rows or columns scroll while a gesture is held past the edges of an area.
 #pragma once
 
+#include "foundation/zuExport.h"
+
 namespace korvane {
 
 /// Turns the distance from the pointer to the area into a speed: the farther, the faster. It begins
 /// slowly, since rows move whole: one in several ticks near the edge, up to five a tick.
-class TAutoScroll
+class KORVANE_CORE_API TAutoScroll
 {
 public:
     /// The time between two ticks.
@@ -25,6 +27,6 @@ private:
 };
 
 /// How far a position lies before 0 (negative) or behind the last of `length` pixels; 0 = inside.
-int PixelsBeyond(int position, int length);
+KORVANE_CORE_API int PixelsBeyond(int position, int length);
 
 } // namespace korvane

@@ -1,6 +1,7 @@
 // A lazy update bracket.
 #pragma once
 
+#include "foundation/zuExport.h"
 #include "foundation/zuMethod.h"
 #include "foundation/zuTypes.h"
 
@@ -8,7 +9,7 @@ namespace korvane {
 
 /// Opens an update when the first real change is marked and closes it at its own end, so that a
 /// pass that changes nothing costs nothing and any number of changes cost one update.
-class TzuBeginUpdate : public TObject
+class KORVANE_CORE_API TzuBeginUpdate : public TObject
 {
 public:
     /// Either may be empty. `onEnd` runs in the destructor and must not throw.

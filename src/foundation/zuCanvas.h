@@ -1,6 +1,7 @@
 // The abstract surface on which the core draws.
 #pragma once
 
+#include "foundation/zuExport.h"
 #include "foundation/zuTypes.h"
 
 #include <array>
@@ -56,7 +57,7 @@ struct TPrintScale
 };
 
 /// A set of numbered images. The core only passes it on; the toolkit half knows what is in it.
-class TImageList : public TObject
+class KORVANE_CORE_API TImageList : public TObject
 {
 public:
     virtual int Count() const = 0;
@@ -66,7 +67,7 @@ public:
 ///
 /// Pen, brush and font are state that stays until set again. Fills leave out the right and bottom
 /// edges of half-open rectangles; lines include both end points.
-class TCanvas
+class KORVANE_CORE_API TCanvas
 {
 public:
     TCanvas() = default;

@@ -1,6 +1,7 @@
 // Calendar arithmetic on TDateTime in the proleptic Gregorian calendar.
 #pragma once
 
+#include "foundation/zuExport.h"
 #include "foundation/zuTypes.h"
 
 namespace korvane {
@@ -33,35 +34,35 @@ struct TDateTimeParts
 };
 
 /// Throws std::invalid_argument when there is no such date in years 1..9999.
-TDateTime EncodeDate(int year, int month, int day);
+KORVANE_CORE_API TDateTime EncodeDate(int year, int month, int day);
 /// Throws std::invalid_argument when a part is out of range (hour 0..23, ... millisecond 0..999).
-TDateTime EncodeTime(int hour, int minute, int second, int millisecond);
+KORVANE_CORE_API TDateTime EncodeTime(int hour, int minute, int second, int millisecond);
 
 /// Date and time of day, rounded to the nearest millisecond with carry into the date. Instants
 /// outside years 1..9999 give the nearest limit, NaN the lower one.
-TDateTimeParts DecodeDateTime(TDateTime value);
-TDateParts DecodeDate(TDateTime value);
-TTimeParts DecodeTime(TDateTime value);
+KORVANE_CORE_API TDateTimeParts DecodeDateTime(TDateTime value);
+KORVANE_CORE_API TDateParts DecodeDate(TDateTime value);
+KORVANE_CORE_API TTimeParts DecodeTime(TDateTime value);
 
 /// The midnight at or before the instant, after rounding to the nearest millisecond.
-TDateTime DateOf(TDateTime value);
+KORVANE_CORE_API TDateTime DateOf(TDateTime value);
 /// Time of day, 0 <= result < 1, to the nearest millisecond.
-TDateTime TimeOf(TDateTime value);
+KORVANE_CORE_API TDateTime TimeOf(TDateTime value);
 
 /// The instant to the nearest whole second of its day, with carry into the next one.
-TDateTime NearestSecond(TDateTime value);
+KORVANE_CORE_API TDateTime NearestSecond(TDateTime value);
 
 /// 1 = Sunday ... 7 = Saturday.
-int DayOfWeek(TDateTime value);
+KORVANE_CORE_API int DayOfWeek(TDateTime value);
 /// Throws std::invalid_argument when there is no such month in years 1..9999.
-int DaysInMonth(int year, int month);
+KORVANE_CORE_API int DaysInMonth(int year, int month);
 /// First day of the month that lies `months` later (or earlier, when negative) than that of the
 /// date. The result may lie outside years 1..9999, so that stepping by months always moves on.
-TDateTime FirstOfMonthLater(TDateTime value, int months);
+KORVANE_CORE_API TDateTime FirstOfMonthLater(TDateTime value, int months);
 
 /// Now in the system's local time.
-TDateTime Now();
+KORVANE_CORE_API TDateTime Now();
 /// Midnight of today in the system's local time.
-TDateTime Today();
+KORVANE_CORE_API TDateTime Today();
 
 } // namespace korvane

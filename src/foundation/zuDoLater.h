@@ -1,6 +1,7 @@
 // The process-wide queue of deferred method calls.
 #pragma once
 
+#include "foundation/zuExport.h"
 #include "foundation/zuMethod.h"
 #include "foundation/zuTypes.h"
 
@@ -13,7 +14,7 @@ using TDoLaterCall = TMethod<void(TObject *)>;
 /// Runs calls when the thread's event loop next comes round, once per call and parameter however
 /// often they were asked for. Main thread only. Whoever queues calls on itself withdraws them with
 /// NeverMind in its destructor.
-class TDoLater
+class KORVANE_CORE_API TDoLater
 {
 public:
     TDoLater() = delete;
@@ -49,6 +50,6 @@ struct TDoLaterTransport
     TMethod<void()> Destroy;
 };
 
-void SetDoLaterTransport(TDoLaterTransport transport);
+KORVANE_CORE_API void SetDoLaterTransport(TDoLaterTransport transport);
 
 } // namespace korvane

@@ -1,6 +1,7 @@
 // Multicast notification: an event and its listeners.
 #pragma once
 
+#include "foundation/zuExport.h"
 #include "foundation/zuMethod.h"
 #include "foundation/zuTypes.h"
 
@@ -15,7 +16,7 @@ class TSingleEventListener;
 using TOnEvent = TMethod<void(TSingleEventListener *listener)>;
 
 /// Delivers to its listeners synchronously and in the order of their subscription.
-class TEvent : public TObject
+class KORVANE_CORE_API TEvent : public TObject
 {
 public:
     /// The owner is passed to every listener as the sender; it is observed.
@@ -52,7 +53,7 @@ private:
 
 /// Subscribes one callback to an event from its construction until it is destroyed or removed or
 /// the event is destroyed.
-class TSingleEventListener : public TObject
+class KORVANE_CORE_API TSingleEventListener : public TObject
 {
 public:
     /// With `freeWithEvent` the event owns the listener, which must live on the heap.

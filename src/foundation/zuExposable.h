@@ -1,6 +1,7 @@
 // Deferred release of data objects.
 #pragma once
 
+#include "foundation/zuExport.h"
 #include "foundation/zuLifeWatch.h"
 #include "foundation/zuTypes.h"
 
@@ -8,7 +9,7 @@ namespace korvane {
 
 /// Root of every data object. It is released in two steps: CleanForFree lets go of whatever refers
 /// to it, then it is freed; FreeWheneverPossible does both and is the one way to release.
-class TzuExposable : public TObject
+class KORVANE_CORE_API TzuExposable : public TObject
 {
 public:
     TzuExposable() { Initialize(); }

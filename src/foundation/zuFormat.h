@@ -1,6 +1,7 @@
 // Text of dates and times.
 #pragma once
 
+#include "foundation/zuExport.h"
 #include "foundation/zuTypes.h"
 
 #include <array>
@@ -10,7 +11,7 @@
 namespace korvane {
 
 /// Names and short forms that formatting uses. UTF-8.
-struct TFormatSettings
+struct KORVANE_CORE_API TFormatSettings
 {
     std::array<std::string, 7> ShortDayNames;    ///< from Sunday
     std::array<std::string, 7> LongDayNames;     ///< from Sunday
@@ -32,8 +33,8 @@ struct TFormatSettings
 };
 
 /// The settings in use; the invariant ones until replaced.
-const TFormatSettings &FormatSettings();
-void SetFormatSettings(TFormatSettings settings);
+KORVANE_CORE_API const TFormatSettings &FormatSettings();
+KORVANE_CORE_API void SetFormatSettings(TFormatSettings settings);
 
 /// Text of an instant by a pattern. Letters count without regard to case:
 /// - `yy yyyy`, `m mm mmm mmmm`, `d dd ddd dddd`: numbers, then short and long names;
@@ -45,10 +46,10 @@ void SetFormatSettings(TFormatSettings settings);
 /// - `/` and `:`: the separators; text in single or double quotes and all else as it stands.
 ///
 /// The instant is first taken to the nearest millisecond. An empty pattern means `c`.
-std::string FormatDateTime(std::string_view format, TDateTime value);
+KORVANE_CORE_API std::string FormatDateTime(std::string_view format, TDateTime value);
 /// FormatDateTime where an empty pattern means the locale's short date.
-std::string FormatDate(std::string_view format, TDateTime value);
+KORVANE_CORE_API std::string FormatDate(std::string_view format, TDateTime value);
 /// FormatDateTime where an empty pattern means the locale's short time.
-std::string FormatTime(std::string_view format, TDateTime value);
+KORVANE_CORE_API std::string FormatTime(std::string_view format, TDateTime value);
 
 } // namespace korvane

@@ -1,6 +1,7 @@
 // What a gesture tells in words: the lines of its hint, and entities carried out of a component.
 #pragma once
 
+#include "foundation/zuExport.h"
 #include "foundation/zuTypes.h"
 
 #include <array>
@@ -13,16 +14,16 @@ namespace korvane {
 using TGestureHint = std::array<std::string, 3>;
 
 /// A line of a hint; empty when the value is.
-std::string HintLine(std::string_view label, const std::string &value);
+KORVANE_CORE_API std::string HintLine(std::string_view label, const std::string &value);
 /// Start, stop and length in the user's date and time format.
-TGestureHint HintOfTimes(TDateTime start, TDateTime stop);
+KORVANE_CORE_API TGestureHint HintOfTimes(TDateTime start, TDateTime stop);
 /// A length as "2 d 3 h 15 min", to the nearest minute; below a minute in seconds.
-std::string LengthText(TDateTime length);
+KORVANE_CORE_API std::string LengthText(TDateTime length);
 /// The text on one line, without the separators of plain text.
-std::string OnOneLine(std::string text);
+KORVANE_CORE_API std::string OnOneLine(std::string text);
 
 /// Time items on their way to another window.
-struct TItemDragData
+struct KORVANE_CORE_API TItemDragData
 {
     /// Type of Json; the plain text is text/plain.
     static constexpr const char *kMimeType = "application/x-korvane-timeitems";

@@ -1,13 +1,14 @@
 // Rounding of the times that mouse gestures produce.
 #pragma once
 
+#include "foundation/zuExport.h"
 #include "foundation/zuTypes.h"
 
 namespace korvane {
 
 /// Rounds times to a grid that widens with the zoom level. All steps are in days; a step of 0 or
 /// less leaves its end as it is.
-class TSnapHandler
+class KORVANE_CORE_API TSnapHandler
 {
 public:
     bool SnapStart = true;

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "foundation/zuCanvas.h"
+#include "foundation/zuExport.h"
 #include "foundation/zuTypes.h"
 
 namespace korvane {
@@ -9,7 +10,7 @@ namespace korvane {
 enum class TBevel : unsigned char { bvRaised, bvLowered };
 
 /// Drawing helpers; rectangles are half-open pixels. Pen and brush are left changed.
-class GStuff
+class KORVANE_CORE_API GStuff
 {
 public:
     GStuff() = delete;

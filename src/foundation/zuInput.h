@@ -5,6 +5,9 @@ namespace korvane {
 
 enum class TMouseButton : unsigned char { mbLeft, mbRight, mbMiddle };
 
+/// How far, in pixels, the mouse goes from the press on either axis before it drags.
+inline constexpr int kDragDistance = 4;
+
 /// Which modifiers were held.
 struct TShiftState
 {

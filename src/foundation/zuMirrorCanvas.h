@@ -2,6 +2,7 @@
 #pragma once
 
 #include "foundation/zuCanvas.h"
+#include "foundation/zuExport.h"
 
 #include <algorithm>
 #include <vector>
@@ -10,7 +11,7 @@ namespace korvane {
 
 /// Draws on another canvas as in a mirror `width` pixels wide, texts and images unmirrored in the
 /// mirrored places: what is drawn left to right then stands right to left.
-class TMirrorCanvas : public TCanvas
+class KORVANE_CORE_API TMirrorCanvas : public TCanvas
 {
 public:
     TMirrorCanvas(TCanvas &canvas, int width)

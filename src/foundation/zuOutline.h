@@ -2,6 +2,7 @@
 #pragma once
 
 #include "foundation/zuCanvas.h"
+#include "foundation/zuExport.h"
 #include "foundation/zuInput.h"
 #include "foundation/zuTypes.h"
 
@@ -11,7 +12,7 @@ namespace korvane {
 
 /// Drawing of outlines. A dark and a light line run side by side, so that they are seen on every
 /// background. Pen and brush are left changed.
-class TOutlineDraw
+class KORVANE_CORE_API TOutlineDraw
 {
 public:
     TOutlineDraw() = delete;
@@ -29,7 +30,7 @@ public:
 };
 
 /// What is shown of a gesture at one moment, in area pixels.
-struct TGestureFeedback
+struct KORVANE_CORE_API TGestureFeedback
 {
     std::vector<TRect> Frames;
     TRect Band; ///< of a rubber band; empty when there is none
@@ -47,11 +48,11 @@ struct TGestureFeedback
 };
 
 /// A rubber band from a press to the mouse, the pixels of both included.
-TRect RubberBandRect(TPoint press, TPoint mouse);
+KORVANE_CORE_API TRect RubberBandRect(TPoint press, TPoint mouse);
 /// What a rubber band does that was begun with these modifiers: Shift adds, Ctrl toggles.
-TSelectHow RubberBandRule(const TShiftState &atPress);
+KORVANE_CORE_API TSelectHow RubberBandRule(const TShiftState &atPress);
 
 /// The smallest rectangle around both; an empty one does not count.
-TRect United(const TRect &a, const TRect &b);
+KORVANE_CORE_API TRect United(const TRect &a, const TRect &b);
 
 } // namespace korvane

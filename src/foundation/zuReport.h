@@ -1,6 +1,7 @@
 // Reports meant for a message box.
 #pragma once
 
+#include "foundation/zuExport.h"
 #include "foundation/zuMethod.h"
 
 #include <string_view>
@@ -11,8 +12,8 @@ using TReportHook = TMethod<void(std::string_view text)>;
 
 /// Shows a text to the user without blocking: through the hook when one is set, else on standard
 /// error.
-void Report(std::string_view text);
+KORVANE_CORE_API void Report(std::string_view text);
 /// Replaces the hook and returns the one that was set.
-TReportHook SetReportHook(TReportHook hook);
+KORVANE_CORE_API TReportHook SetReportHook(TReportHook hook);
 
 } // namespace korvane

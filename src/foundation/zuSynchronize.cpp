@@ -8,7 +8,7 @@ namespace korvane {
 
 namespace {
 
-struct Queue
+struct PostedCalls
 {
     std::mutex Mutex;
     std::deque<std::function<void()>> Calls;
@@ -16,15 +16,15 @@ struct Queue
 };
 
 /// Never destroyed: a worker may post while the process ends.
-Queue &TheQueue()
+PostedCalls &Posted()
 {
-    static auto &queue = *new Queue;
+    static auto &queue = *new PostedCalls;
     return queue;
 }
 
 std::function<void()> TakeFirst()
 {
-    Queue &queue = TheQueue();
+    PostedCalls &queue = Posted();
     const std::lock_guard lock(queue.Mutex);
     if (queue.Calls.empty()) {
         return {};
@@ -37,7 +37,7 @@ std::function<void()> TakeFirst()
 /// The transport, if there is something to be announced.
 std::function<void()> WakeForTheRest()
 {
-    Queue &queue = TheQueue();
+    PostedCalls &queue = Posted();
     const std::lock_guard lock(queue.Mutex);
     return queue.Calls.empty() ? nullptr : queue.Wake;
 }
@@ -46,7 +46,7 @@ std::function<void()> WakeForTheRest()
 
 void TSynchronize::Post(std::function<void()> call)
 {
-    Queue &queue = TheQueue();
+    PostedCalls &queue = Posted();
     std::function<void()> wake;
     {
         const std::lock_guard lock(queue.Mutex);
@@ -77,7 +77,7 @@ void TSynchronize::RunPosted()
 void SetSynchronizeTransport(std::function<void()> wake)
 {
     {
-        Queue &queue = TheQueue();
+        PostedCalls &queue = Posted();
         const std::lock_guard lock(queue.Mutex);
         queue.Wake = std::move(wake);
     }

@@ -1,12 +1,14 @@
 // Calls from worker threads that run on the main thread.
 #pragma once
 
+#include "foundation/zuExport.h"
+
 #include <functional>
 
 namespace korvane {
 
 /// The hand-back from workers: calls wait here until the main thread runs them.
-class TSynchronize
+class KORVANE_CORE_API TSynchronize
 {
 public:
     TSynchronize() = delete;
@@ -21,6 +23,6 @@ public:
 
 /// Arranges for RunPosted to run on the main thread soon. Called from any thread, once for all
 /// calls that wait. The toolkit half installs it; without one calls run through RunPosted only.
-void SetSynchronizeTransport(std::function<void()> wake);
+KORVANE_CORE_API void SetSynchronizeTransport(std::function<void()> wake);
 
 } // namespace korvane

@@ -1,13 +1,16 @@
 // Basic value types of the library: instants, pixel geometry, colours.
 #pragma once
 
+#include "foundation/zuExport.h"
+
 #include <algorithm>
 #include <cstdint>
+#include <limits>
 
 namespace korvane {
 
 /// Root of the classes that travel through untyped event arguments.
-class TObject
+class KORVANE_CORE_API TObject
 {
 public:
     TObject() = default;
@@ -37,6 +40,10 @@ struct TSize
     friend bool operator==(const TSize &, const TSize &) = default;
 };
 
+/// Pixels that scrolled or were laid out far away stay within this, so that offsets do not
+/// overflow.
+inline constexpr int kFarAway = std::numeric_limits<int>::max() / 8;
+
 /// Pixels from the first to behind the last, along one axis.
 struct TPixelSpan
 {
@@ -44,6 +51,7 @@ struct TPixelSpan
     int To = 0;
 
     int Length() const { return To - From; }
+    int Middle() const { return From + Length() / 2; }
     bool Contains(int pixel) const { return pixel >= From && pixel < To; }
 
     friend bool operator==(const TPixelSpan &, const TPixelSpan &) = default;
@@ -59,6 +67,7 @@ struct TRect
 
     int Width() const { return Right - Left; }
     int Height() const { return Bottom - Top; }
+    int MiddleY() const { return Top + Height() / 2; }
     bool IsEmpty() const { return Right <= Left || Bottom <= Top; }
     bool Contains(TPoint point) const
     {

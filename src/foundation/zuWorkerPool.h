@@ -1,6 +1,8 @@
 // A few threads that work off what many objects ask for.
 #pragma once
 
+#include "foundation/zuExport.h"
+
 #include <condition_variable>
 #include <deque>
 #include <functional>
@@ -12,7 +14,7 @@ namespace korvane {
 
 /// A bounded pool of worker threads. Work runs in the order of the requests, several at a time.
 /// Threads are started when there is work for them.
-class TWorkerPool
+class KORVANE_CORE_API TWorkerPool
 {
 public:
     /// `threads` is at least 1.

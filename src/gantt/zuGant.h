@@ -4,6 +4,7 @@
 #include "data/zuDataEntityPack.h"
 #include "data/zuDataTraveser.h"
 #include "foundation/zuCanvas.h"
+#include "foundation/zuExport.h"
 #include "gantt/zuGantDataKeeper.h"
 #include "gantt/zuGantLinks.h"
 #include "gantt/zuGantRow.h"
@@ -22,7 +23,7 @@ namespace korvane {
 class TDateScalerGestures;
 
 /// What the chart asks of the controls around it.
-class IGantHost
+class KORVANE_CORE_API IGantHost
 {
 public:
     virtual ~IGantHost() = default;
@@ -54,7 +55,7 @@ public:
 /// The state and the rules of a Gantt chart. Time items lie in layers on rows; links join them.
 ///
 /// A chart is created in two steps: construct, then InitializeData, which calls the factories.
-class TGantCore : public TObject, protected TGantDataKeeper
+class KORVANE_CORE_API TGantCore : public TObject, protected TGantDataKeeper
 {
 public:
     /// `component` is what event handlers receive as the chart; it may be null.

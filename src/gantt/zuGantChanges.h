@@ -1,6 +1,7 @@
 // What the user changes in a Gantt chart, whatever he does it with.
 #pragma once
 
+#include "foundation/zuExport.h"
 #include "foundation/zuGraphStuff.h"
 #include "gantt/zuGantSelection.h"
 
@@ -11,7 +12,7 @@ namespace korvane {
 
 /// Adds the rules of moving, copying and resizing to the chart: the grid of times, and what happens
 /// to the selected items. None asks for the permissions of rows.
-class TGantChanges : public TGantSelection
+class KORVANE_CORE_API TGantChanges : public TGantSelection
 {
 public:
     TGantChanges(IGantHost &host, IGantInputHost &inputHost, TzuGant_ComBasic *component);

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "data/zuDataEntityPack.h"
+#include "foundation/zuExport.h"
 #include "gantt/zuGantTypes.h"
 #include "gantt/zuSpanbarItemTexts.h"
 
@@ -17,7 +18,7 @@ class TzuDataList_GantRow;
 ///
 /// Setters store and announce nothing; DoInfoPush (inherited) announces that the values have
 /// changed.
-class TzuDataEntity_Spanbar : public TzuDataEntity
+class KORVANE_CORE_API TzuDataEntity_Spanbar : public TzuDataEntity
 {
 public:
     TzuDataEntity_Spanbar() = default;
@@ -125,7 +126,7 @@ struct TSpanbarSetPlace
 };
 
 /// A dependency line between two time items. Never drawn while either end is missing.
-class TzuDataEntity_Link : public TzuDataEntity
+class KORVANE_CORE_API TzuDataEntity_Link : public TzuDataEntity
 {
 public:
     TzuDataEntity_Link() = default;
@@ -171,7 +172,7 @@ private:
 };
 
 /// The items of one layer of a row.
-class TzuDataList_GantRow : public TzuDataList
+class KORVANE_CORE_API TzuDataList_GantRow : public TzuDataList
 {
 public:
     TzuDataList_GantRow();
@@ -206,6 +207,6 @@ private:
 };
 
 /// The object as a time item. Throws std::bad_cast when it is of another class.
-TzuDataEntity_Spanbar &TimeDataEntity(TObject &object);
+KORVANE_CORE_API TzuDataEntity_Spanbar &TimeDataEntity(TObject &object);
 
 } // namespace korvane

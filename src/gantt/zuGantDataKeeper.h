@@ -1,13 +1,14 @@
 // Safety of pointers to rows, items and links that are kept from one event to the next.
 #pragma once
 
+#include "foundation/zuExport.h"
 #include "gantt/zuGantData.h"
 
 namespace korvane {
 
 /// Base of whoever keeps pointers to rows, items or links: it is told when one of them is freed,
 /// also when its list unloads it without any event. Main thread only.
-class TGantDataKeeper
+class KORVANE_CORE_API TGantDataKeeper
 {
 public:
     TGantDataKeeper(const TGantDataKeeper &) = delete;

@@ -2,6 +2,7 @@
 
 #include "foundation/zuGraphStuffDraw.h"
 #include "gantt/zuGant.h"
+#include "gantt/zuTimeDraw.h"
 #include "scaler/zuScalerGestures.h"
 
 #include <algorithm>
@@ -20,7 +21,6 @@ constexpr int kWidestGroup = 2 * TGantRow::kLeastItemWidth;
 constexpr double kInstantPixels = 0.25;
 /// Strips of this height have darker edges above and below, as bars have.
 constexpr int kRoomForEdges = 5;
-constexpr int kEdgeTint = -35;
 /// Of columns that are not drawn.
 constexpr auto kNoColor = static_cast<TColor>(-1);
 

@@ -1,6 +1,7 @@
 // Long layers of a row: what is on top at a point, and the drawing of many items on few pixels.
 #pragma once
 
+#include "foundation/zuExport.h"
 #include "gantt/zuGantRow.h"
 #include "gantt/zuGantTimeIndex.h"
 
@@ -13,7 +14,7 @@ class TGantCore;
 
 /// Places of a layer's items in the order of drawing. Asking for neighbours one after the other
 /// costs little.
-class TGantRanks
+class KORVANE_CORE_API TGantRanks
 {
 public:
     explicit TGantRanks(const TzuDataList &layer)
@@ -30,7 +31,7 @@ private:
 
 /// Finds the topmost item at a point. Where many items lie on the same pixels it costs the groups
 /// of them.
-class TGantTopmost final : public TGantGroupVisitor
+class KORVANE_CORE_API TGantTopmost final : public TGantGroupVisitor
 {
 public:
     /// `rowY` is the row's height in area pixels.
@@ -65,7 +66,7 @@ private:
 /// do, but never over a symbol. What the application draws and symbols of different looks are
 /// never part of a group, symbols that lie exactly below an equal one are left out. So a frame
 /// costs the pixels and the groups, which hold up to some hundred items each.
-class TGantDensity final : public TGantGroupVisitor
+class KORVANE_CORE_API TGantDensity final : public TGantGroupVisitor
 {
 public:
     TGantDensity(TGantCore &gant, const TGantRow &row, const TzuDataList &layer, TPixelSpan rowY);

@@ -1,6 +1,7 @@
 // Items and links in words, for hints and for assistive technology.
 #pragma once
 
+#include "foundation/zuExport.h"
 #include "gantt/zuGantData.h"
 
 #include <string>
@@ -8,12 +9,12 @@
 namespace korvane {
 
 /// The item's first text that is not empty, or else the caption of its row.
-std::string CaptionOf(const TzuDataEntity_Spanbar &item);
+KORVANE_CORE_API std::string CaptionOf(const TzuDataEntity_Spanbar &item);
 /// Caption of the row's node; empty when it has none.
-std::string CaptionOf(const TGantRow &row);
+KORVANE_CORE_API std::string CaptionOf(const TGantRow &row);
 /// Captions of both ends.
-std::string CaptionOf(const TzuDataEntity_Link &link);
+KORVANE_CORE_API std::string CaptionOf(const TzuDataEntity_Link &link);
 /// When the item starts and stops, in the locale's short forms; one time when both are the same.
-std::string TimesOf(const TzuDataEntity_Spanbar &item);
+KORVANE_CORE_API std::string TimesOf(const TzuDataEntity_Spanbar &item);
 
 } // namespace korvane

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "foundation/zuAutoScroll.h"
+#include "foundation/zuExport.h"
 #include "foundation/zuOutline.h"
 #include "gantt/zuGantChanges.h"
 #include "gantt/zuGantHint.h"
@@ -36,7 +37,7 @@ namespace korvane {
 ///   drag and drop.
 ///
 /// Handlers of the mouse events may also destroy the chart; those of changes may not.
-class TGantGestures : public TGantChanges
+class KORVANE_CORE_API TGantGestures : public TGantChanges
 {
 public:
     TGantGestures(IGantHost &host, IGantInputHost &inputHost, TzuGant_ComBasic *component);

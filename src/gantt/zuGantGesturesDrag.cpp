@@ -9,15 +9,6 @@
 
 namespace korvane {
 
-namespace {
-
-/// How far the mouse goes from the press, on either axis, before it drags.
-constexpr int kDragDistance = 4;
-/// Press points that scrolled away stay in a range in which offsets do not overflow.
-constexpr int kFarAway = std::numeric_limits<int>::max() / 8;
-
-} // namespace
-
 bool TGantGestures::PastThreshold(TPoint at) const
 {
     return std::abs(at.X - m_downPoint.X) >= kDragDistance

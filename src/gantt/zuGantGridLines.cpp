@@ -12,8 +12,6 @@ namespace korvane {
 
 namespace {
 
-constexpr std::int64_t kFarAway = std::numeric_limits<int>::max() / 8;
-
 TzuDataEntity_GridTreeNode *NodeOf(const TAxisContentItem &item)
 {
     return dynamic_cast<TzuDataEntity_GridTreeNode *>(item.Value());

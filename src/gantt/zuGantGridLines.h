@@ -1,6 +1,7 @@
 // The lines of a grid beside the rows of the chart.
 #pragma once
 
+#include "foundation/zuExport.h"
 #include "gantt/zuGantLines.h"
 
 namespace korvane {
@@ -10,7 +11,7 @@ class TBabGridSelectCore;
 
 /// The rows of a grid that is a tree, each as high as it is there. Hidden rows count as lines. Rows
 /// that are only counted are loaded when they are asked for.
-class TGantGridLines : public IGantLines
+class KORVANE_CORE_API TGantGridLines : public IGantLines
 {
 public:
     /// Both are observed.

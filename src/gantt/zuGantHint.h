@@ -1,6 +1,7 @@
 // What a gesture in the chart tells in words.
 #pragma once
 
+#include "foundation/zuExport.h"
 #include "foundation/zuGestureHint.h"
 #include "gantt/zuGantData.h"
 
@@ -10,9 +11,9 @@
 namespace korvane {
 
 /// The captions of the item a link starts at and of the one it would end at, which may be null.
-TGestureHint HintOfDependency(const TzuDataEntity_Spanbar *first,
-                              const TzuDataEntity_Spanbar *second);
+KORVANE_CORE_API TGestureHint HintOfDependency(const TzuDataEntity_Spanbar *first,
+                                               const TzuDataEntity_Spanbar *second);
 
-TItemDragData DragDataOf(std::span<TzuDataEntity_Spanbar *const> items, bool copy);
+KORVANE_CORE_API TItemDragData DragDataOf(std::span<TzuDataEntity_Spanbar *const> items, bool copy);
 
 } // namespace korvane

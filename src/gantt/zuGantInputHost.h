@@ -1,6 +1,7 @@
 // What the input handling of a Gantt chart asks of the controls around the drawn area.
 #pragma once
 
+#include "foundation/zuExport.h"
 #include "foundation/zuTypes.h"
 #include "gantt/zuGantHint.h"
 #include "gantt/zuGantLines.h"
@@ -20,7 +21,7 @@ enum class TGantCursor : unsigned char {
     Forbidden
 };
 
-class IGantInputHost
+class KORVANE_CORE_API IGantInputHost
 {
 public:
     virtual ~IGantInputHost() = default;

@@ -1,6 +1,7 @@
 // What the keyboard does in the area of a Gantt chart.
 #pragma once
 
+#include "foundation/zuExport.h"
 #include "gantt/zuGantGestures.h"
 
 #include <string>
@@ -87,7 +88,7 @@ struct TAreaHint
 ///
 /// Space selects the active item, Ctrl+Space changes its mark, Ctrl+A selects all, Escape cancels
 /// or clears, Enter edits, Delete deletes with consent, plus and minus zoom.
-class TGantKeys : public TGantGestures
+class KORVANE_CORE_API TGantKeys : public TGantGestures
 {
 public:
     using TGantGestures::TGantGestures;

@@ -1,6 +1,7 @@
 // The lines beside the rows of the chart.
 #pragma once
 
+#include "foundation/zuExport.h"
 #include "gantt/zuGantRowList.h"
 
 #include <optional>
@@ -14,7 +15,7 @@ struct TTreeGeometry;
 /// What the chart knows of the control beside it, row tree or grid: which line belongs to which row
 /// and where it lies. Lines are counted from the first one that can be scrolled to; pixels are
 /// those of the area.
-class IGantLines
+class KORVANE_CORE_API IGantLines
 {
 public:
     virtual ~IGantLines() = default;
@@ -49,7 +50,7 @@ public:
 };
 
 /// The lines of a row tree, all of one height.
-class TGantTreeLines : public IGantLines
+class KORVANE_CORE_API TGantTreeLines : public IGantLines
 {
 public:
     TGantTreeLines(TTreeCore &tree, const TGantRowList &rows)

@@ -19,11 +19,6 @@ int MiddleX(const TRect &rect)
     return rect.Left + rect.Width() / 2;
 }
 
-int MiddleY(const TRect &rect)
-{
-    return rect.Top + rect.Height() / 2;
-}
-
 /// Rectangle spanned by two points, as half-open as a line's pixels are.
 TRect Spanned(TPoint a, TPoint b)
 {
@@ -63,8 +58,8 @@ TLinkPoints LinkPoints(const TLinkEnd &first, const TLinkEnd &second, TLinkStyle
 
     const bool leftwards = MiddleX(a) >= MiddleX(b);
     TLinkPoints points;
-    points.Start = {leftwards ? a.Left : a.Right, MiddleY(a)};
-    points.End = {leftwards ? b.Right : b.Left, MiddleY(b)};
+    points.Start = {leftwards ? a.Left : a.Right, a.MiddleY()};
+    points.End = {leftwards ? b.Right : b.Left, b.MiddleY()};
     points.Heading = leftwards ? -1 : 1;
     if (style == TLinkStyle::tlsMSProject) {
         points.End.Y = a.Top >= b.Top ? b.Bottom : b.Top;

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "foundation/zuCanvas.h"
+#include "foundation/zuExport.h"
 #include "foundation/zuTypes.h"
 #include "gantt/zuGantTypes.h"
 
@@ -27,16 +28,17 @@ struct TLinkPoints
 };
 
 /// Whether a link with these ends is drawn.
-bool IsLinkShown(const TLinkEnd &first, const TLinkEnd &second, TLinkShow show);
+KORVANE_CORE_API bool IsLinkShown(const TLinkEnd &first, const TLinkEnd &second, TLinkShow show);
 
 /// End points for ends of which at least one is on screen. An end that is scrolled away is replaced
 /// by a stub beside the other: a second end 10 pixels to the left of the first, a first end 10
 /// pixels to the right of the second. `style` decides how the end is entered: from above or below
 /// with tlsMSProject, from the side otherwise.
-TLinkPoints LinkPoints(const TLinkEnd &first, const TLinkEnd &second, TLinkStyle style);
+KORVANE_CORE_API TLinkPoints LinkPoints(const TLinkEnd &first, const TLinkEnd &second,
+                                        TLinkStyle style);
 
 /// The lines of a link and its arrow head.
-class TLinkRoute
+class KORVANE_CORE_API TLinkRoute
 {
 public:
     /// tlsDefault gives three segments, every other style two.
@@ -60,7 +62,7 @@ private:
 
 /// The distance in pixels from a point to the nearest of connected lines; infinite when there are
 /// none.
-double DistanceToLine(std::span<const TPoint> line, TPoint point);
+KORVANE_CORE_API double DistanceToLine(std::span<const TPoint> line, TPoint point);
 
 enum class TLinkMark : unsigned char {
     None,
@@ -69,10 +71,11 @@ enum class TLinkMark : unsigned char {
 };
 
 /// Draws a link's mark, which goes below the link. Without a mark nothing is drawn.
-void DrawLinkMark(TCanvas &canvas, std::span<const TPoint> line, TLinkMark mark, TColor color);
+KORVANE_CORE_API void DrawLinkMark(TCanvas &canvas, std::span<const TPoint> line, TLinkMark mark,
+                                   TColor color);
 /// Draws a link. Nothing outside the canvas' clip rectangle is sent to the canvas; the brush is
 /// restored.
-void DrawLink(TCanvas &canvas, const TLinkRoute &route, TLinkStyle style, TColor color,
-              TLinkMark mark = TLinkMark::None);
+KORVANE_CORE_API void DrawLink(TCanvas &canvas, const TLinkRoute &route, TLinkStyle style,
+                               TColor color, TLinkMark mark = TLinkMark::None);
 
 } // namespace korvane

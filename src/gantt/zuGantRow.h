@@ -2,6 +2,7 @@
 #pragma once
 
 #include "data/zuDataTraveser.h"
+#include "foundation/zuExport.h"
 #include "gantt/zuGantData.h"
 #include "gantt/zuGantTypes.h"
 
@@ -21,7 +22,7 @@ class TTimeDistinctGenericThread;
 ///
 /// A row takes its rectangle from its node while the node's line is on screen; otherwise it is
 /// scrolled away and its items have no vertical place.
-class TGantRow : public TzuExposable
+class KORVANE_CORE_API TGantRow : public TzuExposable
 {
 public:
     explicit TGantRow(TGantRowList &rowList, TzuDataEntity_Tree *treeNode,

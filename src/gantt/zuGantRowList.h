@@ -2,6 +2,7 @@
 #pragma once
 
 #include "data/zuSequence.h"
+#include "foundation/zuExport.h"
 #include "foundation/zuExposable.h"
 #include "gantt/zuGantTypes.h"
 
@@ -21,7 +22,7 @@ struct TVisibleNode
 
 /// All rows in creation order. It owns them; rows come and go with the nodes of the row tree
 /// and of the grid.
-class TGantRowList : public TzuExposable
+class KORVANE_CORE_API TGantRowList : public TzuExposable
 {
 public:
     explicit TGantRowList(TGantCore &gant)

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "data/zuItemSet.h"
+#include "foundation/zuExport.h"
 #include "foundation/zuInput.h"
 #include "gantt/zuGant.h"
 #include "gantt/zuGantInputHost.h"
@@ -25,7 +26,7 @@ class TTreeCore;
 /// An operation fires OnSelectionChanged_Spanbar or _Link once for each entity whose mark has
 /// changed, and OnAfterSelectionChanged once in the end. Handlers may change the selection, the
 /// items and the links, but not destroy the chart.
-class TGantSelection : public TGantCore
+class KORVANE_CORE_API TGantSelection : public TGantCore
 {
 public:
     TGantSelection(IGantHost &host, IGantInputHost &inputHost, TzuGant_ComBasic *component);

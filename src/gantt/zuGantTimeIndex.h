@@ -2,6 +2,7 @@
 #pragma once
 
 #include "data/zuTimeIndex.h"
+#include "foundation/zuExport.h"
 
 #include <optional>
 #include <vector>
@@ -29,7 +30,7 @@ struct TGantItemGroup
 };
 
 /// What takes the items of a stretch of time, groups of them at once where it can.
-class TGantGroupVisitor
+class KORVANE_CORE_API TGantGroupVisitor
 {
 public:
     virtual ~TGantGroupVisitor() = default;
@@ -52,7 +53,8 @@ struct TGantBlockNotes
 };
 
 /// The items of a layer in order of time, with what drawing and hit tests ask of many at once.
-class TGantTimeIndex : public TNotedTimeIndex<TzuDataEntity_Spanbar, TGantBlockNotes>
+class KORVANE_CORE_API TGantTimeIndex
+    : public TNotedTimeIndex<TzuDataEntity_Spanbar, TGantBlockNotes>
 {
 public:
     using TNotedTimeIndex::TNotedTimeIndex;

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "foundation/zuCanvas.h"
+#include "foundation/zuExport.h"
 #include "foundation/zuMethod.h"
 #include "foundation/zuTypes.h"
 
@@ -46,7 +47,7 @@ using TOnStyleSet =
     TMethod<void(const TzuTimeItemTextCollection &collection, TCanvas &canvas, int style)>;
 
 /// The texts of one item, in insertion order.
-class TzuTimeItemTextCollection
+class KORVANE_CORE_API TzuTimeItemTextCollection
 {
 public:
     int GetCount() const { return static_cast<int>(m_texts.size()); }

@@ -10,17 +10,11 @@ namespace korvane {
 
 namespace {
 
-constexpr int kEdgeTint = -35;
 constexpr int kLineWidth = 2;
 /// Half the height of the marks at a line's ends.
 constexpr int kEndMark = 4;
 constexpr int kWaveLength = 12;
 constexpr int kWaveHeight = 3;
-
-int MiddleY(const TRect &rect)
-{
-    return rect.Top + rect.Height() / 2;
-}
 
 void Frame(TCanvas &canvas, const TRect &rect, TColor color)
 {
@@ -38,7 +32,7 @@ std::array<TPoint, 4> RombPoints(const TRect &rect, const TCanvas &canvas)
 {
     const TRect safe = TzuTimeDraw::W95Safe(rect, canvas);
     const int middleX = safe.Left + safe.Width() / 2;
-    const int middleY = MiddleY(safe);
+    const int middleY = safe.MiddleY();
     return {TPoint{safe.Left, middleY}, TPoint{middleX, safe.Top}, TPoint{safe.Right, middleY},
             TPoint{middleX, safe.Bottom}};
 }
@@ -99,7 +93,7 @@ void TzuTimeDraw::DrawPipe(TColor color, const TRect &rect, TCanvas &canvas)
 void TzuTimeDraw::LineOutline(TColor color, const TRect &rect, TCanvas &canvas, TLineEnds ends)
 {
     const TRect safe = W95Safe(rect, canvas);
-    const int middle = MiddleY(safe);
+    const int middle = safe.MiddleY();
     const TColor fill = canvas.ResolveColor(color);
     canvas.FillRect(
         {safe.Left, middle - kLineWidth / 2, safe.Right, middle - kLineWidth / 2 + kLineWidth},
@@ -115,7 +109,7 @@ void TzuTimeDraw::LineOutline(TColor color, const TRect &rect, TCanvas &canvas, 
 void TzuTimeDraw::WaveOutline(TColor color, const TRect &rect, TCanvas &canvas)
 {
     const TRect safe = W95Safe(rect, canvas);
-    const int middle = MiddleY(safe);
+    const int middle = safe.MiddleY();
     const int height = std::min(kWaveHeight, std::max(1, safe.Height() / 2 - 1));
     // The wave hangs on the item's own start, so that it does not creep while the axis scrolls.
     const std::int64_t phase = (static_cast<std::int64_t>(safe.Left) - rect.Left) % kWaveLength;

@@ -2,15 +2,19 @@
 #pragma once
 
 #include "foundation/zuCanvas.h"
+#include "foundation/zuExport.h"
 #include "foundation/zuTypes.h"
 
 namespace korvane {
+
+/// By how much the upper and lower edges of bars are darker than the bar, in TintColor's terms.
+inline constexpr int kEdgeTint = -35;
 
 enum class TLineEnds : unsigned char { leNone, leMarks };
 
 /// Drawing routines of the item styles. Rectangles are half-open pixels and may reach far beyond
 /// the canvas: what lies outside its clip rectangle costs nothing. Pen and brush are left changed.
-class TzuTimeDraw
+class KORVANE_CORE_API TzuTimeDraw
 {
 public:
     TzuTimeDraw() = delete;

@@ -3,6 +3,7 @@
 
 #include "cellgrid/zuBabCell.h"
 #include "cellgrid/zuLayoutProp.h"
+#include "foundation/zuExport.h"
 #include "grid/zuGridCollection.h"
 
 #include <memory>
@@ -14,11 +15,11 @@ namespace korvane {
 class TzuCellLayouts;
 
 /// Whether two names are equal but for the case of ASCII letters.
-bool SameName(std::string_view a, std::string_view b);
+KORVANE_CORE_API bool SameName(std::string_view a, std::string_view b);
 
 /// One look. Its properties live in an object that every cell with this layout refers to, so that
 /// all of them change together.
-class TzuCellLayout : public TObject
+class KORVANE_CORE_API TzuCellLayout : public TObject
 {
 public:
     explicit TzuCellLayout(TzuCellLayouts &layouts)
@@ -87,7 +88,7 @@ private:
     std::shared_ptr<TLayoutProp> m_prop = std::make_shared<TLayoutProp>();
 };
 
-class TzuCellLayouts : public TGridCollection<TzuCellLayout>
+class KORVANE_CORE_API TzuCellLayouts : public TGridCollection<TzuCellLayout>
 {
 public:
     explicit TzuCellLayouts(IGridModelHost &host)

@@ -3,6 +3,7 @@
 
 #include "cellgrid/zuBabGridCell.h"
 #include "foundation/zuEventHandling.h"
+#include "foundation/zuExport.h"
 #include "grid/zuCellLayouts.h"
 #include "grid/zuGridColumns.h"
 #include "grid/zuGridSubGrids.h"
@@ -40,7 +41,7 @@ using TOnInitTreeSubDataList = TMethod<void(TObject *theGrid, TzuDataEntity_Grid
 
 /// What TzuGrid adds to a view of a grid cell: the declarative columns, sub-grids and layouts, from
 /// which the axes of the view's grid and of every sub-grid are built.
-class TzuGridCore : private IGridModelHost
+class KORVANE_CORE_API TzuGridCore : private IGridModelHost
 {
 public:
     static constexpr int kInfoColumnWidth = 20;

@@ -1,6 +1,7 @@
 // Ordered collections of items that forms store, such as the columns of a grid.
 #pragma once
 
+#include "foundation/zuExport.h"
 #include "foundation/zuTypes.h"
 
 #include <algorithm>
@@ -82,7 +83,7 @@ private:
 };
 
 /// Hears of changes to the collections of a grid.
-class IGridModelHost
+class KORVANE_CORE_API IGridModelHost
 {
 public:
     virtual ~IGridModelHost() = default;

@@ -3,6 +3,7 @@
 
 #include "cellgrid/zuBabColumn.h"
 #include "cellgrid/zuBabGridCell.h"
+#include "foundation/zuExport.h"
 #include "grid/zuCellLayouts.h"
 #include "grid/zuGridCollection.h"
 
@@ -24,7 +25,7 @@ using TOnGetIconIndex = TMethod<void(TzuGrid_Column *theColumn, TAxisContentItem
 using TOnGroupcellCompare = TMethod<void(TzuGrid_Column *theColumn, TAxisContentItem *theUpperRow,
                                          TAxisContentItem *theLowerRow, bool &theEqual)>;
 
-class TzuGrid_Column : public TBabColumn
+class KORVANE_CORE_API TzuGrid_Column : public TBabColumn
 {
 public:
     TzuGrid_Column(TzuGrid_Columns &columns, int width, TColumnKind kind)
@@ -107,7 +108,7 @@ private:
 };
 
 /// Columns, and the grids that were built from them; a change of the columns reaches every one.
-class TzuGrid_Columns : public TGridCollection<TzuGrid_Column>
+class KORVANE_CORE_API TzuGrid_Columns : public TGridCollection<TzuGrid_Column>
 {
 public:
     static constexpr int kDefaultWidth = 64;

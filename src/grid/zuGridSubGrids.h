@@ -1,6 +1,7 @@
 // The kinds of grids that cells of a grid may show.
 #pragma once
 
+#include "foundation/zuExport.h"
 #include "grid/zuGridColumns.h"
 
 #include <memory>
@@ -49,7 +50,7 @@ private:
     TzuGrid_Columns m_columns;
 };
 
-class TzuGrid_SubGrids : public TGridCollection<TzuGrid_SubGrid>
+class KORVANE_CORE_API TzuGrid_SubGrids : public TGridCollection<TzuGrid_SubGrid>
 {
 public:
     TzuGrid_SubGrids(IGridModelHost &host, const TzuCellLayouts &layouts)

@@ -10,9 +10,6 @@ namespace korvane {
 
 namespace {
 
-/// Deletions within deletions that the stack has to bear.
-constexpr int kMaxDeletionDepth = 256;
-
 using TNode = TzuDataEntity_GridTreeNode;
 
 TNode *NodeOfEntity(TzuDataEntity *entity)

@@ -4,6 +4,7 @@
 #include "cellgrid/zuBabGridCell.h"
 #include "data/zuDataTraveser.h"
 #include "foundation/zuEventHandling.h"
+#include "foundation/zuExport.h"
 #include "grid/zuGridTreeData.h"
 
 #include <cstdint>
@@ -37,7 +38,7 @@ using TOnGetNodeKey =
 /// Expanded nodes that are deleted are expanded again when they come back, as they do when an
 /// application loads its content anew: a node's key is what OnGetNodeKey says, else its user
 /// reference, else the texts from its root to it. Nodes without any are not recognised.
-class TzuGridTree : public TObject
+class KORVANE_CORE_API TzuGridTree : public TObject
 {
 public:
     using TNodeNotify = TMethod<void(TzuGridTree *theTree, TzuDataEntity_GridTreeNode *theNode)>;
@@ -157,7 +158,7 @@ private:
 };
 
 /// A tree in a cell of a grid.
-class TzuSubTreeCell : public TBabSubGridCell
+class KORVANE_CORE_API TzuSubTreeCell : public TBabSubGridCell
 {
 public:
     explicit TzuSubTreeCell(TzuGridCore &grid)

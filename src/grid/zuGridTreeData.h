@@ -3,6 +3,7 @@
 
 #include "cellgrid/zuBabTreeRow.h"
 #include "data/zuDataEntityPack.h"
+#include "foundation/zuExport.h"
 
 #include <cstdint>
 #include <string>
@@ -15,7 +16,7 @@ class TzuGridTree;
 
 /// A row of a grid that is a tree. Every node has its row, hidden while an ancestor is collapsed,
 /// so that cells, heights and selections stay with it.
-class TzuDataEntity_GridTreeNode : public TzuDataEntity, public IBabTreeRow
+class KORVANE_CORE_API TzuDataEntity_GridTreeNode : public TzuDataEntity, public IBabTreeRow
 {
 public:
     TzuDataEntity_GridTreeNode() = default;
@@ -90,7 +91,7 @@ private:
 };
 
 /// The children of one node, or the roots of a tree.
-class TzuDataList_GridTree : public TzuDataList
+class KORVANE_CORE_API TzuDataList_GridTree : public TzuDataList
 {
 public:
     void AfterCreate(TzuListController *controller, EntityClass entityClass) override;

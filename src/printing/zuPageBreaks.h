@@ -1,6 +1,7 @@
 // How content longer than a page is cut into pages along one direction.
 #pragma once
 
+#include "foundation/zuExport.h"
 #include "foundation/zuTypes.h"
 
 #include <functional>
@@ -10,7 +11,7 @@ namespace korvane {
 
 /// Content along one direction of the paper, with the places where it may be cut. Positions run
 /// from 0 to Length, in pixels of the screen.
-class IPrintAxis
+class KORVANE_CORE_API IPrintAxis
 {
 public:
     virtual ~IPrintAxis() = default;
@@ -35,15 +36,15 @@ struct TPageSpan
 
 /// Pages of at most `capacity` pixels, repeated parts included. None for content without length;
 /// throws std::invalid_argument when a page would have no room.
-std::vector<TPageSpan> SplitIntoPages(const IPrintAxis &axis, double capacity);
+KORVANE_CORE_API std::vector<TPageSpan> SplitIntoPages(const IPrintAxis &axis, double capacity);
 
 /// The least capacity that needs no more than so many pages (at least 1), to a hundredth of a pixel
 /// where pages become fewer steadily with growing capacity.
-double CapacityForPages(const IPrintAxis &axis, int pages);
+KORVANE_CORE_API double CapacityForPages(const IPrintAxis &axis, int pages);
 
 /// Rows one below the other, in an outline; or columns side by side. A page never cuts through one,
 /// unless it is larger than the page, and begins with the headings of the groups that it continues.
-class TPrintRows : public IPrintAxis
+class KORVANE_CORE_API TPrintRows : public IPrintAxis
 {
 public:
     /// Without headings. Sizes are positive.
@@ -78,7 +79,7 @@ private:
 /// The time of a chart. A page ends at the boundary of the longest calendar unit (year, quarter,
 /// month, week, day, hour, ten minutes, minute) that leaves it at least three fifths full, or else
 /// where it is full.
-class TPrintTime : public IPrintAxis
+class KORVANE_CORE_API TPrintTime : public IPrintAxis
 {
 public:
     /// The mapping between times and whole pixels of the content.

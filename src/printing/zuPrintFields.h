@@ -1,6 +1,8 @@
 // Texts of page headers and footers.
 #pragma once
 
+#include "foundation/zuExport.h"
+
 #include <string>
 #include <string_view>
 
@@ -20,7 +22,7 @@ struct TPrintFields
 
 /// The text with "{title}", "{file}", "{date}", "{time}", "{range}", "{page}" and "{pages}"
 /// replaced. "{{" is a brace; any other brace stays as it stands.
-std::string ExpandPrintFields(std::string_view text, const TPrintFields &fields);
+KORVANE_CORE_API std::string ExpandPrintFields(std::string_view text, const TPrintFields &fields);
 
 /// The three texts of a header or footer.
 struct TPrintLine

@@ -1,6 +1,7 @@
 // How large content is printed, and what each page shows of it.
 #pragma once
 
+#include "foundation/zuExport.h"
 #include "printing/zuPageBreaks.h"
 
 #include <vector>
@@ -50,7 +51,7 @@ struct TPrintPage
 };
 
 /// What is printed on which page. Pages go down first, then across.
-class TPrintLayout
+class KORVANE_CORE_API TPrintLayout
 {
 public:
     TPrintLayout() = default;

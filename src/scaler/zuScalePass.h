@@ -1,6 +1,7 @@
 // Daily time windows that are coloured on the time axis or cut out of it.
 #pragma once
 
+#include "foundation/zuExport.h"
 #include "foundation/zuTypes.h"
 #include "scaler/zuScalerSteps.h"
 
@@ -34,13 +35,14 @@ struct TPassInfo
 inline constexpr int kMillisecondsPerDay = 86'400'000;
 
 /// Milliseconds since midnight, 0 <= result < kMillisecondsPerDay, to the nearest.
-int MillisecondOfDay(TDateTime date);
+KORVANE_CORE_API int MillisecondOfDay(TDateTime date);
 
 /// The first active pass whose window holds the millisecond of the day decides.
-TPassInfo PassInfoAt(std::span<const TDateScalePass> passes, TDateTime minorStep, int millisecond);
+KORVANE_CORE_API TPassInfo PassInfoAt(std::span<const TDateScalePass> passes, TDateTime minorStep,
+                                      int millisecond);
 
 /// What a set of passes makes of a day at a given minor step.
-class TDayPattern
+class KORVANE_CORE_API TDayPattern
 {
 public:
     /// Of a day without a visible millisecond.

@@ -1,6 +1,7 @@
 // The positions of marks along the time axis.
 #pragma once
 
+#include "foundation/zuExport.h"
 #include "foundation/zuTypes.h"
 #include "scaler/zuScalePass.h"
 
@@ -13,7 +14,7 @@ namespace korvane {
 ///
 /// Positions of steps below a day are counted, not summed up, so they do not drift however far the
 /// walk goes. Those of a day and more all stand at midnight.
-class TScaleWalk
+class KORVANE_CORE_API TScaleWalk
 {
 public:
     /// `pattern` is observed. Throws std::range_error when the start cannot be snapped.

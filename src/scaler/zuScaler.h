@@ -2,6 +2,7 @@
 #pragma once
 
 #include "foundation/zuCanvas.h"
+#include "foundation/zuExport.h"
 #include "foundation/zuMethod.h"
 #include "foundation/zuTypes.h"
 #include "scaler/zuScaleMark.h"
@@ -42,7 +43,7 @@ enum class TScaleRow : unsigned char { Minor, Major };
 /// Whatever recomputes the marks (range, size, label properties, EndUpdate, CalcDrawMode) throws
 /// std::runtime_error with a text that begins "Scale error:" when that fails; the range is then one
 /// day long and has marks. Handlers may change the scaler but not destroy it, except from OnChange.
-class TDateScalerCore : public TObject, public TScalerLabels
+class KORVANE_CORE_API TDateScalerCore : public TObject, public TScalerLabels
 {
 public:
     using TNotify = TMethod<void(TObject *sender)>;

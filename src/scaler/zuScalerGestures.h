@@ -1,6 +1,7 @@
 // What the mouse does on a time axis.
 #pragma once
 
+#include "foundation/zuExport.h"
 #include "foundation/zuInput.h"
 #include "scaler/zuScalerInputHost.h"
 #include "scaler/zuScalerNavigation.h"
@@ -17,7 +18,7 @@ namespace korvane {
 ///
 /// Coordinates are client pixels. The control passes its events on; the operations serve tests and
 /// components as well.
-class TDateScalerGestures : public TDateScalerNavigation
+class KORVANE_CORE_API TDateScalerGestures : public TDateScalerNavigation
 {
 public:
     TDateScalerGestures(IDateScalerHost &host, IScalerInputHost &input);

@@ -1,12 +1,13 @@
 // What a time axis asks of the control that shows it.
 #pragma once
 
+#include "foundation/zuExport.h"
 #include "foundation/zuTypes.h"
 
 namespace korvane {
 
 /// Is called from the axis' constructor on, so it has to be complete before.
-class IDateScalerHost
+class KORVANE_CORE_API IDateScalerHost
 {
 public:
     /// Client size in pixels.

@@ -1,6 +1,7 @@
 // What the gestures on a time axis ask of the control that shows it.
 #pragma once
 
+#include "foundation/zuExport.h"
 #include "foundation/zuTypes.h"
 
 namespace korvane {
@@ -8,7 +9,7 @@ namespace korvane {
 /// Shapes of the pointer over the axis; they tell what a drag does.
 enum class TScalerCursor : unsigned char { Button, Zoom, Pan };
 
-class IScalerInputHost
+class KORVANE_CORE_API IScalerInputHost
 {
 public:
     /// Switches the timer that calls TDateScalerGestures::ScrollButtonPressed every 50 ms.

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "foundation/zuCanvas.h"
+#include "foundation/zuExport.h"
 #include "foundation/zuMethod.h"
 #include "scaler/zuScaleMark.h"
 #include "scaler/zuScalerWeeks.h"
@@ -22,7 +23,7 @@ struct TScaleLabel
 };
 
 /// Formats, fonts and the calendar of a time axis, and the labels that follow from them.
-class TScalerLabels
+class KORVANE_CORE_API TScalerLabels
 {
 public:
     /// A label override: may replace the text of the label that `step` puts at `date`.

@@ -11,7 +11,7 @@ namespace {
 constexpr TDateTime kShortestSpan = kMinute * (1 + 1e-6);
 constexpr double kPage = 0.9;
 /// How often a range is put right when the cuts of the axis have changed with it.
-constexpr int kMostRounds = 8;
+constexpr int kMostCorrections = 8;
 
 /// Days from an instant to the nearest visible one, backwards when the direction is negative.
 /// Zero when it is visible itself, and when none is.
@@ -92,7 +92,7 @@ void TDateScalerNavigation::Fit(const TTimePeriod &period)
     // An axis that cuts time out reaches further than Stop, and which cuts there are depends on the
     // zoom.
     TDateTime hidden = 0;
-    for (int round = 0; round < kMostRounds; ++round) {
+    for (int round = 0; round < kMostCorrections; ++round) {
         SetRange(period.Start, std::max(period.Stop - hidden, period.Start + kMinute));
         const TDateTime found = HiddenUntil(period.Stop);
         if (std::abs(found - hidden) < kScale10Hun) {
@@ -150,7 +150,7 @@ TDateTime TDateScalerNavigation::PastHidden(TDateTime date, double direction) co
 /// Moves until the instant is at the pixel, as nearly as the cuts allow.
 void TDateScalerNavigation::KeepAt(TDateTime date, int pixel)
 {
-    for (int round = 0; round < kMostRounds; ++round) {
+    for (int round = 0; round < kMostCorrections; ++round) {
         const double off = static_cast<double>(DateToPixel(date)) - pixel;
         if (std::abs(off) < 1 || GetScale() <= 0) {
             break;

@@ -1,6 +1,7 @@
 // Moving the visible time by whole steps, pages and zoom notches.
 #pragma once
 
+#include "foundation/zuExport.h"
 #include "scaler/zuScaler.h"
 
 namespace korvane {
@@ -32,7 +33,7 @@ enum class TScalerCommand : unsigned char {
 /// within hidden time, it goes on to the nearest visible instant (MoveTo does not). Zooming ends at
 /// a minute and at the whole axis. None of them does anything while the axis has no length or shows
 /// no time.
-class TDateScalerNavigation : public TDateScalerCore
+class KORVANE_CORE_API TDateScalerNavigation : public TDateScalerCore
 {
 public:
     using TDateScalerCore::TDateScalerCore;

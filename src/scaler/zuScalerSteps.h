@@ -1,6 +1,7 @@
 // The ladder of calendar steps between the marks of a time axis, and what depends on it alone.
 #pragma once
 
+#include "foundation/zuExport.h"
 #include "foundation/zuTypes.h"
 
 #include <string_view>
@@ -33,7 +34,7 @@ inline constexpr TDateTime kScale20Year = 7305;
 inline constexpr TDateTime kScale100Year = 36524;
 
 /// The end of the axis: midnight of 4000-01-01.
-TDateTime LatestStop();
+KORVANE_CORE_API TDateTime LatestStop();
 
 /// A rung of the ladder. The names are Swedish and stay so: applications look for them.
 struct TScaleStep
@@ -43,19 +44,19 @@ struct TScaleStep
 };
 
 /// The first step of the ladder that is strictly longer than `length`, or else the longest one.
-TScaleStep StepFork(TDateTime length);
+KORVANE_CORE_API TScaleStep StepFork(TDateTime length);
 
 /// Months from one boundary of a calendar step to the next; 0 for steps of a fixed length.
-int MonthsOfStep(TDateTime step);
+KORVANE_CORE_API int MonthsOfStep(TDateTime step);
 
 /// The calendar boundary of the step at or before the date; for 10 seconds up to one day the
 /// nearest one, halves up; for one second and less the date itself. `firstDayOfWeek` is 1 (Sunday)
 /// to 7. Throws std::range_error ("To small span") when the date is too far off to be counted in
 /// steps.
-TDateTime Snap(TDateTime step, TDateTime date, int firstDayOfWeek);
+KORVANE_CORE_API TDateTime Snap(TDateTime step, TDateTime date, int firstDayOfWeek);
 
 /// The real length of the step that starts at the date: for months and longer the distance to the
 /// first day of the month one step later, else the step itself.
-TDateTime GetAdaptiveStep(TDateTime step, TDateTime date);
+KORVANE_CORE_API TDateTime GetAdaptiveStep(TDateTime step, TDateTime date);
 
 } // namespace korvane

@@ -1,6 +1,7 @@
 // Numbers of weeks and quarters as the labels of the time axis show them.
 #pragma once
 
+#include "foundation/zuExport.h"
 #include "foundation/zuTypes.h"
 
 namespace korvane {
@@ -20,16 +21,16 @@ struct TWeekNum
 // `firstDayOfWeek` counts from 1 = Sunday to 7 = Saturday.
 
 /// Midnight of the day that begins the week of the date.
-TDateTime TruncToFirstDayOfWeek(TDateTime date, int firstDayOfWeek);
+KORVANE_CORE_API TDateTime TruncToFirstDayOfWeek(TDateTime date, int firstDayOfWeek);
 /// The first week of the date's year: the one with 1 January in it, or the week after when that is
 /// a Friday or Saturday. (Not the ISO rule.)
-TFirstWeek FirstWeekOfYear(TDateTime date, int firstDayOfWeek);
+KORVANE_CORE_API TFirstWeek FirstWeekOfYear(TDateTime date, int firstDayOfWeek);
 /// 1..54. The days of a year before its first week count as week 1.
-TWeekNum GetWeekNum(TDateTime date, int firstDayOfWeek);
+KORVANE_CORE_API TWeekNum GetWeekNum(TDateTime date, int firstDayOfWeek);
 
 /// 1..4. Throws std::out_of_range for a month outside 1..12.
-int QuarterOfMonth(int month);
+KORVANE_CORE_API int QuarterOfMonth(int month);
 /// The quarter of the day 15 days later: the last half month of a quarter belongs to the next one.
-int DateToQuarter(TDateTime date);
+KORVANE_CORE_API int DateToQuarter(TDateTime date);
 
 } // namespace korvane

@@ -4,6 +4,7 @@
 #include "data/zuDataEntityPack.h"
 #include "data/zuDataTraveser.h"
 #include "foundation/zuCanvas.h"
+#include "foundation/zuExport.h"
 #include "schema/zuSchemaColumns.h"
 #include "schema/zuSchemaData.h"
 #include "schema/zuSchemaParts.h"
@@ -24,7 +25,7 @@ class TDistinctTimeHolderList;
 class TTimeDistinctGenericThread;
 
 /// What the schedule asks of the controls around it.
-class ISchemaHost
+class KORVANE_CORE_API ISchemaHost
 {
 public:
     virtual ~ISchemaHost() = default;
@@ -71,7 +72,7 @@ public:
 /// one below the other and time running to the right. Both ask the same geometry, turned.
 ///
 /// A schedule is created in two steps: construct, then InitializeData, which calls the factories.
-class TSchemaCore : public TObject
+class KORVANE_CORE_API TSchemaCore : public TObject
 {
 public:
     using TTimes = TSchemaTimeIndex::TTimes;

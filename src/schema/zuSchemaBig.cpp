@@ -10,8 +10,8 @@ namespace korvane {
 namespace {
 
 constexpr int kMargin = 6;
-constexpr TSize kLeastSize{120, 60};
-constexpr TSize kMostSize{360, 230};
+constexpr TSize kLeastHint{120, 60};
+constexpr TSize kMostHint{360, 230};
 /// The component's own font.
 constexpr int kOwnStyle = 0;
 
@@ -41,8 +41,8 @@ TSize TSchemaGestures::BigSize(const TzuDataEntity_SchemaTime &time, TCanvas &ca
         size.Width = std::max(size.Width, extent.Width);
         size.Height += extent.Height;
     }
-    return {std::clamp(size.Width + 2 * kMargin, kLeastSize.Width, kMostSize.Width),
-            std::clamp(size.Height + 2 * kMargin, kLeastSize.Height, kMostSize.Height)};
+    return {std::clamp(size.Width + 2 * kMargin, kLeastHint.Width, kMostHint.Width),
+            std::clamp(size.Height + 2 * kMargin, kLeastHint.Height, kMostHint.Height)};
 }
 
 void TSchemaGestures::PaintBig(const TzuDataEntity_SchemaTime &time, const TRect &rect,

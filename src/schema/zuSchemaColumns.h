@@ -1,6 +1,7 @@
 // The columns of a schedule: their order, sizes and captions.
 #pragma once
 
+#include "foundation/zuExport.h"
 #include "schema/zuSchemaData.h"
 
 #include <array>
@@ -15,7 +16,7 @@ namespace korvane {
 /// Columns have a size of their own in each view: a width in the normal one, a height in the
 /// flipped one. From the first shown column on all are laid out one after the other; those before
 /// it are scrolled away and have the shown size 0.
-class TDataListColumns : public TzuDataList
+class KORVANE_CORE_API TDataListColumns : public TzuDataList
 {
 public:
     static constexpr int kLeastSize = 7;

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "data/zuDataEntityPack.h"
+#include "foundation/zuExport.h"
 #include "schema/zuSchemaTypes.h"
 
 #include <array>
@@ -50,7 +51,7 @@ private:
 ///
 /// Start, stop and column announce their change; the other setters only store, so that DoInfoPush
 /// (inherited) shows what they changed.
-class TzuDataEntity_SchemaTime : public TzuDataEntity
+class KORVANE_CORE_API TzuDataEntity_SchemaTime : public TzuDataEntity
 {
 public:
     using TTexts = std::vector<TzuSchemaText>;
@@ -139,7 +140,7 @@ struct TSchemaPendingPlace
 };
 
 /// A column of the schedule. Its number is its index in the list.
-class TzuDataEntity_SchemaColumn : public TzuDataEntity
+class KORVANE_CORE_API TzuDataEntity_SchemaColumn : public TzuDataEntity
 {
 public:
     TzuDataEntity_SchemaColumn() = default;
@@ -196,7 +197,7 @@ private:
 };
 
 /// The times of one data list of a schedule.
-class TzuDataList_Schema : public TzuDataList
+class KORVANE_CORE_API TzuDataList_Schema : public TzuDataList
 {
 public:
     ~TzuDataList_Schema() override;
@@ -215,6 +216,6 @@ private:
 };
 
 /// The entity as a time. Throws std::bad_cast when it is of another class.
-TzuDataEntity_SchemaTime &DataEntity_Schema(TObject &object);
+KORVANE_CORE_API TzuDataEntity_SchemaTime &DataEntity_Schema(TObject &object);
 
 } // namespace korvane

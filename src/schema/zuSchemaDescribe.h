@@ -1,6 +1,7 @@
 // Times of a schedule in words, for hints and for assistive technology.
 #pragma once
 
+#include "foundation/zuExport.h"
 #include "schema/zuSchemaData.h"
 
 #include <string>
@@ -8,9 +9,9 @@
 namespace korvane {
 
 /// The time's first text that is not empty; else empty.
-std::string CaptionOf(const TzuDataEntity_SchemaTime &time);
+KORVANE_CORE_API std::string CaptionOf(const TzuDataEntity_SchemaTime &time);
 /// When the time starts and stops, in the locale's short forms; one time when both are the same,
 /// one date when both are on the same day.
-std::string TimesOf(const TzuDataEntity_SchemaTime &time);
+KORVANE_CORE_API std::string TimesOf(const TzuDataEntity_SchemaTime &time);
 
 } // namespace korvane

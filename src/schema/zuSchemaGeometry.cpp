@@ -14,7 +14,7 @@ namespace korvane {
 namespace {
 
 /// Times are drawn at least as long.
-constexpr int kLeastLength = 5;
+constexpr int kLeastTimeLength = 5;
 /// More than rounding makes of times relative to a base date.
 constexpr TDateTime kTimeSlack = 1e-6;
 
@@ -22,11 +22,6 @@ int Saturated(std::int64_t pixel)
 {
     return static_cast<int>(std::clamp<std::int64_t>(pixel, std::numeric_limits<int>::min(),
                                                      std::numeric_limits<int>::max()));
-}
-
-int Middle(TPixelSpan span)
-{
-    return span.From + span.Length() / 2;
 }
 
 } // namespace
@@ -70,7 +65,7 @@ TPixelSpan TSchemaCore::TimePixels(bool flip, TDateTime start, TDateTime stop) c
 {
     const TDateScalerCore &scaler = m_host.Scaler();
     // In the flipped view the rectangle begins a pixel later.
-    const int least = flip ? kLeastLength + 1 : kLeastLength;
+    const int least = flip ? kLeastTimeLength + 1 : kLeastTimeLength;
     const std::int64_t from = scaler.DateToPixel(start);
     const std::int64_t to = scaler.DateToPixel(stop);
     return {Saturated(from), Saturated(to - from < least ? from + least : to)};
@@ -117,7 +112,7 @@ TSchemaCore::TStartAndLength TSchemaCore::StartAndLengthFromRect(const TRect &re
     const TDateScalerCore &scaler = m_host.Scaler();
     const TDateTime start = scaler.PixelToDate(pixels.From);
     TStartAndLength result{start, scaler.PixelToDate(pixels.To) - start,
-                           PixelToColumn(Middle(AlongColumns(rect)))};
+                           PixelToColumn(AlongColumns(rect).Middle())};
     if (m_columns->IsCol(result.Col)) {
         result.Start += std::as_const(*m_columns).GetCol(result.Col).BaseDate;
     }
@@ -263,7 +258,7 @@ TSchemaCore::TVisibleTime TSchemaCore::NarrowedTo(TPixelSpan pixels,
                                                   const TVisibleTime &visible) const
 {
     const TDateScalerCore &scaler = m_host.Scaler();
-    const int before = pixels.From - kLeastLength - 1;
+    const int before = pixels.From - kLeastTimeLength - 1;
     const TDateTime from = scaler.PixelToDate(before - 2);
     const TDateTime to = scaler.PixelToDate(pixels.To + 2);
     // Where time is hidden, pixels and dates do not go together between the marks.
@@ -312,8 +307,8 @@ TSchemaCore::TTimes TSchemaCore::TimesReached(const TRect &rect)
     const TDateScalerCore &scaler = m_host.Scaler();
     TTimes times = TimesOfColumns(m_columns->VirtualColumnAt(m_flipView, across.From) - 1,
                                   m_columns->VirtualColumnAt(m_flipView, across.To),
-                                  scaler.PixelToDate(along.From - 2 * kLeastLength),
-                                  scaler.PixelToDate(along.To + kLeastLength));
+                                  scaler.PixelToDate(along.From - 2 * kLeastTimeLength),
+                                  scaler.PixelToDate(along.To + kLeastTimeLength));
     std::erase_if(times, [&](auto *time) { return !VirtualRect(*time).Intersects(rect); });
     return times;
 }

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "foundation/zuAutoScroll.h"
+#include "foundation/zuExport.h"
 #include "foundation/zuOutline.h"
 #include "schema/zuSchemaSelection.h"
 
@@ -33,7 +34,7 @@ namespace korvane {
 ///   on as the toolkit's drag and drop.
 ///
 /// Handlers of the mouse events may also destroy the schedule; those of changes may not.
-class TSchemaGestures : public TSchemaSelection
+class KORVANE_CORE_API TSchemaGestures : public TSchemaSelection
 {
 public:
     /// The time between two ticks of the gesture timer.

@@ -10,15 +10,6 @@
 
 namespace korvane {
 
-namespace {
-
-/// How far the mouse goes from the press, on either axis, before it drags.
-constexpr int kDragDistance = 4;
-/// Press points that scrolled away stay in a range in which offsets do not overflow.
-constexpr int kFarAway = std::numeric_limits<int>::max() / 8;
-
-} // namespace
-
 /// The offset of the gesture. Moves leave out the time that the mouse has not really moved along.
 TPoint TSchemaGestures::OffsetTo(TPoint at)
 {

@@ -19,11 +19,6 @@ TDateTime ToGrid(TDateTime value, TDateTime step)
     return step > 0 ? std::nearbyint(value / step) * step : value;
 }
 
-int Middle(TPixelSpan span)
-{
-    return span.From + span.Length() / 2;
-}
-
 } // namespace
 
 void TSchemaGestures::Snap(TDateTime &start, TDateTime &length) const
@@ -64,7 +59,7 @@ TSchemaCore::TPlace TSchemaGestures::Moved(const TzuDataEntity_SchemaTime &time,
     }
     if (AlongColumns(offset) != 0) {
         const TPixelSpan across = HeaderPixelsFromStartStopFromDataEntity(FlipView(), time);
-        place.Col = Columns().VirtualColumnAt(FlipView(), Middle(across) + AlongColumns(offset));
+        place.Col = Columns().VirtualColumnAt(FlipView(), across.Middle() + AlongColumns(offset));
     }
     return place;
 }

@@ -1,6 +1,7 @@
 // What the input handling of a schedule asks of the controls around the drawn area.
 #pragma once
 
+#include "foundation/zuExport.h"
 #include "foundation/zuGestureHint.h"
 #include "schema/zuSchemaTypes.h"
 
@@ -14,7 +15,7 @@ enum class TSchemaCursor : unsigned char {
     Copy,   ///< while copies are dragged
 };
 
-class ISchemaInputHost
+class KORVANE_CORE_API ISchemaInputHost
 {
 public:
     virtual ~ISchemaInputHost() = default;

@@ -1,6 +1,7 @@
 // What the keyboard does in the area of a schedule.
 #pragma once
 
+#include "foundation/zuExport.h"
 #include "schema/zuSchemaGestures.h"
 
 namespace korvane {
@@ -42,7 +43,7 @@ enum class TSchemaKey : unsigned char {
 /// The page keys turn the axis, with Ctrl the columns. Space selects the active time, Ctrl+Space
 /// changes its mark, Ctrl+A selects all, Escape cancels or clears, Enter edits, Delete deletes with
 /// consent, plus and minus zoom, the menu key shows the menu at the selected time.
-class TSchemaKeys : public TSchemaGestures
+class KORVANE_CORE_API TSchemaKeys : public TSchemaGestures
 {
 public:
     using TSchemaGestures::TSchemaGestures;

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "data/zuItemSet.h"
+#include "foundation/zuExport.h"
 #include "foundation/zuInput.h"
 #include "schema/zuSchema.h"
 #include "schema/zuSchemaInputHost.h"
@@ -22,7 +23,7 @@ namespace korvane {
 /// An operation fires OnSelectionChanged_SchemaTime once for each time whose mark has changed, and
 /// OnAfterSelectionChanged once in the end. Handlers may change the selection and the times, but
 /// not destroy the schedule.
-class TSchemaSelection : public TSchemaCore
+class KORVANE_CORE_API TSchemaSelection : public TSchemaCore
 {
 public:
     TSchemaSelection(ISchemaHost &host, ISchemaInputHost &inputHost, TzuSchema_ComBasic *component);

@@ -1,6 +1,7 @@
 // Which columns of a schedule have sub-columns that are out of date.
 #pragma once
 
+#include "foundation/zuExport.h"
 #include "foundation/zuTypes.h"
 
 #include <algorithm>
@@ -14,7 +15,7 @@ namespace korvane {
 ///
 /// A change asks for them, and a little later, when many changes have come together, the request is
 /// accepted. Columns in view are worked out then; the others are due when somebody asks for them.
-class TSubColsDue
+class KORVANE_CORE_API TSubColsDue
 {
 public:
     void Changed(int col)

@@ -3,6 +3,7 @@
 
 #include "data/zuItemSet.h"
 #include "data/zuTimeIndex.h"
+#include "foundation/zuExport.h"
 #include "schema/zuSchemaData.h"
 
 #include <unordered_map>
@@ -12,7 +13,7 @@ namespace korvane {
 
 /// Finds the times of a column that touch a stretch of time. Costs what is found; what has changed
 /// is put in order when the next search comes, so that loading many costs little for each.
-class TSchemaTimeIndex
+class KORVANE_CORE_API TSchemaTimeIndex
 {
 public:
     using TTimes = std::vector<TzuDataEntity_SchemaTime *>;

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "data/zuDataTraveser.h"
+#include "foundation/zuExport.h"
 #include "tree/zuTreeData.h"
 #include "tree/zuTreeDisplay.h"
 #include "tree/zuTreeHost.h"
@@ -26,7 +27,7 @@ using TTreeEntityNotify = TMethod<void(TObject *theTree, TzuDataEntity_Tree *the
 
 /// The rules of the tree, without its widget. Changes to the content mark the display out of date;
 /// the next reader or paint brings it up to date. Handlers may change the content at any time.
-class TTreeCore : public TObject
+class KORVANE_CORE_API TTreeCore : public TObject
 {
 public:
     using TListFactory = TMethod<std::unique_ptr<TzuDataList_Tree>()>;

@@ -9,9 +9,6 @@ namespace korvane {
 
 namespace {
 
-/// Deletions within deletions that the stack has to bear.
-constexpr int kMaxDeletionDepth = 256;
-
 TzuDataEntity_Tree *TreeEntity(TzuDataEntity *entity)
 {
     return dynamic_cast<TzuDataEntity_Tree *>(entity);

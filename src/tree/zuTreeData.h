@@ -2,6 +2,7 @@
 #pragma once
 
 #include "data/zuDataEntityPack.h"
+#include "foundation/zuExport.h"
 #include "tree/zuTreeNode.h"
 
 #include <cstdint>
@@ -21,7 +22,7 @@ inline constexpr std::string_view kTreeTextTooLong =
     "Treenodes only allow strings smaller than 255 chars";
 /// Length of a UTF-8 text in Unicode code points; a stray byte counts as one when it does not
 /// continue another.
-int CodePoints(std::string_view text);
+KORVANE_CORE_API int CodePoints(std::string_view text);
 
 struct TFontStyles
 {
@@ -35,7 +36,7 @@ struct TFontStyles
 
 /// One item of a tree. Its node only displays it; the node comes and goes as the tree brings its
 /// display up to date.
-class TzuDataEntity_Tree : public TzuDataEntity
+class KORVANE_CORE_API TzuDataEntity_Tree : public TzuDataEntity
 {
 public:
     TzuDataEntity_Tree() = default;
@@ -128,7 +129,7 @@ private:
 };
 
 /// The children of one entity, or the roots of a tree.
-class TzuDataList_Tree : public TzuDataList
+class KORVANE_CORE_API TzuDataList_Tree : public TzuDataList
 {
 public:
     TzuDataList_Tree() = default;

@@ -1,6 +1,7 @@
 // Keeps the nodes of a tree in step with its entities, at the cost of what changed.
 #pragma once
 
+#include "foundation/zuExport.h"
 #include "tree/zuTreeData.h"
 #include "tree/zuTreeHost.h"
 #include "tree/zuTreeNode.h"
@@ -19,7 +20,7 @@ class TzuBeginUpdate;
 /// hidden and whose parent has one, in list order unless the tree compares, and placeholders below
 /// entities without children where the tree wants them. Instead of walking, the display is told
 /// which entities and lists to look at.
-class TTreeDisplay
+class KORVANE_CORE_API TTreeDisplay
 {
 public:
     TTreeDisplay(TTreeCore &tree, ITreeNodeObserver &observer);

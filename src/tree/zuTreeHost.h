@@ -1,6 +1,7 @@
 // What the tree's core asks of the view that shows it.
 #pragma once
 
+#include "foundation/zuExport.h"
 #include "tree/zuTreeNode.h"
 
 #include <cstdint>
@@ -17,7 +18,7 @@ struct TTreeGeometry
 };
 
 /// The view of a tree.
-class ITreeHost
+class KORVANE_CORE_API ITreeHost
 {
 public:
     virtual ~ITreeHost() = default;
@@ -62,7 +63,7 @@ enum class TNodeAspect : std::uint8_t {
 
 /// Hears of every change to the nodes. Structural changes come between BeginNodes and EndNodes
 /// only, each announced before and after it is made. Must not change the nodes.
-class ITreeNodeObserver
+class KORVANE_CORE_API ITreeNodeObserver
 {
 public:
     virtual ~ITreeNodeObserver() = default;

@@ -10,11 +10,6 @@ namespace korvane {
 
 namespace {
 
-TzuDataList_Tree *ListOf(const TzuDataEntity_Tree &entity)
-{
-    return dynamic_cast<TzuDataList_Tree *>(entity.GetDataList());
-}
-
 int IndexOf(const TzuDataEntity_Tree &entity)
 {
     const TzuDataList *list = entity.GetDataList();
@@ -214,7 +209,7 @@ bool TTreeUserCore::MoveSelected(TStep step)
 /// A move without entities when there is nowhere to go.
 TTreeMove TTreeUserCore::StepMove(TStep step, TTreeEntities entities)
 {
-    TzuDataList_Tree *list = ListOf(*entities.front());
+    TzuDataList_Tree *list = dynamic_cast<TzuDataList_Tree *>(entities.front()->GetDataList());
     TzuDataEntity_Tree *parent = entities.front()->ParentNode();
     const int first = IndexOf(*entities.front());
     const int last = IndexOf(*entities.back());

@@ -1,6 +1,8 @@
 // Display nodes of the tree: a light hierarchy that knows positions and display rows.
 #pragma once
 
+#include "foundation/zuExport.h"
+
 #include <memory>
 #include <span>
 #include <vector>
@@ -16,7 +18,7 @@ class TTreeNodeList;
 /// the position of a node among all nodes whose ancestors are expanded, counted from the root's
 /// first child = 0. Positions and rows are found in logarithmic time or better, also after changes
 /// in the middle of a million siblings. A node of a flat list takes about 60 bytes all told.
-class TTreeNode_zuSub
+class KORVANE_CORE_API TTreeNode_zuSub
 {
 public:
     using TOwner = std::unique_ptr<TTreeNode_zuSub>;

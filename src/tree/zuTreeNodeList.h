@@ -1,6 +1,7 @@
 // The child list of a tree node: positions and display rows of a million siblings.
 #pragma once
 
+#include "foundation/zuExport.h"
 #include "tree/zuTreeNode.h"
 
 #include <cstddef>
@@ -20,7 +21,7 @@ struct TTreeNode_zuSub::TChunk
 
 /// Owns the children of one node, in runs of bounded length. Sums over the runs before each run are
 /// kept lazily, so that a burst of changes costs one pass over the runs.
-class TTreeNodeList
+class KORVANE_CORE_API TTreeNodeList
 {
 public:
     using TOwner = TTreeNode_zuSub::TOwner;

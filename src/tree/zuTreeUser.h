@@ -1,6 +1,7 @@
 // What a user does with a tree: select, move about, edit, sort, move entities, delete.
 #pragma once
 
+#include "foundation/zuExport.h"
 #include "foundation/zuInput.h"
 #include "tree/zuTree.h"
 
@@ -61,7 +62,7 @@ struct TTreeSort
 /// first: `allow` is true on entry and ends it when false. A handler may do the work itself, for
 /// example as a step that can be undone, and set `handled`. Handlers may change the content, but
 /// not destroy the tree.
-class TTreeUserCore : public TTreeCore
+class KORVANE_CORE_API TTreeUserCore : public TTreeCore
 {
 public:
     using TOnBeforeEdit =

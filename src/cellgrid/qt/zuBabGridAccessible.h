@@ -2,6 +2,7 @@
 #pragma once
 
 #include "cellgrid/qt/zuBabGridView.h"
+#include "foundation/zuExport.h"
 
 #include <QAccessibleWidget>
 
@@ -13,7 +14,8 @@ namespace korvane {
 /// A table whose cells are those of the view's grid behind the heads, hidden and unloaded ones
 /// included; its children are all crossings row by row, heads first. A cell is told by its place
 /// and is made when somebody asks for it, so that a million rows cost nothing.
-class TBabGridAccessible : public QAccessibleWidget, public QAccessibleTableInterface
+class KORVANE_WIDGETS_API TBabGridAccessible : public QAccessibleWidget,
+                                               public QAccessibleTableInterface
 {
 public:
     explicit TBabGridAccessible(TBabGridView_Custom &view)
@@ -67,8 +69,8 @@ private:
 
 /// Tells assistive tools that another cell has the focus, that the selection changed, and that
 /// there are other rows or columns.
-void TellGridFocus(TBabGridView_Custom &view);
-void TellGridSelection(TBabGridView_Custom &view);
-void TellGridReset(TBabGridView_Custom &view);
+KORVANE_WIDGETS_API void TellGridFocus(TBabGridView_Custom &view);
+KORVANE_WIDGETS_API void TellGridSelection(TBabGridView_Custom &view);
+KORVANE_WIDGETS_API void TellGridReset(TBabGridView_Custom &view);
 
 } // namespace korvane

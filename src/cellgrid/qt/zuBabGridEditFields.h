@@ -2,6 +2,7 @@
 #pragma once
 
 #include "cellgrid/zuBabGridEditHost.h"
+#include "foundation/zuExport.h"
 
 #include <QComboBox>
 #include <QLineEdit>
@@ -15,7 +16,7 @@ class QCalendarWidget;
 namespace korvane {
 
 /// A widget that edits one text.
-class IGridField
+class KORVANE_WIDGETS_API IGridField
 {
 public:
     virtual ~IGridField() = default;
@@ -33,6 +34,7 @@ public:
 };
 
 /// The field for a kind of column, owned by the parent. `right` places its text at the right edge.
-IGridField *CreateGridField(const TEditStart &start, bool right, QWidget *parent);
+KORVANE_WIDGETS_API IGridField *CreateGridField(const TEditStart &start, bool right,
+                                                QWidget *parent);
 
 } // namespace korvane

@@ -3,6 +3,7 @@
 
 #include "cellgrid/qt/zuBabGridEditFields.h"
 #include "cellgrid/zuBabGridEditHost.h"
+#include "foundation/zuExport.h"
 
 #include <QPointer>
 #include <QWidget>
@@ -16,7 +17,7 @@ class TBabGridView_Custom;
 
 /// The part of the view that the field shows in, with a frame; what scrolls out of the grid's
 /// scrolling part is cut off, and still has the keyboard.
-class TBabGridEditor : public QWidget
+class KORVANE_WIDGETS_API TBabGridEditor : public QWidget
 {
     Q_OBJECT
 
@@ -46,7 +47,7 @@ private:
 };
 
 /// Opens editors for a view.
-class TBabGridEditOpener : public IBabGridEditHost
+class KORVANE_WIDGETS_API TBabGridEditOpener : public IBabGridEditHost
 {
 public:
     explicit TBabGridEditOpener(TBabGridView_Custom &view)

@@ -4,6 +4,7 @@
 #include "cellgrid/qt/zuBabGridEditor.h"
 #include "cellgrid/zuBabGridEdit.h"
 #include "foundation/qt/zuOffscreenPaint.h"
+#include "foundation/zuExport.h"
 
 #include <QBasicTimer>
 #include <QElapsedTimer>
@@ -30,7 +31,9 @@ namespace korvane {
 /// focus stores, another window does not: before a command that needs what is typed, the program
 /// calls CommitEdit. Alt+Enter breaks the line of a
 /// memo, Alt+Down opens choices and calendars.
-class TBabGridView_Custom : public TzuOffscreenPaint, public TBabGridEdit, private IBabGridHost
+class KORVANE_WIDGETS_API TBabGridView_Custom : public TzuOffscreenPaint,
+                                                public TBabGridEdit,
+                                                private IBabGridHost
 {
     Q_OBJECT
     Q_PROPERTY(bool RowSelect READ RowSelect WRITE SetRowSelect)

@@ -1,6 +1,8 @@
 // What the controls share in telling assistive tools about themselves.
 #pragma once
 
+#include "foundation/zuExport.h"
+
 #include <QAccessible>
 #include <QString>
 
@@ -29,7 +31,7 @@ void InstallAccessible()
 /// Interfaces of the parts of a control that are no widgets, by index. They are created when
 /// somebody asks for them and live as long as this object, however many parts there are meanwhile:
 /// one whose part is gone has to say that it is not valid.
-class TAccessibleParts
+class KORVANE_WIDGETS_API TAccessibleParts
 {
 public:
     TAccessibleParts() = default;

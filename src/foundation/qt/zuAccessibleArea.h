@@ -1,6 +1,8 @@
 // What assistive tools see of the things drawn in an area, which are no widgets.
 #pragma once
 
+#include "foundation/zuExport.h"
+
 #include <QAccessible>
 #include <QObject>
 #include <QRect>
@@ -15,7 +17,7 @@ namespace korvane {
 class TAccessibleArea;
 
 /// One of the things drawn in an area.
-class TAccessiblePart : public QAccessibleInterface
+class KORVANE_WIDGETS_API TAccessiblePart : public QAccessibleInterface
 {
 public:
     explicit TAccessiblePart(TAccessibleArea &area)
@@ -46,7 +48,8 @@ private:
 };
 
 /// A part that holds no others and can be focused, selected and edited.
-class TAccessibleItem : public TAccessiblePart, public QAccessibleActionInterface
+class KORVANE_WIDGETS_API TAccessibleItem : public TAccessiblePart,
+                                            public QAccessibleActionInterface
 {
 public:
     using TAccessiblePart::TAccessiblePart;
@@ -76,7 +79,7 @@ protected:
 };
 
 /// The interfaces of an area's parts, as far as they were asked for. Lives as the area's child.
-class TAccessibleArea : public QObject
+class KORVANE_WIDGETS_API TAccessibleArea : public QObject
 {
 public:
     explicit TAccessibleArea(QWidget &area)
@@ -131,7 +134,7 @@ private:
 };
 
 /// Tells that a part has the focus, or that the selection has changed.
-void TellFocus(QAccessibleInterface *part);
-void TellSelectionWithin(QWidget &area);
+KORVANE_WIDGETS_API void TellFocus(QAccessibleInterface *part);
+KORVANE_WIDGETS_API void TellSelectionWithin(QWidget &area);
 
 } // namespace korvane

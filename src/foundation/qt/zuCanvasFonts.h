@@ -2,6 +2,7 @@
 #pragma once
 
 #include "foundation/zuCanvas.h"
+#include "foundation/zuExport.h"
 
 #include <QFont>
 #include <QStaticText>
@@ -19,7 +20,7 @@ class QPainter;
 namespace korvane {
 
 /// A font as it is drawn, with its metrics and the texts that were drawn in it lately.
-class TCanvasFont
+class KORVANE_WIDGETS_API TCanvasFont
 {
 public:
     TCanvasFont(const TFont &font, int dotsPerInch);
@@ -68,7 +69,7 @@ private:
 ///
 /// Sizes in points become whole pixels at a fixed resolution, so that text takes up the same share
 /// of a drawing on every device. What is kept is bounded.
-class TCanvasFonts
+class KORVANE_WIDGETS_API TCanvasFonts
 {
 public:
     explicit TCanvasFonts(int dotsPerInch = 96)

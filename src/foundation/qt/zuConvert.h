@@ -2,6 +2,7 @@
 #pragma once
 
 #include "foundation/zuCanvas.h"
+#include "foundation/zuExport.h"
 #include "foundation/zuInput.h"
 #include "foundation/zuTypes.h"
 
@@ -50,18 +51,18 @@ inline TShiftState FromQt(Qt::KeyboardModifiers modifiers)
             modifiers.testFlag(Qt::AltModifier)};
 }
 /// Nothing for the buttons beyond the three.
-std::optional<TMouseButton> MouseButtonFromQt(Qt::MouseButton button);
+KORVANE_WIDGETS_API std::optional<TMouseButton> MouseButtonFromQt(Qt::MouseButton button);
 
 /// System colours come from the palette's active group.
-QColor ToQt(TColor color, const QPalette &palette);
-TColor FromQt(const QColor &color);
-Qt::PenStyle ToQt(TPenStyle style);
-QFont ToQt(const TFont &font);
+KORVANE_WIDGETS_API QColor ToQt(TColor color, const QPalette &palette);
+KORVANE_WIDGETS_API TColor FromQt(const QColor &color);
+KORVANE_WIDGETS_API Qt::PenStyle ToQt(TPenStyle style);
+KORVANE_WIDGETS_API QFont ToQt(const TFont &font);
 /// Keeps the colour of `base`, since a QFont has none.
 TFont FromQt(const QFont &font, const TFont &base = {});
 /// Local time, to the nearest millisecond.
-QDateTime ToQDateTime(TDateTime value);
+KORVANE_WIDGETS_API QDateTime ToQDateTime(TDateTime value);
 /// An invalid date-time gives 0; dates outside years 1..9999 give the nearest one.
-TDateTime FromQt(const QDateTime &value);
+KORVANE_WIDGETS_API TDateTime FromQt(const QDateTime &value);
 
 } // namespace korvane

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "foundation/qt/zuPainterCanvas.h"
+#include "foundation/zuExport.h"
 #include "foundation/zuGraphStuffDraw.h"
 
 #include <QPoint>
@@ -17,7 +18,7 @@ namespace korvane {
 class TzuImageList;
 
 /// GStuff with what needs the toolkit.
-class GWidgetStuff : public GStuff
+class KORVANE_WIDGETS_API GWidgetStuff : public GStuff
 {
 public:
     /// Appends an item per option, of which one can be checked; an action's data is the option's

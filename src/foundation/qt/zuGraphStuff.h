@@ -1,6 +1,7 @@
 // Services of the drawn components that need a window: the hint window of gestures.
 #pragma once
 
+#include "foundation/zuExport.h"
 #include "foundation/zuGraphStuff.h"
 #include "foundation/zuMethod.h"
 
@@ -19,7 +20,7 @@ namespace korvane {
 ///
 /// A text is lines; a line may be a label and a value with a tab between them, and all values then
 /// stand in one column. Positions are those of the pointer on the screen.
-class TGraphHintWindow : public QWidget
+class KORVANE_WIDGETS_API TGraphHintWindow : public QWidget
 {
     Q_OBJECT
 

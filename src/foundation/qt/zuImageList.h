@@ -2,6 +2,7 @@
 #pragma once
 
 #include "foundation/zuCanvas.h"
+#include "foundation/zuExport.h"
 
 #include <QIcon>
 #include <QPixmap>
@@ -12,7 +13,7 @@
 namespace korvane {
 
 /// A list of images, each drawn at the resolution of the device.
-class TzuImageList : public TImageList
+class KORVANE_WIDGETS_API TzuImageList : public TImageList
 {
 public:
     /// Both return the image's index. An icon is drawn in the list's size, a pixmap in its own.

@@ -1,6 +1,7 @@
 // Format settings of the system's locale.
 #pragma once
 
+#include "foundation/zuExport.h"
 #include "foundation/zuFormat.h"
 
 #include <QLocale>
@@ -9,10 +10,10 @@
 namespace korvane {
 
 /// Names and forms of a locale. Names are those that stand alone (nominative).
-TFormatSettings FormatSettingsOf(const QLocale &locale);
+KORVANE_WIDGETS_API TFormatSettings FormatSettingsOf(const QLocale &locale);
 
 /// The pattern of FormatDateTime that means what a QLocale pattern means. Time zone tokens are left
 /// out.
-std::string PatternFromQt(const QString &qtPattern);
+KORVANE_WIDGETS_API std::string PatternFromQt(const QString &qtPattern);
 
 } // namespace korvane

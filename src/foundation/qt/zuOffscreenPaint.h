@@ -3,6 +3,7 @@
 
 #include "foundation/qt/zuPainterCanvas.h"
 #include "foundation/zuCanvas.h"
+#include "foundation/zuExport.h"
 #include "foundation/zuInput.h"
 #include "foundation/zuMethod.h"
 
@@ -29,7 +30,7 @@ namespace korvane {
 ///
 /// A paint draws the image anew and copies it to the window once. While printing, the same drawing
 /// goes to the print device, and GetScalex / GetScaley tell by how much to enlarge it.
-class TzuOffscreenPaint : public QFrame
+class KORVANE_WIDGETS_API TzuOffscreenPaint : public QFrame
 {
     Q_OBJECT
     Q_PROPERTY(QColor Color READ ColorAsQColor WRITE SetColor)

@@ -3,6 +3,7 @@
 
 #include "foundation/qt/zuCanvasFonts.h"
 #include "foundation/zuCanvas.h"
+#include "foundation/zuExport.h"
 
 #include <QBrush>
 #include <QColor>
@@ -22,7 +23,7 @@ namespace korvane {
 ///
 /// Horizontal and vertical lines and frames are whole device pixels at any device-pixel ratio.
 /// Without a painter it still keeps its state and measures text; drawing does nothing.
-class TPainterCanvas : public TCanvas
+class KORVANE_WIDGETS_API TPainterCanvas : public TCanvas
 {
 public:
     /// Without a painter. The fonts are shared with other canvases of the same control; null gives
@@ -134,8 +135,8 @@ private:
 };
 
 /// Whether a painter's device keeps shapes (PDF, SVG, pictures) rather than pixels.
-bool IsVectorDevice(const QPainter &painter);
+KORVANE_WIDGETS_API bool IsVectorDevice(const QPainter &painter);
 /// Device pixels per logical pixel of a painter that scales evenly, else 1.
-double DeviceScale(const QPainter &painter);
+KORVANE_WIDGETS_API double DeviceScale(const QPainter &painter);
 
 } // namespace korvane

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "foundation/zuCanvas.h"
+#include "foundation/zuExport.h"
 #include "foundation/zuMethod.h"
 
 #include <QWidget>
@@ -18,7 +19,7 @@ namespace korvane {
 /// It is dragged with the left button; Escape ends a drag and leaves all as it was. With the focus,
 /// arrow keys move it by 10 pixels, with Shift by 1, Home and End to its limits. A double click
 /// returns to the size that the program set last.
-class TzuSplitter : public QWidget
+class KORVANE_WIDGETS_API TzuSplitter : public QWidget
 {
     Q_OBJECT
     Q_PROPERTY(int MinSize READ MinSize WRITE SetMinSize)

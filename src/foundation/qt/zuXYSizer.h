@@ -2,6 +2,7 @@
 #pragma once
 
 #include "foundation/zuCanvas.h"
+#include "foundation/zuExport.h"
 #include "foundation/zuMethod.h"
 #include "foundation/zuTypes.h"
 
@@ -16,7 +17,7 @@ namespace korvane {
 ///
 /// Escape, and whatever hides the handle, ends a drag: the handle is back where it was, and nobody
 /// is told.
-class TXYSizer : public QFrame
+class KORVANE_WIDGETS_API TXYSizer : public QFrame
 {
     Q_OBJECT
     Q_PROPERTY(int TopMargin READ TopMargin WRITE SetTopMargin)

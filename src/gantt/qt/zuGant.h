@@ -1,6 +1,7 @@
 // The Gantt chart control as the form designer and applications know it.
 #pragma once
 
+#include "foundation/zuExport.h"
 #include "gantt/qt/zuGantComBasic.h"
 #include "grid/qt/zuGrid.h"
 
@@ -15,7 +16,7 @@ namespace korvane {
 
 /// The Gantt chart control with its designer properties and signals. Properties named after a part
 /// (...Tree, ...Scaler) are those of the part.
-class TzuGant : public TzuGant_ComBasic
+class KORVANE_WIDGETS_API TzuGant : public TzuGant_ComBasic
 {
     Q_OBJECT
     Q_PROPERTY(QColor ColorTree READ ColorTree WRITE SetColorTree)

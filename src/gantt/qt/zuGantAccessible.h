@@ -1,6 +1,8 @@
 // The Gantt area as assistive tools see it.
 #pragma once
 
+#include "foundation/zuExport.h"
+
 namespace korvane {
 
 class TzuGant_ComBasic;
@@ -13,11 +15,11 @@ class TzuGant_ComBasic;
 /// and edited. What is asked for is made when it is asked for, and costs nothing for the rest of
 /// the chart. Interfaces of rows and items that are deleted turn invalid at once and go a little
 /// later.
-void InstallGantAccessibility();
+KORVANE_WIDGETS_API void InstallGantAccessibility();
 
 /// Tells assistive tools that another item is active.
-void TellActiveItem(TzuGant_ComBasic &gant);
+KORVANE_WIDGETS_API void TellActiveItem(TzuGant_ComBasic &gant);
 /// Tells assistive tools that other items are selected.
-void TellSelection(TzuGant_ComBasic &gant);
+KORVANE_WIDGETS_API void TellSelection(TzuGant_ComBasic &gant);
 
 } // namespace korvane

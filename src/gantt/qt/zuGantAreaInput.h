@@ -2,6 +2,7 @@
 #pragma once
 
 #include "foundation/qt/zuOffscreenPaint.h"
+#include "foundation/zuExport.h"
 #include "gantt/zuGantHint.h"
 
 #include <QBasicTimer>
@@ -19,7 +20,7 @@ class TzuGant_ComBasic;
 /// wheel and a second axis of a touch pad move the visible time. A running gesture is cancelled by
 /// Escape, and by whatever takes the mouse away. What handlers of the application throw is
 /// reported.
-class TGantAreaInput : public QObject
+class KORVANE_WIDGETS_API TGantAreaInput : public QObject
 {
     Q_OBJECT
 

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "foundation/qt/zuOffscreenPaint.h"
+#include "foundation/zuExport.h"
 
 #include <QObject>
 
@@ -18,7 +19,7 @@ class TzuGant_ComBasic;
 /// An area that gets the focus by the keyboard makes an item active, if none is; with no items to
 /// make active the area itself is framed. The context menu of the keyboard opens at the active
 /// item, as the event of a mouse click there. What handlers of the application throw is reported.
-class TGantAreaKeys : public QObject
+class KORVANE_WIDGETS_API TGantAreaKeys : public QObject
 {
     Q_OBJECT
 

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "foundation/qt/zuOffscreenPaint.h"
+#include "foundation/zuExport.h"
 #include "gantt/qt/zuGantEvents.h"
 #include "gantt/qt/zuGantTabs.h"
 #include "gantt/qt/zuGantTree.h"
@@ -47,11 +48,11 @@ class TzuSplitter;
 /// Parts are created through virtual factories. A subclass that overrides one constructs its base
 /// with TConstruction::WithoutParts and calls InitializeInConstructor() first thing in its own
 /// constructor.
-class TzuGant_ComBasic : public QFrame,
-                         public TGantKeys,
-                         public TGantTreeEvents,
-                         private IGantHost,
-                         private IGantInputHost
+class KORVANE_WIDGETS_API TzuGant_ComBasic : public QFrame,
+                                             public TGantKeys,
+                                             public TGantTreeEvents,
+                                             private IGantHost,
+                                             private IGantInputHost
 {
     Q_OBJECT
 

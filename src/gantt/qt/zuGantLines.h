@@ -1,6 +1,7 @@
 // The lines of the controls beside the area.
 #pragma once
 
+#include "foundation/zuExport.h"
 #include "gantt/zuGantLines.h"
 
 #include <memory>
@@ -13,13 +14,13 @@ class TGantTree;
 class TzuGrid;
 
 /// Of the row tree; `area` is where the rows are drawn. Everything is observed.
-std::unique_ptr<IGantLines> MakeTreeLines(TGantTree &tree, const QWidget &area,
-                                          const TGantRowList &rows);
+KORVANE_WIDGETS_API std::unique_ptr<IGantLines> MakeTreeLines(TGantTree &tree, const QWidget &area,
+                                                              const TGantRowList &rows);
 
 /// Of the grid, whose rows are a tree.
-std::unique_ptr<IGantLines> MakeGridLines(TzuGrid &grid, const QWidget &area,
-                                          const TGantRowList &rows);
+KORVANE_WIDGETS_API std::unique_ptr<IGantLines> MakeGridLines(TzuGrid &grid, const QWidget &area,
+                                                              const TGantRowList &rows);
 /// Height of the rows that do not scroll, in pixels.
-int HeadHeightOf(TzuGrid &grid);
+KORVANE_WIDGETS_API int HeadHeightOf(TzuGrid &grid);
 
 } // namespace korvane

@@ -1,6 +1,7 @@
 // What a print of the Gantt chart draws on and shows.
 #pragma once
 
+#include "foundation/zuExport.h"
 #include "gantt/zuGantRowList.h"
 
 #include <span>
@@ -14,7 +15,7 @@ class TzuOffscreenPaint;
 
 /// Stands in for axis, area and row tree on screen while a chart is printed, so that none of them
 /// has to be moved.
-class IGantPrintView
+class KORVANE_WIDGETS_API IGantPrintView
 {
 public:
     virtual ~IGantPrintView() = default;

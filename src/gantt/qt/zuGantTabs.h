@@ -2,6 +2,7 @@
 #pragma once
 
 #include "foundation/zuCanvas.h"
+#include "foundation/zuExport.h"
 #include "foundation/zuMethod.h"
 
 #include <QPointer>
@@ -35,7 +36,7 @@ struct TMyContainer
 
 /// Tabs above a stack of sheets. Before the user or the program leaves a sheet, the handler is
 /// asked; until it has agreed, no other sheet is seen.
-class TGantPageControl : public QWidget
+class KORVANE_WIDGETS_API TGantPageControl : public QWidget
 {
     Q_OBJECT
 

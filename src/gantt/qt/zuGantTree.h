@@ -1,6 +1,7 @@
 // The row tree of the Gantt chart.
 #pragma once
 
+#include "foundation/zuExport.h"
 #include "tree/qt/zuTree.h"
 
 #include <QPointer>
@@ -30,7 +31,7 @@ struct TGantTreeEvents
 
 /// A tree whose nodes are the rows of a chart: it makes and frees the rows, tells the chart when
 /// lines move, and shows its vertical position on a scroll bar outside itself.
-class TGantTree : public TzuTree_ComBasic
+class KORVANE_WIDGETS_API TGantTree : public TzuTree_ComBasic
 {
     Q_OBJECT
 

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "cellgrid/qt/zuBabGridView.h"
+#include "foundation/zuExport.h"
 #include "grid/zuGrid.h"
 
 #include <QByteArray>
@@ -15,7 +16,7 @@ namespace korvane {
 /// The rows are those of RootCell().Rows(), behind the header: added with AddRows, or only counted
 /// with AddUnloaded and given to OnVirtualLoad when they come into view. Texts are put into cells
 /// or come from OnGetCellText.
-class TzuGrid : public TBabGridView_Custom, public TzuGridCore
+class KORVANE_WIDGETS_API TzuGrid : public TBabGridView_Custom, public TzuGridCore
 {
     Q_OBJECT
     Q_PROPERTY(bool HasHeaders READ HasHeaders WRITE SetHasHeaders)

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "cellgrid/zuBabGridLayout.h"
+#include "foundation/zuExport.h"
 
 #include <QMenu>
 
@@ -12,7 +13,7 @@ class TzuGrid_Column;
 
 /// Sorting, fitting, sizing, moving, showing and hiding columns. Made for one opening: by a right
 /// click on a header, or by the menu key for the column with the focus.
-class TzuGridColumnMenu : public QMenu
+class KORVANE_WIDGETS_API TzuGridColumnMenu : public QMenu
 {
     Q_OBJECT
 

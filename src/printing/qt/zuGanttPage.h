@@ -2,6 +2,7 @@
 #pragma once
 
 #include "foundation/qt/zuOffscreenPaint.h"
+#include "foundation/zuExport.h"
 #include "gantt/qt/zuGantPrintView.h"
 #include "printing/qt/zuGanttPrinting.h"
 #include "scaler/qt/zuScaler.h"
@@ -21,7 +22,7 @@ struct TLinkCrossing
 };
 
 /// Axis, area and rows of a page, in controls of their own that are never shown.
-class TGanttPage : public IGantPrintView
+class KORVANE_WIDGETS_API TGanttPage : public IGantPrintView
 {
 public:
     /// The printing is laid out.

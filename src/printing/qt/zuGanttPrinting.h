@@ -1,6 +1,7 @@
 // Printing of the Gantt chart.
 #pragma once
 
+#include "foundation/zuExport.h"
 #include "foundation/zuTypes.h"
 #include "printing/qt/zuPrintLabels.h"
 #include "printing/qt/zuPrinting.h"
@@ -27,7 +28,7 @@ class TzuGant_ComBasic;
 ///
 /// Fonts grow by the print rule of painted controls; the chart's OnPrintResizeFont may choose other
 /// sizes.
-class TzuGanttPrinting : public TzuPrinting
+class KORVANE_WIDGETS_API TzuGanttPrinting : public TzuPrinting
 {
 public:
     /// The chart is observed.

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "cellgrid/zuBabGridLayout.h"
+#include "foundation/zuExport.h"
 #include "printing/qt/zuPrinting.h"
 
 #include <memory>
@@ -19,7 +20,7 @@ class TBabGridView_Custom;
 /// The head is repeated on every page, and so are the first columns. Pages end between rows and
 /// between columns; the text of a group of equal cells is repeated on the page that it continues
 /// on. The column that marks the current row, selection and focus are not printed.
-class TzuGridPrinting : public TzuPrinting
+class KORVANE_WIDGETS_API TzuGridPrinting : public TzuPrinting
 {
 public:
     /// The grid is observed.

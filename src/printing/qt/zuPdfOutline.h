@@ -1,6 +1,8 @@
 // Bookmarks of a PDF file.
 #pragma once
 
+#include "foundation/zuExport.h"
+
 #include <QByteArray>
 #include <QString>
 
@@ -23,7 +25,7 @@ struct TPdfBookmark
 ///
 /// The PDF is one that QPdfWriter wrote: with a plain cross-reference table, and all pages in one
 /// list. Throws std::runtime_error for another one.
-QByteArray PdfOutlineUpdate(QIODevice &pdf, const QString &title,
-                            const std::vector<TPdfBookmark> &bookmarks);
+KORVANE_WIDGETS_API QByteArray PdfOutlineUpdate(QIODevice &pdf, const QString &title,
+                                                const std::vector<TPdfBookmark> &bookmarks);
 
 } // namespace korvane

@@ -1,6 +1,7 @@
 // Pages on their way to a printer or into files.
 #pragma once
 
+#include "foundation/zuExport.h"
 #include "foundation/zuMethod.h"
 
 #include <QPageLayout>
@@ -32,7 +33,7 @@ struct TPrintBookmark
 /// text for the user: nothing to print, no room on the paper, a file that cannot be written, a
 /// printer that cannot be used. Exceptions of event handlers pass through. In either case, and when
 /// a job is cancelled, nothing is left behind, and files that were there before are as they were.
-class TzuPrintDocument
+class KORVANE_WIDGETS_API TzuPrintDocument
 {
 public:
     /// Before each page, 1 .. pages. A handler that sets `cancel` ends the job.
@@ -86,6 +87,6 @@ private:
 };
 
 /// The size of a sheet in paper pixels.
-QSizeF SheetSizeOf(const QPageLayout &layout);
+KORVANE_WIDGETS_API QSizeF SheetSizeOf(const QPageLayout &layout);
 
 } // namespace korvane

@@ -1,6 +1,7 @@
 // Several prints in one document.
 #pragma once
 
+#include "foundation/zuExport.h"
 #include "printing/qt/zuPrinting.h"
 
 #include <vector>
@@ -9,7 +10,7 @@ namespace korvane {
 
 /// A document of several prints, one after the other, each on its own paper; for example a chart,
 /// then its table, then a schedule. Pages are numbered throughout, and each print is a bookmark.
-class TzuPrintJob : public TzuPrintDocument
+class KORVANE_WIDGETS_API TzuPrintJob : public TzuPrintDocument
 {
 public:
     ~TzuPrintJob() override;

@@ -1,6 +1,8 @@
 // Labels of printed rows.
 #pragma once
 
+#include "foundation/zuExport.h"
+
 #include <QFont>
 #include <QString>
 
@@ -36,16 +38,16 @@ struct TPrintOutline
 
 /// The rows that a tree shows, also those scrolled away, as far as `isWanted(number, row)` says;
 /// numbers count from 0.
-TPrintOutline CollectOutline(TzuTree_ComBasic &tree,
-                             const std::function<bool(int, TzuDataEntity_Tree &)> &isWanted);
+KORVANE_WIDGETS_API TPrintOutline CollectOutline(
+    TzuTree_ComBasic &tree, const std::function<bool(int, TzuDataEntity_Tree &)> &isWanted);
 
 /// Calls add(title, level, row) for each row that has others of the outline below it. Levels have
 /// no gaps.
-void AddBookmarks(const TPrintOutline &outline,
-                  const std::function<void(const QString &, int, int)> &add);
+KORVANE_WIDGETS_API void AddBookmarks(const TPrintOutline &outline,
+                                      const std::function<void(const QString &, int, int)> &add);
 
 /// Draws the labels of a tree's rows as the tree looks, in ink for white paper.
-class TPrintLabels
+class KORVANE_WIDGETS_API TPrintLabels
 {
 public:
     std::vector<TPrintColumn> Columns{1};

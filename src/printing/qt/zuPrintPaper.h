@@ -1,6 +1,7 @@
 // The paper of a print and what stands on it around the content.
 #pragma once
 
+#include "foundation/zuExport.h"
 #include "printing/zuPrintFields.h"
 #include "printing/zuPrintLayout.h"
 
@@ -26,7 +27,7 @@ struct TPrintEdges
 
 /// Page size, orientation and margins, header and footer, and marks for putting pages together.
 /// Positions are paper pixels from the sheet's upper left corner.
-class TPrintPaper
+class KORVANE_WIDGETS_API TPrintPaper
 {
 public:
     /// A4, portrait, margins of 12 mm; title and date above, file, range and page below.

@@ -1,6 +1,7 @@
 // What prints of several components are made of.
 #pragma once
 
+#include "foundation/zuExport.h"
 #include "foundation/zuTypes.h"
 #include "printing/zuPageBreaks.h"
 
@@ -33,30 +34,31 @@ inline constexpr int kPrintPadding = 5;
 inline constexpr int kMostPrintHeadings = 4;
 
 /// White paper and black ink, whatever the theme on screen.
-QPalette PaperPalette();
+KORVANE_WIDGETS_API QPalette PaperPalette();
 /// A control that only draws for paper.
-void UsePaper(TzuOffscreenPaint &control);
+KORVANE_WIDGETS_API void UsePaper(TzuOffscreenPaint &control);
 /// Ink that can be read on white paper.
-QColor ReadableOnPaper(const QColor &color);
+KORVANE_WIDGETS_API QColor ReadableOnPaper(const QColor &color);
 
 /// An axis of a whole printed range that looks as the one on screen. Its length follows from the
 /// scale (days per pixel); `thickness` is its extent across. Throws std::runtime_error for an empty
 /// range, and for one that is too long at the scale.
-std::unique_ptr<TzuDateScaler> MakeWholeAxis(const TzuDateScaler &shown,
-                                             std::pair<TDateTime, TDateTime> range, double scale,
-                                             int thickness);
+KORVANE_WIDGETS_API std::unique_ptr<TzuDateScaler>
+MakeWholeAxis(const TzuDateScaler &shown, std::pair<TDateTime, TDateTime> range, double scale,
+              int thickness);
 /// Makes an axis a page's part of the whole one.
-void SetUpPageAxis(TzuDateScaler &axis, const TzuDateScaler &whole, const TPageSpan &span,
-                   int thickness);
+KORVANE_WIDGETS_API void SetUpPageAxis(TzuDateScaler &axis, const TzuDateScaler &whole,
+                                       const TPageSpan &span, int thickness);
 
 /// Of a page's rows: "1 - 40" by their numbers, from 1.
-std::string RowRangeText(const TPrintRows &rows, const TPageSpan &span);
+KORVANE_WIDGETS_API std::string RowRangeText(const TPrintRows &rows, const TPageSpan &span);
 
 /// The frame around a page's content, and the lines behind its labels and its head, where there are
 /// any.
-void PaintFrame(QPainter &painter, const QSizeF &content, double labelWidth, double headHeight);
+KORVANE_WIDGETS_API void PaintFrame(QPainter &painter, const QSizeF &content, double labelWidth,
+                                    double headHeight);
 /// A caption with lines at its right and lower edge, elided to the cell.
-void PaintHeadCell(QPainter &painter, const QRectF &cell, const QString &caption,
-                   Qt::Alignment alignment);
+KORVANE_WIDGETS_API void PaintHeadCell(QPainter &painter, const QRectF &cell,
+                                       const QString &caption, Qt::Alignment alignment);
 
 } // namespace korvane

@@ -1,6 +1,8 @@
 // A view of pages before they are printed.
 #pragma once
 
+#include "foundation/zuExport.h"
+
 #include <QPixmap>
 #include <QString>
 #include <QWidget>
@@ -20,7 +22,7 @@ class TzuPrintDocument;
 /// drawn when they come into view, so that a document of a thousand pages opens at once.
 ///
 /// Ctrl and the wheel zoom; Page Up and Page Down turn the pages.
-class TzuPrintPreview : public QWidget
+class KORVANE_WIDGETS_API TzuPrintPreview : public QWidget
 {
     Q_OBJECT
 

@@ -1,6 +1,7 @@
 // What the printing of all components has in common: pages and paper.
 #pragma once
 
+#include "foundation/zuExport.h"
 #include "printing/qt/zuPrintDocument.h"
 #include "printing/qt/zuPrintPaper.h"
 #include "printing/zuPrintLayout.h"
@@ -17,7 +18,7 @@ namespace korvane {
 ///
 /// A page shows its part of the component between the margins, below a header and above a footer.
 /// The component itself stays as it is, also when an event handler throws while it is drawn.
-class TzuPrinting : public TzuPrintDocument
+class KORVANE_WIDGETS_API TzuPrinting : public TzuPrintDocument
 {
 public:
     TPrintPaper &Paper() { return m_paper; }

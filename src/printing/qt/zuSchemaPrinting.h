@@ -1,6 +1,7 @@
 // Printing of the schedule view.
 #pragma once
 
+#include "foundation/zuExport.h"
 #include "foundation/zuTypes.h"
 #include "printing/qt/zuPrinting.h"
 
@@ -20,7 +21,7 @@ class TzuSchema_ComBasic;
 /// Axis and captions of columns are repeated on every page. Pages end between columns and at
 /// calendar boundaries. Selection and focus are not printed. Times that overlap stand side by side
 /// as far as that is worked out by then.
-class TzuSchemaPrinting : public TzuPrinting
+class KORVANE_WIDGETS_API TzuSchemaPrinting : public TzuPrinting
 {
 public:
     /// The schedule is observed.

@@ -1,6 +1,7 @@
 // Printing of the tree.
 #pragma once
 
+#include "foundation/zuExport.h"
 #include "printing/qt/zuPrintLabels.h"
 #include "printing/qt/zuPrinting.h"
 
@@ -19,7 +20,7 @@ class TzuTree_ComBasic;
 /// Captions and titles are repeated on every page. Pages end between rows and between columns; a
 /// page that continues a group begins with the group's headings. Selection and focus are not
 /// printed.
-class TzuTreePrinting : public TzuPrinting
+class KORVANE_WIDGETS_API TzuTreePrinting : public TzuPrinting
 {
 public:
     /// The tree is observed.

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "foundation/qt/zuOffscreenPaint.h"
+#include "foundation/zuExport.h"
 #include "scaler/zuScalerGestures.h"
 
 #include <QBasicTimer>
@@ -15,7 +16,7 @@ class QNativeGestureEvent;
 namespace korvane {
 
 /// Connects a scaler to the painted control that shows it.
-class TPaintedScalerHost : public IDateScalerHost, public IScalerInputHost
+class KORVANE_WIDGETS_API TPaintedScalerHost : public IDateScalerHost, public IScalerInputHost
 {
 public:
     /// The event type that a posted change arrives with.
@@ -62,9 +63,9 @@ private:
 ///
 /// What goes wrong while the control itself reacts to the window system is reported instead of
 /// thrown.
-class TzuDateScaler : public TzuOffscreenPaint,
-                      private TPaintedScalerHost,
-                      public TDateScalerGestures
+class KORVANE_WIDGETS_API TzuDateScaler : public TzuOffscreenPaint,
+                                          private TPaintedScalerHost,
+                                          public TDateScalerGestures
 {
     Q_OBJECT
     Q_PROPERTY(QString DateFormat READ DateFormatText WRITE SetDateFormatText)

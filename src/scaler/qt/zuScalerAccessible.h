@@ -2,6 +2,7 @@
 #pragma once
 
 #include "foundation/qt/zuAccessible.h"
+#include "foundation/zuExport.h"
 #include "scaler/qt/zuScaler.h"
 
 #include <QAccessibleWidget>
@@ -12,7 +13,8 @@ namespace korvane {
 /// A slider over the first visible instant, in days. Its name is the visible time in the user's
 /// language unless the application has set another; the value's text is always that. It can be
 /// zoomed and moved by actions, and its children are the visible periods of the major row.
-class TScalerAccessible : public QAccessibleWidget, public QAccessibleValueInterface
+class KORVANE_WIDGETS_API TScalerAccessible : public QAccessibleWidget,
+                                              public QAccessibleValueInterface
 {
 public:
     explicit TScalerAccessible(TzuDateScaler &scaler);
@@ -57,6 +59,6 @@ private:
 };
 
 /// Tells assistive tools that the visible time has changed.
-void TellVisibleTime(TzuDateScaler &scaler);
+KORVANE_WIDGETS_API void TellVisibleTime(TzuDateScaler &scaler);
 
 } // namespace korvane

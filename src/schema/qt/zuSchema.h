@@ -1,6 +1,7 @@
 // The schedule view as the form designer and applications know it.
 #pragma once
 
+#include "foundation/zuExport.h"
 #include "schema/qt/zuSchemaComBasic.h"
 
 #include <QColor>
@@ -13,7 +14,7 @@ namespace korvane {
 
 /// The schedule view with its designer properties and signals. Properties named after the scaler
 /// are those of the time axis.
-class TzuSchema : public TzuSchema_ComBasic
+class KORVANE_WIDGETS_API TzuSchema : public TzuSchema_ComBasic
 {
     Q_OBJECT
     Q_PROPERTY(bool FlipView READ FlipView WRITE SetFlipView)

@@ -1,6 +1,8 @@
 // The schema area as assistive tools see it.
 #pragma once
 
+#include "foundation/zuExport.h"
+
 namespace korvane {
 
 class TzuDataEntity;
@@ -13,13 +15,13 @@ class TzuSchema_ComBasic;
 /// first text or else by its column's caption, and it has its times for a value; it can be focused,
 /// selected and edited. What is asked for is made when it is asked for, and costs nothing for the
 /// rest of the schedule. Interfaces of what is deleted turn invalid at once and go a little later.
-void InstallSchemaAccessibility();
+KORVANE_WIDGETS_API void InstallSchemaAccessibility();
 
 /// Tells assistive tools that another time is active.
-void TellActiveTime(TzuSchema_ComBasic &schema);
+KORVANE_WIDGETS_API void TellActiveTime(TzuSchema_ComBasic &schema);
 /// Tells assistive tools that other times are selected.
-void TellTimeSelection(TzuSchema_ComBasic &schema);
+KORVANE_WIDGETS_API void TellTimeSelection(TzuSchema_ComBasic &schema);
 /// A time or a column is gone; its address alone is used.
-void TellEntityLeft(TzuSchema_ComBasic &schema, const TzuDataEntity *entity);
+KORVANE_WIDGETS_API void TellEntityLeft(TzuSchema_ComBasic &schema, const TzuDataEntity *entity);
 
 } // namespace korvane

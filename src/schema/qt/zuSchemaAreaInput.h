@@ -2,6 +2,7 @@
 #pragma once
 
 #include "foundation/qt/zuOffscreenPaint.h"
+#include "foundation/zuExport.h"
 #include "foundation/zuGestureHint.h"
 
 #include <QBasicTimer>
@@ -20,7 +21,7 @@ class TzuSchema_ComBasic;
 /// The wheel moves what runs along its direction, time or columns; with Shift the other one. Ctrl
 /// with the wheel and pinching zoom about the pointer. A running gesture is cancelled by Escape,
 /// and by whatever takes the mouse away. What handlers of the application throw is reported.
-class TSchemaAreaInput : public QObject
+class KORVANE_WIDGETS_API TSchemaAreaInput : public QObject
 {
     Q_OBJECT
 

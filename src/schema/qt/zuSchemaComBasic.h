@@ -2,6 +2,7 @@
 #pragma once
 
 #include "foundation/qt/zuOffscreenPaint.h"
+#include "foundation/zuExport.h"
 #include "scaler/qt/zuScaler.h"
 #include "schema/qt/zuSchemaHeader.h"
 #include "schema/zuSchemaKeys.h"
@@ -50,10 +51,10 @@ using TOnSchemaDragDrop = TMethod<void(TzuSchema_ComBasic *theSchema, QDropEvent
 /// Parts are created through virtual factories. A subclass that overrides one constructs its base
 /// with TConstruction::WithoutParts and calls InitializeInConstructor() first thing in its own
 /// constructor.
-class TzuSchema_ComBasic : public QFrame,
-                           public TSchemaKeys,
-                           private ISchemaHost,
-                           private ISchemaInputHost
+class KORVANE_WIDGETS_API TzuSchema_ComBasic : public QFrame,
+                                               public TSchemaKeys,
+                                               private ISchemaHost,
+                                               private ISchemaInputHost
 {
     Q_OBJECT
 

@@ -1,6 +1,8 @@
 // The column headers of the schedule view, and the buttons that scroll the columns.
 #pragma once
 
+#include "foundation/zuExport.h"
+
 #include <QMenu>
 #include <QPointer>
 #include <QWidget>
@@ -21,7 +23,7 @@ class TzuSchema_ComBasic;
 /// The edge between two columns is dragged to resize the one before it; a double click on the edge
 /// makes the column as large as its caption needs. Escape takes a drag back. A drag that begins on
 /// a caption is the application's, which may reorder the columns: OnHeaderStartDrag and its kin.
-class TSchemaHeaderControl : public QWidget
+class KORVANE_WIDGETS_API TSchemaHeaderControl : public QWidget
 {
     Q_OBJECT
 
@@ -84,7 +86,7 @@ private:
 };
 
 /// The header above the columns of the normal view.
-class THeaderControl_MouseControl : public TSchemaHeaderControl
+class KORVANE_WIDGETS_API THeaderControl_MouseControl : public TSchemaHeaderControl
 {
     Q_OBJECT
 
@@ -96,7 +98,7 @@ public:
 };
 
 /// The header beside the columns of the flipped view.
-class TDrawGrid_Schema : public TSchemaHeaderControl
+class KORVANE_WIDGETS_API TDrawGrid_Schema : public TSchemaHeaderControl
 {
     Q_OBJECT
 
@@ -108,7 +110,7 @@ public:
 };
 
 /// Two buttons that scroll the first shown column.
-class TSchemaColumnScroller : public QWidget
+class KORVANE_WIDGETS_API TSchemaColumnScroller : public QWidget
 {
     Q_OBJECT
 

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "foundation/qt/zuGraphStuff.h"
+#include "foundation/zuExport.h"
 
 #include <QBasicTimer>
 #include <QPointer>
@@ -16,7 +17,7 @@ class TzuSchema_ComBasic;
 /// Shows the time that the pointer rests on, enlarged and with all its texts, beside the pointer on
 /// its screen. It waits as long as tooltips do, takes neither focus nor mouse, and goes after five
 /// seconds.
-class TzuSchema_ComBasicHintWindow : public QWidget
+class KORVANE_WIDGETS_API TzuSchema_ComBasicHintWindow : public QWidget
 {
     Q_OBJECT
 

@@ -1,6 +1,8 @@
 // What a print of the schedule view draws on.
 #pragma once
 
+#include "foundation/zuExport.h"
+
 namespace korvane {
 
 class TzuDateScaler;
@@ -8,7 +10,7 @@ class TzuOffscreenPaint;
 
 /// Stands in for axis and area on screen while a schedule is printed, so that neither of them has
 /// to be moved.
-class ISchemaPrintView
+class KORVANE_WIDGETS_API ISchemaPrintView
 {
 public:
     virtual ~ISchemaPrintView() = default;

@@ -1,6 +1,8 @@
 // A view of a hierarchy that costs what is on screen.
 #pragma once
 
+#include "foundation/zuExport.h"
+
 #include <QAbstractItemView>
 
 namespace korvane {
@@ -15,7 +17,7 @@ class TTreeNodeModel;
 /// logarithmic time; nothing is kept per row. So a change anywhere among a million rows costs what
 /// is seen of it, and editors stay open whatever changes around them. Rows end at the right edge;
 /// there is no horizontal scrolling.
-class TCustomTreeView : public QAbstractItemView
+class KORVANE_WIDGETS_API TCustomTreeView : public QAbstractItemView
 {
     Q_OBJECT
 

@@ -1,6 +1,7 @@
 // The tree component as it is put on a form.
 #pragma once
 
+#include "foundation/zuExport.h"
 #include "tree/qt/zuTreeComBasic.h"
 
 #include <functional>
@@ -8,7 +9,7 @@
 namespace korvane {
 
 /// The component proper: publishes the tree for the designer.
-class TzuTree : public TzuTree_ComBasic
+class KORVANE_WIDGETS_API TzuTree : public TzuTree_ComBasic
 {
     Q_OBJECT
     Q_PROPERTY(bool HideSelection READ HideSelection WRITE SetHideSelection)

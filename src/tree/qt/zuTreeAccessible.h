@@ -2,6 +2,7 @@
 #pragma once
 
 #include "foundation/qt/zuAccessible.h"
+#include "foundation/zuExport.h"
 #include "tree/qt/zuTreeComBasic.h"
 
 #include <QAccessibleWidget>
@@ -11,7 +12,7 @@ namespace korvane {
 /// A tree whose children are its rows, top to bottom, those scrolled away included. A row is told
 /// by its place: it has the caption and the states of the node that stands there when it is asked,
 /// and can be expanded, collapsed and made the current one.
-class TTreeAccessible : public QAccessibleWidget
+class KORVANE_WIDGETS_API TTreeAccessible : public QAccessibleWidget
 {
 public:
     explicit TTreeAccessible(TzuTree_ComBasic &tree)
@@ -33,6 +34,6 @@ private:
 };
 
 /// Tells assistive tools that another row of a tree that has the focus is the current one.
-void TellCurrentRow(TzuTree_ComBasic &tree);
+KORVANE_WIDGETS_API void TellCurrentRow(TzuTree_ComBasic &tree);
 
 } // namespace korvane

@@ -1,6 +1,7 @@
 // The behaviour of the tree component: a tree view whose nodes display a hierarchy of entities.
 #pragma once
 
+#include "foundation/zuExport.h"
 #include "tree/qt/zuCustomTreeView.h"
 #include "tree/qt/zuTreeDrag.h"
 #include "tree/qt/zuTreeTypes.h"
@@ -25,11 +26,11 @@ class TzuImageList;
 /// through it. A caption that is being edited when its node goes, because the entity moves
 /// elsewhere or is hidden, goes on being edited where it is shown again; otherwise the entity takes
 /// the text.
-class TzuTree_ComBasic : public TCustomTreeView,
-                         private ITreeHost,
-                         private ITreeNodeObserver,
-                         public TTreeUserCore,
-                         public TTreeDragEvents
+class KORVANE_WIDGETS_API TzuTree_ComBasic : public TCustomTreeView,
+                                             private ITreeHost,
+                                             private ITreeNodeObserver,
+                                             public TTreeUserCore,
+                                             public TTreeDragEvents
 {
     Q_OBJECT
 

@@ -1,6 +1,8 @@
 // How the tree's rows look, and how their captions are edited.
 #pragma once
 
+#include "foundation/zuExport.h"
+
 #include <QStyledItemDelegate>
 
 namespace korvane {
@@ -9,7 +11,7 @@ class TzuTree_ComBasic;
 struct TTreeItemLook;
 
 /// Draws captions and images of a tree's nodes, all in rows of the tree's height.
-class TTreeNodeDelegate : public QStyledItemDelegate
+class KORVANE_WIDGETS_API TTreeNodeDelegate : public QStyledItemDelegate
 {
 public:
     /// Owned by the tree.

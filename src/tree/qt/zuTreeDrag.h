@@ -1,6 +1,7 @@
 // Dragging a tree's entities, and what is dropped on it.
 #pragma once
 
+#include "foundation/zuExport.h"
 #include "tree/zuTreeUser.h"
 
 #include <QBasicTimer>
@@ -44,7 +45,7 @@ struct TTreeDragEvents
 
 /// The drag that is over a tree: where it would drop, the mark that shows it, and the scrolling and
 /// expanding on the way.
-class TTreeDragging : public QObject
+class KORVANE_WIDGETS_API TTreeDragging : public QObject
 {
     Q_OBJECT
 

@@ -1,6 +1,8 @@
 // The field in which a caption is edited in place.
 #pragma once
 
+#include "foundation/zuExport.h"
+
 #include <QLineEdit>
 
 class QLabel;
@@ -9,7 +11,7 @@ namespace korvane {
 
 /// Over the caption, up to the right edge of the tree. A text that cannot be stored stays in the
 /// field with the reason below it, until it is mended or Escape is pressed.
-class TTreeCaptionEdit : public QLineEdit
+class KORVANE_WIDGETS_API TTreeCaptionEdit : public QLineEdit
 {
     Q_OBJECT
 

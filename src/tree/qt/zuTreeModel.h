@@ -1,6 +1,7 @@
 // The item model over a tree's nodes.
 #pragma once
 
+#include "foundation/zuExport.h"
 #include "tree/zuTreeHost.h"
 #include "tree/zuTreeNode.h"
 
@@ -17,7 +18,7 @@ namespace korvane {
 ///
 /// While it is detached the model is empty. Changes of captions are not announced: the tree
 /// repaints their rows.
-class TTreeNodeModel : public QAbstractItemModel
+class KORVANE_WIDGETS_API TTreeNodeModel : public QAbstractItemModel
 {
     Q_OBJECT
 

@@ -1,6 +1,8 @@
 // The menu of a tree.
 #pragma once
 
+#include "foundation/zuExport.h"
+
 #include <QMenu>
 
 namespace korvane {
@@ -9,7 +11,7 @@ class TzuTree_ComBasic;
 
 /// What a user may do with a tree by a menu: expand and collapse, sort, edit, delete. Acts on the
 /// tree's PopupEntity; what is not allowed is disabled, what the tree never allows is left out.
-class TzuTreePopup : public QMenu
+class KORVANE_WIDGETS_API TzuTreePopup : public QMenu
 {
     Q_OBJECT
 
