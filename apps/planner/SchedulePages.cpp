@@ -35,7 +35,7 @@ public:
     const PlanRemarks &Remarks() const override { return m_document.GetAgenda().Remarks; }
     QString CountText() const override
     {
-        return Counted(m_document.GetAgenda().Events.size(), QStringLiteral("event"));
+        return Counted(m_document.GetAgenda().EventCount(), QStringLiteral("event"));
     }
     QString ZoneName() const override { return m_document.Pages().ZoneName(); }
     ScheduleDocument *Document() override { return &m_document; }

@@ -7,10 +7,12 @@
 #include <QFontInfo>
 #include <QFontMetrics>
 #include <QHelpEvent>
+#include <QKeyEvent>
 #include <QToolTip>
 
 #include <algorithm>
 #include <cstdint>
+#include <cstdlib>
 #include <set>
 #include <tuple>
 
@@ -90,20 +92,121 @@ ScheduleView::ScheduleView(QWidget *parent)
     OnBeforeCanEditItem_SchemaTime = [this](auto *, TzuDataEntity *time) {
         time->SetCanEdit(m_isEditable && BlockOf(DataEntity_Schema(*time)).Occurrence >= 0);
     };
-    OnEndUserChange = [this](auto *, TSchemaUserChange, bool changed) {
-        if (changed) { // the times are still in use
-            QMetaObject::invokeMethod(
-                this, [this] { Q_EMIT moved(Moves()); }, Qt::QueuedConnection);
-        }
-    };
     OnGetDrawingRect = [this](auto *, TzuDataEntity_SchemaTime *time, TRect &rect) {
         if (time->GetStopDateTime() <= time->GetStartDateTime()) { // so that its title is seen
             rect.Bottom = std::max(rect.Bottom, rect.Top + fontMetrics().height() + kPadding);
         }
         return true;
     };
+    ServeUser();
     SchemaArea().installEventFilter(this);
     ApplyLooks();
+}
+
+void ScheduleView::ServeUser()
+{
+    OnTimeCopy = [this](auto *, TzuDataEntity_SchemaTime *time, int col, TDateTime start,
+                        TDateTime stop) {
+        m_copies.push_back({IndexOf(*time), {SecondsOfDate(start), SecondsOfDate(stop)}, col});
+    };
+    OnEndUserChange = [this](auto *, TSchemaUserChange kind, bool changed) {
+        if (kind == TSchemaUserChange::ucCopy) {
+            Later([this, copies = std::exchange(m_copies, {})] { Q_EMIT copied(copies); });
+        } else if (changed) {
+            Later([this] { Q_EMIT moved(Moves()); });
+        }
+    };
+    OnAskDelete = [this](auto *, const std::vector<TzuDataEntity_SchemaTime *> & /*times*/,
+                         bool &allow) {
+        allow = false; // the document takes them away, when the user has said which ones
+        Later([this] { Q_EMIT removeWanted(SelectedBlocks()); });
+    };
+    OnSchemaDblClick = [this](auto *, TzuDataEntity_SchemaTime *time) {
+        constexpr AgendaSeconds kUsualLength = 3600;
+        constexpr AgendaSeconds kGrid = 1800;
+        if (time != nullptr && time->GetCanEdit()) {
+            Later([this, block = IndexOf(*time)] { Q_EMIT editWanted(block); });
+        } else if (const int column = ClickedColumn();
+                   time == nullptr && m_isEditable && column >= 0) {
+            const AgendaSeconds at = SecondsOfDate(MouseDate() + MouseColumn()->BaseDate);
+            const AgendaSeconds start = at / kGrid * kGrid;
+            Later([this, column, start] {
+                Q_EMIT newWanted(column, {start, start + kUsualLength});
+            });
+        }
+    };
+    OnSchemaMouseDown = [this](auto *, TMouseButton button, TShiftState shift, int x, int y) {
+        m_pressedAt = {x, y};
+        m_pressedBeside =
+            button == TMouseButton::mbLeft && PressedTime() == nullptr && shift == TShiftState{};
+    };
+    OnSchemaMouseUp = [this](auto *, TMouseButton, TShiftState, int x, int y) {
+        if (std::exchange(m_pressedBeside, false) && m_isEditable && SelectedCount() == 0) {
+            NoteRelease(x, y);
+        }
+    };
+}
+
+/// A rubber band that holds nothing, within a column, is a new event.
+void ScheduleView::NoteRelease(int x, int y)
+{
+    constexpr int kDragged = 8; // pixels
+    const int column = ClickedColumn();
+    if (column < 0 || PixelToColumn(x) != column || std::abs(y - m_pressedAt.y()) < kDragged) {
+        return;
+    }
+    const auto snapped = [&](TDateTime date) {
+        constexpr AgendaSeconds kGrid = 900;
+        return (SecondsOfDate(date + Columns().GetCol(column).BaseDate) + kGrid / 2) / kGrid
+               * kGrid;
+    };
+    const auto [from, to] =
+        std::minmax({snapped(MouseDate()), snapped(DateScaler().PixelToDate(y))});
+    if (from < to) {
+        Later([this, column, times = AgendaRange{from, to}] { Q_EMIT newWanted(column, times); });
+    }
+}
+
+std::vector<int> ScheduleView::SelectedBlocks()
+{
+    std::vector<int> blocks;
+    for (const TzuDataEntity_SchemaTime *time : SelectedTimes()) {
+        if (BlockOf(*time).Occurrence >= 0) {
+            blocks.push_back(IndexOf(*time));
+        }
+    }
+    return blocks;
+}
+
+void ScheduleView::SelectEvents(const std::vector<int> &events)
+{
+    ClearSelection();
+    TzuDataEntity_SchemaTime *first = nullptr;
+    ForEachTime([&](TzuDataEntity_SchemaTime &time) {
+        const int occurrence = BlockOf(time).Occurrence;
+        const bool isMeant =
+            occurrence >= 0
+            && std::ranges::find(events,
+                                 m_page.Occurrences[static_cast<std::size_t>(occurrence)].Event)
+                   != events.end();
+        if (isMeant) {
+            time.SetSelected(true);
+            first = first == nullptr ? &time : first;
+        }
+    });
+    if (first != nullptr) {
+        SetActiveDataEntity(first);
+        MakeSureInView(*first);
+    }
+}
+
+int ScheduleView::TargetColumn()
+{
+    if (ClickedColumn() >= 0 && PressedTime() == nullptr) {
+        return ClickedColumn();
+    }
+    const auto *active = GetActiveDataEntity();
+    return active != nullptr && IsInColumn(*active) ? active->Col() : 0;
 }
 
 ScheduleView::~ScheduleView()
@@ -211,8 +314,7 @@ std::vector<ScheduleMove> ScheduleView::Moves()
         const AgendaRange times{SecondsOfDate(time.GetStartDateTime()),
                                 SecondsOfDate(time.GetStopDateTime())};
         if (times != AgendaRange{block.Start, block.Stop} || time.Col() != block.Column) {
-            const auto index = static_cast<int>(&block - m_page.Blocks.data());
-            moves.push_back({index, times, time.Col()});
+            moves.push_back({IndexOf(time), times, time.Col()});
         }
     });
     return moves;
@@ -327,6 +429,10 @@ void ScheduleView::resizeEvent(QResizeEvent *event)
 
 bool ScheduleView::eventFilter(QObject *watched, QEvent *event)
 {
+    if (event->type() == QEvent::KeyPress
+        && static_cast<QKeyEvent *>(event)->key() == Qt::Key_Escape) {
+        m_pressedBeside = false; // the rubber band is given up
+    }
     if (event->type() != QEvent::ToolTip) {
         return TzuSchema::eventFilter(watched, event);
     }

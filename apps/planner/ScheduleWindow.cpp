@@ -30,7 +30,7 @@ namespace korvane::planner {
 namespace {
 
 constexpr QSize kDefaultSize(1200, 800);
-constexpr int kReasonTime = 8000; // milliseconds
+constexpr int kSavedTime = 8000; // milliseconds
 
 QString NameOf(const QString &fileName)
 {
@@ -72,6 +72,10 @@ ScheduleWindow::ScheduleWindow(QWidget *parent)
             [this](const auto &result) { LoadEnded(std::move(*result)); });
     connect(m_progress, &LoadProgress::cancelRequested, this, &QWidget::close);
     connect(m_view, &ScheduleView::moved, this, &ScheduleWindow::Move);
+    connect(m_view, &ScheduleView::copied, this, &ScheduleWindow::Copy);
+    connect(m_view, &ScheduleView::removeWanted, this, &ScheduleWindow::Remove);
+    connect(m_view, &ScheduleView::editWanted, this, &ScheduleWindow::Edit);
+    connect(m_view, &ScheduleView::newWanted, this, &ScheduleWindow::New);
 }
 
 ScheduleWindow::~ScheduleWindow() = default;
@@ -106,9 +110,7 @@ void ScheduleWindow::LoadEnded(ScheduleResult result)
     m_remarks->SetRemarks(m_pages->Remarks());
     m_remarksButton->setText(m_remarks->CountText());
     m_remarksButton->setVisible(!m_remarks->CountText().isEmpty());
-    const QString zone = m_pages->ZoneName();
-    m_counts->setText(m_pages->CountText()
-                      + (zone.isEmpty() ? QString() : tr("   times of %1").arg(zone)));
+    ShowCounts();
     MakeArrangements();
     MakeTabs();
     ShowTitle();
@@ -171,7 +173,7 @@ void ScheduleWindow::SaveTo(const QString &fileName)
     m_fileName = fileName;
     ShowTitle();
     RecentFiles::Add(fileName);
-    statusBar()->showMessage(tr("%1 has been saved.").arg(NameOf(fileName)), kReasonTime);
+    statusBar()->showMessage(tr("%1 has been saved.").arg(NameOf(fileName)), kSavedTime);
     if (closes) {
         close();
     }
@@ -231,76 +233,21 @@ QMessageBox *ScheduleWindow::NewQuestion(const QString &text, const QString &det
     return box;
 }
 
-// --- changes -------------------------------------------------------------------------------------
-
-void ScheduleWindow::Move(const std::vector<ScheduleMove> &moves)
-{
-    ScheduleDocument *document = m_pages->Document();
-    if (document == nullptr || moves.empty()) {
-        return;
-    }
-    const std::vector<AgendaScope> scopes = document->ScopesOf(m_view->Page(), moves);
-    if (scopes.size() == 1) {
-        ApplyMoves(moves, scopes.front());
-        return;
-    }
-    const auto block = static_cast<std::size_t>(moves.front().Block);
-    AskForScope(scopes, m_view->Page().Blocks[block].Title,
-                [this, moves](std::optional<AgendaScope> scope) {
-                    if (scope) {
-                        ApplyMoves(moves, *scope);
-                    } else {
-                        ShowChange(); // everything back in its place
-                    }
-                });
-}
-
-void ScheduleWindow::AskForScope(const std::vector<AgendaScope> &scopes, const QString &title,
-                                 std::function<void(std::optional<AgendaScope>)> go)
-{
-    QMessageBox *box = NewQuestion(tr("“%1” is repeated. What is to be changed?").arg(title), {});
-    std::vector<std::pair<QAbstractButton *, AgendaScope>> buttons;
-    const std::pair<AgendaScope, QString> texts[] = {
-        {AgendaScope::Occurrence, tr("&This occurrence")},
-        {AgendaScope::Following, tr("This and &following")},
-        {AgendaScope::Series, tr("The whole &series")},
-    };
-    for (const auto &[scope, text] : texts) {
-        if (std::ranges::find(scopes, scope) != scopes.end()) {
-            buttons.emplace_back(box->addButton(text, QMessageBox::AcceptRole), scope);
-        }
-    }
-    box->setDefaultButton(static_cast<QPushButton *>(buttons.front().first));
-    box->setEscapeButton(box->addButton(QMessageBox::Cancel));
-    connect(box, &QMessageBox::finished, this, [box, buttons, go = std::move(go)] {
-        const auto chosen = std::ranges::find(buttons, box->clickedButton(),
-                                              &std::pair<QAbstractButton *, AgendaScope>::first);
-        go(chosen != buttons.end() ? std::optional(chosen->second) : std::nullopt);
-    });
-    box->open();
-}
-
-void ScheduleWindow::ApplyMoves(const std::vector<ScheduleMove> &moves, AgendaScope scope)
-{
-    ScheduleDocument &document = *m_pages->Document();
-    const int steps = document.History().index();
-    const SchedulePage page = m_view->Page();
-    if (const auto reason = document.Move(page, moves, scope)) {
-        statusBar()->showMessage(*reason, kReasonTime);
-        QApplication::beep();
-    }
-    if (document.History().index() == steps) {
-        ShowChange(); // as it was
-    }
-}
+// --- pages ---------------------------------------------------------------------------------------
 
 /// The page anew, as the calendar has it.
 void ScheduleWindow::ShowChange()
 {
     m_view->Update(m_pages->Page(m_arrangement, m_day));
+    ShowCounts();
 }
 
-// --- pages ---------------------------------------------------------------------------------------
+void ScheduleWindow::ShowCounts()
+{
+    const QString zone = m_pages->ZoneName();
+    m_counts->setText(m_pages->CountText()
+                      + (zone.isEmpty() ? QString() : tr("   times of %1").arg(zone)));
+}
 
 /// Pages with tabs begin with the first day and end with the last.
 AgendaSeconds ScheduleWindow::DayOfTab(int tab) const

@@ -68,10 +68,26 @@ private:
     AgendaSeconds DayInView() const;
     void GoTo(AgendaSeconds day);
     void ShowChange();
+    void ShowCounts();
+    // What the user does to events, ScheduleWindowEdits.cpp.
+    void MakeEditActions();
     void Move(const std::vector<ScheduleMove> &moves);
+    void Copy(const std::vector<ScheduleMove> &moves);
+    void Remove(const std::vector<int> &blocks);
+    void Edit(int block);
+    void New(int column, const AgendaRange &times);
+    void NewByKey();
+    void Duplicate();
+    void CopyToClipboard();
+    void Paste();
     void AskForScope(const std::vector<AgendaScope> &scopes, const QString &title,
                      std::function<void(std::optional<AgendaScope>)> go);
-    void ApplyMoves(const std::vector<ScheduleMove> &moves, AgendaScope scope);
+    /// With the page as it is now, when the user has said what is meant; shows what comes of it, or
+    /// why nothing does.
+    using Change = std::function<std::optional<QString>(const SchedulePage &, AgendaScope)>;
+    void Apply(const std::vector<AgendaScope> &scopes, int block, const Change &change);
+    void Perform(const Change &change, AgendaScope scope);
+    int NewCalendar() const;
     void ChooseSaveName();
     void ShowError(const QString &text, const QString &details);
     QMessageBox *NewQuestion(const QString &text, const QString &details);

@@ -117,6 +117,7 @@ void ScheduleWindow::MakeArrangements()
         QAction *redo = document->History().createRedoAction(this, tr("&Redo"));
         redo->setShortcuts({QKeySequence(tr("Ctrl+Shift+Z")), QKeySequence(tr("Ctrl+Y"))});
         m_editMenu->addActions({undo, redo});
+        MakeEditActions();
     }
     MakePageActions(*m_viewMenu);
     auto *group = new QActionGroup(this);

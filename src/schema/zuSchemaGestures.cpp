@@ -63,9 +63,7 @@ void TSchemaGestures::SchemaMouseDown(TMouseButton button, const TShiftState &sh
     m_mouse = at;
     InputHost().PointAtTime(nullptr, at);
     InputHost().FocusArea();
-    m_mouseDate = Host().Scaler().PixelToDate(AlongTime(at));
-    m_mouseCol = PixelToColumn(AlongColumns(at));
-    m_pressedTime = GetDataEntityFromXY(x, y);
+    NotePress(at);
     const bool onTime = m_pressedTime != nullptr;
     UpdateMultiSelect(m_pressedTime, shift, TSelectStep::Press);
     if (life.expired()) {
@@ -81,6 +79,13 @@ void TSchemaGestures::SchemaMouseDown(TMouseButton button, const TShiftState &sh
     if (!life.expired()) {
         OnSchemaMouseDown(Component(), button, shift, x, y);
     }
+}
+
+void TSchemaGestures::NotePress(TPoint at)
+{
+    m_mouseDate = Host().Scaler().PixelToDate(AlongTime(at));
+    m_mouseCol = PixelToColumn(AlongColumns(at));
+    m_pressedTime = GetDataEntityFromXY(at.X, at.Y);
 }
 
 void TSchemaGestures::BeginGesture(const TShiftState &shift, TPoint at)
@@ -212,7 +217,8 @@ void TSchemaGestures::CancelGesture()
 void TSchemaGestures::SchemaDblClick(int x, int y)
 {
     CancelGesture();
-    OnSchemaDblClick(Component(), GetDataEntityFromXY(x, y));
+    NotePress({x, y});
+    OnSchemaDblClick(Component(), m_pressedTime);
 }
 
 void TSchemaGestures::SchemaMouseLeave()

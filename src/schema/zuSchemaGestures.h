@@ -65,7 +65,8 @@ public:
     void SchemaMouseMove(const TShiftState &shift, int x, int y);
     void SchemaMouseUp(TMouseButton button, const TShiftState &shift, int x, int y);
     void SchemaMouseLeave();
-    /// Of the left button; the press that goes with it follows.
+    /// Of the left button; the press that goes with it follows, and MouseDate and MouseColumn are
+    /// its already.
     void SchemaDblClick(int x, int y);
     /// The tick of the timer that the host runs while asked to.
     void GestureTick();
@@ -151,6 +152,7 @@ private:
 
     bool IsMove() const { return m_mode == TMode::Move || m_mode == TMode::Copy; }
     bool IsGrow() const { return m_mode == TMode::GrowStart || m_mode == TMode::GrowStop; }
+    void NotePress(TPoint at);
     void BeginGesture(const TShiftState &shift, TPoint at);
     void ReleaseGesture(TMouseButton button, const TShiftState &shift, TPoint at);
     void EndGesture();

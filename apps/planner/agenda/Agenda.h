@@ -7,6 +7,7 @@
 #include <QByteArray>
 #include <QString>
 
+#include <algorithm>
 #include <memory>
 #include <optional>
 #include <vector>
@@ -61,6 +62,8 @@ struct AgendaOverride
     friend bool operator==(const AgendaOverride &, const AgendaOverride &) = default;
 };
 
+struct AgendaOrigin;
+
 enum class AgendaEndForm : std::uint8_t { None, End, Duration };
 
 struct AgendaEvent
@@ -73,6 +76,7 @@ struct AgendaEvent
     AgendaLength Length;
     std::optional<AgendaOverride> Override;
     std::shared_ptr<const AgendaSeries> Series; ///< null for a single event
+    std::shared_ptr<const AgendaOrigin> Origin; ///< of one that comes from another file
     int Calendar = 0;                           ///< index into Agenda::Calendars
     int Sequence = 0;                           ///< of its revision
     int EndZone = kFloating;                    ///< of the time that EndForm::End writes
@@ -80,11 +84,26 @@ struct AgendaEvent
     int CopyOf = -1; ///< which event of the file a new one was copied from
     AgendaEndForm EndForm = AgendaEndForm::None;
     bool IsCanceled = false;
+    bool IsRemoved = false; ///< keeps its place, so that the others keep theirs
 
     bool IsAllDay() const { return Start && Start->IsDate; }
 
     friend bool operator==(const AgendaEvent &, const AgendaEvent &) = default;
 };
+
+/// The text that an event was pasted from, and what it says.
+struct AgendaOrigin
+{
+    QByteArray Text;
+    AgendaEvent Event;
+};
+
+/// Whether an event stands for single occurrences of a series.
+inline bool IsOverrideOf(const AgendaEvent &event, const AgendaEvent &series)
+{
+    return event.Override && event.Calendar == series.Calendar && event.Uid == series.Uid
+           && !event.Uid.isEmpty() && !event.IsRemoved;
+}
 
 struct AgendaCalendar
 {
@@ -101,6 +120,14 @@ struct Agenda
     std::shared_ptr<AgendaZones> Zones;
     PlanRemarks Remarks;
 
+    const AgendaEvent &At(int event) const { return Events[static_cast<std::size_t>(event)]; }
+    /// Without those that the user has removed.
+    std::size_t EventCount() const
+    {
+        return Events.size()
+               - static_cast<std::size_t>(
+                   std::ranges::count(Events, true, &AgendaEvent::IsRemoved));
+    }
     /// Equal seconds are the same moment, as far as one of both is not floating.
     AgendaSeconds UtcOf(const AgendaTime &time) const { return Zones->ToUtc(time.Wall, time.Zone); }
 };

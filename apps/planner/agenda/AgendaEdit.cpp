@@ -10,11 +10,6 @@ namespace korvane::planner {
 
 namespace {
 
-const AgendaEvent &EventAt(const Agenda &agenda, int event)
-{
-    return agenda.Events[static_cast<std::size_t>(event)];
-}
-
 /// Moves what a series names along with its start.
 class SeriesMove
 {
@@ -29,7 +24,11 @@ public:
     AgendaTime Moved(const AgendaTime &time) const
     {
         AgendaTime moved = time;
-        if (time.IsDate || m_from.IsDate) {
+        if (m_from.IsDate != m_to.IsDate) {
+            const AgendaSeconds day = DayOf(WallOf(m_agenda, time, m_from)) - DayOf(m_from.Wall);
+            moved = m_to;
+            moved.Wall += day * kSecondsPerDay;
+        } else if (time.IsDate || m_from.IsDate) {
             moved.Wall += (DayOf(m_to.Wall) - DayOf(m_from.Wall)) * kSecondsPerDay;
         } else if (time.Zone == m_from.Zone || time.Zone == kFloating || m_from.Zone == kFloating) {
             moved.Wall += m_to.Wall - m_from.Wall;
@@ -69,45 +68,90 @@ private:
     AgendaTime m_to;
 };
 
-/// What changes besides the start.
+AgendaTime MovedStart(const AgendaTime &start, AgendaSeconds wall, const AgendaChange &change)
+{
+    AgendaTime moved{wall, start.Zone, start.IsDate};
+    if (change.SwitchesAllDay) {
+        moved.IsDate = !start.IsDate;
+        moved.Zone = moved.IsDate ? kFloating : change.Zone;
+    }
+    return moved;
+}
+
+/// What changes besides the start and the rules.
 void ApplyTo(AgendaEvent &event, const AgendaChange &change)
 {
     event.Length = change.Length;
     event.Place = change.Place.value_or(event.Place);
     event.Calendar = change.Calendar.value_or(event.Calendar);
+    event.Title = change.Title.value_or(event.Title);
+    event.Notes = change.Notes.value_or(event.Notes);
+    if (change.SwitchesAllDay) {
+        event.EndZone = event.Start->Zone;
+    }
     ++event.Sequence;
 }
 
-/// Whether an event stands for single occurrences of a series.
-bool IsOverrideOf(const AgendaEvent &event, const AgendaEvent &series)
+/// The series with another rule; null where it is to have none.
+std::shared_ptr<const AgendaSeries> WithRule(AgendaSeries series, const QByteArray &rule)
 {
-    return event.Override && event.Calendar == series.Calendar && event.Uid == series.Uid
-           && !event.Uid.isEmpty();
+    if (rule.isEmpty()) {
+        return nullptr;
+    }
+    series.Rules = {rule};
+    return std::make_shared<const AgendaSeries>(std::move(series));
+}
+
+/// An override that goes along with its series, which was `former`. Texts that were those of the
+/// series become its new ones.
+AgendaEvent Followed(const AgendaEvent &override, const AgendaEvent &former,
+                     const AgendaEvent &series, const SeriesMove &move)
+{
+    AgendaEvent followed = override;
+    followed.Override->Of = move.Moved(override.Override->Of);
+    followed.Uid = series.Uid;
+    followed.Calendar = series.Calendar;
+    for (const auto text : {&AgendaEvent::Title, &AgendaEvent::Place, &AgendaEvent::Notes}) {
+        if (override.*text == former.*text) {
+            followed.*text = series.*text;
+        }
+    }
+    followed.IsRemoved = series.Series == nullptr;
+    followed.Sequence += followed == override ? 0 : 1;
+    return followed;
 }
 
 std::variant<AgendaEdit, QString> ChangeSeries(const Agenda &agenda, int index, AgendaSeconds shift,
                                                const AgendaChange &change)
 {
     AgendaEdit edit;
-    const AgendaEvent &event = EventAt(agenda, index);
+    const AgendaEvent &event = agenda.At(index);
     const AgendaTime from = *event.Start;
     AgendaEvent &moved = edit.Change(agenda, index);
-    moved.Start->Wall += shift;
+    moved.Start = MovedStart(from, from.Wall + shift, change);
     ApplyTo(moved, change);
-    if (shift == 0) {
-        return edit;
-    }
     const SeriesMove move(agenda, from, *moved.Start);
-    auto series = move.Moved(*event.Series);
+    AgendaSeries former = event.Series != nullptr ? *event.Series : AgendaSeries();
+    if (change.Rule) {
+        former.Rules.clear();
+    }
+    auto series = move.Moved(former);
     if (auto *reason = std::get_if<QString>(&series)) {
         return *reason;
     }
     moved.Series = std::get<std::shared_ptr<const AgendaSeries>>(series);
+    if (change.Rule) {
+        moved.Series = WithRule(*moved.Series, *change.Rule);
+        StartOnRule(agenda, moved);
+    }
+    const AgendaEvent changed = moved; // more changes may move it
     for (std::size_t i = 0; i < agenda.Events.size(); ++i) {
-        if (IsOverrideOf(agenda.Events[i], event)) {
-            AgendaEvent &changed = edit.Change(agenda, static_cast<int>(i));
-            changed.Override->Of = move.Moved(changed.Override->Of);
-            ++changed.Sequence;
+        const AgendaEvent &other = agenda.Events[i];
+        if (!IsOverrideOf(other, event)) {
+            continue;
+        }
+        if (AgendaEvent followed = Followed(other, event, changed, move); followed != other) {
+            edit.Change(agenda, static_cast<int>(i)) = std::move(followed);
         }
     }
     return edit;
@@ -122,9 +166,16 @@ AgendaEvent CopyOf(const AgendaEvent &event)
     return copy;
 }
 
+/// Where single occurrences cannot be told from others.
+QString NoUid()
+{
+    return QStringLiteral("This series has no UID of its own, so that single occurrences cannot "
+                          "be told from others. The whole series can be changed.");
+}
+
 AgendaEvent NewOverride(const Agenda &agenda, const AgendaOccurrence &occurrence)
 {
-    AgendaEvent event = CopyOf(EventAt(agenda, occurrence.Event));
+    AgendaEvent event = CopyOf(agenda.At(occurrence.Event));
     event.Series = nullptr;
     event.Override = AgendaOverride{*occurrence.Of, false};
     event.Start = occurrence.Start;
@@ -138,7 +189,7 @@ class SeriesCut
 public:
     SeriesCut(const Agenda &agenda, const AgendaOccurrence &occurrence)
         : m_agenda(agenda)
-        , m_event(EventAt(agenda, occurrence.Series))
+        , m_event(agenda.At(occurrence.Series))
         , m_index(occurrence.Series)
         , m_of(*occurrence.Of)
     {
@@ -157,7 +208,7 @@ public:
     {
         auto before = std::make_shared<AgendaSeries>(*m_event.Series);
         AgendaSeries after = *m_event.Series;
-        before->Rules[0] = RuleBefore(m_agenda, before->Rules[0], m_of);
+        before->Rules[0] = RuleBefore(m_agenda, before->Rules[0], *m_event.Start, m_of);
         after.Rules[0] = RuleFrom(after.Rules[0], Place().Before);
         std::erase_if(before->ExceptDates, [this](const auto &date) { return !IsBefore(date); });
         std::erase_if(after.ExceptDates, [this](const auto &date) { return IsBefore(date); });
@@ -166,17 +217,23 @@ public:
         std::erase_if(after.ExtraDates, [this](const auto &date) { return IsBefore(date.Start); });
 
         AgendaEvent rest = CopyOf(m_event);
-        rest.Uid = QUuid::createUuid().toByteArray(QUuid::WithoutBraces);
-        rest.Start = m_of;
-        rest.Start->Wall += shift;
+        rest.Uid = NewUid();
+        rest.Start = MovedStart(m_of, m_of.Wall + shift, change);
         ApplyTo(rest, change);
         rest.Sequence = 0;
         const SeriesMove move(m_agenda, m_of, *rest.Start);
+        if (change.Rule) {
+            after.Rules.clear();
+        }
         auto series = move.Moved(after);
         if (auto *reason = std::get_if<QString>(&series)) {
             return *reason;
         }
         rest.Series = std::get<std::shared_ptr<const AgendaSeries>>(series);
+        if (change.Rule) {
+            rest.Series = WithRule(*rest.Series, *change.Rule);
+            StartOnRule(m_agenda, rest);
+        }
 
         AgendaEdit edit;
         AgendaEvent &rump = edit.Change(m_agenda, m_index);
@@ -185,10 +242,7 @@ public:
         for (std::size_t i = 0; i < m_agenda.Events.size(); ++i) {
             const AgendaEvent &other = m_agenda.Events[i];
             if (IsOverrideOf(other, m_event) && !IsBefore(other.Override->Of)) {
-                AgendaEvent &changed = edit.Change(m_agenda, static_cast<int>(i));
-                changed.Uid = rest.Uid;
-                changed.Override->Of = move.Moved(other.Override->Of);
-                ++changed.Sequence;
+                edit.Change(m_agenda, static_cast<int>(i)) = Followed(other, m_event, rest, move);
             }
         }
         edit.Append(m_agenda, std::move(rest));
@@ -218,18 +272,16 @@ std::variant<AgendaEdit, QString> ChangeSingle(const Agenda &agenda,
                                                bool andFollowing)
 {
     AgendaEdit edit;
-    const AgendaEvent &event = EventAt(agenda, occurrence.Event);
+    const AgendaEvent &event = agenda.At(occurrence.Event);
     const bool isOwn = !occurrence.Of || (event.Override && event.Override->Of == *occurrence.Of);
     if (!isOwn && !AgendaOccurrences(agenda).CanBeOverridden(occurrence.Series)) {
-        return QStringLiteral(
-            "This series has no UID of its own, so that single occurrences cannot "
-            "be told from others. The whole series can be moved.");
+        return NoUid();
     }
     AgendaEvent moved = isOwn ? event : NewOverride(agenda, occurrence);
     if (!isOwn) {
         moved.Override->AndFollowing = andFollowing;
     }
-    moved.Start->Wall = wall;
+    moved.Start = MovedStart(*moved.Start, wall, change);
     ApplyTo(moved, change);
     if (isOwn) {
         edit.Change(agenda, occurrence.Event) = std::move(moved);
@@ -243,7 +295,7 @@ std::variant<AgendaEdit, QString> ChangeFollowing(const Agenda &agenda,
                                                   const AgendaOccurrence &occurrence,
                                                   AgendaSeconds wall, const AgendaChange &change)
 {
-    const AgendaEvent &event = EventAt(agenda, occurrence.Event);
+    const AgendaEvent &event = agenda.At(occurrence.Event);
     if (!event.Override) {
         const AgendaSeconds shift = wall - occurrence.Start.Wall;
         const SeriesCut cut(agenda, occurrence);
@@ -259,19 +311,29 @@ std::variant<AgendaEdit, QString> ChangeFollowing(const Agenda &agenda,
             return edit;
         }
     }
+    if (change.Rule || change.Calendar) {
+        return QStringLiteral("This series cannot be cut in two here. It can be changed as a "
+                              "whole.");
+    }
     return ChangeSingle(agenda, occurrence, wall, change, true);
 }
 
-/// Nothing where the event can stand in the other calendar.
+/// Nothing where what is meant can stand in the other calendar.
 std::optional<QString> ObstacleToCalendar(const Agenda &agenda, const AgendaEvent &event,
-                                          int calendar)
+                                          int calendar, AgendaScope scope)
 {
-    if (event.Series != nullptr || event.Override) {
-        return QStringLiteral("A series stays in its calendar. Single events can be moved to "
-                              "others.");
+    const bool isPart =
+        event.Override || (event.Series != nullptr && scope == AgendaScope::Occurrence);
+    if (isPart) {
+        return QStringLiteral("One occurrence stays in the calendar of its series. The whole "
+                              "series can be moved to another one.");
+    }
+    if (scope == AgendaScope::Following) {
+        return std::nullopt; // with a UID of their own
     }
     const bool isTaken = std::ranges::any_of(agenda.Events, [&](const AgendaEvent &other) {
-        return other.Calendar == calendar && !other.Uid.isEmpty() && other.Uid == event.Uid;
+        return other.Calendar == calendar && !other.IsRemoved && !other.Uid.isEmpty()
+               && other.Uid == event.Uid;
     });
     return isTaken ? std::optional(QStringLiteral("That calendar has this event already."))
                    : std::nullopt;
@@ -283,14 +345,26 @@ AgendaEvent &AgendaEdit::Change(const Agenda &agenda, int event)
 {
     auto place = std::ranges::find(m_changes, event, &Place::Event);
     if (place == m_changes.end()) {
-        place = m_changes.insert(place, {event, EventAt(agenda, event)});
+        place = m_changes.insert(place, {event, agenda.At(event)});
     }
     return *place->Value;
 }
 
+std::vector<int> AgendaEdit::Events() const
+{
+    std::vector<int> events;
+    for (const Place &place : m_changes) {
+        events.push_back(place.Event);
+    }
+    return events;
+}
+
 void AgendaEdit::Append(const Agenda &agenda, AgendaEvent event)
 {
-    m_changes.push_back({static_cast<int>(agenda.Events.size()), std::move(event)});
+    const int end = static_cast<int>(agenda.Events.size());
+    const auto before =
+        std::ranges::count_if(m_changes, [end](const Place &place) { return place.Event >= end; });
+    m_changes.push_back({end + static_cast<int>(before), std::move(event)});
 }
 
 void AgendaEdit::SwapWith(Agenda &agenda)
@@ -307,6 +381,7 @@ void AgendaEdit::SwapWith(Agenda &agenda)
             std::swap(*place.Value, agenda.Events[index]);
         }
     }
+    std::ranges::reverse(m_changes); // what came last goes first
 }
 
 std::vector<AgendaScope> ScopesOf(const Agenda &agenda, const AgendaOccurrence &occurrence)
@@ -315,7 +390,7 @@ std::vector<AgendaScope> ScopesOf(const Agenda &agenda, const AgendaOccurrence &
     if (occurrence.Series < 0) {
         return {Occurrence};
     }
-    const AgendaEvent &event = EventAt(agenda, occurrence.Event);
+    const AgendaEvent &event = agenda.At(occurrence.Event);
     if (!event.Override) {
         return {Occurrence, Following, Series};
     }
@@ -328,34 +403,71 @@ std::variant<AgendaEdit, QString> ChangeOccurrence(const Agenda &agenda,
                                                    const AgendaOccurrence &occurrence,
                                                    const AgendaChange &change, AgendaScope scope)
 {
-    const AgendaEvent &event = EventAt(agenda, occurrence.Event);
+    const AgendaEvent &event = agenda.At(occurrence.Event);
     AgendaChange wanted = change;
-    if (wanted.Place == event.Place) {
-        wanted.Place.reset();
-    }
-    if (wanted.Calendar == event.Calendar) {
-        wanted.Calendar.reset();
-    }
-    const AgendaSeconds wall =
-        occurrence.Start.IsDate ? DayOf(change.Start) * kSecondsPerDay : change.Start;
-    if (wall == occurrence.Start.Wall && wanted.Length == occurrence.Length && !wanted.Place
-        && !wanted.Calendar) {
-        return AgendaEdit();
-    }
-    if (wanted.Calendar) {
-        if (const auto obstacle = ObstacleToCalendar(agenda, event, *wanted.Calendar)) {
-            return *obstacle;
+    const auto keepOnly = [](auto &value, const auto &former) {
+        if (value == former) {
+            value.reset();
         }
+    };
+    keepOnly(wanted.Place, event.Place);
+    keepOnly(wanted.Calendar, event.Calendar);
+    keepOnly(wanted.Title, event.Title);
+    keepOnly(wanted.Notes, event.Notes);
+    const bool becomesDate = occurrence.Start.IsDate != change.SwitchesAllDay;
+    const AgendaSeconds wall = becomesDate ? DayOf(change.Start) * kSecondsPerDay : change.Start;
+    if (wall == occurrence.Start.Wall && wanted.Length == occurrence.Length && !wanted.Place
+        && !wanted.Calendar && !wanted.Title && !wanted.Notes && !wanted.Rule
+        && !wanted.SwitchesAllDay) {
+        return AgendaEdit();
     }
     const std::vector<AgendaScope> scopes = ScopesOf(agenda, occurrence);
     const bool isMeant = std::ranges::find(scopes, scope) != scopes.end();
-    if (isMeant && scope == AgendaScope::Series) {
+    const AgendaScope meant = isMeant ? scope : AgendaScope::Occurrence;
+    if (wanted.Calendar) {
+        if (const auto obstacle = ObstacleToCalendar(agenda, event, *wanted.Calendar, meant)) {
+            return *obstacle;
+        }
+    }
+    if (meant == AgendaScope::Series) {
         return ChangeSeries(agenda, occurrence.Series, wall - occurrence.Start.Wall, wanted);
     }
-    if (isMeant && scope == AgendaScope::Following) {
+    if (meant == AgendaScope::Following) {
         return ChangeFollowing(agenda, occurrence, wall, wanted);
     }
+    if (wanted.Rule && occurrence.Series < 0 && !event.Override) {
+        return ChangeSeries(agenda, occurrence.Event, wall - occurrence.Start.Wall, wanted);
+    }
     return ChangeSingle(agenda, occurrence, wall, wanted, false);
+}
+
+AgendaEvent SingleEventLike(const Agenda &agenda, const AgendaOccurrence &occurrence)
+{
+    AgendaEvent copy = CopyOf(agenda.At(occurrence.Event));
+    copy.Uid = NewUid();
+    copy.Series = nullptr;
+    copy.Override.reset();
+    copy.Start = occurrence.Start;
+    copy.Length = occurrence.Length;
+    copy.Sequence = 0;
+    return copy;
+}
+
+AgendaEdit CopyOccurrence(const Agenda &agenda, const AgendaOccurrence &occurrence,
+                          const AgendaChange &change)
+{
+    AgendaEvent copy = SingleEventLike(agenda, occurrence);
+    copy.Start->Wall = copy.IsAllDay() ? DayOf(change.Start) * kSecondsPerDay : change.Start;
+    ApplyTo(copy, change);
+    copy.Sequence = 0;
+    AgendaEdit edit;
+    edit.Append(agenda, std::move(copy));
+    return edit;
+}
+
+QByteArray NewUid()
+{
+    return QUuid::createUuid().toByteArray(QUuid::WithoutBraces);
 }
 
 } // namespace korvane::planner

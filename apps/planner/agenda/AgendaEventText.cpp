@@ -5,6 +5,7 @@
 #include "agenda/IcalText.h"
 
 #include <algorithm>
+#include <span>
 
 namespace korvane::planner {
 
@@ -14,10 +15,13 @@ namespace {
 class EventText
 {
 public:
-    EventText(QByteArray text, const Agenda &agenda, const AgendaEvent &event)
+    /// `former` is what was read from the text.
+    EventText(QByteArray text, const Agenda &agenda, const AgendaEvent &event,
+              const AgendaEvent &former)
         : m_text(std::move(text))
         , m_agenda(agenda)
         , m_event(event)
+        , m_former(former)
         , m_lines(IcalLinesOf(m_text))
         , m_lineEnd(Raw(m_lines.front()).endsWith("\r\n") ? "\r\n" : "\n")
     {
@@ -25,8 +29,13 @@ public:
 
     void SetStart()
     {
-        if (const IcalLine *line = Find("DTSTART")) {
+        const IcalLine *line = Find("DTSTART");
+        if (line != nullptr && KeepsForm()) {
             SetValue(*line, IcalText(*m_event.Start));
+        } else if (line != nullptr) {
+            Replace(*line, HeadOf("DTSTART", *m_event.Start) + IcalText(*m_event.Start));
+        } else {
+            InsertBehind("UID", HeadOf("DTSTART", *m_event.Start) + IcalText(*m_event.Start));
         }
     }
 
@@ -37,7 +46,7 @@ public:
             const AgendaTime end = End();
             const QByteArray old = Unfolded(Raw(*line));
             const bool isDate = old.indexOf('T', ValueOf(old)) < 0;
-            if (isDate == end.IsDate) {
+            if (isDate == end.IsDate && KeepsForm()) {
                 SetValue(*line, IcalText(end));
             } else {
                 Replace(*line, HeadOf("DTEND", end) + IcalText(end));
@@ -78,12 +87,25 @@ public:
         }
     }
 
-    void SetSeries(const AgendaSeries &series, const AgendaSeries &former)
+    void SetSeries()
     {
-        SetRules("RRULE", series.Rules, former.Rules);
+        const AgendaSeries none;
+        const AgendaSeries &former = m_former.Series != nullptr ? *m_former.Series : none;
+        if (m_event.Series == nullptr) {
+            Drop({"RRULE", "EXRULE", "RDATE", "EXDATE"});
+            return;
+        }
+        const AgendaSeries &series = *m_event.Series;
+        if (former.Rules.empty()) {
+            for (const QByteArray &rule : series.Rules) {
+                InsertBehind("DTSTART", "RRULE:" + rule);
+            }
+        } else {
+            SetRules("RRULE", series.Rules, former.Rules);
+        }
         SetRules("EXRULE", series.ExceptRules, former.ExceptRules);
         if (series.ExceptDates != former.ExceptDates) {
-            SetExceptDates(series.ExceptDates);
+            SetExceptDates(series.ExceptDates, former.ExceptDates);
         }
         if (series.ExtraDates != former.ExtraDates) {
             SetExtraDates(series.ExtraDates);
@@ -91,21 +113,43 @@ public:
     }
 
     /// What else a change may concern.
-    void SetOthers(const AgendaEvent &former)
+    void SetOthers()
     {
-        if (m_event.Uid != former.Uid) {
+        if (m_event.Uid != m_former.Uid) {
             SetOrAdd("UID", m_event.Uid);
         }
-        if (m_event.Place != former.Place) {
-            SetPlace();
+        if (m_event.Title != m_former.Title) {
+            SetText("SUMMARY", m_event.Title, "UID");
+        }
+        if (m_event.Place != m_former.Place) {
+            SetText("LOCATION", m_event.Place, "SUMMARY");
+        }
+        if (m_event.Notes != m_former.Notes) {
+            SetText("DESCRIPTION", m_event.Notes, "SUMMARY");
+            Drop({"X-ALT-DESC"}); // the same once more, as it was
         }
     }
 
-    void SetExceptDates(const std::vector<AgendaTime> &dates)
+    /// Dates that were there before stay as they were written, when there are only more of them.
+    void SetExceptDates(const std::vector<AgendaTime> &dates, const std::vector<AgendaTime> &former)
     {
+        const bool areMore =
+            dates.size() > former.size() && std::equal(former.begin(), former.end(), dates.begin());
+        const auto lineOf = [this](const AgendaTime &date) {
+            return HeadOf("EXDATE", date) + IcalText(date);
+        };
+        if (areMore) {
+            for (const AgendaTime &date : std::span(dates).subspan(former.size())) {
+                InsertBehind(Find("EXDATE") != nullptr  ? "EXDATE"
+                             : Find("RRULE") != nullptr ? "RRULE"
+                                                        : "DTSTART",
+                             lineOf(date));
+            }
+            return;
+        }
         QByteArrayList lines;
         for (const AgendaTime &date : dates) {
-            lines.append(HeadOf("EXDATE", date) + IcalText(date));
+            lines.append(lineOf(date));
         }
         ReplaceAll("EXDATE", lines);
     }
@@ -204,6 +248,7 @@ private:
     void InsertBehind(QByteArrayView name, const QByteArray &text)
     {
         const IcalLine *line = Find(name);
+        line = line != nullptr ? line : Find("UID");
         const qsizetype at = line != nullptr ? line->End : m_lines.front().End;
         m_changes.push_back({at, at, Folded(text, m_lineEnd)});
     }
@@ -217,21 +262,21 @@ private:
         }
     }
 
-    /// What the parameters say, an address perhaps, is about the former place.
-    void SetPlace()
+    /// What the parameters say, a language or an address perhaps, is about the former text.
+    void SetText(const QByteArray &name, const QString &value, QByteArrayView behind)
     {
-        QByteArray text = m_event.Place.toUtf8();
+        QByteArray text = value.toUtf8();
         for (const char *special : {"\\", ";", ","}) {
             text.replace(special, QByteArray("\\") + special);
         }
-        text = "LOCATION:" + text.replace("\n", "\\n");
-        const IcalLine *line = Find("LOCATION");
-        if (m_event.Place.isEmpty()) {
-            Drop({"LOCATION"});
+        text = name + ':' + text.replace("\r", "").replace("\n", "\\n");
+        const IcalLine *line = Find(name);
+        if (value.isEmpty()) {
+            Drop({name});
         } else if (line != nullptr) {
             Replace(*line, text);
         } else {
-            InsertBehind("SUMMARY", text);
+            InsertBehind(behind, text);
         }
     }
 
@@ -248,13 +293,20 @@ private:
         }
     }
 
+    /// Whether the start is written as before, but for its value.
+    bool KeepsForm() const
+    {
+        return m_former.Start && m_former.Start->IsDate == m_event.Start->IsDate
+               && m_former.Start->Zone == m_event.Start->Zone;
+    }
+
     /// The name and the parameters that say in which form the time is. Those of the start are taken
     /// over where they say the same; they may name a zone that is not known here.
     QByteArray HeadOf(const QByteArray &name, const AgendaTime &time) const
     {
         const IcalLine *start = Find("DTSTART");
         const AgendaTime &own = *m_event.Start;
-        if (start != nullptr && time.Zone == own.Zone && time.IsDate == own.IsDate) {
+        if (start != nullptr && KeepsForm() && time.Zone == own.Zone && time.IsDate == own.IsDate) {
             const QByteArray line = Unfolded(Raw(*start));
             return name + line.mid(start->Name.size(), ValueOf(line) - start->Name.size());
         }
@@ -307,6 +359,7 @@ private:
     QByteArray m_text;
     const Agenda &m_agenda;
     const AgendaEvent &m_event;
+    const AgendaEvent &m_former;
     std::vector<IcalLine> m_lines;
     QByteArray m_lineEnd;
     std::vector<Change> m_changes;
@@ -317,18 +370,18 @@ private:
 QByteArray ChangedEvent(const QByteArray &text, const Agenda &agenda, const AgendaEvent &event,
                         const AgendaEvent &former, const QDateTime &now)
 {
-    EventText changed(text, agenda, event);
+    EventText changed(text, agenda, event, former);
     if (event.Start) {
         changed.SetStart();
         changed.SetEnd(event.Length != former.Length);
     }
-    if (event.Series != nullptr && former.Series != nullptr) {
-        changed.SetSeries(*event.Series, *former.Series);
+    if (event.Series != nullptr || former.Series != nullptr) { // else there may be unread ones
+        changed.SetSeries();
     }
     if (event.Override && event.Override != former.Override) {
         changed.SetOverridden();
     }
-    changed.SetOthers(former);
+    changed.SetOthers();
     changed.SetRevision(now);
     return changed.Result();
 }
@@ -336,18 +389,25 @@ QByteArray ChangedEvent(const QByteArray &text, const Agenda &agenda, const Agen
 QByteArray NewEvent(const QByteArray &text, const Agenda &agenda, const AgendaEvent &event,
                     const AgendaEvent &model, const QDateTime &now)
 {
-    EventText copy(text, agenda, event);
+    EventText copy(text, agenda, event, model);
     copy.SetStart();
     copy.SetEnd(event.Length != model.Length);
-    if (event.Series != nullptr && model.Series != nullptr) {
-        copy.SetSeries(*event.Series, *model.Series);
-    } else {
-        copy.Drop({"RRULE", "EXRULE", "RDATE", "EXDATE"});
+    copy.SetSeries();
+    if (event.Override) {
         copy.SetOverride();
+    } else {
+        copy.Drop({"RECURRENCE-ID"});
     }
-    copy.SetOthers(model);
+    copy.SetOthers();
     copy.SetRevision(now);
     return copy.Result();
+}
+
+QByteArray MadeEvent(const Agenda &agenda, const AgendaEvent &event, const QByteArray &lineEnd,
+                     const QDateTime &now)
+{
+    const QByteArray frame = QByteArrayList({"BEGIN:VEVENT", "UID:", "END:VEVENT"}).join(lineEnd);
+    return NewEvent(frame + lineEnd, agenda, event, AgendaEvent(), now);
 }
 
 } // namespace korvane::planner

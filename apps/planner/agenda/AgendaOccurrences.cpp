@@ -332,6 +332,9 @@ AgendaOccurrences::AgendaOccurrences(const Agenda &agenda)
     for (std::size_t i = 0; i < agenda.Events.size(); ++i) {
         const AgendaEvent &event = agenda.Events[i];
         const int index = static_cast<int>(i);
+        if (event.IsRemoved) {
+            continue;
+        }
         if (!event.Override) {
             if (event.Series != nullptr && event.Start && !event.Uid.isEmpty()) {
                 const std::pair key(event.Calendar, event.Uid);
@@ -382,7 +385,7 @@ void AgendaOccurrences::Add(const AgendaRange &range, int event,
                             std::vector<AgendaOccurrence> &found) const
 {
     const AgendaEvent &one = m_agenda.Events[static_cast<std::size_t>(event)];
-    if (!one.Start) {
+    if (!one.Start || one.IsRemoved) {
         return;
     }
     const std::pair key(one.Calendar, one.Uid);
@@ -427,7 +430,7 @@ bool AgendaOccurrences::IsEndless() const
 {
     const auto lock = LockIcal();
     return std::ranges::any_of(m_agenda.Events, [](const AgendaEvent &event) {
-        return event.Start && !event.Override && event.Series != nullptr
+        return event.Start && !event.IsRemoved && !event.Override && event.Series != nullptr
                && std::ranges::any_of(event.Series->Rules, [](const QByteArray &text) {
                       const icalrecurrencetype rule = ParsedRule(text);
                       return rule.freq != ICAL_NO_RECURRENCE && rule.count == 0

@@ -19,8 +19,8 @@ bool IsSame(const AgendaEvent &a, const AgendaEvent &b)
     const bool sameSeries = (a.Series == nullptr) == (b.Series == nullptr)
                             && (a.Series == nullptr || *a.Series == *b.Series);
     return sameSeries && a.Start == b.Start && a.Length == b.Length && a.Override == b.Override
-           && a.Sequence == b.Sequence && a.Uid == b.Uid && a.Place == b.Place
-           && a.Calendar == b.Calendar;
+           && a.Sequence == b.Sequence && a.Uid == b.Uid && a.Title == b.Title && a.Place == b.Place
+           && a.Notes == b.Notes && a.Calendar == b.Calendar && a.IsRemoved == b.IsRemoved;
 }
 
 /// Puts the pieces of a file together again.
@@ -48,8 +48,13 @@ public:
     QByteArray Write()
     {
         for (const AgendaEvent &event : m_agenda.Events) {
-            if (event.Source < 0) {
+            if (event.Source >= 0 || event.IsRemoved) {
+                continue;
+            }
+            if (event.CopyOf >= 0) {
                 m_copies.at(static_cast<std::size_t>(event.CopyOf)).push_back(&event);
+            } else {
+                Arrive(event, NewText(event));
             }
         }
         for (std::size_t i = 0; i < m_events.size(); ++i) {
@@ -68,6 +73,26 @@ public:
             at = piece.End;
         }
         return result + m_source.mid(at);
+    }
+
+    /// A calendar of its own with copies of events, as CopyOccurrence makes them.
+    QByteArray Clip(const std::vector<AgendaEvent> &events) const
+    {
+        std::set<int> zones;
+        QByteArray texts;
+        for (const AgendaEvent &event : events) {
+            const auto index = static_cast<std::size_t>(event.CopyOf);
+            texts += event.CopyOf < 0 ? NewText(event)
+                                      : NewEvent(TextOf(*m_events[index]), m_agenda, event,
+                                                 m_former.Events[index], m_now);
+            zones.merge(ZonesOf(event));
+        }
+        QByteArray clip = "BEGIN:VCALENDAR\nVERSION:2.0\nPRODID:-//Korvane//Planner//EN\n";
+        for (const int zone : zones) {
+            clip += ZoneText(zone, m_agenda.Zones->At(zone).Id());
+        }
+        clip += texts + "END:VCALENDAR\n";
+        return clip.replace("\r\n", "\n").replace("\n", "\r\n");
     }
 
 private:
@@ -90,41 +115,88 @@ private:
         const AgendaEvent &event = m_agenda.Events[index];
         const AgendaEvent &former = m_former.Events[index];
         const QByteArray text = TextOf(part);
-        QByteArray written =
-            IsSame(event, former) ? text : ChangedEvent(text, m_agenda, event, former, m_now);
-        for (const AgendaEvent *copy : m_copies[index]) {
-            written += NewEvent(text, m_agenda, *copy, former, m_now);
+        QByteArray written = event.IsRemoved ? QByteArray()
+                             : IsSame(event, former)
+                                 ? text
+                                 : ChangedEvent(text, m_agenda, event, former, m_now);
+        if (HasCalendar(event) && event.Calendar != former.Calendar) {
+            Arrive(event, std::exchange(written, {}));
         }
-        const auto calendar = static_cast<std::size_t>(event.Calendar);
-        if (event.Calendar != former.Calendar && calendar < m_arrivals.size()) {
-            m_arrivals[calendar] += ZonesFor(event, former.Calendar) + written;
-            written.clear();
+        for (const AgendaEvent *copy : m_copies[index]) {
+            const QByteArray copied = NewEvent(text, m_agenda, *copy, former, m_now);
+            if (HasCalendar(*copy) && copy->Calendar != former.Calendar) {
+                Arrive(*copy, copied);
+            } else {
+                written += copied;
+            }
         }
         if (written != text) {
             m_pieces.push_back({part.Begin, part.End, written});
         }
     }
 
-    /// The definitions that an event refers to and that its new calendar lacks.
-    QByteArray ZonesFor(const AgendaEvent &event, int from)
+    /// Of an event that stems from none of the file's.
+    QByteArray NewText(const AgendaEvent &event) const
+    {
+        const bool hasReturns = m_source.contains("\r\n");
+        if (event.Origin == nullptr) {
+            return MadeEvent(m_agenda, event, hasReturns ? "\r\n" : "\n", m_now);
+        }
+        const QByteArray text =
+            NewEvent(event.Origin->Text, m_agenda, event, event.Origin->Event, m_now);
+        QByteArray plain = text;
+        plain.replace("\r\n", "\n");
+        return hasReturns ? plain.replace("\n", "\r\n") : plain;
+    }
+
+    bool HasCalendar(const AgendaEvent &event) const
+    {
+        return static_cast<std::size_t>(event.Calendar) < m_arrivals.size();
+    }
+
+    /// Puts an event at the end of its calendar.
+    void Arrive(const AgendaEvent &event, const QByteArray &text)
+    {
+        if (!text.isEmpty()) {
+            m_arrivals.at(static_cast<std::size_t>(event.Calendar)) += ZonesFor(event) + text;
+        }
+    }
+
+    /// That an event refers to by name.
+    static std::set<int> ZonesOf(const AgendaEvent &event)
+    {
+        std::set<int> zones{event.Start ? event.Start->Zone : kFloating, event.EndZone};
+        std::erase_if(zones, [](int zone) { return zone <= kUtc; });
+        return zones;
+    }
+
+    /// The definitions that an event refers to and that its calendar lacks.
+    QByteArray ZonesFor(const AgendaEvent &event)
     {
         QByteArray zones;
-        for (const IcalComponent &part : m_parts.Components) {
-            const QByteArray id = IdOfZone(part);
-            const auto isUsed = [&](int zone) {
-                return zone > kUtc && m_agenda.Zones->At(zone).Id() == id;
+        for (const int zone : ZonesOf(event)) {
+            const QByteArray id = m_agenda.Zones->At(zone).Id();
+            const auto isThere = [&](const IcalComponent &part) {
+                return part.Calendar == event.Calendar && IdOfZone(part) == id;
             };
-            const bool isNeeded = part.Calendar == from && !id.isEmpty() && event.Start
-                                  && (isUsed(event.Start->Zone) || isUsed(event.EndZone));
-            const bool isThere =
-                std::ranges::any_of(m_parts.Components, [&](const IcalComponent &other) {
-                    return other.Calendar == event.Calendar && IdOfZone(other) == id;
-                });
-            if (isNeeded && !isThere && m_brought.insert({id, event.Calendar}).second) {
-                zones += TextOf(part);
+            if (std::ranges::none_of(m_parts.Components, isThere)
+                && m_brought.insert({id, event.Calendar}).second) {
+                zones += ZoneText(zone, id);
             }
         }
         return zones;
+    }
+
+    /// As the file has it elsewhere, or as the system knows it.
+    QByteArray ZoneText(int zone, const QByteArray &id) const
+    {
+        const auto part = std::ranges::find_if(
+            m_parts.Components, [&](const IcalComponent &one) { return IdOfZone(one) == id; });
+        if (part != m_parts.Components.end()) {
+            return TextOf(*part);
+        }
+        QByteArray text = m_agenda.Zones->At(zone).Definition();
+        return m_source.contains("\r\n") ? text : text.replace("\r\n", "\n");
     }
 
     QByteArray IdOfZone(const IcalComponent &part) const
@@ -167,6 +239,12 @@ private:
 QByteArray WriteAgenda(const Agenda &agenda, const QByteArray &source, const QDateTime &now)
 {
     return AgendaText(agenda, source, now).Write();
+}
+
+QByteArray WriteClip(const Agenda &agenda, const QByteArray &source,
+                     const std::vector<AgendaEvent> &events)
+{
+    return AgendaText(agenda, source, QDateTime::currentDateTimeUtc()).Clip(events);
 }
 
 std::optional<QString> SaveAgenda(const Agenda &agenda, const QByteArray &source,

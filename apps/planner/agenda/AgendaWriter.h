@@ -11,10 +11,15 @@ namespace korvane::planner {
 ///
 /// Only what has changed is written anew: in an event that is a new revision its times, its rules
 /// and exceptions, SEQUENCE and DTSTAMP, and LAST-MODIFIED where it has one. All else stays to the
-/// byte: other properties and components, their order, folds and line ends. A new override, and the
-/// rest of a series that was cut in two, is a copy of the event it stems from and follows it. An
-/// event that goes into another calendar takes along the time zones that are not defined there.
+/// byte: other properties and components, their order, folds and line ends. A new override, the
+/// rest of a series that was cut in two, and a copy are made of the event they stem from and follow
+/// it. What is new, or goes into another calendar, comes last there, with the time zones that are
+/// not defined in that calendar. What was removed is left out.
 QByteArray WriteAgenda(const Agenda &agenda, const QByteArray &source, const QDateTime &now);
+
+/// Copies of the agenda's events, as CopyOccurrence makes them, as a calendar to be pasted.
+QByteArray WriteClip(const Agenda &agenda, const QByteArray &source,
+                     const std::vector<AgendaEvent> &events);
 
 /// Writes it beside the file and puts it in its place; compressed when the name ends in ".gz".
 /// Returns what went wrong.

@@ -165,6 +165,22 @@ AgendaSeconds AgendaZone::ToWall(AgendaSeconds utc) const
     return utc + icaltimezone_get_utc_offset_of_utc_time(m_rules->Zone, &time, nullptr);
 }
 
+QByteArray AgendaZone::Definition() const
+{
+    const auto lock = LockIcal();
+    const IcalComponentPtr copy(icalcomponent_new_clone(icaltimezone_get_component(m_rules->Zone)));
+    if (copy == nullptr) {
+        return {};
+    }
+    if (icalproperty *id = icalcomponent_get_first_property(copy.get(), ICAL_TZID_PROPERTY)) {
+        icalproperty_set_tzid(id, m_id.constData());
+    }
+    char *text = icalcomponent_as_ical_string_r(copy.get());
+    const QByteArray result(text);
+    icalmemory_free_buffer(text);
+    return result;
+}
+
 AgendaZones::AgendaZones()
 {
     const auto lock = LockIcal();

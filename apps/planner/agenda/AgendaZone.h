@@ -40,6 +40,8 @@ public:
     AgendaSeconds ToUtc(AgendaSeconds wall) const;
     AgendaSeconds ToWall(AgendaSeconds utc) const;
     const Rules &GetRules() const { return *m_rules; }
+    /// A VTIMEZONE component with that id, lines ended by "\r\n".
+    QByteArray Definition() const;
 
 private:
     QByteArray m_id;

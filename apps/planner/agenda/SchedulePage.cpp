@@ -109,8 +109,7 @@ AgendaPages::Shown AgendaPages::ShownOf(const AgendaOccurrence &occurrence) cons
 AgendaChange AgendaPages::TimesOf(const SchedulePage &page, const ScheduleMove &move) const
 {
     const ScheduleBlock &former = page.Blocks.at(static_cast<std::size_t>(move.Block));
-    const AgendaOccurrence &occurrence =
-        page.Occurrences.at(static_cast<std::size_t>(former.Occurrence));
+    const AgendaOccurrence &occurrence = page.OccurrenceOf(move.Block);
     const Shown shown = ShownOf(occurrence);
     const AgendaSeconds startShift = move.Times.From - former.Start;
     const AgendaSeconds stopShift = move.Times.To - former.Stop;
@@ -119,21 +118,14 @@ AgendaChange AgendaPages::TimesOf(const SchedulePage &page, const ScheduleMove &
     const bool movesStop = isMove || former.Stop == shown.Stop;
     const AgendaSeconds start = shown.Start + (movesStart ? startShift : 0);
     const AgendaSeconds stop = std::max(start, shown.Stop + (movesStop ? stopShift : 0));
-    const AgendaTime &own = occurrence.Start;
-    if (own.IsDate || own.Zone == kFloating) {
-        const AgendaSeconds days = (DayOf(stop - 1) - DayOf(start) + 1) * kSecondsPerDay;
-        const AgendaLength stretched =
-            own.IsDate ? AgendaLength{std::max<qint64>(1, days / kSecondsPerDay), 0}
-                       : AgendaLength{0, stop - start};
-        return {start, isMove ? occurrence.Length : stretched, {}, {}};
+    AgendaChange change = ChangeTo(occurrence, {start, stop}, occurrence.Start.IsDate);
+    if (isMove) {
+        change.Length = occurrence.Length;
     }
-    const AgendaSeconds utc = m_agenda.Zones->ToUtc(start, m_zone);
-    const AgendaLength stretched{0, m_agenda.Zones->ToUtc(stop, m_zone) - utc};
-    return {m_agenda.Zones->ToWall(utc, own.Zone), isMove ? occurrence.Length : stretched, {}, {}};
+    return change;
 }
 
-std::variant<AgendaEdit, QString>
-AgendaPages::Moved(const SchedulePage &page, const ScheduleMove &move, AgendaScope scope) const
+AgendaChange AgendaPages::MoveOf(const SchedulePage &page, const ScheduleMove &move) const
 {
     const ScheduleBlock &former = page.Blocks.at(static_cast<std::size_t>(move.Block));
     AgendaChange change = TimesOf(page, move);
@@ -142,8 +134,18 @@ AgendaPages::Moved(const SchedulePage &page, const ScheduleMove &move, AgendaSco
         change.Place = column.Place;
         change.Calendar = column.Calendar;
     }
-    return ChangeOccurrence(
-        m_agenda, page.Occurrences.at(static_cast<std::size_t>(former.Occurrence)), change, scope);
+    return change;
+}
+
+std::variant<AgendaEdit, QString>
+AgendaPages::Moved(const SchedulePage &page, const ScheduleMove &move, AgendaScope scope) const
+{
+    return ChangeOccurrence(m_agenda, page.OccurrenceOf(move.Block), MoveOf(page, move), scope);
+}
+
+AgendaEdit AgendaPages::Copied(const SchedulePage &page, const ScheduleMove &move) const
+{
+    return CopyOccurrence(m_agenda, page.OccurrenceOf(move.Block), MoveOf(page, move));
 }
 
 QString AgendaPages::ZoneName() const
@@ -267,7 +269,7 @@ AgendaSeconds AgendaPages::DayNear(AgendaSeconds near) const
     }
     if (!best) {
         for (const AgendaEvent &event : m_agenda.Events) {
-            if (event.Start) {
+            if (event.Start && !event.IsRemoved) {
                 offer(ShownWall(*event.Start));
             }
         }

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "agenda/AgendaEdit.h"
+#include "agenda/AgendaRule.h"
 #include "agenda/Programme.h"
 #include "foundation/zuTypes.h"
 
@@ -46,6 +47,12 @@ struct SchedulePage
     std::vector<AgendaOccurrence> Occurrences;
     /// What the time axis shows, less the base dates of the columns.
     AgendaRange Axis;
+
+    const AgendaOccurrence &OccurrenceOf(int block) const
+    {
+        const int index = Blocks.at(static_cast<std::size_t>(block)).Occurrence;
+        return Occurrences.at(static_cast<std::size_t>(index));
+    }
 };
 
 /// Where the user has put a block: times as the page shows them, and a column.
@@ -54,6 +61,22 @@ struct ScheduleMove
     int Block = 0;
     AgendaRange Times;
     int Column = 0;
+};
+
+/// An event as a form shows it.
+struct ScheduleDraft
+{
+    QString Title;
+    QString Place;
+    QString Notes;
+    /// As the page shows them; of an all-day event from the midnight of its first day to that after
+    /// its last one.
+    AgendaRange Times;
+    AgendaSimpleRule Rule = {};
+    int Calendar = 0;
+    bool IsAllDay = false;
+
+    friend bool operator==(const ScheduleDraft &, const ScheduleDraft &) = default;
 };
 
 enum class AgendaColumns : std::uint8_t { Days, Places, Calendars };
@@ -74,6 +97,18 @@ public:
     /// done.
     std::variant<AgendaEdit, QString> Moved(const SchedulePage &page, const ScheduleMove &move,
                                             AgendaScope scope) const;
+    ScheduleDraft DraftOf(const AgendaOccurrence &occurrence) const;
+    /// The edit that makes an occurrence what a form says; or why that cannot be done.
+    std::variant<AgendaEdit, QString> Edited(const AgendaOccurrence &occurrence,
+                                             const ScheduleDraft &draft, AgendaScope scope) const;
+    /// The edit that adds an event.
+    AgendaEdit Added(const ScheduleDraft &draft) const;
+    /// The edit that puts a copy of a block there.
+    AgendaEdit Copied(const SchedulePage &page, const ScheduleMove &move) const;
+    /// The edit that adds the events of another agenda, the first one on a day, in its own
+    /// calendar, and at a place if one is given. Series stay on their days.
+    AgendaEdit Pasted(const QByteArray &text, const Agenda &other, const ScheduleColumn &target,
+                      int calendar) const;
     /// The name of the zone by whose clock times are shown; empty for that of the system.
     QString ZoneName() const;
     /// Midnight of the day nearest to `near` on which something takes place; `near` without any.
@@ -93,6 +128,9 @@ private:
     std::vector<Shown> ShownIn(const AgendaRange &range) const;
     void AddBlocks(SchedulePage &page, const Shown &shown, AgendaColumns columns) const;
     int ColumnOf(SchedulePage &page, const AgendaEvent &event, AgendaColumns columns) const;
+    AgendaChange ChangeTo(const AgendaOccurrence &occurrence, const AgendaRange &times,
+                          bool isAllDay) const;
+    AgendaChange MoveOf(const SchedulePage &page, const ScheduleMove &move) const;
     AgendaChange TimesOf(const SchedulePage &page, const ScheduleMove &move) const;
 
     const Agenda &m_agenda;
