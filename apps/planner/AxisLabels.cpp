@@ -1,6 +1,7 @@
 #include "AxisLabels.h"
 
 #include "foundation/zuFormat.h"
+#include "foundation/zuTranslate.h"
 
 #include <algorithm>
 
@@ -24,10 +25,12 @@ const char *ShortPattern(const TDateScalerCore &scaler, TDateTime step)
     constexpr double kFullYear = 40;
     constexpr double kHourAndMinute = 42;
     if (step == kScale1Week) {
-        return WidthOf(scaler, step) >= kDayAndMonth ? "d mmm" : "d";
+        return WidthOf(scaler, step) >= kDayAndMonth ? KORVANE_TRANSLATE_NOOP("Planner", "d mmm")
+                                                     : "d";
     }
     if (step == kScale1Day) {
-        return WidthOf(scaler, step) >= kDayAndName ? "ddd d" : "d";
+        return WidthOf(scaler, step) >= kDayAndName ? KORVANE_TRANSLATE_NOOP("Planner", "ddd d")
+                                                    : "d";
     }
     if (step >= kScale1Year) {
         return WidthOf(scaler, step) >= kFullYear ? "yyyy" : "";
@@ -43,19 +46,21 @@ const char *LongPattern(const TDateScalerCore &scaler, TDateTime step)
 {
     constexpr double kWholeMonthName = 120;
     if (step < kScale1Min) {
-        return "ddd d mmm yyyy, hh:nn:ss";
+        return KORVANE_TRANSLATE_NOOP("Planner", "ddd d mmm yyyy, hh:nn:ss");
     }
     if (step < kScale1Day) {
-        return "ddd d mmm yyyy, hh:nn";
+        return KORVANE_TRANSLATE_NOOP("Planner", "ddd d mmm yyyy, hh:nn");
     }
     if (step == kScale1Day) {
-        return "ddd d mmm yyyy";
+        return KORVANE_TRANSLATE_NOOP("Planner", "ddd d mmm yyyy");
     }
     if (step == kScale1Week) {
-        return "d mmm yyyy";
+        return KORVANE_TRANSLATE_NOOP("Planner", "d mmm yyyy");
     }
     if (step == kScale1Month) {
-        return WidthOf(scaler, step) >= kWholeMonthName ? "mmmm yyyy" : "mmm yyyy";
+        return WidthOf(scaler, step) >= kWholeMonthName
+                   ? KORVANE_TRANSLATE_NOOP("Planner", "mmmm yyyy")
+                   : KORVANE_TRANSLATE_NOOP("Planner", "mmm yyyy");
     }
     return "";
 }
@@ -77,7 +82,7 @@ std::string MonthLetter(TDateTime date)
 void Replace(std::string &text, const char *pattern, TDateTime date)
 {
     if (*pattern != '\0') {
-        text = FormatDateTime(pattern, date);
+        text = FormatDateTime(Translate("Planner", pattern), date);
     }
 }
 

@@ -5,6 +5,7 @@
 #include "plan/PlanFile.h"
 #include "plan/PlanSaver.h"
 #include "plan/PlanSummary.h"
+#include "plan/PlannerText.h"
 
 #include <QCommandLineParser>
 #include <QHash>
@@ -24,68 +25,79 @@ constexpr double kGreatestRatio = 8;
 constexpr double kMostPixels = 4e8;
 constexpr int kMostPages = 1000;
 
+QStringList Languages()
+{
+    return {QStringLiteral("de"), QStringLiteral("en"), QStringLiteral("sv")};
+}
+
 struct Options
 {
     QCommandLineOption Summary{QStringLiteral("summary"),
-                               QStringLiteral("Print the plan's figures as JSON and exit.")};
+                               PlannerText::tr("Print the plan's figures as JSON and exit.")};
     QCommandLineOption Convert{
         QStringLiteral("convert"),
-        QStringLiteral("Write the plan as project XML (.xml or .xml.gz) and exit."),
-        QStringLiteral("output")};
+        PlannerText::tr("Write the plan as project XML (.xml or .xml.gz) and exit."),
+        PlannerText::tr("output", "value of an option")};
     QCommandLineOption Render{
         QStringLiteral("render"),
-        QStringLiteral("Draw the plan into a .png, .pdf or .svg file and exit."),
-        QStringLiteral("picture")};
+        PlannerText::tr("Draw the plan into a .png, .pdf or .svg file and exit."),
+        PlannerText::tr("picture", "value of an option")};
     QCommandLineOption Size{QStringLiteral("size"),
-                            QStringLiteral("Size of the picture in pixels, by default 1400x900."),
+                            PlannerText::tr("Size of the picture in pixels, by default 1400x900."),
                             QStringLiteral("WxH")};
     QCommandLineOption View{
         QStringLiteral("view"),
-        QStringLiteral(
+        PlannerText::tr(
             "What the rows of picture or print are: tasks or resources; by default tasks for "
             "plans, resources for timetables and job traces."),
-        QStringLiteral("kind")};
+        PlannerText::tr("kind", "value of an option")};
     QCommandLineOption Table{
         QStringLiteral("table"),
-        QStringLiteral("Show the table of tasks beside the chart in the picture.")};
+        PlannerText::tr("Show the table of tasks beside the chart in the picture.")};
     QCommandLineOption From{QStringLiteral("from"),
-                            QStringLiteral("First date or date-time in the picture, or of the "
-                                           "occurrences to count (ISO 8601)."),
-                            QStringLiteral("date")};
-    QCommandLineOption To{QStringLiteral("to"),
-                          QStringLiteral("Where the picture, or what is counted, ends (ISO 8601)."),
-                          QStringLiteral("date")};
+                            PlannerText::tr("First date or date-time in the picture, or of the "
+                                            "occurrences to count (ISO 8601)."),
+                            PlannerText::tr("date", "value of an option")};
+    QCommandLineOption To{
+        QStringLiteral("to"),
+        PlannerText::tr("Where the picture, or what is counted, ends (ISO 8601)."),
+        PlannerText::tr("date", "value of an option")};
     QCommandLineOption Ratio{QStringLiteral("dpr"),
-                             QStringLiteral("Device pixels per pixel of a .png picture."),
-                             QStringLiteral("ratio")};
+                             PlannerText::tr("Device pixels per pixel of a .png picture."),
+                             PlannerText::tr("ratio", "value of an option")};
     QCommandLineOption Print{QStringLiteral("print"),
-                             QStringLiteral("Print the plan or calendar into a .pdf file, or into "
-                                            ".svg or .png files, one for each page, and exit."),
-                             QStringLiteral("pages")};
+                             PlannerText::tr("Print the plan or calendar into a .pdf file, or into "
+                                             ".svg or .png files, one for each page, and exit."),
+                             PlannerText::tr("pages", "value of an option")};
     QCommandLineOption Paper{QStringLiteral("paper"),
-                             QStringLiteral("Paper to print on: A0 to A6, letter, legal, tabloid, "
-                                            "or WIDTHxHEIGHT in millimetres; by default A4."),
-                             QStringLiteral("size")};
+                             PlannerText::tr("Paper to print on: A0 to A6, letter, legal, tabloid, "
+                                             "or WIDTHxHEIGHT in millimetres; by default A4."),
+                             PlannerText::tr("size", "value of an option")};
     QCommandLineOption Landscape{QStringLiteral("landscape"),
-                                 QStringLiteral("Print on paper turned on its side.")};
+                                 PlannerText::tr("Print on paper turned on its side.")};
     QCommandLineOption Fit{QStringLiteral("fit"),
-                           QStringLiteral("Pages to print on at most, ACROSSxDOWN; 0 for as many "
-                                          "as it takes, by default 1x0 for plans, 0x1 for "
-                                          "calendars."),
-                           QStringLiteral("pages")};
+                           PlannerText::tr("Pages to print on at most, ACROSSxDOWN; 0 for as many "
+                                           "as it takes, by default 1x0 for plans, 0x1 for "
+                                           "calendars."),
+                           PlannerText::tr("pages", "value of an option")};
     QCommandLineOption Rows{
         QStringLiteral("rows"),
-        QStringLiteral(
+        PlannerText::tr(
             "What a row stands for. Timetables (a folder or .zip of GTFS tables): block, "
             "route; by default blocks where trips name any. Job traces (.swf): node "
             "(default), partition, queue, user, group."),
-        QStringLiteral("kind")};
+        PlannerText::tr("kind", "value of an option")};
     QCommandLineOption Day{
         QStringLiteral("day"),
-        QStringLiteral("The service day of a timetable (ISO 8601). By default the week in which "
-                       "most trips run is shown, every trip once, on its first day there."),
-        QStringLiteral("date")};
-    QCommandLineOption Dark{QStringLiteral("dark"), QStringLiteral("Use dark colours.")};
+        PlannerText::tr("The service day of a timetable (ISO 8601). By default the week in which "
+                        "most trips run is shown, every trip once, on its first day there."),
+        PlannerText::tr("date", "value of an option")};
+    QCommandLineOption Lang{
+        QStringLiteral("lang"),
+        PlannerText::tr("Language of texts, dates and numbers: %1; by default the user's.")
+            .arg(Languages().join(QStringLiteral(", "))),
+        PlannerText::tr("language", "value of an option")};
+    QCommandLineOption Dark{QStringLiteral("dark"), PlannerText::tr("Use dark colours.")};
 };
 
 void PrintLine(std::FILE *stream, const QByteArray &text)
@@ -138,12 +150,12 @@ std::optional<QSize> ParsePaper(const QString &text)
 CommandLine::CommandLine(const QStringList &arguments)
 {
     QCommandLineParser parser;
-    parser.setApplicationDescription(QStringLiteral(
+    parser.setApplicationDescription(PlannerText::tr(
         "Shows project plans, timetables and job traces as Gantt charts, calendars and "
         "conference programmes as schedules."));
     parser.addPositionalArgument(
         QStringLiteral("file"),
-        QStringLiteral("The plan to open: a file, or a folder of GTFS tables."),
+        PlannerText::tr("The plan to open: a file, or a folder of GTFS tables."),
         QStringLiteral("[file]"));
     const QCommandLineOption help = parser.addHelpOption();
     const QCommandLineOption version = parser.addVersionOption();
@@ -151,12 +163,13 @@ CommandLine::CommandLine(const QStringList &arguments)
     parser.addOptions({options.Rows, options.Day, options.Summary, options.Convert, options.Render,
                        options.View, options.Table, options.Print, options.Paper, options.Landscape,
                        options.Fit, options.Size, options.From, options.To, options.Ratio,
-                       options.Dark});
+                       options.Lang, options.Dark});
 
     const bool isParsed = parser.parse(arguments);
     m_helpText =
         parser.helpText().replace(QLatin1String("<executable_name>"), QLatin1String("planner"));
     m_dark = parser.isSet(options.Dark);
+    m_language = parser.value(options.Lang);
     const QStringList files = parser.positionalArguments();
     m_fileName = files.value(0);
     if (!isParsed) {
@@ -165,24 +178,36 @@ CommandLine::CommandLine(const QStringList &arguments)
         m_action = Action::PrintHelp;
     } else if (parser.isSet(version)) {
         m_action = Action::PrintVersion;
+    } else if (parser.isSet(options.Lang) && !Languages().contains(m_language)) {
+        m_action = Fail(
+            PlannerText::tr("--lang needs one of %1").arg(Languages().join(QStringLiteral(", "))));
     } else if (files.size() > 1) {
-        m_action = Fail(QStringLiteral("only one file can be opened"));
+        m_action = Fail(PlannerText::tr("only one file can be opened"));
     } else if (ReadFileOptions(parser) == Action::ReportError) {
         m_action = Action::ReportError;
     } else if (parser.isSet(options.Render)) {
-        m_action = m_fileName.isEmpty() ? Fail(QStringLiteral("--render needs a file"))
+        m_action = m_fileName.isEmpty() ? Fail(PlannerText::tr("--render needs a file"))
                                         : ReadRequest(parser);
     } else if (parser.isSet(options.Print)) {
-        m_action = m_fileName.isEmpty() ? Fail(QStringLiteral("--print needs a file"))
+        m_action = m_fileName.isEmpty() ? Fail(PlannerText::tr("--print needs a file"))
                                         : ReadPrintRequest(parser);
     } else if (parser.isSet(options.Convert)) {
         m_output = parser.value(options.Convert);
-        m_action =
-            m_fileName.isEmpty() ? Fail(QStringLiteral("--convert needs a file")) : Action::Convert;
+        m_action = m_fileName.isEmpty() ? Fail(PlannerText::tr("--convert needs a file"))
+                                        : Action::Convert;
     } else if (parser.isSet(options.Summary)) {
-        m_action = m_fileName.isEmpty() ? Fail(QStringLiteral("--summary needs a file"))
+        m_action = m_fileName.isEmpty() ? Fail(PlannerText::tr("--summary needs a file"))
                                         : ReadRange(parser, Action::PrintSummary);
     }
+}
+
+QString CommandLine::LanguageIn(const QStringList &arguments)
+{
+    QCommandLineParser parser;
+    parser.addOption(Options().Lang);
+    parser.parse(arguments); // what else there is, is unknown to it and passed over
+    const QString language = parser.value(QStringLiteral("lang"));
+    return Languages().contains(language) ? language : QString();
 }
 
 CommandLine::Action CommandLine::Fail(const QString &error)
@@ -201,12 +226,13 @@ CommandLine::Action CommandLine::ReadFileOptions(const QCommandLineParser &parse
     const Options options;
     m_reading.Rows = parser.value(options.Rows);
     if (parser.isSet(options.Rows) && !kRows.contains(m_reading.Rows)) {
-        return Fail(QStringLiteral("--rows needs one of %1").arg(kRows.join(QStringLiteral(", "))));
+        return Fail(
+            PlannerText::tr("--rows needs one of %1").arg(kRows.join(QStringLiteral(", "))));
     }
     if (parser.isSet(options.Day)) {
         const auto day = ParseIsoDateTime(parser.value(options.Day));
         if (!day || !IsPlanDate(*day)) {
-            return Fail(QStringLiteral("--day needs a date like 2026-11-02, from 1900 to 4000"));
+            return Fail(PlannerText::tr("--day needs a date like 2026-11-02, from 1900 to 4000"));
         }
         m_reading.Day = static_cast<int>(*day);
     }
@@ -218,19 +244,19 @@ CommandLine::Action CommandLine::ReadRequest(const QCommandLineParser &parser)
     const Options options;
     m_request.Picture = parser.value(options.Render);
     if (!PictureFormatOf(m_request.Picture)) {
-        return Fail(QStringLiteral("--render needs a .png, .pdf or .svg file to write"));
+        return Fail(PlannerText::tr("--render needs a .png, .pdf or .svg file to write"));
     }
     if (!ReadView(parser)) {
         return Action::ReportError;
     }
     m_request.Table = parser.isSet(options.Table);
     if (m_request.Table && m_request.View == ViewKind::Resources) {
-        return Fail(QStringLiteral("--table goes with --view tasks"));
+        return Fail(PlannerText::tr("--table goes with --view tasks"));
     }
     if (parser.isSet(options.Size)) {
         const auto size = ParseSize(parser.value(options.Size));
         if (!size) {
-            return Fail(QStringLiteral("--size needs WIDTHxHEIGHT, each from %1 to %2")
+            return Fail(PlannerText::tr("--size needs WIDTHxHEIGHT, each from %1 to %2")
                             .arg(kLeastSide)
                             .arg(kGreatestSide));
         }
@@ -239,14 +265,14 @@ CommandLine::Action CommandLine::ReadRequest(const QCommandLineParser &parser)
     if (parser.isSet(options.Ratio)) {
         m_request.Ratio = parser.value(options.Ratio).toDouble();
         if (!(m_request.Ratio >= kLeastRatio && m_request.Ratio <= kGreatestRatio)) {
-            return Fail(QStringLiteral("--dpr needs a number from %1 to %2")
+            return Fail(PlannerText::tr("--dpr needs a number from %1 to %2")
                             .arg(kLeastRatio)
                             .arg(kGreatestRatio));
         }
     }
     const double pixels = static_cast<double>(m_request.Size.width()) * m_request.Size.height()
                           * m_request.Ratio * m_request.Ratio;
-    return pixels > kMostPixels ? Fail(QStringLiteral("the picture would be too large"))
+    return pixels > kMostPixels ? Fail(PlannerText::tr("the picture would be too large"))
                                 : ReadRange(parser, Action::RenderPicture);
 }
 
@@ -257,7 +283,7 @@ bool CommandLine::ReadView(const QCommandLineParser &parser)
     if (parser.isSet(options.View)) {
         const QString view = parser.value(options.View);
         if (view != u"tasks" && view != u"resources") {
-            Fail(QStringLiteral("--view needs tasks or resources"));
+            Fail(PlannerText::tr("--view needs tasks or resources"));
             return false;
         }
         m_request.View = view == u"tasks" ? ViewKind::Tasks : ViewKind::Resources;
@@ -270,7 +296,7 @@ CommandLine::Action CommandLine::ReadPrintRequest(const QCommandLineParser &pars
     const Options options;
     m_pages.File = parser.value(options.Print);
     if (!PictureFormatOf(m_pages.File)) {
-        return Fail(QStringLiteral("--print needs a .pdf, .svg or .png file to write"));
+        return Fail(PlannerText::tr("--print needs a .pdf, .svg or .png file to write"));
     }
     if (!ReadView(parser)) {
         return Action::ReportError;
@@ -278,8 +304,8 @@ CommandLine::Action CommandLine::ReadPrintRequest(const QCommandLineParser &pars
     if (parser.isSet(options.Paper)) {
         const auto paper = ParsePaper(parser.value(options.Paper));
         if (!paper) {
-            return Fail(QStringLiteral("--paper needs A0 to A6, letter, legal, tabloid, or "
-                                       "WIDTHxHEIGHT in millimetres, each from 50 to 5000"));
+            return Fail(PlannerText::tr("--paper needs A0 to A6, letter, legal, tabloid, or "
+                                        "WIDTHxHEIGHT in millimetres, each from 50 to 5000"));
         }
         m_pages.Paper = *paper;
     }
@@ -288,7 +314,7 @@ CommandLine::Action CommandLine::ReadPrintRequest(const QCommandLineParser &pars
         const auto pages = ParsePair(parser.value(options.Fit));
         if (!pages || pages->width() > kMostPages || pages->height() > kMostPages) {
             return Fail(
-                QStringLiteral("--fit needs ACROSSxDOWN, each from 0 to %1").arg(kMostPages));
+                PlannerText::tr("--fit needs ACROSSxDOWN, each from 0 to %1").arg(kMostPages));
         }
         m_pages.Pages = pages;
     }
@@ -304,13 +330,13 @@ CommandLine::Action CommandLine::ReadRange(const QCommandLineParser &parser, Act
         if (parser.isSet(*option)) {
             *end = ParseIsoDateTime(parser.value(*option));
             if (!*end || !IsPlanDate(**end)) {
-                return Fail(QStringLiteral("--%1 needs a date like 2026-11-02, from 1900 to 4000")
+                return Fail(PlannerText::tr("--%1 needs a date like 2026-11-02, from 1900 to 4000")
                                 .arg(option->names().value(0)));
             }
         }
     }
     if (m_request.From && m_request.To && *m_request.From >= *m_request.To) {
-        return Fail(QStringLiteral("--from must lie before --to"));
+        return Fail(PlannerText::tr("--from must lie before --to"));
     }
     return action;
 }

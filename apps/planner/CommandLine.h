@@ -73,6 +73,10 @@ public:
     const RenderRequest &Request() const { return m_request; }
     /// Filled for PrintPages.
     const PrintRequest &Pages() const { return m_pages; }
+    /// As --lang names it; empty for the user's own.
+    const QString &Language() const { return m_language; }
+    /// The same before anything else is known, since errors are told in that language, too.
+    static QString LanguageIn(const QStringList &arguments);
     /// Whether dark colours are asked for rather than the system's.
     bool Dark() const { return m_dark; }
     /// One line.
@@ -94,6 +98,7 @@ private:
     ReadOptions m_reading;
     RenderRequest m_request;
     PrintRequest m_pages;
+    QString m_language;
     bool m_dark = false;
     QString m_error;
     QString m_helpText;

@@ -6,6 +6,7 @@
 #include "PlanEdits.h"
 #include "PlanTree.h"
 #include "TaskDialog.h"
+#include "UndoActions.h"
 
 #include <QAction>
 #include <QMenu>
@@ -21,9 +22,8 @@ EditActions::EditActions(QMenu &menu, PlanDocument &document, PlanEdits &edits, 
     , m_chart(chart)
     , m_contextMenu(new QMenu(&menu))
 {
-    QAction *undo = document.History().createUndoAction(this, tr("&Undo"));
+    const auto [undo, redo] = MakeUndoActions(document.History(), this);
     undo->setShortcut(QKeySequence(tr("Ctrl+Z")));
-    QAction *redo = document.History().createRedoAction(this, tr("&Redo"));
     redo->setShortcuts({QKeySequence(tr("Ctrl+Shift+Z")), QKeySequence(tr("Ctrl+Y"))});
     // What the actions are called apart from the step that they name.
     undo->setWhatsThis(tr("Undo"));
@@ -81,7 +81,7 @@ void EditActions::AddOutline()
     QAction *add =
         Add(tr("&New task"), QKeySequence(Qt::Key_Insert), Needs::Plan, [this] { InsertTask(); });
     QAction *rename =
-        Add(tr("Re&name"), QKeySequence(Qt::Key_F2), Needs::OneTask, [this] { EditName(); });
+        Add(tr("Rena&me"), QKeySequence(Qt::Key_F2), Needs::OneTask, [this] { EditName(); });
     QAction *remove =
         Add(tr("&Delete"), QKeySequence(Qt::Key_Delete), Needs::TaskOrLink, [this] { Delete(); });
     Add(tr("Select &all"), QKeySequence(QKeySequence::SelectAll), Needs::Plan,
@@ -91,7 +91,7 @@ void EditActions::AddOutline()
                           [this] { m_edits.Indent(m_chart.SelectedTasks()); });
     QAction *outdent = Add(tr("&Outdent"), QKeySequence(tr("Alt+Shift+Left")), Needs::Task,
                            [this] { m_edits.Outdent(m_chart.SelectedTasks()); });
-    QAction *up = Add(tr("Move u&p"), QKeySequence(tr("Alt+Shift+Up")), Needs::Task,
+    QAction *up = Add(tr("Mo&ve up"), QKeySequence(tr("Alt+Shift+Up")), Needs::Task,
                       [this] { m_edits.MoveUp(m_chart.SelectedTasks()); });
     QAction *down = Add(tr("Move do&wn"), QKeySequence(tr("Alt+Shift+Down")), Needs::Task,
                         [this] { m_edits.MoveDown(m_chart.SelectedTasks()); });
@@ -112,7 +112,7 @@ void EditActions::AddLinks()
             }
         });
     QAction *edit = Add(tr("Edit link..."), {}, Needs::TaskOrLink, [this] { EditLink(); });
-    QAction *draw = Add(tr("Dra&w links"), QKeySequence(tr("Ctrl+L")), Needs::Plan, [](bool) {});
+    QAction *draw = Add(tr("Draw link&s"), QKeySequence(tr("Ctrl+L")), Needs::Plan, [](bool) {});
     draw->setCheckable(true);
     connect(draw, &QAction::toggled, this, [this](bool on) {
         m_chart.SetLinking(on);

@@ -140,7 +140,7 @@ void EventDialog::ShowAllDay()
 {
     const bool isAllDay = m_allDay->isChecked();
     const QString format =
-        isAllDay ? QStringLiteral("ddd d MMM yyyy") : QStringLiteral("ddd d MMM yyyy  HH:mm");
+        isAllDay ? tr("ddd d MMM yyyy") : QStringLiteral("ddd d MMM yyyy  HH:mm");
     m_start->setDisplayFormat(format);
     m_stop->setDisplayFormat(format);
     if (!isAllDay && m_start->dateTime() == m_stop->dateTime() && m_former.IsAllDay) {
@@ -217,7 +217,7 @@ void EventDialog::MakeRule(QFormLayout &form)
     m_count->setValue(10);
     m_until = new QDateEdit(Clock(m_former.Times.From).date().addMonths(3));
     m_until->setCalendarPopup(true);
-    m_until->setDisplayFormat(QStringLiteral("ddd d MMM yyyy"));
+    m_until->setDisplayFormat(tr("ddd d MMM yyyy"));
 
     const AgendaSimpleRule &rule = m_former.Rule;
     m_repeat->setCurrentIndex(static_cast<int>(rule.Repeat));

@@ -14,6 +14,7 @@
 #include "ViewSwitch.h"
 #include "foundation/qt/zuConvert.h"
 #include "foundation/zuFormat.h"
+#include "foundation/zuTranslate.h"
 #include "plan/PlanFile.h"
 
 #include <QAction>
@@ -50,12 +51,10 @@ QString DraggedFile(const QMimeData &data)
     return {};
 }
 
-/// "1 task", "1,841 tasks".
 template <typename Count>
-QString CountText(Count count, const QString &noun)
+QString CountText(const char *text, Count count)
 {
-    return QLocale().toString(static_cast<qlonglong>(count)) + u' ' + noun
-           + (count == 1 ? QString() : QStringLiteral("s"));
+    return ToQt(Translate("Planner", text, nullptr, static_cast<int>(count)));
 }
 
 QLabel *NewWelcome()
@@ -194,10 +193,10 @@ void MainWindow::ShowError(const QString &text, const QString &details)
 void MainWindow::ShowInstant(TDateTime instant)
 {
     constexpr TDateTime kSecondsScale = 1.0 / (24 * 60 * 10);
-    m_instant->setText(
-        ToQt(FormatDateTime(m_views->Shown().Scale() < kSecondsScale ? "ddd d mmm yyyy  hh:nn:ss"
-                                                                     : "ddd d mmm yyyy  hh:nn",
-                            instant)));
+    m_instant->setText(ToQt(FormatDateTime(m_views->Shown().Scale() < kSecondsScale
+                                               ? Translate("Planner", "ddd d mmm yyyy  hh:nn:ss")
+                                               : Translate("Planner", "ddd d mmm yyyy  hh:nn"),
+                                           instant)));
 }
 
 void MainWindow::ShowCounts(const Plan &plan)
@@ -206,16 +205,19 @@ void MainWindow::ShowCounts(const Plan &plan)
         std::ranges::count_if(plan.Tasks, [](const PlanTask &task) { return task.Milestone; });
     QStringList parts;
     if (plan.Kind == PlanKind::Intervals) {
-        parts = {CountText(plan.Resources.size(), tr("row")),
-                 CountText(plan.Tasks.size(), tr("item"))};
+        parts = {CountText(QT_TRANSLATE_N_NOOP("Planner", "%Ln row(s)"), plan.Resources.size()),
+                 CountText(QT_TRANSLATE_N_NOOP("Planner", "%Ln item(s)"), plan.Tasks.size())};
     } else {
-        parts = {CountText(plan.Tasks.size(), tr("task")), CountText(milestones, tr("milestone")),
-                 CountText(plan.Links.size(), tr("link")),
-                 CountText(plan.Resources.size(), tr("resource"))};
+        parts = {
+            CountText(QT_TRANSLATE_N_NOOP("Planner", "%Ln task(s)"), plan.Tasks.size()),
+            CountText(QT_TRANSLATE_N_NOOP("Planner", "%Ln milestone(s)"), milestones),
+            CountText(QT_TRANSLATE_N_NOOP("Planner", "%Ln link(s)"), plan.Links.size()),
+            CountText(QT_TRANSLATE_N_NOOP("Planner", "%Ln resource(s)"), plan.Resources.size())};
     }
     if (const auto range = plan.Range()) {
-        parts.append(ToQt(FormatDateTime("d mmm yyyy", range->Start)) + QStringLiteral(" – ")
-                     + ToQt(FormatDateTime("d mmm yyyy", range->Finish)));
+        parts.append(ToQt(FormatDateTime(Translate("Planner", "d mmm yyyy"), range->Start))
+                     + QStringLiteral(" – ")
+                     + ToQt(FormatDateTime(Translate("Planner", "d mmm yyyy"), range->Finish)));
     }
     m_counts->setText(parts.join(QStringLiteral("   ")));
 }

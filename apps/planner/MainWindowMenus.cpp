@@ -87,7 +87,7 @@ void MainWindow::MakeFileMenu()
     AddAction(menu, tr("&Open..."), {QKeySequence::Open}, &MainWindow::ChooseFile);
     auto *recent = new RecentFiles(*menu.addMenu(tr("Open &recent")), this);
     connect(recent, &RecentFiles::chosen, this, &MainWindow::Open);
-    AddAction(menu, tr("Open the &sample plan"), {},
+    AddAction(menu, tr("Open the sa&mple plan"), {},
               [this] { Open(QStringLiteral(":/samples/observatory.xml")); });
     m_planActions += AddAction(menu, tr("Re&load"), {QKeySequence(Qt::Key_F5)},
                                [this] { Open(m_document->FileName()); });
@@ -95,7 +95,7 @@ void MainWindow::MakeFileMenu()
     m_planActions += AddAction(menu, tr("&Save"), {QKeySequence::Save}, &MainWindow::Save);
     m_planActions += AddAction(menu, tr("Save &as..."), {QKeySequence(tr("Ctrl+Shift+S"))},
                                &MainWindow::ChooseSaveName);
-    m_planActions += AddAction(menu, tr("Save as &picture..."), {QKeySequence(tr("Ctrl+E"))},
+    m_planActions += AddAction(menu, tr("Save as p&icture..."), {QKeySequence(tr("Ctrl+E"))},
                                &MainWindow::ChoosePicture);
     menu.addSeparator();
     const auto makeJob = [this]() -> std::unique_ptr<PrintJob> {
@@ -139,7 +139,7 @@ void MainWindow::MakeViewMenu()
         [zoom] { zoom(kZoomNotches); });
     add(tr("Zoom &out"), {QKeySequence(tr("Ctrl+-"))}, [zoom] { zoom(-kZoomNotches); });
     menu.addSeparator();
-    add(tr("Go to &today"), {QKeySequence(tr("Ctrl+T"))}, [axis] { axis().GoTo(Now()); });
+    add(tr("Go to toda&y"), {QKeySequence(tr("Ctrl+T"))}, [axis] { axis().GoTo(Now()); });
     add(tr("&Earlier"), {QKeySequence(tr("Ctrl+PgUp"))}, [pan] { pan(-1); });
     add(tr("&Later"), {QKeySequence(tr("Ctrl+PgDown"))}, [pan] { pan(1); });
     menu.addSeparator();
@@ -157,12 +157,12 @@ void MainWindow::MakeViewMenu()
         m_chart->FillColumnMenu(*columns);
     });
     menu.addSeparator();
-    AddToggle(menu, tr("&Baselines"), QStringLiteral("baselines"), false,
+    AddToggle(menu, tr("B&aselines"), QStringLiteral("baselines"), false,
               [this](bool on) { m_chart->SetBaselinesShown(on); });
     AddToggle(menu, tr("&Deadlines"), QStringLiteral("deadlines"), true,
               [this](bool on) { m_chart->SetDeadlinesShown(on); });
     QAction *remarks = m_remarks->toggleViewAction();
-    remarks->setText(tr("&Remarks"));
+    remarks->setText(tr("Re&marks"));
     menu.addAction(remarks);
 }
 

@@ -2,6 +2,7 @@
 
 #include "PlanView.h"
 #include "foundation/qt/zuSplitter.h"
+#include "plan/PlannerText.h"
 
 #include <QImage>
 #include <QPageSize>
@@ -94,7 +95,7 @@ std::optional<QString> SavePicture(const PictureSubject &subject, const QString 
 {
     const auto format = PictureFormatOf(fileName);
     if (!format) {
-        return QStringLiteral("pictures are .png, .pdf or .svg files");
+        return PlannerText::tr("pictures are .png, .pdf or .svg files");
     }
     QSaveFile file(fileName);
     file.setDirectWriteFallback(true);
@@ -103,7 +104,7 @@ std::optional<QString> SavePicture(const PictureSubject &subject, const QString 
     }
     if (!Save(subject, file, *format, ratio)) {
         file.cancelWriting();
-        return QStringLiteral("the picture could not be drawn");
+        return PlannerText::tr("the picture could not be drawn");
     }
     return file.commit() ? std::nullopt : std::optional(file.errorString());
 }

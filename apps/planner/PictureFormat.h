@@ -1,6 +1,8 @@
 // The formats of pictures, by the names of their files.
 #pragma once
 
+#include "plan/PlannerText.h"
+
 #include <QFileInfo>
 #include <QString>
 
@@ -30,7 +32,7 @@ inline std::optional<PictureFormat> PictureFormatOf(const QString &fileName)
 /// Filter of a file dialog, one entry per format.
 inline QString PictureDialogFilter()
 {
-    return QStringLiteral("PNG image (*.png);;PDF document (*.pdf);;SVG drawing (*.svg)");
+    return PlannerText::tr("PNG image (*.png);;PDF document (*.pdf);;SVG drawing (*.svg)");
 }
 
 } // namespace korvane::planner

@@ -142,7 +142,7 @@ QString PlanEdits::NamesOf(const std::vector<int> &tasks) const
 {
     const std::vector<int> tops = WithoutDescendants(GetPlan(), tasks);
     return tops.size() == 1 ? QuotedName(GetPlan().Tasks.at(std::size_t(tops.front())))
-                            : tr("%1 tasks").arg(tops.size());
+                            : tr("%n tasks", nullptr, static_cast<int>(tops.size()));
 }
 
 bool PlanEdits::SetDates(const std::vector<TaskDates> &dates, DateSource source)
@@ -297,7 +297,7 @@ bool PlanEdits::LinkInOrder(const std::vector<int> &tasks)
 {
     const QString text = tasks.size() == 2
                              ? tr("Link %1 to %2").arg(NamesOf({tasks[0]}), NamesOf({tasks[1]}))
-                             : tr("Link %1 tasks").arg(tasks.size());
+                             : tr("Link %n tasks", nullptr, static_cast<int>(tasks.size()));
     return Do(text, [&](PlanEditor &editor) { return editor.LinkInOrder(tasks); });
 }
 
@@ -310,7 +310,7 @@ bool PlanEdits::RemoveLinks(const std::vector<int> &links)
     const QString text =
         links.size() == 1
             ? tr("Unlink %1 and %2").arg(NamesOf({first.Predecessor}), NamesOf({first.Successor}))
-            : tr("Remove %1 links").arg(links.size());
+            : tr("Remove %n links", nullptr, static_cast<int>(links.size()));
     return Do(text, [&](PlanEditor &editor) { return editor.RemoveLinks(links); });
 }
 

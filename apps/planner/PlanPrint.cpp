@@ -3,6 +3,7 @@
 #include "PlanChart.h"
 #include "ResourceChart.h"
 #include "foundation/qt/zuConvert.h"
+#include "plan/PlannerText.h"
 
 #include <QApplication>
 #include <QFileInfo>
@@ -81,15 +82,15 @@ PlanPrint::PlanPrint(Plan plan, const QString &fileName, ViewKind view)
     m_printing->SetTitle(m_document.GetPlan().Name);
     m_printing->SetFileName(QFileInfo(fileName).fileName());
     if (m_tasks == nullptr) {
-        m_columns = {{QObject::tr("Resource"), {}, 0, Qt::AlignLeft}};
+        m_columns = {{PlannerText::tr("Resource"), {}, 0, Qt::AlignLeft}};
     } else {
         const auto date = [this](TDateTime PlanSpan::*end) {
             return
                 [this, end](const TzuDataEntity_Tree &node) { return DateOf(*m_tasks, node, end); };
         };
-        m_columns = {{QObject::tr("Task"), {}, 0, Qt::AlignLeft},
-                     {QObject::tr("Start"), date(&PlanSpan::Start), 0, Qt::AlignRight},
-                     {QObject::tr("Finish"), date(&PlanSpan::Finish), 0, Qt::AlignRight}};
+        m_columns = {{PlannerText::tr("Task"), {}, 0, Qt::AlignLeft},
+                     {PlannerText::tr("Start"), date(&PlanSpan::Start), 0, Qt::AlignRight},
+                     {PlannerText::tr("Finish"), date(&PlanSpan::Finish), 0, Qt::AlignRight}};
     }
     m_printing->Columns() = m_columns;
 }

@@ -4,7 +4,9 @@
 #include "PlanDocument.h"
 #include "PlanEdits.h"
 #include "foundation/qt/zuConvert.h"
+#include "foundation/zuTranslate.h"
 #include "grid/qt/zuGrid.h"
+#include "plan/PlannerText.h"
 
 #include <QCollator>
 #include <QMenu>
@@ -419,15 +421,15 @@ void PlanTable::SetCell(int task, TaskColumn column, const QString &text)
 QString PlanTable::StepText(TGridUserChange kind, int count) const
 {
     if (kind == TGridUserChange::ucPaste) {
-        return count == 1 ? tr("Paste a cell") : tr("Paste %1 cells").arg(count);
+        return ToQt(Translate("Planner", "Paste %n cell(s)", nullptr, count));
     }
     if (kind == TGridUserChange::ucClear) {
-        return count == 1 ? tr("Clear a cell") : tr("Clear %1 cells").arg(count);
+        return ToQt(Translate("Planner", "Clear %n cell(s)", nullptr, count));
     }
     const QString name = QuotedName(GetPlan().Tasks.at(static_cast<std::size_t>(m_editedTask)));
     return m_editedColumn == TaskColumn::Name
-               ? tr("Rename %1").arg(name)
-               : tr("Change %1 of %2").arg(TaskColumnTitle(m_editedColumn).toLower(), name);
+               ? PlannerText::tr("Rename %1").arg(name)
+               : PlannerText::tr("Change %1 of %2").arg(TaskColumnName(m_editedColumn), name);
 }
 
 void PlanTable::Edit(TzuDataEntity_GridTreeNode &node, TaskColumn column)

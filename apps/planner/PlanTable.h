@@ -2,6 +2,7 @@
 #pragma once
 
 #include "ChartLooks.h"
+#include "cellgrid/zuBabGridEdit.h"
 #include "foundation/zuCanvas.h"
 #include "plan/TaskCells.h"
 
@@ -19,7 +20,6 @@ class TAxisContentItem;
 class TzuDataEntity_GridTreeNode;
 class TzuGrid;
 class TzuGrid_Column;
-enum class TGridUserChange : std::uint8_t;
 
 } // namespace korvane
 

@@ -2,6 +2,7 @@
 
 #include "foundation/qt/zuConvert.h"
 #include "foundation/zuFormat.h"
+#include "foundation/zuTranslate.h"
 
 #include <QPainter>
 
@@ -16,11 +17,11 @@ PlanTitle::PlanTitle(QWidget *parent)
 
 void PlanTitle::SetPlan(const Plan &plan)
 {
-    constexpr char kPattern[] = "d mmm yyyy";
+    const std::string pattern = Translate("Planner", "d mmm yyyy");
     const auto range = plan.Range();
     m_name = plan.Name.simplified();
-    m_dates = range ? ToQt(FormatDateTime(kPattern, range->Start)) + QStringLiteral(" – ")
-                          + ToQt(FormatDateTime(kPattern, range->Finish))
+    m_dates = range ? ToQt(FormatDateTime(pattern, range->Start)) + QStringLiteral(" – ")
+                          + ToQt(FormatDateTime(pattern, range->Finish))
                     : QString();
     update();
 }

@@ -1,6 +1,7 @@
 #include "PrintForm.h"
 
 #include "PrintOptions.h"
+#include "plan/PlannerText.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -37,7 +38,7 @@ QDoubleSpinBox *Millimetres(double value, double least, double most)
     field->setDecimals(0);
     field->setRange(least, most);
     field->setValue(value);
-    field->setSuffix(QObject::tr(" mm"));
+    field->setSuffix(PlannerText::tr(" mm"));
     field->setKeyboardTracking(false);
     return field;
 }

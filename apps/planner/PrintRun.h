@@ -2,6 +2,7 @@
 #pragma once
 
 #include "foundation/qt/zuConvert.h"
+#include "plan/PlannerText.h"
 #include "printing/qt/zuPrintDocument.h"
 
 #include <QMessageBox>
@@ -20,7 +21,8 @@ bool RunPrint(QWidget &window, TzuPrintDocument &document, const Function &print
     QString error;
     bool complete = false;
     {
-        QProgressDialog progress(QObject::tr("Printing"), QObject::tr("Cancel"), 0, 0, &window);
+        QProgressDialog progress(PlannerText::tr("Printing"), PlannerText::tr("Cancel"), 0, 0,
+                                 &window);
         progress.setWindowModality(Qt::WindowModal);
         document.OnProgress = [&progress](int page, int pages, bool &cancel) {
             progress.setMaximum(pages);
@@ -35,7 +37,7 @@ bool RunPrint(QWidget &window, TzuPrintDocument &document, const Function &print
         }
     }
     if (!error.isEmpty()) {
-        auto *box = new QMessageBox(QMessageBox::Warning, QObject::tr("Printing"), error,
+        auto *box = new QMessageBox(QMessageBox::Warning, PlannerText::tr("Printing"), error,
                                     QMessageBox::Ok, &window);
         box->setAttribute(Qt::WA_DeleteOnClose);
         box->open();

@@ -1,5 +1,8 @@
 #include "RemarksPanel.h"
 
+#include "foundation/qt/zuConvert.h"
+#include "foundation/zuTranslate.h"
+
 #include <QAction>
 #include <QApplication>
 #include <QClipboard>
@@ -46,8 +49,8 @@ void RemarksPanel::SetRemarks(const PlanRemarks &remarks)
         m_list->addItem(line);
         m_list->item(m_list->count() - 1)->setToolTip(line);
     }
-    const std::size_t count = remarks.Items().size() + remarks.Omitted();
-    m_countText = count == 1 ? tr("1 remark") : tr("%1 remarks").arg(count);
+    const auto count = static_cast<int>(remarks.Items().size() + remarks.Omitted());
+    m_countText = ToQt(Translate("Planner", "%Ln remark(s)", nullptr, count));
     if (count == 0) {
         m_countText.clear();
         hide();

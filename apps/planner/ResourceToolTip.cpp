@@ -2,6 +2,8 @@
 
 #include "foundation/qt/zuConvert.h"
 #include "foundation/zuFormat.h"
+#include "foundation/zuTranslate.h"
+#include "plan/PlannerText.h"
 
 #include <algorithm>
 
@@ -13,12 +15,14 @@ constexpr std::size_t kMostStretches = 6;
 
 QString DateText(TDateTime instant)
 {
-    return ToQt(FormatDateTime("ddd d mmm yyyy, hh:nn", instant));
+    return ToQt(FormatDateTime(Translate("Planner", "ddd d mmm yyyy, hh:nn"), instant));
 }
 
 QString PercentText(double units)
 {
-    return QString::number(qRound(units * 100)) + QStringLiteral("&nbsp;%");
+    return PlannerText::tr("%1 %")
+        .arg(QLocale().toString(qRound(units * 100)))
+        .replace(u' ', QStringLiteral("&nbsp;"));
 }
 
 /// Neighbours as one, with what is most.
@@ -54,11 +58,15 @@ QString ResourceToolTip(const PlanResource &resource, std::span<const LoadStretc
                 .arg(DateText(stretch.From), DateText(stretch.To), PercentText(stretch.Units));
     }
     if (joined.size() > kMostStretches) {
-        rows += QStringLiteral("<tr><td>and %1 more</td></tr>").arg(joined.size() - kMostStretches);
+        rows += QStringLiteral("<tr><td>%1</td></tr>")
+                    .arg(PlannerText::tr("and %n more", nullptr,
+                                         static_cast<int>(joined.size() - kMostStretches)));
     }
     return text
-           + QStringLiteral("<p>Assigned beyond its limit of %1:</p><table>%2</table>")
-                 .arg(PercentText(resource.MaxUnits.value_or(1)), rows);
+           + QStringLiteral("<p>%1</p><table>%2</table>")
+                 .arg(PlannerText::tr("Assigned beyond its limit of %1:")
+                          .arg(PercentText(resource.MaxUnits.value_or(1))),
+                      rows);
 }
 
 } // namespace korvane::planner

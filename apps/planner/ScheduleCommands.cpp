@@ -8,6 +8,7 @@
 #include "agenda/AgendaSummary.h"
 #include "agenda/ProgrammeReader.h"
 #include "plan/PlanFile.h"
+#include "plan/PlannerText.h"
 
 #include <QApplication>
 #include <QDateTime>
@@ -59,7 +60,7 @@ bool IsScheduleFile(const QString &fileName)
 
 QString ScheduleDialogFilter()
 {
-    return QStringLiteral("Calendars (*.ics *.ics.gz);;Conference programmes (*.xml *.json)");
+    return PlannerText::tr("Calendars (*.ics *.ics.gz);;Conference programmes (*.xml *.json)");
 }
 
 ExitCode PrintScheduleSummary(const QString &fileName, const RenderRequest &request)

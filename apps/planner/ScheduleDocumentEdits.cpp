@@ -170,7 +170,7 @@ std::optional<QString> ScheduleDocument::Paste(const QByteArray &text, const Sch
         const auto count = other.EventCount();
         return Perform({[&] { return m_pages.Pasted(text, other, target, calendar); }},
                        count == 1 ? tr("Paste “%1”").arg(other.Events.front().Title.simplified())
-                                  : tr("Paste %1 events").arg(count));
+                                  : tr("Paste %n events", nullptr, static_cast<int>(count)));
     } catch (const PlanRefusal &refusal) {
         return refusal.Error().Reason;
     }
@@ -209,7 +209,7 @@ QString ScheduleDocument::TextOf(const QString &verb, const SchedulePage &page,
         occurrences.insert(BlockOf(page, block).Occurrence);
     }
     if (occurrences.size() > 1) {
-        return verb.arg(tr("%1 events").arg(occurrences.size()));
+        return verb.arg(tr("%n events", nullptr, static_cast<int>(occurrences.size())));
     }
     const ScheduleBlock &block = BlockOf(page, blocks.front());
     const QString name = tr("“%1”").arg(NameOf(block));

@@ -1,6 +1,9 @@
 #include "SchedulePages.h"
 
 #include "ScheduleDocument.h"
+#include "foundation/qt/zuConvert.h"
+#include "foundation/zuTranslate.h"
+#include "plan/PlannerText.h"
 
 #include <QDateTime>
 #include <QLocale>
@@ -16,10 +19,9 @@ QDate DateOf(AgendaSeconds day)
     return QDateTime::fromSecsSinceEpoch(day, Qt::UTC).date();
 }
 
-QString Counted(std::size_t count, const QString &noun)
+QString EventsText(int count)
 {
-    return QLocale().toString(static_cast<qlonglong>(count)) + u' ' + noun
-           + (count == 1 ? QString() : QStringLiteral("s"));
+    return ToQt(Translate("Planner", "%Ln event(s)", nullptr, count));
 }
 
 /// A calendar file: weeks, days and single days by place or calendar.
@@ -35,7 +37,10 @@ public:
     const PlanRemarks &Remarks() const override { return m_document.GetAgenda().Remarks; }
     QString CountText() const override
     {
-        return Counted(m_document.GetAgenda().EventCount(), QStringLiteral("event"));
+        QString CountText() const override
+        {
+            return EventsText(static_cast<int>(m_document.GetAgenda().EventCount()));
+        }
     }
     QString ZoneName() const override { return m_document.Pages().ZoneName(); }
     ScheduleDocument *Document() override { return &m_document; }
@@ -43,7 +48,7 @@ public:
     {
         QStringList texts;
         for (const Arrangement &one : kArrangements) {
-            texts.append(QString::fromLatin1(one.Caption));
+            texts.append(PlannerText::tr(one.Caption));
         }
         return texts;
     }
@@ -76,11 +81,11 @@ private:
         bool FromMonday;
     };
     static constexpr Arrangement kArrangements[] = {
-        {"Week", AgendaColumns::Days, 7, true},
-        {"Work week", AgendaColumns::Days, 5, true},
-        {"Day", AgendaColumns::Days, 1, false},
-        {"Day by place", AgendaColumns::Places, 1, false},
-        {"Day by calendar", AgendaColumns::Calendars, 1, false},
+        {QT_TRANSLATE_NOOP("Planner", "Week"), AgendaColumns::Days, 7, true},
+        {QT_TRANSLATE_NOOP("Planner", "Work week"), AgendaColumns::Days, 5, true},
+        {QT_TRANSLATE_NOOP("Planner", "Day"), AgendaColumns::Days, 1, false},
+        {QT_TRANSLATE_NOOP("Planner", "Day by place"), AgendaColumns::Places, 1, false},
+        {QT_TRANSLATE_NOOP("Planner", "Day by calendar"), AgendaColumns::Calendars, 1, false},
     };
 
     static AgendaSeconds BeginOf(const Arrangement &arrangement, AgendaSeconds day)
@@ -105,15 +110,16 @@ public:
     const PlanRemarks &Remarks() const override { return m_programme.Remarks; }
     QString CountText() const override
     {
-        return Counted(m_programme.Talks.size(), QStringLiteral("event")) + QStringLiteral("   ")
-               + Counted(m_programme.Rooms.size(), QStringLiteral("room"));
+        const auto rooms = static_cast<int>(m_programme.Rooms.size());
+        return EventsText(static_cast<int>(m_programme.Talks.size())) + QStringLiteral("   ")
+               + ToQt(Translate("Planner", "%Ln room(s)", nullptr, rooms));
     }
     QStringList Arrangements() const override { return {}; }
     QStringList Tabs() const override
     {
         QStringList texts;
         for (const ProgrammeDay &day : m_programme.Days) {
-            texts.append(QLocale().toString(DateOf(day.Date), QStringLiteral("ddd d MMM")));
+            texts.append(QLocale().toString(DateOf(day.Date), PlannerText::tr("ddd d MMM")));
         }
         return texts;
     }

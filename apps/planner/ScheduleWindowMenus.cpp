@@ -9,6 +9,7 @@
 #include "SchedulePrint.h"
 #include "ScheduleView.h"
 #include "ScheduleWindow.h"
+#include "UndoActions.h"
 
 #include <QActionGroup>
 #include <QCalendarWidget>
@@ -112,9 +113,8 @@ void ScheduleWindow::MakeArrangements()
         m_save->setEnabled(true);
         m_saveAs->setEnabled(true);
         m_editMenu->menuAction()->setVisible(true);
-        QAction *undo = document->History().createUndoAction(this, tr("&Undo"));
+        const auto [undo, redo] = MakeUndoActions(document->History(), this);
         undo->setShortcut(QKeySequence::Undo);
-        QAction *redo = document->History().createRedoAction(this, tr("&Redo"));
         redo->setShortcuts({QKeySequence(tr("Ctrl+Shift+Z")), QKeySequence(tr("Ctrl+Y"))});
         m_editMenu->addActions({undo, redo});
         MakeEditActions();

@@ -1,6 +1,7 @@
 #include "TaskDialog.h"
 
 #include "PlanEdits.h"
+#include "foundation/qt/zuConvert.h"
 #include "foundation/zuDateUtils.h"
 #include "plan/PlanBuilder.h"
 #include "plan/PlanDates.h"
@@ -104,7 +105,7 @@ QDateTimeEdit *TaskDialog::NewDateEdit(TDateTime instant)
     auto *edit = new QDateTimeEdit;
     edit->setTimeSpec(Qt::UTC);
     edit->setCalendarPopup(true);
-    edit->setDisplayFormat(QStringLiteral("ddd d MMM yyyy  HH:mm"));
+    edit->setDisplayFormat(tr("ddd d MMM yyyy  HH:mm"));
     edit->setDateTimeRange(ToQt(kFirstPlanDate), ToQt(kLastPlanDate));
     edit->setDateTime(ToQt(instant));
     return edit;

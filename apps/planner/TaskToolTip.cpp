@@ -2,7 +2,9 @@
 
 #include "foundation/qt/zuConvert.h"
 #include "foundation/zuFormat.h"
+#include "foundation/zuTranslate.h"
 #include "plan/LinkText.h"
+#include "plan/PlannerText.h"
 
 #include <QLocale>
 #include <QStringList>
@@ -18,7 +20,7 @@ constexpr qsizetype kMostResources = 8;
 
 QString DateText(TDateTime instant)
 {
-    return ToQt(FormatDateTime("ddd d mmm yyyy, hh:nn", instant));
+    return ToQt(FormatDateTime(Translate("Planner", "ddd d mmm yyyy, hh:nn"), instant));
 }
 
 /// In days as the calendar's fullest weekday has hours.
@@ -28,11 +30,12 @@ QString DurationText(const Plan &plan, const PlanSpan &span)
     const double minutes = calendar.MinutesBetween(span.Start, span.Finish);
     const double days = minutes / std::max(calendar.DayMinutes(), 1);
     if (minutes <= 0) {
-        return QLocale().toString((span.Finish - span.Start) * 24, 'g', 3)
-               + QStringLiteral(" hours, none of them working time");
+        return PlannerText::tr("%1 hours, none of them working time")
+            .arg(QLocale().toString((span.Finish - span.Start) * 24, 'g', 3));
     }
-    return QLocale().toString(days, 'g', 4)
-           + (days == 1 ? QStringLiteral(" working day") : QStringLiteral(" working days"));
+    const QString number = QLocale().toString(days, 'g', 4);
+    return days == 1 ? PlannerText::tr("%1 working day").arg(number)
+                     : PlannerText::tr("%1 working days").arg(number);
 }
 
 QString ResourcesText(const Plan &plan, int task)
@@ -41,15 +44,16 @@ QString ResourcesText(const Plan &plan, int task)
     const auto assignments = plan.AssignmentsOf(task);
     for (const PlanAssignment &assignment : assignments) {
         if (names.size() == kMostResources) {
-            names.append(QStringLiteral("and %1 more")
-                             .arg(static_cast<qsizetype>(assignments.size()) - kMostResources));
+            names.append(
+                PlannerText::tr("and %n more", nullptr,
+                                static_cast<int>(assignments.size()) - int{kMostResources}));
             break;
         }
         const QString &name = plan.Resources.at(static_cast<std::size_t>(assignment.Resource)).Name;
-        names.append(
-            assignment.Units == 1
-                ? name
-                : QStringLiteral("%1 (%2 %)").arg(name, QString::number(assignment.Units * 100)));
+        names.append(assignment.Units == 1
+                         ? name
+                         : PlannerText::tr("%1 (%2 %)")
+                               .arg(name, QLocale().toString(assignment.Units * 100)));
     }
     return names.join(QStringLiteral(", "));
 }
@@ -81,23 +85,23 @@ QString TaskToolTip(const Plan &plan, int index)
     const PlanSpan &dates = task.Dates.value();
     QString rows;
     if (dates.Start == dates.Finish) {
-        rows += Row(QStringLiteral("On"), DateText(dates.Start));
+        rows += Row(PlannerText::tr("On", "date of a milestone"), DateText(dates.Start));
     } else {
-        rows += Row(QStringLiteral("Start"), DateText(dates.Start));
-        rows += Row(QStringLiteral("Finish"), DateText(dates.Finish));
-        rows += Row(QStringLiteral("Duration"), DurationText(plan, dates));
+        rows += Row(PlannerText::tr("Start"), DateText(dates.Start));
+        rows += Row(PlannerText::tr("Finish"), DateText(dates.Finish));
+        rows += Row(PlannerText::tr("Duration"), DurationText(plan, dates));
     }
     if (task.Baseline) {
         rows +=
-            Row(QStringLiteral("Baseline"), DateText(task.Baseline->Start) + QStringLiteral(" – ")
-                                                + DateText(task.Baseline->Finish));
+            Row(PlannerText::tr("Baseline"), DateText(task.Baseline->Start) + QStringLiteral(" – ")
+                                                 + DateText(task.Baseline->Finish));
     }
     if (task.Deadline) {
-        rows += Row(QStringLiteral("Deadline"), DateText(*task.Deadline));
+        rows += Row(PlannerText::tr("Deadline"), DateText(*task.Deadline));
     }
-    rows += Row(QStringLiteral("Complete"),
-                QStringLiteral("%1 %").arg(QLocale().toString(task.PercentComplete, 'g', 3)));
-    rows += Row(QStringLiteral("Resources"), ResourcesText(plan, index));
+    rows += Row(PlannerText::tr("Complete"),
+                PlannerText::tr("%1 %").arg(QLocale().toString(task.PercentComplete, 'g', 3)));
+    rows += Row(PlannerText::tr("Resources"), ResourcesText(plan, index));
     return QStringLiteral("<p style='white-space:pre-wrap'><b>%1</b></p><table>%2</table>%3")
         .arg(task.Name.toHtmlEscaped(), rows, NotesText(task.Notes));
 }

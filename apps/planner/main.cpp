@@ -1,5 +1,6 @@
 // The planner: opens project plans and shows them.
 #include "CommandLine.h"
+#include "Language.h"
 #include "MainWindow.h"
 #include "PictureFormat.h"
 #include "PlanLoader.h"
@@ -9,11 +10,13 @@
 #include "ScheduleWindow.h"
 #include "Theme.h"
 #include "plan/PlanFile.h"
+#include "plan/PlannerText.h"
 
 #include <QApplication>
 #include <QIcon>
 
 #include <cstdio>
+#include <optional>
 
 using namespace korvane::planner;
 
@@ -54,6 +57,7 @@ ExitCode Render(int argc, char **argv, const CommandLine &commandLine)
     // What the toolkit has to say about a missing desktop is of no interest here.
     qInstallMessageHandler([](QtMsgType, const QMessageLogContext &, const QString &) {});
     const QApplication application(argc, argv);
+    UseLanguage(commandLine.Language());
     if (commandLine.GetAction() == CommandLine::Action::PrintPages) {
         if (IsScheduleFile(commandLine.FileName())) {
             return PrintSchedule(commandLine.FileName(), commandLine.Pages(),
@@ -79,11 +83,8 @@ int ShowSchedule(const QString &fileName)
 
 int ShowWindow(int argc, char **argv, const CommandLine &commandLine)
 {
-    if (!HasDisplay()) {
-        PrintError(QStringLiteral("there is no display; --render and --summary need none"));
-        return static_cast<int>(ExitCode::WrongUsage);
-    }
     const QApplication application(argc, argv);
+    UseLanguage(commandLine.Language());
     QGuiApplication::setDesktopFileName(QStringLiteral("korvane-planner"));
     QGuiApplication::setWindowIcon(QIcon(QStringLiteral(":/icons/korvane-planner.svg")));
     ApplyTheme(commandLine);
@@ -101,33 +102,29 @@ int ShowWindow(int argc, char **argv, const CommandLine &commandLine)
     return QApplication::exec();
 }
 
-int Run(int argc, char **argv, const CommandLine &commandLine)
+/// What needs no windows.
+ExitCode RunInTerminal(const CommandLine &commandLine)
 {
     switch (commandLine.GetAction()) {
     case CommandLine::Action::PrintSummary:
-        return static_cast<int>(
-            IsScheduleFile(commandLine.FileName())
-                ? PrintScheduleSummary(commandLine.FileName(), commandLine.Request())
-                : PrintSummary(commandLine.FileName(), commandLine.Reading()));
+        return IsScheduleFile(commandLine.FileName())
+                   ? PrintScheduleSummary(commandLine.FileName(), commandLine.Request())
+                   : PrintSummary(commandLine.FileName(), commandLine.Reading());
     case CommandLine::Action::Convert:
-        return static_cast<int>(
-            Convert(commandLine.FileName(), commandLine.Reading(), commandLine.Output()));
-    case CommandLine::Action::RenderPicture:
-    case CommandLine::Action::PrintPages:
-        return static_cast<int>(Render(argc, argv, commandLine));
+        return Convert(commandLine.FileName(), commandLine.Reading(), commandLine.Output());
     case CommandLine::Action::PrintHelp:
         std::fputs(qPrintable(commandLine.HelpText()), stdout);
-        return static_cast<int>(ExitCode::Ok);
+        return ExitCode::Ok;
     case CommandLine::Action::PrintVersion:
         std::printf("planner %s\n", KORVANE_VERSION);
-        return static_cast<int>(ExitCode::Ok);
-    case CommandLine::Action::ShowWindow:
-        return ShowWindow(argc, argv, commandLine);
-    case CommandLine::Action::ReportError:
-        break;
+        return ExitCode::Ok;
+    case CommandLine::Action::ShowWindow: // without a display
+        PrintError(PlannerText::tr("there is no display; --render and --summary need none"));
+        return ExitCode::WrongUsage;
+    default:
+        PrintError(commandLine.Error());
+        return ExitCode::WrongUsage;
     }
-    PrintError(commandLine.Error());
-    return static_cast<int>(ExitCode::WrongUsage);
 }
 
 } // namespace
@@ -141,5 +138,18 @@ int main(int argc, char **argv)
     for (int i = 0; i < argc; ++i) {
         arguments.append(QString::fromLocal8Bit(argv[i]));
     }
-    return Run(argc, argv, CommandLine(arguments));
+    // Texts need an application object; whether one with windows is wanted is not known before.
+    std::optional<QCoreApplication> application(std::in_place, argc, argv);
+    UseLanguage(CommandLine::LanguageIn(arguments));
+    const CommandLine commandLine(arguments);
+    const CommandLine::Action action = commandLine.GetAction();
+    const bool draws =
+        action == CommandLine::Action::RenderPicture || action == CommandLine::Action::PrintPages;
+    const bool shows = action == CommandLine::Action::ShowWindow && HasDisplay();
+    if (!draws && !shows) {
+        return static_cast<int>(RunInTerminal(commandLine));
+    }
+    application.reset();
+    return draws ? static_cast<int>(Render(argc, argv, commandLine))
+                 : ShowWindow(argc, argv, commandLine);
 }

@@ -4,6 +4,7 @@
 #include "cellgrid/zuCellTable.h"
 #include "cellgrid/zuKeepSelection.h"
 #include "foundation/zuFormat.h"
+#include "foundation/zuTranslate.h"
 
 #include <algorithm>
 #include <ostream>
@@ -34,11 +35,6 @@ private:
     const TAxisContentList &m_list;
     int m_index;
 };
-
-std::string Cells(int count)
-{
-    return std::to_string(count) + (count == 1 ? " cell" : " cells");
-}
 
 } // namespace
 
@@ -186,15 +182,18 @@ void TBabGridEdit::PasteBlock(const TCellTable &block, TGridPaste &result)
 void TBabGridEdit::TellPasted(const TGridPaste &result)
 {
     std::string text;
-    const auto add = [&text](int count, std::string_view why) {
+    const auto add = [&text](int count, const std::string &line) {
         if (count > 0) {
-            text += (text.empty() ? "" : "\n") + Cells(count);
-            text += why;
+            text += (text.empty() ? "" : "\n") + line;
         }
     };
-    add(result.ReadOnly, " cannot be changed.");
-    add(result.Outside, " would lie outside of the grid.");
-    add(result.Refused, " kept the old content: " + result.FirstReason);
+    add(result.ReadOnly,
+        Translate("TzuGrid", "%n cell(s) cannot be changed.", nullptr, result.ReadOnly));
+    add(result.Outside,
+        Translate("TzuGrid", "%n cell(s) would lie outside of the grid.", nullptr, result.Outside));
+    add(result.Refused, WithArguments(Translate("TzuGrid", "%n cell(s) kept the old content: %1",
+                                                nullptr, result.Refused),
+                                      {result.FirstReason}));
     if (!text.empty()) {
         m_editHost.ShowRefusal(CellRect(FocusCell()), text);
     }

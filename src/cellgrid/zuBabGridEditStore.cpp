@@ -3,6 +3,7 @@
 #include "cellgrid/zuBabGridUserChange.h"
 #include "foundation/zuDateUtils.h"
 #include "foundation/zuFormat.h"
+#include "foundation/zuTranslate.h"
 
 #include <algorithm>
 #include <exception>
@@ -16,13 +17,13 @@ std::string NotUnderstood(TColumnKind kind, const std::string &text)
 {
     switch (kind) {
     case TColumnKind::tckDate:
-        return "\"" + text
-               + "\" is no date. An example: " + FormatDate({}, EncodeDate(2025, 12, 31));
+        return WithArguments(Translate("TzuGrid", "\"%1\" is no date. An example: %2"),
+                             {text, FormatDate({}, EncodeDate(2025, 12, 31))});
     case TColumnKind::tckTime:
-        return "\"" + text
-               + "\" is no time of day. An example: " + FormatTime({}, EncodeTime(17, 30, 0, 0));
+        return WithArguments(Translate("TzuGrid", "\"%1\" is no time of day. An example: %2"),
+                             {text, FormatTime({}, EncodeTime(17, 30, 0, 0))});
     default:
-        return "\"" + text + "\" does not fit here.";
+        return WithArguments(Translate("TzuGrid", "\"%1\" does not fit here."), {text});
     }
 }
 
@@ -101,7 +102,8 @@ bool TBabGridEdit::Understand(const TFollow &follow, TCellEdit &edit, std::strin
         }
         const std::string *choice = FindChoice(choices.Items, edit.Text);
         if (choice == nullptr && !choices.FreeText) {
-            reason = "\"" + edit.Text + "\" is none of the choices.";
+            reason =
+                WithArguments(Translate("TzuGrid", "\"%1\" is none of the choices."), {edit.Text});
             return false;
         }
         edit.Text = choice != nullptr ? *choice : edit.Text;
@@ -151,7 +153,8 @@ bool TBabGridEdit::StoreAllowed(const TFollow &follow, TCellEdit &edit, std::str
 {
     OnEditStop(this, edit);
     if (!edit.Allow || !follow.IsThere()) {
-        reason = edit.Reason.empty() ? "This change is not allowed." : edit.Reason;
+        reason =
+            edit.Reason.empty() ? Translate("TzuGrid", "This change is not allowed.") : edit.Reason;
         return false;
     }
     // The handler may have moved the cell, or made one.

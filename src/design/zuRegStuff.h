@@ -11,7 +11,8 @@ namespace korvane {
 /// The page of the designer's palette that holds the components.
 inline constexpr std::string_view kPalettePage = "Korvane";
 
-/// A component that can be put on a form. Texts are plain, in English, and live forever.
+/// A component that can be put on a form. Texts are plain, in English, literals;
+/// tips are for Translate("TzuDesign", ...).
 struct TPaletteComponent
 {
     std::string_view ClassName; ///< without the namespace

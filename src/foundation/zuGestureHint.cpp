@@ -2,6 +2,7 @@
 
 #include "foundation/zuFormat.h"
 #include "foundation/zuRound.h"
+#include "foundation/zuTranslate.h"
 
 #include <cstdint>
 
@@ -14,7 +15,7 @@ constexpr std::int64_t kSecondsPerDay = kMinutesPerDay * 60;
 constexpr std::string_view kDateAndTime = "ddddd t";
 constexpr std::string_view kIsoDateTime = "yyyy'-'mm'-'dd'T'hh':'nn':'ss'.'zzz";
 
-void AppendUnit(std::string &text, std::int64_t count, std::string_view unit)
+void AppendCount(std::string &text, std::int64_t count, const std::string &counted)
 {
     if (count == 0) {
         return;
@@ -22,9 +23,7 @@ void AppendUnit(std::string &text, std::int64_t count, std::string_view unit)
     if (!text.empty()) {
         text += ' ';
     }
-    text += std::to_string(count);
-    text += ' ';
-    text += unit;
+    text += WithArguments(counted, {std::to_string(count)});
 }
 
 void AppendJsonText(std::string &json, std::string_view text)
@@ -67,20 +66,21 @@ std::string LengthText(TDateTime length)
     std::string text;
     const std::int64_t minutes = Round(length * static_cast<double>(kMinutesPerDay));
     if (minutes <= 0) {
-        AppendUnit(text, Round(length * static_cast<double>(kSecondsPerDay)), "s");
-        return text.empty() ? "0 min" : text;
+        AppendCount(text, Round(length * static_cast<double>(kSecondsPerDay)),
+                    Translate("TGestureHint", "%1 s", "seconds"));
+        return text.empty() ? WithArguments(Translate("TGestureHint", "%1 min"), {"0"}) : text;
     }
-    AppendUnit(text, minutes / kMinutesPerDay, "d");
-    AppendUnit(text, minutes % kMinutesPerDay / 60, "h");
-    AppendUnit(text, minutes % 60, "min");
+    AppendCount(text, minutes / kMinutesPerDay, Translate("TGestureHint", "%1 d", "days"));
+    AppendCount(text, minutes % kMinutesPerDay / 60, Translate("TGestureHint", "%1 h"));
+    AppendCount(text, minutes % 60, Translate("TGestureHint", "%1 min"));
     return text;
 }
 
 TGestureHint HintOfTimes(TDateTime start, TDateTime stop)
 {
-    return {HintLine("Start", FormatDateTime(kDateAndTime, start)),
-            HintLine("Stop", FormatDateTime(kDateAndTime, stop)),
-            HintLine("Length", LengthText(stop - start))};
+    return {HintLine(Translate("TGestureHint", "Start"), FormatDateTime(kDateAndTime, start)),
+            HintLine(Translate("TGestureHint", "Stop"), FormatDateTime(kDateAndTime, stop)),
+            HintLine(Translate("TGestureHint", "Length"), LengthText(stop - start))};
 }
 
 void TItemDragData::Add(const std::string &caption, TDateTime start, TDateTime stop)

@@ -1,5 +1,6 @@
 #include "gantt/zuGantHint.h"
 
+#include "foundation/zuTranslate.h"
 #include "gantt/zuGantDescribe.h"
 
 namespace korvane {
@@ -10,7 +11,9 @@ TGestureHint HintOfDependency(const TzuDataEntity_Spanbar *first,
     const auto caption = [](const TzuDataEntity_Spanbar *item) {
         return item != nullptr ? OnOneLine(CaptionOf(*item)) : std::string();
     };
-    return {HintLine("From", caption(first)), HintLine("To", caption(second)), {}};
+    return {HintLine(Translate("TGestureHint", "From", "first item of a link"), caption(first)),
+            HintLine(Translate("TGestureHint", "To", "second item of a link"), caption(second)),
+            {}};
 }
 
 TItemDragData DragDataOf(std::span<TzuDataEntity_Spanbar *const> items, bool copy)

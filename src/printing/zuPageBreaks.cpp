@@ -1,5 +1,6 @@
 #include "printing/zuPageBreaks.h"
 
+#include "foundation/zuTranslate.h"
 #include "scaler/zuScalerSteps.h"
 
 #include <algorithm>
@@ -93,7 +94,8 @@ void TPrintRows::SetSizes(const std::vector<int> &sizes)
             throw std::invalid_argument("Rows without height cannot be printed");
         }
         if (top > std::numeric_limits<int>::max()) {
-            throw std::runtime_error("There is too much to print at once");
+            throw std::runtime_error(
+                Translate("TzuPrinting", "There is too much to print at once"));
         }
         m_tops.push_back(static_cast<int>(top));
     }

@@ -1,5 +1,7 @@
 #include "printing/zuPrintLayout.h"
 
+#include "foundation/zuTranslate.h"
+
 #include <algorithm>
 #include <limits>
 #include <stdexcept>
@@ -36,10 +38,11 @@ TPrintLayout::TPrintLayout(const TPrintContent &content, const TPrintRoom &room,
                            const TPrintScaling &scaling)
 {
     if (!(content.Across.Length() > 0) || !(content.Down.Length() > 0)) {
-        throw std::runtime_error("There is nothing to print");
+        throw std::runtime_error(Translate("TzuPrinting", "There is nothing to print"));
     }
     if (!(room.Width > 0) || !(room.Height > 0)) {
-        throw std::runtime_error("The margins leave no room on the paper");
+        throw std::runtime_error(
+            Translate("TzuPrinting", "The margins leave no room on the paper"));
     }
     const double wanted = scaling.Fit == TPrintFit::pfPercent
                               ? scaling.Percent / 100
@@ -49,7 +52,8 @@ TPrintLayout::TPrintLayout(const TPrintContent &content, const TPrintRoom &room,
         m_across = SplitIntoPages(content.Across, room.Width / m_scale - content.LabelWidth);
         m_down = SplitIntoPages(content.Down, room.Height / m_scale - content.HeadHeight);
     } catch (const std::invalid_argument &) {
-        throw std::runtime_error("The paper has no room beside labels, axis and headings");
+        throw std::runtime_error(
+            Translate("TzuPrinting", "The paper has no room beside labels, axis and headings"));
     }
 }
 

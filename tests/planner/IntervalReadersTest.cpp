@@ -193,7 +193,7 @@ TEST(Timetable, ShowsTheBusiestWeekOrADay)
               u"Route 9 South (r9), trip t1\nMarket, west 7:59 – Station 8:11, 2 stops\nBlock b1");
     EXPECT_EQ(plan.Resources.at(0).MaxUnits, 1);
     EXPECT_EQ(plan.Resources.at(1).MaxUnits, std::nullopt);
-    EXPECT_TRUE(HasRemark(plan, u"1 trips do not run in the week"_s));
+    EXPECT_TRUE(HasRemark(plan, u"1 trip not in the week"_s));
 }
 
 TEST(Timetable, DamageIsRemarkedOnOrRefused)
@@ -209,8 +209,8 @@ TEST(Timetable, DamageIsRemarkedOnOrRefused)
     const Case cases[] = {
         {"stop_times.txt", "8:10:00", "8:60:00", u"stop_times.txt, line 2: \"8:60:00\" is no"_s},
         {"stop_times.txt", "t3,", "t9,", u"stop_times.txt, line 7: The time is of an unknown"_s},
-        {"stop_times.txt", "t3,", "t9,", u"1 trips have no times"_s},
-        {"stop_times.txt", "25:10", "49:10", u"1 trips take longer than a day"_s},
+        {"stop_times.txt", "t3,", "t9,", u"1 trip without times"_s},
+        {"stop_times.txt", "25:10", "49:10", u"1 trip longer than a day"_s},
         {"trips.txt", "r9b,S", "r7,S", u"trips.txt, line 4: The trip's route is unknown"_s},
         {"trips.txt", "t3", "t2", u"trips.txt, line 4: The trip is there already"_s},
         {"calendar.txt", "20260307", "20261307", u"calendar.txt, line 3: The dates"_s},

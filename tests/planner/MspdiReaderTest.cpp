@@ -238,7 +238,7 @@ TEST(MspdiReader, SummaryTasksWithoutDatesSpanTheirSubtasks)
     EXPECT_EQ(DatesOf(plan.Tasks[0]), "2026-11-02T00:00:00 2026-11-09T00:00:00");
     EXPECT_EQ(DatesOf(plan.Tasks[1]), "2026-11-05T00:00:00 2026-11-09T00:00:00");
     EXPECT_EQ(DatesOf(plan.Tasks[4]), "none");
-    EXPECT_TRUE(HasRemark(plan, u"2 tasks have subtasks but are not marked"_s));
+    EXPECT_TRUE(HasRemark(plan, u"2 tasks with subtasks not marked as summary tasks"_s));
     EXPECT_EQ(Text(plan.Range()), "2026-11-02T00:00:00 2026-11-09T00:00:00");
 }
 

@@ -1,6 +1,7 @@
 #include "agenda/AgendaEdit.h"
 
 #include "agenda/AgendaRule.h"
+#include "plan/PlannerText.h"
 
 #include <QUuid>
 
@@ -169,8 +170,8 @@ AgendaEvent CopyOf(const AgendaEvent &event)
 /// Where single occurrences cannot be told from others.
 QString NoUid()
 {
-    return QStringLiteral("This series has no UID of its own, so that single occurrences cannot "
-                          "be told from others. The whole series can be changed.");
+    return PlannerText::tr("This series has no UID of its own, so that single occurrences cannot "
+                           "be told from others. The whole series can be changed.");
 }
 
 AgendaEvent NewOverride(const Agenda &agenda, const AgendaOccurrence &occurrence)
@@ -312,8 +313,8 @@ std::variant<AgendaEdit, QString> ChangeFollowing(const Agenda &agenda,
         }
     }
     if (change.Rule || change.Calendar) {
-        return QStringLiteral("This series cannot be cut in two here. It can be changed as a "
-                              "whole.");
+        return PlannerText::tr("This series cannot be cut in two here. It can be changed as a "
+                               "whole.");
     }
     return ChangeSingle(agenda, occurrence, wall, change, true);
 }
@@ -325,8 +326,8 @@ std::optional<QString> ObstacleToCalendar(const Agenda &agenda, const AgendaEven
     const bool isPart =
         event.Override || (event.Series != nullptr && scope == AgendaScope::Occurrence);
     if (isPart) {
-        return QStringLiteral("One occurrence stays in the calendar of its series. The whole "
-                              "series can be moved to another one.");
+        return PlannerText::tr("One occurrence stays in the calendar of its series. The whole "
+                               "series can be moved to another one.");
     }
     if (scope == AgendaScope::Following) {
         return std::nullopt; // with a UID of their own
@@ -335,7 +336,7 @@ std::optional<QString> ObstacleToCalendar(const Agenda &agenda, const AgendaEven
         return other.Calendar == calendar && !other.IsRemoved && !other.Uid.isEmpty()
                && other.Uid == event.Uid;
     });
-    return isTaken ? std::optional(QStringLiteral("That calendar has this event already."))
+    return isTaken ? std::optional(PlannerText::tr("That calendar has this event already."))
                    : std::nullopt;
 }
 

@@ -4,6 +4,7 @@
 #include "agenda/IcalText.h"
 #include "agenda/LoadAttempt.h"
 #include "plan/FileText.h"
+#include "plan/PlannerText.h"
 
 #include <QDate>
 #include <QFileInfo>
@@ -112,7 +113,7 @@ private:
                              && time.minute >= 0 && time.minute < 60 && time.second >= 0
                              && time.second <= 60;
         if (!isValid) {
-            Remark(QStringLiteral("%1 is not a date")
+            Remark(PlannerText::tr("%1 is not a date")
                        .arg(QString::fromUtf8(icalproperty_get_property_name(property))));
             return std::nullopt;
         }
@@ -138,9 +139,10 @@ private:
         const QByteArray id = icalparameter_get_tzid(parameter);
         const auto zone = m_agenda.Zones->Find(id, m_part.Calendar);
         if (!zone) {
-            Remark(QStringLiteral("the time zone \"%1\" is not known; its times are taken as local "
-                                  "ones")
-                       .arg(QString::fromUtf8(id)));
+            Remark(
+                PlannerText::tr("the time zone \"%1\" is not known; its times are taken as local "
+                                "ones")
+                    .arg(QString::fromUtf8(id)));
         }
         return zone.value_or(kFloating);
     }
@@ -168,7 +170,7 @@ private:
         }
         event.Start = TimeOf(property, icalproperty_get_dtstart(property));
         if (icalcomponent_count_properties(m_component, ICAL_DTSTART_PROPERTY) > 1) {
-            Remark(QStringLiteral("an event has more than one start; the first one holds"));
+            Remark(PlannerText::tr("an event has more than one start; the first one holds"));
         }
     }
 
@@ -188,7 +190,7 @@ private:
         }
         const AgendaSeconds length = event.Length.Days * kSecondsPerDay + event.Length.Seconds;
         if (length > kLongestLength) {
-            Remark(QStringLiteral("an event of more than 100 years is cut"));
+            Remark(PlannerText::tr("an event of more than 100 years is cut"));
             event.Length = {kLongestLength / kSecondsPerDay, 0};
         }
         if (event.IsAllDay()) {
@@ -202,7 +204,7 @@ private:
                                           ? end.Wall - event.Start->Wall
                                           : m_agenda.UtcOf(end) - m_agenda.UtcOf(*event.Start);
         if (seconds < 0) {
-            Remark(QStringLiteral("an event ends before it starts"));
+            Remark(PlannerText::tr("an event ends before it starts"));
         }
         event.Length = {0, std::max<AgendaSeconds>(0, seconds)};
     }
@@ -291,7 +293,7 @@ void ReadEvent(Agenda &agenda, const QByteArray &text, const IcalComponent &part
     if (component != nullptr && icalcomponent_isa(component.get()) == ICAL_VEVENT_COMPONENT) {
         event = EventReader(agenda, component.get(), part).Read();
     } else {
-        agenda.Remarks.Add(part.Line, QStringLiteral("an event that cannot be read"));
+        agenda.Remarks.Add(part.Line, PlannerText::tr("an event that cannot be read"));
     }
     event.Source = source;
     agenda.Events.push_back(std::move(event));
@@ -303,7 +305,7 @@ Agenda ReadAgenda(const QByteArray &text, IProgress &progress)
 {
     if (text.contains('\0')) {
         throw PlanRefusal(text.left(text.indexOf('\0')).count('\n') + 1,
-                          QStringLiteral("a calendar is text, and this is none"));
+                          PlannerText::tr("a calendar is text, and this is none"));
     }
     Agenda agenda;
     agenda.Zones = std::make_shared<AgendaZones>();
@@ -322,7 +324,7 @@ Agenda ReadAgenda(const QByteArray &text, IProgress &progress)
     };
     for (const IcalComponent &part : parts.Components) {
         if (part.Name == "VTIMEZONE" && !agenda.Zones->Define(textOf(part), part.Calendar)) {
-            agenda.Remarks.Add(part.Line, QStringLiteral("a time zone that cannot be read"));
+            agenda.Remarks.Add(part.Line, PlannerText::tr("a time zone that cannot be read"));
         }
     }
     for (const IcalComponent &part : parts.Components) {

@@ -2,6 +2,7 @@
 
 #include "agenda/AgendaOccurrences.h"
 #include "agenda/IcalLibrary.h"
+#include "plan/PlannerText.h"
 
 #include <QDateTime>
 
@@ -167,11 +168,11 @@ std::variant<QByteArray, QString> MovedRule(const Agenda &agenda, const QByteArr
     const bool isOtherTime =
         from.IsDate != to.IsDate || to.Wall - from.Wall != days * kSecondsPerDay;
     if (isOtherTime && has({"BYHOUR", "BYMINUTE", "BYSECOND"})) {
-        return QStringLiteral("The rule of this series names the times of day. Single occurrences "
-                              "can be moved.");
+        return PlannerText::tr("The rule of this series names the times of day. Single occurrences "
+                               "can be moved.");
     }
-    const QString named = QStringLiteral("The rule of this series names the days. Single "
-                                         "occurrences can be moved to others.");
+    const QString named = PlannerText::tr("The rule of this series names the days. Single "
+                                          "occurrences can be moved to others.");
     if (days != 0) {
         if (has({"BYMONTHDAY", "BYYEARDAY", "BYWEEKNO", "BYMONTH", "BYSETPOS"})) {
             return named;

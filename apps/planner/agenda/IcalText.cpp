@@ -2,6 +2,7 @@
 
 #include "plan/Plan.h"
 #include "plan/PlanRefusal.h"
+#include "plan/PlannerText.h"
 
 namespace korvane::planner {
 
@@ -99,15 +100,15 @@ public:
                 End(m_walker.Mark());
             } else if (m_open.empty() && !m_isStray && !m_walker.Line().Name.trimmed().isEmpty()) {
                 m_isStray = true;
-                Remark(QStringLiteral("text outside the calendars is ignored"));
+                Remark(PlannerText::tr("text outside the calendars is ignored"));
             }
         }
         if (!m_open.empty()) {
             throw PlanRefusal(m_walker.Line().Number,
-                              QStringLiteral("the file ends within %1").arg(Name(m_open.back())));
+                              PlannerText::tr("the file ends within %1").arg(Name(m_open.back())));
         }
         if (m_parts.Calendars.empty()) {
-            throw PlanRefusal(1, QStringLiteral("there is no calendar in this file"));
+            throw PlanRefusal(1, PlannerText::tr("there is no calendar in this file"));
         }
         return std::move(m_parts);
     }
@@ -121,17 +122,17 @@ private:
         const IcalLine &line = m_walker.Line();
         const bool isCalendar = name == "VCALENDAR";
         if (isCalendar && !m_open.empty()) {
-            throw PlanRefusal(line.Number, QStringLiteral("a calendar within a calendar"));
+            throw PlanRefusal(line.Number, PlannerText::tr("a calendar within a calendar"));
         }
         if (m_open.size() >= kMostLevels) {
-            throw PlanRefusal(line.Number, QStringLiteral("components nested too deep"));
+            throw PlanRefusal(line.Number, PlannerText::tr("components nested too deep"));
         }
         if (isCalendar) {
             m_parts.Calendars.push_back({name, line.Begin, line.End, line.Number,
                                          static_cast<int>(m_parts.Calendars.size())});
         } else if (IsAtTop()) {
             if (m_open.empty()) {
-                Remark(QStringLiteral("%1 outside a calendar").arg(Name(name)));
+                Remark(PlannerText::tr("%1 outside a calendar").arg(Name(name)));
             }
             const int calendar =
                 m_open.empty() ? kNoIndex : static_cast<int>(m_parts.Calendars.size()) - 1;
@@ -148,11 +149,11 @@ private:
             --open;
         }
         if (open == m_open.begin()) {
-            Remark(QStringLiteral("END:%1 without its BEGIN is ignored").arg(Name(name)));
+            Remark(PlannerText::tr("END:%1 without its BEGIN is ignored").arg(Name(name)));
             return;
         }
         while (m_open.end() != open) {
-            Remark(QStringLiteral("%1 has no end").arg(Name(m_open.back())));
+            Remark(PlannerText::tr("%1 has no end").arg(Name(m_open.back())));
             Close(m_walker.Line().Begin);
         }
         Close(m_walker.Line().End);

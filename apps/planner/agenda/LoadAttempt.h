@@ -3,6 +3,7 @@
 
 #include "plan/PlanReader.h"
 #include "plan/PlanRefusal.h"
+#include "plan/PlannerText.h"
 
 #include <exception>
 #include <new>
@@ -22,7 +23,7 @@ Result AttemptLoad(const Load &load)
     } catch (const PlanCanceled &) {
         result.Status = PlanStatus::Canceled;
     } catch (const std::bad_alloc &) {
-        result.Error = {0, QStringLiteral("not enough memory for this file")};
+        result.Error = {0, PlannerText::tr("not enough memory for this file")};
     } catch (const std::exception &error) { // a thread of its own cannot pass it on
         result.Error = {0, QString::fromUtf8(error.what())};
     }

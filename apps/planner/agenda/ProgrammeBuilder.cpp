@@ -1,5 +1,7 @@
 #include "agenda/ProgrammeBuilder.h"
 
+#include "plan/PlannerText.h"
+
 #include <QDateTime>
 
 #include <algorithm>
@@ -98,7 +100,7 @@ void ProgrammeBuilder::AddDay(const QString &date, qint64 line)
 {
     auto midnight = ParseWall(date);
     if (!midnight || !IsReasonable(*midnight)) {
-        Remark(line, QStringLiteral("a day without a date"));
+        Remark(line, PlannerText::tr("a day without a date"));
         midnight = HasDays() ? m_programme.Days.back().Date + kSecondsPerDay : 0;
     }
     m_programme.Days.push_back({DayOf(*midnight) * kSecondsPerDay, 0, 0});
@@ -126,12 +128,12 @@ void ProgrammeBuilder::AddTalk(const TalkTexts &texts, ProgrammeTalk talk, qint6
 {
     const auto start = StartOf(texts);
     if (!start || !IsReasonable(*start)) {
-        Remark(line, QStringLiteral("\"%1\" has no start and is left out").arg(talk.Title));
+        Remark(line, PlannerText::tr("\"%1\" has no start and is left out").arg(talk.Title));
         return;
     }
     const auto length = ParseClock(texts.Duration);
     if (!length) {
-        Remark(line, QStringLiteral("\"%1\" has no duration").arg(talk.Title));
+        Remark(line, PlannerText::tr("\"%1\" has no duration").arg(talk.Title));
     }
     talk.Start = *start;
     talk.Length = length.value_or(0);

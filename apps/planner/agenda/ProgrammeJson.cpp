@@ -1,6 +1,7 @@
 #include "agenda/ProgrammeBuilder.h"
 #include "agenda/ProgrammeReader.h"
 #include "plan/PlanRefusal.h"
+#include "plan/PlannerText.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -23,7 +24,7 @@ QJsonObject ParsedSchedule(const QByteArray &text)
     }
     const QJsonObject schedule = document.object()[u"schedule"].toObject();
     if (!schedule.contains(u"conference")) {
-        throw PlanRefusal(0, QStringLiteral("not a conference programme"));
+        throw PlanRefusal(0, PlannerText::tr("not a conference programme"));
     }
     return schedule[u"conference"].toObject();
 }
@@ -91,7 +92,7 @@ Programme ReadProgrammeJson(const QByteArray &text, IProgress &progress)
         }
     }
     if (!builder.HasDays()) {
-        throw PlanRefusal(0, QStringLiteral("a programme without days"));
+        throw PlanRefusal(0, PlannerText::tr("a programme without days"));
     }
     return builder.Finish();
 }

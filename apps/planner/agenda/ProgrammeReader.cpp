@@ -4,6 +4,7 @@
 #include "agenda/ProgrammeBuilder.h"
 #include "plan/FileText.h"
 #include "plan/PlanXml.h"
+#include "plan/PlannerText.h"
 
 #include <QBuffer>
 #include <QFileInfo>
@@ -24,7 +25,7 @@ public:
     {
         m_xml.EnterRoot();
         if (!m_xml.Is(u"schedule")) {
-            throw PlanRefusal(m_xml.Line(), QStringLiteral("not a conference programme"));
+            throw PlanRefusal(m_xml.Line(), PlannerText::tr("not a conference programme"));
         }
         while (m_xml.NextChild()) {
             if (m_xml.Is(u"conference")) {
@@ -36,10 +37,11 @@ public:
             }
         }
         if (!m_builder.HasDays()) {
-            throw PlanRefusal(m_xml.Line(), QStringLiteral("a programme without days"));
+            throw PlanRefusal(m_xml.Line(), PlannerText::tr("a programme without days"));
         }
         if (!m_xml.LeaveRoot()) {
-            m_builder.Remark(m_xml.Line(), QStringLiteral("what follows the programme is ignored"));
+            m_builder.Remark(m_xml.Line(),
+                             PlannerText::tr("what follows the programme is ignored"));
         }
         return m_builder.Finish();
     }

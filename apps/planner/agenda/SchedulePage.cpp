@@ -1,5 +1,7 @@
 #include "agenda/SchedulePage.h"
 
+#include "plan/PlannerText.h"
+
 #include <QDateTime>
 #include <QHash>
 #include <QLocale>
@@ -180,10 +182,10 @@ int AgendaPages::ColumnOf(SchedulePage &page, const AgendaEvent &event, AgendaCo
     if (columns == AgendaColumns::Calendars) {
         caption = m_agenda.Calendars[static_cast<std::size_t>(event.Calendar)].Name;
         if (caption.isEmpty()) {
-            caption = QStringLiteral("Calendar %1").arg(event.Calendar + 1);
+            caption = PlannerText::tr("Calendar %1").arg(event.Calendar + 1);
         }
     } else if (caption.isEmpty()) {
-        caption = QStringLiteral("(no place)");
+        caption = PlannerText::tr("(no place)");
     }
     const auto found = std::ranges::find(page.Columns, caption, &ScheduleColumn::Caption);
     if (found != page.Columns.end()) {
@@ -213,8 +215,8 @@ void AgendaPages::AddBlocks(SchedulePage &page, const Shown &shown, AgendaColumn
     block.IsAllDay = event.IsAllDay();
     block.IsCanceled = event.IsCanceled;
     const QString when = event.IsAllDay()
-                             ? TextOf(shown.Start, QStringLiteral("dddd, d MMMM yyyy"))
-                             : TextOf(shown.Start, QStringLiteral("dddd, d MMMM yyyy, "))
+                             ? TextOf(shown.Start, PlannerText::tr("dddd, d MMMM yyyy"))
+                             : TextOf(shown.Start, PlannerText::tr("dddd, d MMMM yyyy, "))
                                    + SpanText(shown.Start, shown.Stop);
     block.ToolTip =
         JoinedLines({block.Title, when, event.Place.simplified(), event.Notes.trimmed().left(400)});
@@ -236,20 +238,20 @@ SchedulePage AgendaPages::Page(AgendaColumns columns, AgendaSeconds day, int day
     SchedulePage page;
     page.Axis = {first, first + (columns == AgendaColumns::Days ? days : 1) * kSecondsPerDay};
     const AgendaSeconds last = page.Axis.To - kSecondsPerDay;
-    page.Title = TextOf(first, QStringLiteral("d MMMM yyyy"));
+    page.Title = TextOf(first, PlannerText::tr("d MMMM yyyy"));
     if (last > first) {
-        page.Title += QStringLiteral(" – ") + TextOf(last, QStringLiteral("d MMMM yyyy"));
+        page.Title += QStringLiteral(" – ") + TextOf(last, PlannerText::tr("d MMMM yyyy"));
     }
     if (columns == AgendaColumns::Days) {
         for (AgendaSeconds date = first; date <= last; date += kSecondsPerDay) {
-            page.Columns.push_back({TextOf(date, QStringLiteral("ddd d MMM")), date});
+            page.Columns.push_back({TextOf(date, PlannerText::tr("ddd d MMM")), date});
         }
     }
     for (const Shown &shown : ShownIn(page.Axis)) {
         AddBlocks(page, shown, columns);
     }
     if (page.Columns.empty()) {
-        page.Columns.push_back({QStringLiteral("(nothing)"), first});
+        page.Columns.push_back({PlannerText::tr("(nothing)"), first});
     }
     FitAxis(page, kUsualHours);
     return page;
@@ -281,7 +283,7 @@ SchedulePage PageOf(const Programme &programme, int day)
 {
     SchedulePage page;
     const ProgrammeDay &date = programme.Days.at(static_cast<std::size_t>(day));
-    page.Title = TextOf(date.Date, QStringLiteral("dddd, d MMMM yyyy"));
+    page.Title = TextOf(date.Date, PlannerText::tr("dddd, d MMMM yyyy"));
     std::vector<int> columns(programme.Rooms.size(), -1);
     for (const ProgrammeTalk &talk : programme.Talks) {
         if (talk.Day == day) {

@@ -1,9 +1,11 @@
 #include "plan/ClusterTraceReader.h"
 
 #include "foundation/zuDateUtils.h"
+#include "foundation/zuTranslate.h"
 #include "plan/NodeAllocation.h"
 #include "plan/PlanFields.h"
 #include "plan/PlanRefusal.h"
+#include "plan/PlannerText.h"
 
 #include <algorithm>
 #include <array>
@@ -45,11 +47,36 @@ struct RowKind
 {
     const char *Name;
     const char *Title;
+    const char *NoTitle; ///< of the row of jobs that have none
+    const char *Note;
     Field Place;
 };
-constexpr std::array kRowKinds{RowKind{"partition", "Partition", kPartition},
-                               RowKind{"queue", "Queue", kQueue}, RowKind{"user", "User", kUser},
-                               RowKind{"group", "Group", kGroup}};
+constexpr std::array kRowKinds{RowKind{"partition", QT_TRANSLATE_NOOP("Planner", "Partition %1"),
+                                       QT_TRANSLATE_NOOP("Planner", "No partition"),
+                                       QT_TRANSLATE_NOOP("Planner", "partition %1"), kPartition},
+                               RowKind{"queue", QT_TRANSLATE_NOOP("Planner", "Queue %1"),
+                                       QT_TRANSLATE_NOOP("Planner", "No queue"),
+                                       QT_TRANSLATE_NOOP("Planner", "queue %1"), kQueue},
+                               RowKind{"user", QT_TRANSLATE_NOOP("Planner", "User %1"),
+                                       QT_TRANSLATE_NOOP("Planner", "No user"),
+                                       QT_TRANSLATE_NOOP("Planner", "user %1"), kUser},
+                               RowKind{"group", QT_TRANSLATE_NOOP("Planner", "Group %1"),
+                                       QT_TRANSLATE_NOOP("Planner", "No group"),
+                                       QT_TRANSLATE_NOOP("Planner", "group %1"), kGroup}};
+
+/// In the user's language, asked for once and not for each job.
+struct NoteTexts
+{
+    NoteTexts()
+    {
+        std::ranges::transform(kRowKinds, Kinds.begin(),
+                               [](const RowKind &kind) { return PlannerText::tr(kind.Note); });
+    }
+
+    std::array<QString, kRowKinds.size()> Kinds;
+    QString Waited = PlannerText::tr("waited %1 s");
+    std::map<std::int64_t, QString> Processors; ///< filled where needed
+};
 
 struct Job
 {
@@ -110,13 +137,14 @@ private:
     void AddNodes();
     void AddRowsBy(const RowKind &kind);
     void AddJobs();
-    QString NotesOf(const Job &job) const;
+    QString NotesOf(const Job &job);
     TDateTime InstantOf(double second) const { return m_begin + second / kSecondsPerDay; }
 
     QIODevice &m_source;
     QString m_rows;
     IProgress &m_progress;
     PlanBuilder m_builder;
+    NoteTexts m_notes;
     std::vector<Job> m_jobs;
     qint64 m_line = 0;
     TDateTime m_begin = EncodeDate(1970, 1, 1);
@@ -129,7 +157,7 @@ Plan Parser::Read()
     m_builder.SetIntervals();
     ReadLines();
     if (m_jobs.empty()) {
-        throw PlanRefusal(0, QStringLiteral("the trace has no jobs that can be shown"));
+        throw PlanRefusal(0, PlannerText::tr("the trace has no jobs that can be shown"));
     }
     std::ranges::stable_sort(m_jobs, {}, &Job::Start);
     if (m_rows.isEmpty()) {
@@ -141,11 +169,11 @@ Plan Parser::Read()
         AddRowsBy(*kind);
     } else if (m_rows != u"node") {
         throw PlanRefusal(0,
-                          QStringLiteral("a row of a job trace is a node, partition, queue, user "
-                                         "or group, not a %1")
+                          PlannerText::tr("a row of a job trace is a node, partition, queue, user "
+                                          "or group, not a %1")
                               .arg(m_rows));
     } else if (!FitsNodes()) {
-        throw PlanRefusal(0, QStringLiteral("too many nodes to have a row each"));
+        throw PlanRefusal(0, PlannerText::tr("too many nodes to have a row each"));
     } else {
         AddJobs();
         AddNodes();
@@ -177,7 +205,7 @@ void Parser::ReadLines()
             return;
         }
         if (rest.size() > kMaxLine) {
-            throw PlanRefusal(m_line + 1, QStringLiteral("the line is too long for a job trace"));
+            throw PlanRefusal(m_line + 1, PlannerText::tr("the line is too long for a job trace"));
         }
     }
 }
@@ -221,7 +249,7 @@ void Parser::ReadJob(std::string_view line)
     if (!fields) {
         m_builder.Remark(
             m_line,
-            QStringLiteral("The line is not one of %1 numbers; it is ignored.").arg(kFields));
+            PlannerText::tr("The line is not one of %1 numbers; it is ignored.").arg(kFields));
         return;
     }
     Job job{*fields};
@@ -229,17 +257,17 @@ void Parser::ReadJob(std::string_view line)
     job.Start = values[kSubmitted] + std::max(values[kWait], 0.0);
     job.Finish = job.Start + values[kRunTime];
     if (!(values[kRunTime] >= 0)) {
-        m_builder.Remark(m_line, QStringLiteral("The job has no run time; it is left out."));
+        m_builder.Remark(m_line, PlannerText::tr("The job has no run time; it is left out."));
         return;
     }
     if (!(values[kSubmitted] >= 0) || !IsPlanDate(InstantOf(job.Finish))) {
-        m_builder.Remark(m_line, QStringLiteral("The job's times make no sense; it is left out."));
+        m_builder.Remark(m_line, PlannerText::tr("The job's times make no sense; it is left out."));
         return;
     }
     const double processors = values[kProcessors] > 0 ? values[kProcessors] : values[kRequested];
     job.Processors = static_cast<std::int64_t>(std::clamp(processors, 1.0, 1e9));
     if (m_jobs.size() >= PlanBuilder::kMaxItems) {
-        throw PlanRefusal(m_line, QStringLiteral("more than %1 jobs").arg(PlanBuilder::kMaxItems));
+        throw PlanRefusal(m_line, PlannerText::tr("more than %1 jobs").arg(PlanBuilder::kMaxItems));
     }
     m_jobs.push_back(job);
 }
@@ -270,7 +298,7 @@ int Parser::NodesOf(const Job &job) const
 void Parser::AddNodes()
 {
     for (int node = 0; node < m_nodes; ++node) {
-        m_builder.AddResource({node, QStringLiteral("Node %1").arg(node + 1), 1.0}, 0);
+        m_builder.AddResource({node, PlannerText::tr("Node %1").arg(node + 1), 1.0}, 0);
     }
     NodeAllocation allocation(static_cast<int>(m_nodes));
     std::int64_t uid = 0;
@@ -291,10 +319,9 @@ void Parser::AddRowsBy(const RowKind &kind)
     }
     std::int64_t row = 0;
     for (const auto &[number, jobs] : rows) {
-        const QString title = QString::fromLatin1(kind.Title);
         m_builder.AddResource({row,
-                               number < 0 ? QStringLiteral("No ") + title.toLower()
-                                          : title + u' ' + QString::number(number, 'g', 12),
+                               number < 0 ? PlannerText::tr(kind.NoTitle)
+                                          : PlannerText::tr(kind.Title).arg(number, 0, 'g', 12),
                                std::nullopt},
                               0);
         for (const std::int64_t job : jobs) {
@@ -307,10 +334,11 @@ void Parser::AddRowsBy(const RowKind &kind)
 void Parser::AddJobs()
 {
     std::int64_t uid = 0;
+    const QString name = PlannerText::tr("Job %1");
     for (const Job &job : m_jobs) {
         PlanTask task;
         task.Uid = ++uid;
-        task.Name = QStringLiteral("Job %1").arg(job.Values[kJob], 0, 'f', 0);
+        task.Name = name.arg(job.Values[kJob], 0, 'f', 0);
         TaskTimes times;
         times.Start = InstantOf(job.Start);
         times.Finish = InstantOf(job.Finish);
@@ -318,20 +346,23 @@ void Parser::AddJobs()
     }
 }
 
-QString Parser::NotesOf(const Job &job) const
+QString Parser::NotesOf(const Job &job)
 {
     QStringList parts;
-    parts.append(job.Processors == 1 ? QStringLiteral("1 processor")
-                                     : QStringLiteral("%1 processors").arg(job.Processors));
-    for (const RowKind &kind : kRowKinds) {
-        if (job.Values[kind.Place] > 0) {
-            parts.append(QStringLiteral("%1 %2")
-                             .arg(QLatin1String(kind.Name))
-                             .arg(job.Values[kind.Place], 0, 'f', 0));
+    QString &processors = m_notes.Processors[job.Processors];
+    if (processors.isEmpty()) {
+        const auto count = static_cast<int>(job.Processors);
+        processors =
+            QString::fromStdString(Translate("Planner", "%n processor(s)", nullptr, count));
+    }
+    parts.append(processors);
+    for (std::size_t i = 0; i < kRowKinds.size(); ++i) {
+        if (const double value = job.Values[kRowKinds[i].Place]; value > 0) {
+            parts.append(m_notes.Kinds[i].arg(value, 0, 'f', 0));
         }
     }
     if (job.Values[kWait] > 0) {
-        parts.append(QStringLiteral("waited %1 s").arg(job.Values[kWait], 0, 'f', 0));
+        parts.append(m_notes.Waited.arg(job.Values[kWait], 0, 'f', 0));
     }
     return parts.join(QStringLiteral(", "));
 }
@@ -345,7 +376,7 @@ ClusterTraceReader::ClusterTraceReader(ReadOptions options)
 
 QString ClusterTraceReader::Name() const
 {
-    return QStringLiteral("Job trace");
+    return PlannerText::tr("Job trace");
 }
 
 QStringList ClusterTraceReader::FilePatterns() const

@@ -1,6 +1,7 @@
 #include "plan/CsvReader.h"
 
 #include "plan/PlanRefusal.h"
+#include "plan/PlannerText.h"
 
 #include <algorithm>
 #include <utility>
@@ -32,7 +33,7 @@ CsvReader::CsvReader(QIODevice &source, QString name)
         m_source.skip(kByteOrderMark.size());
     }
     if (!Next()) {
-        Refuse(QStringLiteral("the table is empty"));
+        Refuse(PlannerText::tr("the table is empty"));
     }
     for (int column = 0; column < static_cast<int>(m_ends.size()); ++column) {
         m_columns.emplace_back(Field(column));
@@ -49,7 +50,7 @@ int CsvReader::Column(std::string_view name) const
 {
     const int column = FindColumn(name);
     if (column < 0) {
-        Refuse(QStringLiteral("there is no column %1")
+        Refuse(PlannerText::tr("there is no column %1")
                    .arg(QLatin1String(name.data(), static_cast<qsizetype>(name.size()))));
     }
     return column;
@@ -103,7 +104,7 @@ int CsvReader::Peek()
 void CsvReader::Take(int byte)
 {
     if (m_text.size() >= kMaxRecord) {
-        Refuse(QStringLiteral("the record is longer than %1 bytes; is a quote missing?")
+        Refuse(PlannerText::tr("the record is longer than %1 bytes; is a quote missing?")
                    .arg(kMaxRecord));
     }
     m_text.push_back(static_cast<char>(byte));
@@ -130,7 +131,7 @@ bool CsvReader::ReadRecord()
             return true;
         }
         if (m_ends.size() > kMaxRecord) {
-            Refuse(QStringLiteral("the record has more than %1 fields").arg(kMaxRecord));
+            Refuse(PlannerText::tr("the record has more than %1 fields").arg(kMaxRecord));
         }
     }
 }

@@ -2,6 +2,7 @@
 
 #include "plan/GzipDevice.h"
 #include "plan/PlanRefusal.h"
+#include "plan/PlannerText.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -38,7 +39,7 @@ QByteArray AllOf(QIODevice &content, QFile &file, IProgress &progress)
         }
         text.append(step.constData(), size);
         if (text.size() > kGreatestSize) {
-            Refuse(QStringLiteral("the file is too large"));
+            Refuse(PlannerText::tr("the file is too large"));
         }
         progress.Report(file.pos(), file.size());
     }
@@ -60,10 +61,10 @@ QByteArray TextOfFile(const QString &fileName, IProgress &progress)
 {
     const QFileInfo info(fileName);
     if (!info.exists()) {
-        Refuse(QStringLiteral("no such file"));
+        Refuse(PlannerText::tr("no such file"));
     }
     if (info.isDir()) {
-        Refuse(QStringLiteral("a folder, not a file"));
+        Refuse(PlannerText::tr("a folder, not a file"));
     }
     QFile file(fileName);
     if (!file.open(QIODevice::ReadOnly)) {
@@ -77,7 +78,7 @@ QByteArray TextOfFile(const QString &fileName, IProgress &progress)
         text = AllOf(file, file, progress);
     }
     if (text.isEmpty()) {
-        Refuse(QStringLiteral("the file is empty"));
+        Refuse(PlannerText::tr("the file is empty"));
     }
     return text;
 }

@@ -2,6 +2,7 @@
 
 #include "foundation/zuDateUtils.h"
 #include "plan/PlanFields.h"
+#include "plan/PlannerText.h"
 
 #include <algorithm>
 #include <utility>
@@ -63,7 +64,7 @@ void DayRules::Add(const DayOfYear &date)
 void DayRules::AddTo(PlanBuilder &builder) const
 {
     if (!HasWorkingDay()) {
-        builder.Remark(0, QStringLiteral("The calendar has no working day; all days count."));
+        builder.Remark(0, PlannerText::tr("The calendar has no working day; all days count."));
     }
     builder.AddCalendar({0, QString(), WorkCalendar(Week(), Exceptions())});
     builder.UseCalendar(0);
@@ -125,10 +126,16 @@ void ReadDate(PlanXml &xml, PlanBuilder &builder, DayRules &rules)
     const FieldReader fields(builder, xml.Line());
     DayOfYear date;
     if (const QStringView year = xml.Attribute(u"year"); !year.isEmpty()) {
-        date.Year = fields.Integer(year, u"a year").value_or(-1);
+        date.Year = fields.Integer(year, QT_TRANSLATE_NOOP("Planner", "\"%1\" is not a year."))
+                        .value_or(-1);
     }
-    date.Month = fields.Integer(xml.Attribute(u"month"), u"a month").value_or(0);
-    date.Day = fields.Integer(xml.Attribute(u"date"), u"a day").value_or(0);
+    date.Month = fields
+                     .Integer(xml.Attribute(u"month"),
+                              QT_TRANSLATE_NOOP("Planner", "\"%1\" is not a month."))
+                     .value_or(0);
+    date.Day =
+        fields.Integer(xml.Attribute(u"date"), QT_TRANSLATE_NOOP("Planner", "\"%1\" is not a day."))
+            .value_or(0);
     date.Times = type == u"WORKING_DAY" ? DayTimes::WholeDay() : DayTimes();
     rules.Add(date);
 }

@@ -4,6 +4,7 @@
 #include "plan/PlanFields.h"
 #include "plan/PlanRefusal.h"
 #include "plan/PlanXml.h"
+#include "plan/PlannerText.h"
 
 #include <array>
 #include <utility>
@@ -56,13 +57,13 @@ Plan Parser::Read()
     m_xml.EnterRoot();
     if (!m_xml.Is(u"project") || !m_xml.RootNamespace().isEmpty()) {
         throw PlanRefusal(m_xml.Line(),
-                          QStringLiteral("the root element is not a <project> without "
-                                         "a namespace"));
+                          PlannerText::tr("the root element is not a <project> without "
+                                          "a namespace"));
     }
     ReadProject();
     if (!m_xml.LeaveRoot()) {
-        m_builder.Remark(m_xml.Line(), QStringLiteral("What follows the end of the project is not "
-                                                      "well-formed; it is ignored."));
+        m_builder.Remark(m_xml.Line(), PlannerText::tr("What follows the end of the project is not "
+                                                       "well-formed; it is ignored."));
     }
     return m_builder.Finish();
 }
@@ -91,7 +92,7 @@ void Parser::ReadProject()
         }
     }
     if (!hasTasks) {
-        throw PlanRefusal(0, QStringLiteral("no project plan: there is no <tasks> element"));
+        throw PlanRefusal(0, PlannerText::tr("no project plan: there is no <tasks> element"));
     }
 }
 
@@ -147,7 +148,9 @@ TaskTimes Parser::ReadTimes(const FieldReader &fields, bool isMilestone)
         return times;
     }
     const auto days =
-        isMilestone ? 0.0 : fields.Number(m_xml.Attribute(u"duration"), u"a duration");
+        isMilestone ? 0.0
+                    : fields.Number(m_xml.Attribute(u"duration"),
+                                    QT_TRANSLATE_NOOP("Planner", "\"%1\" is not a duration."));
     times.Finish =
         m_builder.Calendar().FinishAfter(*times.Start, days.value_or(0) * kMinutesPerDay);
     return times;
@@ -164,12 +167,14 @@ void Parser::ReadLink(int predecessor)
     link.Line = line;
     const auto type = LinkTypeOf(m_xml.Attribute(u"type"));
     if (!type) {
-        m_builder.Remark(line, QStringLiteral("A link has no known type; it is taken as finish to "
-                                              "start."));
+        m_builder.Remark(line, PlannerText::tr("A link has no known type; it is taken as finish to "
+                                               "start."));
     }
     link.Type = type.value_or(PlanLinkType::FinishToStart);
     if (const QStringView days = m_xml.Attribute(u"difference"); !days.isEmpty()) {
-        link.Lag.Amount = fields.Number(days, u"a lag").value_or(0) * kMinutesPerDay;
+        link.Lag.Amount =
+            fields.Number(days, QT_TRANSLATE_NOOP("Planner", "\"%1\" is not a lag.")).value_or(0)
+            * kMinutesPerDay;
     }
     m_xml.Skip();
     m_builder.AddLink(link);
@@ -201,7 +206,8 @@ void Parser::ReadAllocation()
     const FieldReader fields(m_builder, line);
     const auto task = fields.Uid(m_xml.Attribute(u"task-id"));
     const auto resource = fields.Uid(m_xml.Attribute(u"resource-id"));
-    const auto load = fields.Number(m_xml.Attribute(u"load"), u"a load");
+    const auto load = fields.Number(m_xml.Attribute(u"load"),
+                                    QT_TRANSLATE_NOOP("Planner", "\"%1\" is not a load."));
     m_builder.AddAssignment(task, resource, load.value_or(kPercent) / kPercent, line);
 }
 

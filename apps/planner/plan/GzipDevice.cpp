@@ -1,5 +1,7 @@
 #include "plan/GzipDevice.h"
 
+#include "plan/PlannerText.h"
+
 #include <array>
 #include <zlib.h>
 
@@ -28,7 +30,7 @@ GzipDevice::GzipDevice(QIODevice &source, qint64 limit)
     , m_stream(std::make_unique<Stream>())
 {
     if (inflateInit2(&m_stream->Z, kGzipWindow) != Z_OK) {
-        Fail(QStringLiteral("decompression cannot be started"));
+        Fail(PlannerText::tr("decompression cannot be started"));
     }
     open(QIODevice::ReadOnly);
 }
@@ -57,20 +59,20 @@ qint64 GzipDevice::readData(char *data, qint64 maxSize)
             const qint64 size = FillInput();
             if (size <= 0) {
                 return Fail(size < 0 ? m_source.errorString()
-                                     : QStringLiteral("the compressed data ends too early"));
+                                     : PlannerText::tr("the compressed data ends too early"));
             }
         }
         const int code = inflate(&stream.Z, Z_NO_FLUSH);
         if (code == Z_STREAM_END) {
             stream.Current = StartNextMember() ? Stream::State::Reading : Stream::State::AtEnd;
         } else if (code != Z_OK && code != Z_BUF_ERROR) {
-            return Fail(QStringLiteral("the compressed data is damaged"));
+            return Fail(PlannerText::tr("the compressed data is damaged"));
         }
     }
     const qint64 size = wanted - stream.Z.avail_out;
     m_written += size;
     if (m_written > m_limit) {
-        return Fail(QStringLiteral("more than %1 MB after decompression").arg(m_limit >> 20));
+        return Fail(PlannerText::tr("more than %1 MB after decompression").arg(m_limit >> 20));
     }
     return size;
 }

@@ -1,5 +1,7 @@
 #include "plan/LinkText.h"
 
+#include "plan/PlannerText.h"
+
 #include <QLocale>
 
 #include <algorithm>
@@ -12,20 +14,28 @@ namespace {
 struct Measure
 {
     const char *Name;
+    const char *Single; ///< beside the number 1
     PlanLagUnit Unit;
     int Factor;       ///< minutes or percent; 0 for a working day
     double Roundness; ///< of which the number should be a multiple
 };
 
 constexpr std::array<Measure, kLagMeasures> kMeasures{{
-    {"days", PlanLagUnit::WorkingMinutes, 0, 0.5},
-    {"hours", PlanLagUnit::WorkingMinutes, 60, 0.25},
-    {"minutes", PlanLagUnit::WorkingMinutes, 1, 0},
-    {"elapsed days", PlanLagUnit::ElapsedMinutes, kMinutesPerDay, 0.5},
-    {"elapsed hours", PlanLagUnit::ElapsedMinutes, 60, 0.25},
-    {"elapsed minutes", PlanLagUnit::ElapsedMinutes, 1, 0},
-    {"%", PlanLagUnit::Percent, 1, 0},
-    {"elapsed %", PlanLagUnit::ElapsedPercent, 1, 0},
+    {QT_TRANSLATE_NOOP("Planner", "days"), QT_TRANSLATE_NOOP("Planner", "day"),
+     PlanLagUnit::WorkingMinutes, 0, 0.5},
+    {QT_TRANSLATE_NOOP("Planner", "hours"), QT_TRANSLATE_NOOP("Planner", "hour"),
+     PlanLagUnit::WorkingMinutes, 60, 0.25},
+    {QT_TRANSLATE_NOOP("Planner", "minutes"), QT_TRANSLATE_NOOP("Planner", "minute"),
+     PlanLagUnit::WorkingMinutes, 1, 0},
+    {QT_TRANSLATE_NOOP("Planner", "elapsed days"), QT_TRANSLATE_NOOP("Planner", "elapsed day"),
+     PlanLagUnit::ElapsedMinutes, kMinutesPerDay, 0.5},
+    {QT_TRANSLATE_NOOP("Planner", "elapsed hours"), QT_TRANSLATE_NOOP("Planner", "elapsed hour"),
+     PlanLagUnit::ElapsedMinutes, 60, 0.25},
+    {QT_TRANSLATE_NOOP("Planner", "elapsed minutes"),
+     QT_TRANSLATE_NOOP("Planner", "elapsed minute"), PlanLagUnit::ElapsedMinutes, 1, 0},
+    {"%", "%", PlanLagUnit::Percent, 1, 0},
+    {QT_TRANSLATE_NOOP("Planner", "elapsed %"), QT_TRANSLATE_NOOP("Planner", "elapsed %"),
+     PlanLagUnit::ElapsedPercent, 1, 0},
 }};
 
 const Measure &Of(LagMeasure measure)
@@ -44,20 +54,20 @@ QString LinkTypeName(PlanLinkType type)
 {
     switch (type) {
     case PlanLinkType::FinishToStart:
-        return QStringLiteral("Finish to start");
+        return PlannerText::tr("Finish to start");
     case PlanLinkType::StartToStart:
-        return QStringLiteral("Start to start");
+        return PlannerText::tr("Start to start");
     case PlanLinkType::FinishToFinish:
-        return QStringLiteral("Finish to finish");
+        return PlannerText::tr("Finish to finish");
     case PlanLinkType::StartToFinish:
-        return QStringLiteral("Start to finish");
+        return PlannerText::tr("Start to finish");
     }
     return {};
 }
 
 QString LagMeasureName(LagMeasure measure)
 {
-    return QString::fromLatin1(Of(measure).Name);
+    return PlannerText::tr(Of(measure).Name);
 }
 
 ShownLag ShownLagOf(const PlanLag &lag, int dayMinutes)
@@ -88,13 +98,11 @@ QString LinkText(const PlanLink &link, int dayMinutes)
         return type;
     }
     const ShownLag lag = ShownLagOf(link.Lag, dayMinutes);
-    QString measure = LagMeasureName(lag.Measure);
-    if (std::abs(lag.Number) == 1 && measure.endsWith(u's')) {
-        measure.chop(1);
-    }
+    const Measure &measure = Of(lag.Measure);
+    const QString name = PlannerText::tr(std::abs(lag.Number) == 1 ? measure.Single : measure.Name);
     return QStringLiteral("%1 %2 %3 %4")
         .arg(type, lag.Number < 0 ? QStringLiteral("\u2212") : QStringLiteral("+"),
-             QLocale().toString(std::abs(lag.Number), 'g', 6), measure);
+             QLocale().toString(std::abs(lag.Number), 'g', 6), name);
 }
 
 } // namespace korvane::planner

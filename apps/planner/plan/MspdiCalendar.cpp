@@ -89,11 +89,18 @@ DayRule CalendarParser::ReadRule()
     DayRule rule;
     while (m_xml.NextChild()) {
         if (m_xml.Is(u"DayType")) {
-            rule.DayType = Fields().Integer(m_xml.Text(), u"a day type").value_or(-1);
+            rule.DayType = Fields()
+                               .Integer(m_xml.Text(),
+                                        QT_TRANSLATE_NOOP("Planner", "\"%1\" is not a day type."))
+                               .value_or(-1);
         } else if (m_xml.Is(u"DayWorking")) {
             rule.IsWorking = ParseFlag(m_xml.Text());
         } else if (m_xml.Is(u"Type")) {
-            rule.RecurrenceType = Fields().Integer(m_xml.Text(), u"a recurrence").value_or(0);
+            rule.RecurrenceType =
+                Fields()
+                    .Integer(m_xml.Text(),
+                             QT_TRANSLATE_NOOP("Planner", "\"%1\" is not a recurrence."))
+                    .value_or(0);
         } else if (m_xml.Is(u"TimePeriod")) {
             ReadPeriod(rule);
         } else if (m_xml.Is(u"WorkingTimes")) {

@@ -5,6 +5,7 @@
 #include "plan/PlanFields.h"
 #include "plan/PlanRefusal.h"
 #include "plan/PlanXml.h"
+#include "plan/PlannerText.h"
 
 namespace korvane::planner {
 
@@ -89,8 +90,8 @@ Plan Parser::Read()
     CheckRoot();
     ReadProject();
     if (!m_xml.LeaveRoot()) {
-        m_builder.Remark(m_xml.Line(), QStringLiteral("What follows the end of the project is not "
-                                                      "well-formed; it is ignored."));
+        m_builder.Remark(m_xml.Line(), PlannerText::tr("What follows the end of the project is not "
+                                                       "well-formed; it is ignored."));
     }
     return m_builder.Finish();
 }
@@ -100,12 +101,12 @@ void Parser::CheckRoot()
     if (!m_xml.Is(u"Project")) {
         throw PlanRefusal(
             m_xml.Line(),
-            QStringLiteral("the root element is <%1>, not <Project>").arg(m_xml.Name()));
+            PlannerText::tr("the root element is <%1>, not <Project>").arg(m_xml.Name()));
     }
     const QString &space = m_xml.RootNamespace();
     if (!space.isEmpty() && space != kNamespace) {
         throw PlanRefusal(m_xml.Line(),
-                          QStringLiteral("another schema: the namespace is \"%1\", not \"%2\"")
+                          PlannerText::tr("another schema: the namespace is \"%1\", not \"%2\"")
                               .arg(space, kNamespace));
     }
 }
@@ -144,7 +145,7 @@ void Parser::ReadProject()
         }
     }
     if (!hasTasks && m_xml.RootNamespace().isEmpty()) {
-        throw PlanRefusal(0, QStringLiteral("no project plan: there is no <Tasks> element"));
+        throw PlanRefusal(0, PlannerText::tr("no project plan: there is no <Tasks> element"));
     }
     m_builder.SetProject(title.trimmed().isEmpty() ? name : title, start, finish);
 }
@@ -223,7 +224,8 @@ bool Parser::ReadTaskIdentity(RawTask &raw)
     } else if (m_xml.Is(u"IsNull")) {
         raw.IsNull = ParseFlag(m_xml.Text());
     } else if (m_xml.Is(u"OutlineLevel")) {
-        raw.Level = Fields().Integer(m_xml.Text(), u"an outline level");
+        raw.Level = Fields().Integer(
+            m_xml.Text(), QT_TRANSLATE_NOOP("Planner", "\"%1\" is not an outline level."));
     } else if (m_xml.Is(u"OutlineNumber")) {
         // "1.2.3" is of level 3; of use where there is no level.
         const QString number = m_xml.Text();
@@ -295,7 +297,10 @@ void Parser::ReadBaseline(RawTask &raw)
     std::optional<TDateTime> finish;
     while (m_xml.NextChild()) {
         if (m_xml.Is(u"Number")) {
-            number = Fields().Integer(m_xml.Text(), u"a baseline number").value_or(0);
+            number = Fields()
+                         .Integer(m_xml.Text(),
+                                  QT_TRANSLATE_NOOP("Planner", "\"%1\" is not a baseline number."))
+                         .value_or(0);
         } else if (m_xml.Is(u"Start")) {
             start = Date();
         } else if (m_xml.Is(u"Finish")) {
@@ -323,15 +328,21 @@ PendingLink Parser::ReadLink()
             const QString text = m_xml.Text();
             const auto type = LinkTypeOf(text);
             if (!type) {
-                m_builder.Remark(m_xml.Line(), QStringLiteral("\"%1\" is not a type of link; it is "
-                                                              "taken as finish to start.")
-                                                   .arg(text.left(40)));
+                m_builder.Remark(m_xml.Line(),
+                                 PlannerText::tr("\"%1\" is not a type of link; it is "
+                                                 "taken as finish to start.")
+                                     .arg(text.left(40)));
             }
             link.Type = type.value_or(PlanLinkType::FinishToStart);
         } else if (m_xml.Is(u"LinkLag")) {
-            lag = Fields().Number(m_xml.Text(), u"a lag").value_or(0);
+            lag = Fields()
+                      .Number(m_xml.Text(), QT_TRANSLATE_NOOP("Planner", "\"%1\" is not a lag."))
+                      .value_or(0);
         } else if (m_xml.Is(u"LagFormat")) {
-            lagFormat = Fields().Integer(m_xml.Text(), u"a lag format").value_or(0);
+            lagFormat = Fields()
+                            .Integer(m_xml.Text(),
+                                     QT_TRANSLATE_NOOP("Planner", "\"%1\" is not a lag format."))
+                            .value_or(0);
         } else {
             m_xml.Skip();
         }
@@ -396,7 +407,10 @@ void Parser::ReadAssignment()
         } else if (m_xml.Is(u"ResourceUID")) {
             resource = Fields().Uid(m_xml.Text());
         } else if (m_xml.Is(u"Units")) {
-            units = Fields().Number(m_xml.Text(), u"a number of units").value_or(1);
+            units = Fields()
+                        .Number(m_xml.Text(),
+                                QT_TRANSLATE_NOOP("Planner", "\"%1\" is not a number of units."))
+                        .value_or(1);
         } else if (m_xml.Is(u"TimephasedData")) {
             ReadTimephased(task);
         } else {
@@ -443,7 +457,7 @@ void Parser::ReadTimephased(std::int64_t task)
 
 QString MspdiReader::Name() const
 {
-    return QStringLiteral("Project XML");
+    return PlannerText::tr("Project XML");
 }
 
 QStringList MspdiReader::FilePatterns() const

@@ -5,6 +5,7 @@
 #include "plan/MspdiReader.h"
 #include "plan/MspdiTaskFields.h"
 #include "plan/PlanFields.h"
+#include "plan/PlannerText.h"
 
 #include <QBuffer>
 
@@ -487,7 +488,7 @@ std::optional<QString> WriteMspdi(const Plan &plan, const PlanSource *source, QI
     const QByteArray text = source != nullptr ? InUtf8(source->Text()) : kEmptyProject;
     const auto before = source != nullptr ? Reread(text, progress) : Plan();
     if (!before) {
-        return QStringLiteral("what the plan was read from is damaged");
+        return PlannerText::tr("what the plan was read from is damaged");
     }
     return Writer(plan, *before, text, target, progress).Write() ? std::nullopt
                                                                  : std::optional(WriteFailure());
@@ -495,7 +496,7 @@ std::optional<QString> WriteMspdi(const Plan &plan, const PlanSource *source, QI
 
 QString WriteFailure()
 {
-    return QStringLiteral("not everything could be written; the disk may be full");
+    return PlannerText::tr("not everything could be written; the disk may be full");
 }
 
 } // namespace korvane::planner

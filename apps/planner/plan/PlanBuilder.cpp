@@ -1,7 +1,9 @@
 #include "plan/PlanBuilder.h"
 
+#include "foundation/zuTranslate.h"
 #include "plan/PlanLinks.h"
 #include "plan/PlanRefusal.h"
+#include "plan/PlannerText.h"
 
 #include <algorithm>
 #include <cmath>
@@ -10,19 +12,17 @@ namespace korvane::planner {
 
 namespace {
 
-constexpr std::size_t kMaxCalendars = 10'000;
-
 QString Quoted(const QString &name)
 {
     constexpr qsizetype kShown = 60;
-    return name.isEmpty()          ? QStringLiteral("without a name")
+    return name.isEmpty()          ? PlannerText::tr("without a name")
            : name.size() <= kShown ? u'"' + name + u'"'
                                    : u'"' + name.left(kShown) + QStringLiteral("...\"");
 }
 
 QString UidText(std::int64_t uid)
 {
-    return uid == kNoUid ? QStringLiteral("none") : QString::number(uid);
+    return uid == kNoUid ? PlannerText::tr("none", "no UID") : QString::number(uid);
 }
 
 void Extend(std::optional<PlanSpan> &span, const PlanSpan &by)
@@ -39,7 +39,10 @@ void Extend(std::optional<PlanSpan> &span, const PlanSpan &by)
 void PlanBuilder::SetProject(const QString &name, std::optional<TDateTime> start,
                              std::optional<TDateTime> finish)
 {
-    m_plan.Name = Kept(name.simplified(), kMaxNameLength, QStringLiteral("project name"), 0);
+    m_plan.Name = Kept(
+        name.simplified(), kMaxNameLength,
+        QT_TRANSLATE_NOOP("Planner", "The project name has %1 characters; the first %2 are kept."),
+        0);
     m_plan.Start = start;
     m_plan.Finish = finish;
 }
@@ -49,47 +52,47 @@ void PlanBuilder::SetIntervals()
     m_plan.Kind = PlanKind::Intervals;
     WorkCalendar::Week week;
     week.fill(DayTimes::WholeDay());
-    AddCalendar({1, QStringLiteral("Around the clock"), WorkCalendar(week)});
+    AddCalendar({1, PlannerText::tr("Around the clock"), WorkCalendar(week)});
 }
 
-void PlanBuilder::CheckCount(std::size_t count, const QString &what, qint64 line)
+void PlanBuilder::CheckCount(std::size_t count, const char *refusal, qint64 line)
 {
     if (count >= kMaxItems) {
-        throw PlanRefusal(line, QStringLiteral("more than %1 %2").arg(kMaxItems).arg(what));
+        throw PlanRefusal(line, PlannerText::tr(refusal).arg(kMaxItems));
     }
 }
 
-QString PlanBuilder::Kept(const QString &text, qsizetype maxLength, const QString &what,
-                          qint64 line)
+QString PlanBuilder::Kept(const QString &text, qsizetype maxLength, const char *remark, qint64 line)
 {
     QString kept = text.left(maxLength);
     if (text.size() > maxLength) {
         if (kept.back().isHighSurrogate()) {
             kept.chop(1);
         }
-        Remark(line, QStringLiteral("The %1 has %2 characters; the first %3 are kept.")
-                         .arg(what)
-                         .arg(text.size())
-                         .arg(kept.size()));
+        Remark(line, PlannerText::tr(remark).arg(text.size()).arg(kept.size()));
     }
     kept.squeeze();
     m_characters += kept.size();
     if (m_characters > kMaxCharacters) {
         throw PlanRefusal(
-            line, QStringLiteral("more than %1 characters of names and notes").arg(kMaxCharacters));
+            line,
+            PlannerText::tr("more than %1 characters of names and notes").arg(kMaxCharacters));
     }
     return kept;
 }
 
 int PlanBuilder::AddTask(PlanTask task, int level, const TaskTimes &times, qint64 line)
 {
-    CheckCount(m_plan.Tasks.size(), QStringLiteral("tasks"), line);
+    CheckCount(m_plan.Tasks.size(), QT_TRANSLATE_NOOP("Planner", "more than %1 tasks"), line);
     const int index = static_cast<int>(m_plan.Tasks.size());
-    task.Name = Kept(task.Name.simplified(), kMaxNameLength, QStringLiteral("task name"), line);
+    task.Name = Kept(
+        task.Name.simplified(), kMaxNameLength,
+        QT_TRANSLATE_NOOP("Planner", "The task name has %1 characters; the first %2 are kept."),
+        line);
     if (task.Uid == kNoUid) {
-        Remark(line, QStringLiteral("Task %1 has no usable UID.").arg(Quoted(task.Name)));
+        Remark(line, PlannerText::tr("Task %1 has no usable UID.").arg(Quoted(task.Name)));
     } else if (m_taskByUid.contains(task.Uid)) {
-        Remark(line, QStringLiteral("Task UID %1 is used again by %2; links go to its first task.")
+        Remark(line, PlannerText::tr("Task UID %1 is used again by %2; links go to its first task.")
                          .arg(task.Uid)
                          .arg(Quoted(task.Name)));
     } else {
@@ -122,8 +125,8 @@ void PlanBuilder::PlaceInOutline(PlanTask &task, int level, qint64 line)
         task.Parent = m_plan.Tasks[task.Parent].Parent;
         if (!m_isDepthReported) {
             m_isDepthReported = true;
-            Remark(line, QStringLiteral("The outline has more than %1 levels; deeper tasks are "
-                                        "shown at that level.")
+            Remark(line, PlannerText::tr("The outline has more than %1 levels; deeper tasks are "
+                                         "shown at that level.")
                              .arg(kMaxOutlineLevel));
         }
     }
@@ -134,8 +137,8 @@ void PlanBuilder::PlaceInOutline(PlanTask &task, int level, qint64 line)
         task.Level = static_cast<std::int16_t>(parent.Level + 1);
     }
     if (isJump) {
-        Remark(line, QStringLiteral("The outline level jumps from %1 to %2; task %3 is shown at "
-                                    "level %4.")
+        Remark(line, PlannerText::tr("The outline level jumps from %1 to %2; task %3 is shown at "
+                                     "level %4.")
                          .arg(previous)
                          .arg(level)
                          .arg(Quoted(task.Name))
@@ -159,29 +162,34 @@ PlanSpan PlanBuilder::Ordered(TDateTime start, TDateTime finish, const QString &
     if (start <= finish) {
         return {start, finish};
     }
-    Remark(line, QStringLiteral("Task %1 finishes before it starts; it is shown from %2 to %3.")
+    Remark(line, PlannerText::tr("Task %1 finishes before it starts; it is shown from %2 to %3.")
                      .arg(Quoted(name), IsoText(finish), IsoText(start)));
     return {finish, start};
 }
 
 void PlanBuilder::SetNotes(int task, const QString &notes, qint64 line)
 {
-    m_plan.Tasks[task].Notes = Kept(notes.trimmed(), kMaxNotesLength, QStringLiteral("note"), line);
+    m_plan.Tasks[task].Notes = Kept(
+        notes.trimmed(), kMaxNotesLength,
+        QT_TRANSLATE_NOOP("Planner", "The note has %1 characters; the first %2 are kept."), line);
 }
 
 void PlanBuilder::AddLink(const PendingLink &link)
 {
-    CheckCount(m_links.size(), QStringLiteral("links"), link.Line);
+    CheckCount(m_links.size(), QT_TRANSLATE_NOOP("Planner", "more than %1 links"), link.Line);
     m_links.push_back(link);
 }
 
 void PlanBuilder::AddResource(PlanResource resource, qint64 line, std::int64_t calendarUid)
 {
-    CheckCount(m_plan.Resources.size(), QStringLiteral("resources"), line);
-    resource.Name =
-        Kept(resource.Name.simplified(), kMaxNameLength, QStringLiteral("resource name"), line);
+    CheckCount(m_plan.Resources.size(), QT_TRANSLATE_NOOP("Planner", "more than %1 resources"),
+               line);
+    resource.Name = Kept(
+        resource.Name.simplified(), kMaxNameLength,
+        QT_TRANSLATE_NOOP("Planner", "The resource name has %1 characters; the first %2 are kept."),
+        line);
     if (m_resourceByUid.contains(resource.Uid)) {
-        Remark(line, QStringLiteral("Resource UID %1 is used again by %2.")
+        Remark(line, PlannerText::tr("Resource UID %1 is used again by %2.")
                          .arg(resource.Uid)
                          .arg(Quoted(resource.Name)));
     } else if (resource.Uid != kNoUid) {
@@ -194,12 +202,14 @@ void PlanBuilder::AddResource(PlanResource resource, qint64 line, std::int64_t c
 void PlanBuilder::AddAssignment(std::int64_t taskUid, std::int64_t resourceUid, double units,
                                 qint64 line)
 {
-    CheckCount(m_assignments.size(), QStringLiteral("assignments"), line);
+    CheckCount(m_assignments.size(), QT_TRANSLATE_NOOP("Planner", "more than %1 assignments"),
+               line);
     m_assignments.push_back({taskUid, resourceUid, line, units});
 }
 
 void PlanBuilder::AddCalendar(PlanCalendar calendar)
 {
+    constexpr std::size_t kMaxCalendars = 10'000;
     if (m_plan.Calendars.size() < kMaxCalendars) {
         m_calendarByUid.insert(calendar.Uid, static_cast<int>(m_plan.Calendars.size()));
         m_plan.Calendars.push_back(std::move(calendar));
@@ -289,7 +299,7 @@ void PlanBuilder::SpanSummaries()
     for (const PendingTimes &pending : m_times) {
         const PlanTask &task = m_plan.Tasks[pending.Task];
         if (!task.Dates) {
-            Remark(pending.Line, QStringLiteral("Task %1 has no usable dates; it has no bar.")
+            Remark(pending.Line, PlannerText::tr("Task %1 has no usable dates; it has no bar.")
                                      .arg(Quoted(task.Name)));
         }
     }
@@ -321,14 +331,15 @@ void PlanBuilder::ResolveLinks()
         const auto other = FindTask(pending.OtherUid);
         const QString &knownName = m_plan.Tasks[pending.Known].Name;
         if (!other) {
-            Remark(pending.Line, QStringLiteral("Task %1 has a link with an unknown task (UID %2); "
-                                                "it is left out.")
-                                     .arg(Quoted(knownName), UidText(pending.OtherUid)));
+            Remark(pending.Line,
+                   PlannerText::tr("Task %1 has a link with an unknown task (UID %2); "
+                                   "it is left out.")
+                       .arg(Quoted(knownName), UidText(pending.OtherUid)));
             continue;
         }
         if (*other == pending.Known) {
             Remark(pending.Line,
-                   QStringLiteral("Task %1 is linked with itself.").arg(Quoted(knownName)));
+                   PlannerText::tr("Task %1 is linked with itself.").arg(Quoted(knownName)));
         }
         const bool isKnownFirst = pending.KnownEnd == LinkEnd::Predecessor;
         m_plan.Links.push_back({isKnownFirst ? pending.Known : *other,
@@ -355,10 +366,12 @@ void PlanBuilder::ResolveAssignments()
             m_plan.Assignments.push_back({*task, *resource, pending.Units});
         } else {
             Remark(pending.Line,
-                   QStringLiteral("An assignment names an unknown %1 (UID %2); it is "
-                                  "left out.")
-                       .arg(task ? QStringLiteral("resource") : QStringLiteral("task"),
-                            UidText(task ? pending.ResourceUid : pending.TaskUid)));
+                   (task
+                        ? PlannerText::tr("An assignment names an unknown resource (UID %1); it is "
+                                          "left out.")
+                        : PlannerText::tr("An assignment names an unknown task (UID %1); it is "
+                                          "left out."))
+                       .arg(UidText(task ? pending.ResourceUid : pending.TaskUid)));
         }
     }
     std::ranges::stable_sort(m_plan.Assignments, {}, &PlanAssignment::Task);
@@ -368,8 +381,8 @@ void PlanBuilder::ReportCircles()
 {
     const std::vector<int> tasks = TasksInCircles(m_plan);
     if (!tasks.empty()) {
-        Remark(0, QStringLiteral("The links of %1 tasks lead in a circle, among them %2 and %3.")
-                      .arg(tasks.size())
+        Remark(0, PlannerText::tr("The links of %n tasks lead in a circle, among them %1 and %2.",
+                                  nullptr, static_cast<int>(tasks.size()))
                       .arg(Quoted(m_plan.Tasks[tasks.front()].Name),
                            Quoted(m_plan.Tasks[tasks.back()].Name)));
     }
@@ -377,12 +390,15 @@ void PlanBuilder::ReportCircles()
 
 void PlanBuilder::ReportUnmarkedSummaries()
 {
-    const auto count = std::ranges::count_if(
-        m_plan.Tasks, [](const PlanTask &task) { return task.HasChildren && !task.MarkedSummary; });
+    const auto count =
+        static_cast<int>(std::ranges::count_if(m_plan.Tasks, [](const PlanTask &task) {
+            return task.HasChildren && !task.MarkedSummary;
+        }));
     if (count > 0) {
-        Remark(0, QStringLiteral("%1 tasks have subtasks but are not marked as summary tasks; they "
-                                 "are shown as such.")
-                      .arg(count));
+        Remark(0, QString::fromStdString(Translate(
+                      "Planner",
+                      "%n task(s) with subtasks not marked as summary task(s); shown as such.",
+                      nullptr, count)));
     }
 }
 

@@ -98,8 +98,8 @@ private:
         TaskTimes Times;
     };
 
-    static void CheckCount(std::size_t count, const QString &what, qint64 line);
-    QString Kept(const QString &text, qsizetype maxLength, const QString &what, qint64 line);
+    static void CheckCount(std::size_t count, const char *refusal, qint64 line);
+    QString Kept(const QString &text, qsizetype maxLength, const char *remark, qint64 line);
     void PlaceInOutline(PlanTask &task, int level, qint64 line);
     void NoteExtremes(const TaskTimes &times);
     PlanSpan Ordered(TDateTime start, TDateTime finish, const QString &name, qint64 line);

@@ -4,6 +4,7 @@
 #include "plan/PlanDates.h"
 #include "plan/PlanLinks.h"
 #include "plan/PlanOutline.h"
+#include "plan/PlannerText.h"
 
 #include <algorithm>
 #include <cmath>
@@ -39,7 +40,7 @@ bool AreEquallyLong(const PlanSpan &a, const PlanSpan &b)
 void CheckRange(const PlanSpan &span)
 {
     if (!IsPlanDate(span.Start) || !IsPlanDate(span.Finish)) {
-        throw PlanEditRefusal(QStringLiteral("Tasks must lie between the years 1900 and 3999."));
+        throw PlanEditRefusal(PlannerText::tr("Tasks must lie between the years 1900 and 3999."));
     }
 }
 
@@ -71,7 +72,7 @@ QString QuotedName(const PlanTask &task)
 {
     constexpr qsizetype kShown = 40;
     if (task.Name.isEmpty()) {
-        return QStringLiteral("unnamed task");
+        return PlannerText::tr("unnamed task");
     }
     QString name = task.Name.left(kShown);
     if (task.Name.size() > kShown) {
@@ -101,11 +102,11 @@ QString PlanEditor::CheckedName(const QString &name)
 {
     QString line = name.simplified();
     if (line.isEmpty()) {
-        Refuse(QStringLiteral("A task needs a name."));
+        Refuse(PlannerText::tr("A task needs a name."));
     }
     if (line.size() > PlanBuilder::kMaxNameLength) {
         Refuse(
-            QStringLiteral("A name has %1 characters at most.").arg(PlanBuilder::kMaxNameLength));
+            PlannerText::tr("A name has %1 characters at most.").arg(PlanBuilder::kMaxNameLength));
     }
     return line;
 }
@@ -189,19 +190,19 @@ void PlanEditor::ApplyDate(const TaskDates &wanted)
 {
     const PlanTask &task = m_plan.Tasks.at(wanted.Task);
     if (wanted.Dates.Start > wanted.Dates.Finish) {
-        Refuse(QStringLiteral("%1 would finish before it starts.").arg(QuotedName(task)));
+        Refuse(PlannerText::tr("%1 would finish before it starts.").arg(QuotedName(task)));
     }
     CheckRange(wanted.Dates);
     if (task.Dates && AreEquallyLong(*task.Dates, wanted.Dates)) {
         return ApplyShift(wanted.Task, wanted.Dates.Start - task.Dates->Start);
     }
     if (task.HasChildren) {
-        Refuse(QStringLiteral("%1 is a summary task: its subtasks make its length.")
+        Refuse(PlannerText::tr("%1 is a summary task: its subtasks make its length.")
                    .arg(QuotedName(task)));
     }
     // A bar of a milestone with a length stands at its finish alone.
     if (task.Milestone && wanted.Dates.Start < wanted.Dates.Finish) {
-        Refuse(QStringLiteral("%1 is a milestone: it has no length.").arg(QuotedName(task)));
+        Refuse(PlannerText::tr("%1 is a milestone: it has no length.").arg(QuotedName(task)));
     }
     if (task.Milestone && task.Dates) {
         return ApplyShift(wanted.Task, wanted.Dates.Finish - task.Dates->Finish);
@@ -275,21 +276,21 @@ QString PlanEditor::WhyNotLinked(const Plan &plan, int predecessor, int successo
     const QString first = QuotedName(plan.Tasks.at(predecessor));
     const QString second = QuotedName(plan.Tasks.at(successor));
     if (predecessor == successor) {
-        return QStringLiteral("%1 cannot be linked to itself.").arg(first);
+        return PlannerText::tr("%1 cannot be linked to itself.").arg(first);
     }
     if (IsBelow(plan, predecessor, successor) || IsBelow(plan, successor, predecessor)) {
         const bool isFirstBelow = predecessor > successor;
-        return QStringLiteral("%1 cannot be linked to its own summary task %2.")
+        return PlannerText::tr("%1 cannot be linked to its own summary task %2.")
             .arg(isFirstBelow ? first : second, isFirstBelow ? second : first);
     }
     if (IsLinked(plan, predecessor, successor)) {
-        return QStringLiteral("%1 is linked to %2 already.").arg(first, second);
+        return PlannerText::tr("%1 is linked to %2 already.").arg(first, second);
     }
     if (WouldCloseCircle(plan, predecessor, successor)) {
-        return QStringLiteral("A link from %1 to %2 would close a circle.").arg(first, second);
+        return PlannerText::tr("A link from %1 to %2 would close a circle.").arg(first, second);
     }
     if (plan.Links.size() >= PlanBuilder::kMaxItems) {
-        return QStringLiteral("A plan has %1 links at most.").arg(PlanBuilder::kMaxItems);
+        return PlannerText::tr("A plan has %1 links at most.").arg(PlanBuilder::kMaxItems);
     }
     return {};
 }
@@ -320,7 +321,7 @@ PlanChange PlanEditor::LinkInOrder(std::span<const int> tasks)
 {
     return Edit([&] {
         if (tasks.size() < 2) {
-            Refuse(QStringLiteral("Select the tasks to be linked, two at least."));
+            Refuse(PlannerText::tr("Select the tasks to be linked, two at least."));
         }
         for (std::size_t i = 1; i < tasks.size(); ++i) {
             if (tasks.size() > 2 && IsLinked(m_plan, tasks[i - 1], tasks[i])) {

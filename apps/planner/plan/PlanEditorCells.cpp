@@ -1,5 +1,6 @@
 // Values that are typed into the cells of a table.
 #include "plan/PlanEditor.h"
+#include "plan/PlannerText.h"
 #include "plan/TaskCells.h"
 
 #include <algorithm>
@@ -57,7 +58,7 @@ void PlanEditor::ApplyDuration(int index, double minutes, bool isElapsed)
         start = WorkingStart(calendar, range ? range->Start : m_plan.Start.value_or(0));
     }
     if (task.HasChildren) {
-        Refuse(QStringLiteral("%1 is a summary task: its subtasks make its length.")
+        Refuse(PlannerText::tr("%1 is a summary task: its subtasks make its length.")
                    .arg(QuotedName(task)));
     }
     const TDateTime finish =
@@ -114,7 +115,7 @@ void PlanEditor::ApplyCell(const TaskCellText &cell, const TaskCells &cells)
     };
     switch (cell.Column) {
     case TaskColumn::Number:
-        Refuse(QStringLiteral("The numbers of tasks come from their order."));
+        Refuse(PlannerText::tr("The numbers of tasks come from their order."));
     case TaskColumn::Name: {
         PlanTask value = task;
         value.Name = CheckedName(cell.Text);

@@ -2,6 +2,7 @@
 #include "plan/PlanBuilder.h"
 #include "plan/PlanEditor.h"
 #include "plan/PlanOutline.h"
+#include "plan/PlannerText.h"
 
 #include <algorithm>
 #include <array>
@@ -41,7 +42,7 @@ std::vector<int> LinksWhere(const Plan &plan, Matches matches)
 void PlanEditor::CheckRoom(std::size_t count) const
 {
     if (m_plan.Tasks.size() + count > PlanBuilder::kMaxItems) {
-        Refuse(QStringLiteral("A plan has %1 tasks at most.").arg(PlanBuilder::kMaxItems));
+        Refuse(PlannerText::tr("A plan has %1 tasks at most.").arg(PlanBuilder::kMaxItems));
     }
 }
 
@@ -52,7 +53,7 @@ PlanChange PlanEditor::Insert(int parent, int before, const QString &name,
         CheckRoom(1);
         const int level = parent == kNoIndex ? 0 : m_plan.Tasks.at(parent).Level;
         if (level >= kMaxOutlineLevel) {
-            Refuse(QStringLiteral("An outline has %1 levels at most.").arg(kMaxOutlineLevel));
+            Refuse(PlannerText::tr("An outline has %1 levels at most.").arg(kMaxOutlineLevel));
         }
         const int end =
             parent == kNoIndex ? static_cast<int>(m_plan.Tasks.size()) : SubtreeEnd(m_plan, parent);
@@ -165,7 +166,7 @@ void PlanEditor::CheckMove(int task, int parent) const
     const PlanTask &moved = m_plan.Tasks.at(task);
     const int end = SubtreeEnd(m_plan, task);
     if (parent >= task && parent < end) {
-        Refuse(QStringLiteral("%1 cannot become a subtask of itself.").arg(QuotedName(moved)));
+        Refuse(PlannerText::tr("%1 cannot become a subtask of itself.").arg(QuotedName(moved)));
     }
     int deepest = 0;
     for (int below = task; below < end; ++below) {
@@ -173,7 +174,7 @@ void PlanEditor::CheckMove(int task, int parent) const
     }
     const int level = parent == kNoIndex ? 0 : m_plan.Tasks[parent].Level;
     if (level + 1 + deepest > kMaxOutlineLevel) {
-        Refuse(QStringLiteral("An outline has %1 levels at most.").arg(kMaxOutlineLevel));
+        Refuse(PlannerText::tr("An outline has %1 levels at most.").arg(kMaxOutlineLevel));
     }
     const auto isNewSummary = [&](int other) {
         return (other == parent || (parent != kNoIndex && IsBelow(m_plan, parent, other)))
@@ -183,7 +184,7 @@ void PlanEditor::CheckMove(int task, int parent) const
     for (const PlanLink &link : m_plan.Links) {
         if ((isMoved(link.Predecessor) && isNewSummary(link.Successor))
             || (isMoved(link.Successor) && isNewSummary(link.Predecessor))) {
-            Refuse(QStringLiteral("%1 cannot become a subtask of %2: they are linked.")
+            Refuse(PlannerText::tr("%1 cannot become a subtask of %2: they are linked.")
                        .arg(QuotedName(moved), QuotedName(m_plan.Tasks[parent])));
         }
     }
@@ -252,7 +253,7 @@ PlanChange PlanEditor::Indent(std::span<const int> tasks)
         for (const int task : m_change.TasksBefore) {
             const int previous = PreviousSibling(m_plan, task);
             if (previous == kNoIndex) {
-                Refuse(QStringLiteral("%1 has no task before it to become its summary task.")
+                Refuse(PlannerText::tr("%1 has no task before it to become its summary task.")
                            .arg(QuotedName(m_plan.Tasks.at(task))));
             }
             // It stays where it is: no other index changes.
@@ -270,7 +271,7 @@ PlanChange PlanEditor::Outdent(std::span<const int> tasks)
             const int task = m_change.TasksBefore[i];
             const int parent = m_plan.Tasks.at(task).Parent;
             if (parent == kNoIndex) {
-                Refuse(QStringLiteral("%1 is at the top level already.")
+                Refuse(PlannerText::tr("%1 is at the top level already.")
                            .arg(QuotedName(m_plan.Tasks.at(task))));
             }
             const int above = m_plan.Tasks[parent].Parent;
@@ -286,7 +287,7 @@ PlanChange PlanEditor::MoveUp(std::span<const int> tasks)
         for (const int &task : m_change.TasksAfter) { // follows what moves
             const int previous = PreviousSibling(m_plan, task);
             if (previous == kNoIndex) {
-                Refuse(QStringLiteral("%1 is the first task of its level already.")
+                Refuse(PlannerText::tr("%1 is the first task of its level already.")
                            .arg(QuotedName(m_plan.Tasks.at(task))));
             }
             ApplyMove(task, m_plan.Tasks[task].Parent, previous);
@@ -302,7 +303,7 @@ PlanChange PlanEditor::MoveDown(std::span<const int> tasks)
             const int task = m_change.TasksAfter[i];
             const int next = NextSibling(m_plan, task);
             if (next == kNoIndex) {
-                Refuse(QStringLiteral("%1 is the last task of its level already.")
+                Refuse(PlannerText::tr("%1 is the last task of its level already.")
                            .arg(QuotedName(m_plan.Tasks.at(task))));
             }
             ApplyMove(task, m_plan.Tasks[task].Parent, NextSibling(m_plan, next));

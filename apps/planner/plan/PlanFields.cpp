@@ -1,5 +1,7 @@
 #include "plan/PlanFields.h"
 
+#include "plan/PlannerText.h"
+
 #include <algorithm>
 #include <cmath>
 
@@ -45,11 +47,12 @@ std::optional<TDateTime> FieldReader::Date(QStringView text) const
     }
     const auto date = ParseIsoDateTime(text);
     if (!date) {
-        Remark(text, u"a date");
+        Remark(text, QT_TRANSLATE_NOOP("Planner", "\"%1\" is not a date."));
         return std::nullopt;
     }
     if (!IsPlanDate(*date)) {
-        Remark(text, u"a date between 1899-12-30 and 4000-01-01");
+        Remark(text, QT_TRANSLATE_NOOP("Planner",
+                                       "\"%1\" is not a date between 1899-12-30 and 4000-01-01."));
         return std::nullopt;
     }
     return date;
@@ -59,27 +62,27 @@ std::int64_t FieldReader::Uid(QStringView text) const
 {
     const auto uid = ParseInteger(text);
     if (!uid) {
-        Remark(text, u"a UID");
+        Remark(text, QT_TRANSLATE_NOOP("Planner", "\"%1\" is not a UID."));
     }
     return uid.value_or(kNoUid);
 }
 
-std::optional<int> FieldReader::Integer(QStringView text, QStringView what) const
+std::optional<int> FieldReader::Integer(QStringView text, const char *remark) const
 {
     constexpr std::int64_t kLimit = 1'000'000'000;
     const auto value = ParseInteger(text);
     if (!value || *value < -kLimit || *value > kLimit) {
-        Remark(text, what);
+        Remark(text, remark);
         return std::nullopt;
     }
     return static_cast<int>(*value);
 }
 
-std::optional<double> FieldReader::Number(QStringView text, QStringView what) const
+std::optional<double> FieldReader::Number(QStringView text, const char *remark) const
 {
     const auto value = ParseNumber(text);
     if (!value) {
-        Remark(text, what);
+        Remark(text, remark);
     }
     return value;
 }
@@ -88,25 +91,26 @@ std::optional<double> FieldReader::Duration(QStringView text) const
 {
     const auto minutes = ParseIsoDuration(text);
     if (!minutes && !text.trimmed().isEmpty()) {
-        Remark(text, u"a duration");
+        Remark(text, QT_TRANSLATE_NOOP("Planner", "\"%1\" is not a duration."));
     }
     return minutes;
 }
 
 float FieldReader::Percent(QStringView text) const
 {
-    const double value = Number(text, u"a percentage").value_or(0);
+    const double value =
+        Number(text, QT_TRANSLATE_NOOP("Planner", "\"%1\" is not a percentage.")).value_or(0);
     const double cut = std::clamp(value, 0.0, 100.0);
     if (cut != value) {
-        Remark(text, u"a percentage between 0 and 100");
+        Remark(text, QT_TRANSLATE_NOOP("Planner", "\"%1\" is not a percentage between 0 and 100."));
     }
     return static_cast<float>(cut);
 }
 
-void FieldReader::Remark(QStringView text, QStringView what) const
+void FieldReader::Remark(QStringView text, const char *remark) const
 {
     constexpr qsizetype kShown = 40;
-    m_builder.Remark(m_line, QStringLiteral("\"%1\" is not %2.").arg(text.left(kShown)).arg(what));
+    m_builder.Remark(m_line, PlannerText::tr(remark).arg(text.left(kShown)));
 }
 
 } // namespace korvane::planner

@@ -28,15 +28,16 @@ public:
     std::optional<TDateTime> Date(QStringView text) const;
     /// kNoUid where there is none.
     std::int64_t Uid(QStringView text) const;
-    std::optional<int> Integer(QStringView text, QStringView what) const;
-    std::optional<double> Number(QStringView text, QStringView what) const;
+    /// `remark` is made of the text, `%1`, where it is none.
+    std::optional<int> Integer(QStringView text, const char *remark) const;
+    std::optional<double> Number(QStringView text, const char *remark) const;
     /// Minutes.
     std::optional<double> Duration(QStringView text) const;
     /// 0..100, cut to that range.
     float Percent(QStringView text) const;
 
 private:
-    void Remark(QStringView text, QStringView what) const;
+    void Remark(QStringView text, const char *remark) const;
 
     PlanBuilder &m_builder;
     qint64 m_line = 0;

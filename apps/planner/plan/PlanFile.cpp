@@ -4,6 +4,7 @@
 #include "plan/GanttProjectReader.h"
 #include "plan/GzipDevice.h"
 #include "plan/MspdiReader.h"
+#include "plan/PlannerText.h"
 #include "plan/TimetableReader.h"
 
 #include <QDir>
@@ -105,7 +106,7 @@ PlanResult ReadContent(QIODevice &content, WatchedFile &file, const QString &fil
         }
         return Named(std::move(result), QFileInfo(fileName).completeBaseName());
     }
-    return Refused(QStringLiteral("not a plan of a known format"));
+    return Refused(PlannerText::tr("not a plan of a known format"));
 }
 
 } // namespace
@@ -156,8 +157,8 @@ QString PlanReaders::DialogFilter() const
         all.append(patterns);
         filters.append(QStringLiteral("%1 (%2)").arg(reader->Name(), patterns));
     }
-    filters.prepend(QStringLiteral("All plans (%1)").arg(all.join(u' ')));
-    filters.append(QStringLiteral("All files (*)"));
+    filters.prepend(PlannerText::tr("All plans (%1)").arg(all.join(u' ')));
+    filters.append(PlannerText::tr("All files (*)"));
     return filters.join(QStringLiteral(";;"));
 }
 
@@ -165,19 +166,19 @@ PlanResult LoadPlan(const QString &fileName, const PlanReaders &readers, IProgre
 {
     const QFileInfo info(fileName);
     if (!info.exists()) {
-        return Refused(QStringLiteral("no such file"));
+        return Refused(PlannerText::tr("no such file"));
     }
     if (info.isDir()) {
         const IPlanReader *reader = readers.FindForFolder(fileName);
         return reader != nullptr ? ReadFolder(*reader, fileName, progress)
-                                 : Refused(QStringLiteral("a folder, not a file"));
+                                 : Refused(PlannerText::tr("a folder, not a file"));
     }
     QFile file(fileName);
     if (!file.open(QIODevice::ReadOnly)) {
         return Refused(file.errorString());
     }
     if (!file.isSequential() && file.size() == 0 && file.atEnd()) {
-        return Refused(QStringLiteral("the file is empty"));
+        return Refused(PlannerText::tr("the file is empty"));
     }
     WatchedFile watched(file, progress);
     if (!GzipDevice::IsGzip(watched.peek(kHeadSize))) {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "plan/PlanReader.h"
+#include "plan/PlannerText.h"
 
 #include <exception>
 
@@ -41,7 +42,7 @@ PlanResult ResultOf(ReadFunction read)
     } catch (const PlanCanceled &) {
         return {PlanStatus::Canceled, {}, {}};
     } catch (const std::bad_alloc &) {
-        return {PlanStatus::Refused, {}, {0, QStringLiteral("not enough memory for this file")}};
+        return {PlanStatus::Refused, {}, {0, PlannerText::tr("not enough memory for this file")}};
     }
 }
 

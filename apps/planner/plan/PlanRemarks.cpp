@@ -1,5 +1,7 @@
 #include "plan/PlanRemarks.h"
 
+#include "plan/PlannerText.h"
+
 #include <utility>
 
 namespace korvane::planner {
@@ -19,11 +21,11 @@ std::vector<QString> PlanRemarks::Lines() const
     lines.reserve(m_items.size() + 1);
     for (const PlanRemark &remark : m_items) {
         lines.push_back(remark.Line > 0
-                            ? QStringLiteral("Line %1: %2").arg(remark.Line).arg(remark.Text)
+                            ? PlannerText::tr("Line %1: %2").arg(remark.Line).arg(remark.Text)
                             : remark.Text);
     }
     if (m_omitted > 0) {
-        lines.push_back(QStringLiteral("... and %1 more").arg(m_omitted));
+        lines.push_back(PlannerText::tr("... and %n more", nullptr, static_cast<int>(m_omitted)));
     }
     return lines;
 }

@@ -2,6 +2,7 @@
 
 #include "plan/GzipWriter.h"
 #include "plan/MspdiWriter.h"
+#include "plan/PlannerText.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -15,14 +16,14 @@ std::optional<QString> SaveFile(const QString &fileName, const WriteFunction &wr
 {
     const QFileInfo info(fileName);
     if (info.isDir()) {
-        return QStringLiteral("a folder, not a file");
+        return PlannerText::tr("a folder, not a file");
     }
     if (!info.dir().exists()) {
-        return QStringLiteral("the folder %1 does not exist").arg(info.path());
+        return PlannerText::tr("the folder %1 does not exist").arg(info.path());
     }
     constexpr auto kWritable = QFile::WriteOwner | QFile::WriteGroup | QFile::WriteOther;
     if (info.exists() && (!info.isWritable() || !(info.permissions() & kWritable))) {
-        return QStringLiteral("the file is write-protected");
+        return PlannerText::tr("the file is write-protected");
     }
     try {
         QSaveFile file(fileName);
@@ -47,7 +48,7 @@ std::optional<QString> SaveFile(const QString &fileName, const WriteFunction &wr
         }
         return file.commit() ? std::nullopt : std::optional(file.errorString());
     } catch (const std::bad_alloc &) {
-        return QStringLiteral("not enough memory");
+        return PlannerText::tr("not enough memory");
     }
 }
 

@@ -1,6 +1,7 @@
 #include "plan/PlanXml.h"
 
 #include "plan/PlanRefusal.h"
+#include "plan/PlannerText.h"
 
 namespace korvane::planner {
 
@@ -112,11 +113,11 @@ void PlanXml::ThrowError()
     switch (m_reader.error()) {
     case QXmlStreamReader::PrematureEndOfDocumentError:
         throw PlanRefusal(m_reader.lineNumber(),
-                          m_hasRoot ? QStringLiteral("the file ends too early")
-                                    : QStringLiteral("no XML element in the file"));
+                          m_hasRoot ? PlannerText::tr("the file ends too early")
+                                    : PlannerText::tr("no XML element in the file"));
     default:
         throw PlanRefusal(m_reader.lineNumber(),
-                          QStringLiteral("not well-formed XML: %1").arg(m_reader.errorString()));
+                          PlannerText::tr("not well-formed XML: %1").arg(m_reader.errorString()));
     }
 }
 

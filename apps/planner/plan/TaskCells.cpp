@@ -3,6 +3,7 @@
 #include "plan/LinkText.h"
 #include "plan/PlanBuilder.h"
 #include "plan/PlanEditor.h"
+#include "plan/PlannerText.h"
 
 #include <QRegularExpression>
 #include <QTime>
@@ -27,14 +28,15 @@ struct ColumnInfo
     std::string_view Key;
 };
 
-constexpr std::array<ColumnInfo, kTaskColumns> kColumns{{{"No.", "number"},
-                                                         {"Name", "name"},
-                                                         {"Start", "start"},
-                                                         {"Finish", "finish"},
-                                                         {"Duration", "duration"},
-                                                         {"Predecessors", "predecessors"},
-                                                         {"Resources", "resources"},
-                                                         {"Complete", "complete"}}};
+constexpr std::array<ColumnInfo, kTaskColumns> kColumns{
+    {{QT_TRANSLATE_NOOP("Planner", "No."), QT_TRANSLATE_NOOP("Planner", "number")},
+     {QT_TRANSLATE_NOOP("Planner", "Name"), QT_TRANSLATE_NOOP("Planner", "name")},
+     {QT_TRANSLATE_NOOP("Planner", "Start"), QT_TRANSLATE_NOOP("Planner", "start")},
+     {QT_TRANSLATE_NOOP("Planner", "Finish"), QT_TRANSLATE_NOOP("Planner", "finish")},
+     {QT_TRANSLATE_NOOP("Planner", "Duration"), QT_TRANSLATE_NOOP("Planner", "duration")},
+     {QT_TRANSLATE_NOOP("Planner", "Predecessors"), QT_TRANSLATE_NOOP("Planner", "predecessors")},
+     {QT_TRANSLATE_NOOP("Planner", "Resources"), QT_TRANSLATE_NOOP("Planner", "resources")},
+     {QT_TRANSLATE_NOOP("Planner", "Complete"), QT_TRANSLATE_NOOP("Planner", "complete")}}};
 
 constexpr std::array<const char *, 4> kTypeCodes{"FS", "SS", "FF", "SF"}; // as PlanLinkType
 
@@ -82,9 +84,14 @@ Amount SplitAmount(QStringView text)
 
 } // namespace
 
+QString TaskColumnName(TaskColumn column)
+{
+    return PlannerText::tr(Of(column).Key.data());
+}
+
 QString TaskColumnTitle(TaskColumn column)
 {
-    return QString::fromLatin1(Of(column).Title);
+    return PlannerText::tr(Of(column).Title);
 }
 
 std::string_view TaskColumnKey(TaskColumn column)
@@ -330,7 +337,7 @@ TDateTime TaskCells::ParseDate(QStringView text, TDateTime former) const
     const TDateTime instant =
         day ? static_cast<double>(QDate(1899, 12, 30).daysTo(*day)) + minutes / kMinutesPerDay : 0;
     if (!day || !IsPlanDate(instant)) {
-        Refuse(QStringLiteral("%1 is no date. Type it like %2.")
+        Refuse(PlannerText::tr("%1 is no date. Type it like %2.")
                    .arg(Quoted(text), m_locale.toString(formerDay, QLocale::ShortFormat)));
     }
     return instant;
@@ -355,7 +362,7 @@ TaskCells::Duration TaskCells::ParseDuration(QStringView text, int dayMinutes) c
         perUnit = 1;
     }
     if (!number || *number < 0 || perUnit == 0 || *number * perUnit > kMostMinutes) {
-        Refuse(QStringLiteral("%1 is no duration. Type it like 3d, 4h or 30m.").arg(Quoted(text)));
+        Refuse(PlannerText::tr("%1 is no duration. Type it like 3d, 4h or 30m.").arg(Quoted(text)));
     }
     return {*number * perUnit, isElapsed};
 }
@@ -371,7 +378,7 @@ PlanLag TaskCells::ParseLag(const Plan &plan, QStringView text) const
             dayMinutes);
     }
     if (!number) {
-        Refuse(QStringLiteral("%1 is no lag. Type it like +2d, -4h or +50%.").arg(Quoted(text)));
+        Refuse(PlannerText::tr("%1 is no lag. Type it like +2d, -4h or +50%.").arg(Quoted(text)));
     }
     const QString length =
         (amount.Number.startsWith(u'-') ? amount.Number.mid(1) : amount.Number) + amount.Unit;
@@ -389,12 +396,12 @@ PlanLink TaskCells::ParsePredecessor(const Plan &plan, int task, QStringView tex
     const QRegularExpressionMatch match = form.match(text.toString());
     if (!match.hasMatch()) {
         Refuse(
-            QStringLiteral("%1 is no predecessor. Type the number of the task, as in 4 or 4FS+2d.")
+            PlannerText::tr("%1 is no predecessor. Type the number of the task, as in 4 or 4FS+2d.")
                 .arg(Quoted(text)));
     }
     PlanLink link{match.captured(1).toInt() - 1, task, {}};
     if (link.Predecessor < 0 || link.Predecessor >= std::ssize(plan.Tasks)) {
-        Refuse(QStringLiteral("There is no task %1.").arg(match.captured(1)));
+        Refuse(PlannerText::tr("There is no task %1.").arg(match.captured(1)));
     }
     const auto type = std::ranges::find(kTypeCodes, match.captured(2).toUpper());
     if (type != kTypeCodes.end()) {
@@ -414,7 +421,7 @@ std::vector<PlanLink> TaskCells::ParsePredecessors(const Plan &plan, int task,
     for (const QString &item : Items(text)) {
         links.push_back(ParsePredecessor(plan, task, item));
         if (!known.insert(links.back().Predecessor).second) {
-            Refuse(QStringLiteral("Task %1 is named twice.").arg(links.back().Predecessor + 1));
+            Refuse(PlannerText::tr("Task %1 is named twice.").arg(links.back().Predecessor + 1));
         }
     }
     return links;
@@ -434,7 +441,7 @@ std::vector<PlanAssignment> TaskCells::ParseResources(const Plan &plan, int task
             name = match.captured(1);
             assignment.Units = ParseNumber(match.captured(2)).value_or(0) / 100;
             if (assignment.Units <= 0) {
-                Refuse(QStringLiteral("%1 is no part of a resource. Type it like [50%].")
+                Refuse(PlannerText::tr("%1 is no part of a resource. Type it like [50%].")
                            .arg(Quoted(match.captured(2))));
             }
         }
@@ -445,12 +452,12 @@ std::vector<PlanAssignment> TaskCells::ParseResources(const Plan &plan, int task
             return resource.Name.simplified().compare(name, Qt::CaseInsensitive) == 0;
         });
         if (found == plan.Resources.end()) {
-            Refuse(QStringLiteral("There is no resource %1.").arg(Quoted(name)));
+            Refuse(PlannerText::tr("There is no resource %1.").arg(Quoted(name)));
         }
         assignment.Resource = static_cast<int>(found - plan.Resources.begin());
         if (std::ranges::find(assignments, assignment.Resource, &PlanAssignment::Resource)
             != assignments.end()) {
-            Refuse(QStringLiteral("%1 is named twice.").arg(Quoted(name)));
+            Refuse(PlannerText::tr("%1 is named twice.").arg(Quoted(name)));
         }
         assignments.push_back(assignment);
     }
@@ -462,7 +469,7 @@ float TaskCells::ParsePercent(QStringView text) const
     QString number = text.toString().remove(u'%').trimmed();
     const auto percent = number.isEmpty() ? 0.0 : ParseNumber(number).value_or(-1);
     if (percent < 0 || percent > 100) {
-        Refuse(QStringLiteral("%1 is no percentage from 0 to 100.").arg(Quoted(text)));
+        Refuse(PlannerText::tr("%1 is no percentage from 0 to 100.").arg(Quoted(text)));
     }
     return static_cast<float>(percent);
 }

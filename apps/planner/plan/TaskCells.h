@@ -29,6 +29,8 @@ inline constexpr int kTaskColumns = 8;
 
 /// "Duration".
 QString TaskColumnTitle(TaskColumn column);
+/// As it stands within a sentence.
+QString TaskColumnName(TaskColumn column);
 /// Of settings and of the command line: "duration".
 std::string_view TaskColumnKey(TaskColumn column);
 

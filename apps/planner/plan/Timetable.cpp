@@ -3,6 +3,7 @@
 #include "plan/CsvReader.h"
 #include "plan/PlanFields.h"
 #include "plan/PlanRefusal.h"
+#include "plan/PlannerText.h"
 
 #include <QHash>
 
@@ -115,7 +116,7 @@ void TableParser::ForTable(const QString &name, Need need, ReadTable read)
     const auto file = m_openTable(name);
     if (file == nullptr) {
         if (need == Need::Required) {
-            throw PlanRefusal(0, QStringLiteral("there is no %1").arg(name));
+            throw PlanRefusal(0, PlannerText::tr("there is no %1").arg(name));
         }
         return;
     }
@@ -137,7 +138,7 @@ void TableParser::ForTable(const QString &name, Need need, ReadTable read)
 void TableParser::Remark(const CsvReader &table, const QString &text)
 {
     m_builder.Remark(
-        0, QStringLiteral("%1, line %2: %3").arg(table.Name()).arg(table.Line()).arg(text));
+        0, PlannerText::tr("%1, line %2: %3").arg(table.Name()).arg(table.Line()).arg(text));
 }
 
 Timetable TableParser::Read()
@@ -149,8 +150,8 @@ Timetable TableParser::Read()
     ReadCalendar();
     ReadSingleDays();
     if (m_openTable(QStringLiteral("frequencies.txt")) != nullptr) {
-        m_builder.Remark(0, QStringLiteral("frequencies.txt is not used: trips that are repeated "
-                                           "are shown once."));
+        m_builder.Remark(0, PlannerText::tr("frequencies.txt is not used: trips that are repeated "
+                                            "are shown once."));
     }
     m_table.Services = m_services.Count();
     return std::move(m_table);
@@ -166,7 +167,7 @@ void TableParser::ReadRoutes()
         while (next()) {
             const int route = m_routeIds.Number(table.Field(id));
             if (route < std::ssize(m_table.Routes)) {
-                Remark(table, QStringLiteral("The route is there already; this line is ignored."));
+                Remark(table, PlannerText::tr("The route is there already; this line is ignored."));
                 continue;
             }
             const QString name = (table.Text(shortName) + u' ' + table.Text(longName)).simplified();
@@ -205,16 +206,16 @@ void TableParser::ReadTrips()
         const int head = table.FindColumn("trip_headsign");
         while (next()) {
             if (m_tripIds.Count() >= static_cast<int>(PlanBuilder::kMaxItems)) {
-                table.Refuse(QStringLiteral("more than %1 trips").arg(PlanBuilder::kMaxItems));
+                table.Refuse(PlannerText::tr("more than %1 trips").arg(PlanBuilder::kMaxItems));
             }
             TimetableTrip trip{table.Text(id), table.Text(head)};
             trip.Route = m_routeIds.Find(table.Field(route));
             if (trip.Route == kNoIndex) {
-                Remark(table, QStringLiteral("The trip's route is unknown; it is left out."));
+                Remark(table, PlannerText::tr("The trip's route is unknown; it is left out."));
                 continue;
             }
             if (m_tripIds.Find(table.Field(id)) != kNoIndex) {
-                Remark(table, QStringLiteral("The trip is there already; this line is ignored."));
+                Remark(table, PlannerText::tr("The trip is there already; this line is ignored."));
                 continue;
             }
             m_tripIds.Number(table.Field(id));
@@ -222,8 +223,9 @@ void TableParser::ReadTrips()
             if (!table.Field(block).empty()) {
                 trip.Block = m_blockIds.Number(table.Field(block));
                 if (trip.Block == std::ssize(m_table.Blocks)) {
-                    m_table.Blocks.push_back(
-                        {table.Text(block), QStringLiteral("Block %1").arg(table.Text(block)), {}});
+                    m_table.Blocks.push_back({table.Text(block),
+                                              PlannerText::tr("Block %1").arg(table.Text(block)),
+                                              {}});
                 }
             }
             m_table.Trips.push_back(std::move(trip));
@@ -261,7 +263,7 @@ void TableParser::ReadStopTimes()
                 trip = m_tripIds.Find(lastId);
             }
             if (trip == kNoIndex) {
-                Remark(table, QStringLiteral("The time is of an unknown trip."));
+                Remark(table, PlannerText::tr("The time is of an unknown trip."));
                 continue;
             }
             const auto arrived = Second(table, arrival);
@@ -280,7 +282,7 @@ std::optional<int> TableParser::Second(const CsvReader &table, int column)
 {
     const auto second = ParseSeconds(table.Field(column));
     if (!second && !table.Field(column).empty()) {
-        Remark(table, QStringLiteral("\"%1\" is no time; it is ignored.").arg(table.Text(column)));
+        Remark(table, PlannerText::tr("\"%1\" is no time; it is ignored.").arg(table.Text(column)));
     }
     return second;
 }
@@ -314,7 +316,7 @@ void TableParser::ReadCalendar()
             const auto firstDay = ParseDay(table.Text(from));
             const auto lastDay = ParseDay(table.Text(to));
             if (!firstDay || !lastDay) {
-                Remark(table, QStringLiteral("The dates make no sense; this line is ignored."));
+                Remark(table, PlannerText::tr("The dates make no sense; this line is ignored."));
                 continue;
             }
             ServiceDays::WeekDays weekDays{};
@@ -339,7 +341,7 @@ void TableParser::ReadSingleDays()
             if (day && (type == "1" || type == "2")) {
                 m_table.Days.AddDay(m_services.Number(table.Field(id)), *day, type == "1");
             } else {
-                Remark(table, QStringLiteral("The exception makes no sense; it is ignored."));
+                Remark(table, PlannerText::tr("The exception makes no sense; it is ignored."));
             }
         }
     };

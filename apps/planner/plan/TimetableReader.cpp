@@ -1,6 +1,8 @@
 #include "plan/TimetableReader.h"
 
+#include "foundation/zuTranslate.h"
 #include "plan/PlanRefusal.h"
+#include "plan/PlannerText.h"
 #include "plan/Timetable.h"
 #include "plan/ZipArchive.h"
 
@@ -35,7 +37,7 @@ public:
         , m_rows(m_byBlock ? table.Blocks : table.Routes)
         , m_withoutBlock(static_cast<int>(m_rows.size()))
     {
-        m_rows.push_back({{}, QStringLiteral("Without a block"), {}});
+        m_rows.push_back({{}, PlannerText::tr("Without a block"), {}});
     }
 
     void AddTo();
@@ -53,7 +55,7 @@ private:
     int RowOf(const TimetableTrip &trip) const;
     std::vector<int> PlacesOfRows() const;
     std::vector<Item> Items();
-    void Remark(std::size_t count, const QString &text);
+    void Remark(int count, const char *text);
     void AddTrip(const Item &item, std::int64_t uid);
     QString NotesOf(const TimetableTrip &trip) const;
     QString StopText(int stop, int second) const;
@@ -70,12 +72,13 @@ bool Arrangement::IsByBlock() const
 {
     const QString &rows = m_options.Rows;
     if (rows == u"block" && m_table.Blocks.empty()) {
-        throw PlanRefusal(0, QStringLiteral("the trips name no vehicle blocks; a row can only be a "
-                                            "route"));
+        throw PlanRefusal(0,
+                          PlannerText::tr("the trips name no vehicle blocks; a row can only be a "
+                                          "route"));
     }
     if (!rows.isEmpty() && rows != u"block" && rows != u"route") {
         throw PlanRefusal(
-            0, QStringLiteral("a row of a timetable is a block or a route, not a %1").arg(rows));
+            0, PlannerText::tr("a row of a timetable is a block or a route, not a %1").arg(rows));
     }
     return rows.isEmpty() ? !m_table.Blocks.empty() : rows == u"block";
 }
@@ -89,7 +92,7 @@ int Arrangement::BusiestWeek() const
     }
     const auto week = m_table.Days.BusiestWeek(weights);
     if (!week) {
-        throw PlanRefusal(0, QStringLiteral("no trip runs on any day"));
+        throw PlanRefusal(0, PlannerText::tr("no trip runs on any day"));
     }
     return *week;
 }
@@ -124,8 +127,8 @@ std::vector<Arrangement::Item> Arrangement::Items()
 {
     const int week = m_options.Day ? 0 : BusiestWeek();
     std::vector<Item> items;
-    std::size_t timeless = 0;
-    std::size_t notInWeek = 0;
+    int timeless = 0;
+    int notInWeek = 0;
     for (const TimetableTrip &trip : m_table.Trips) {
         const ServiceDays &days = m_table.Days;
         const auto day = !m_options.Day ? days.FirstDayInWeek(trip.Service, week)
@@ -142,9 +145,10 @@ std::vector<Arrangement::Item> Arrangement::Items()
     const auto veryLong = std::ranges::count_if(items, [](const Item &item) {
         return item.Trip->Finish - item.Trip->Start > kSecondsPerDay;
     });
-    Remark(static_cast<std::size_t>(veryLong), QStringLiteral("%1 trips take longer than a day."));
-    Remark(timeless, QStringLiteral("%1 trips have no times; they are left out."));
-    Remark(notInWeek, QStringLiteral("%1 trips do not run in the week that is shown."));
+    Remark(static_cast<int>(veryLong),
+           QT_TRANSLATE_N_NOOP("Planner", "%n trip(s) longer than a day."));
+    Remark(timeless, QT_TRANSLATE_N_NOOP("Planner", "%n trip(s) without times left out."));
+    Remark(notInWeek, QT_TRANSLATE_N_NOOP("Planner", "%n trip(s) not in the week that is shown."));
     const std::vector<int> places = PlacesOfRows();
     std::ranges::stable_sort(items, {}, [&](const Item &item) {
         return std::tuple(places[item.Row], item.Day, item.Trip->Start);
@@ -152,10 +156,10 @@ std::vector<Arrangement::Item> Arrangement::Items()
     return items;
 }
 
-void Arrangement::Remark(std::size_t count, const QString &text)
+void Arrangement::Remark(int count, const char *text)
 {
     if (count > 0) {
-        m_builder.Remark(0, text.arg(count));
+        m_builder.Remark(0, QString::fromStdString(Translate("Planner", text, nullptr, count)));
     }
 }
 
@@ -163,7 +167,7 @@ void Arrangement::AddTo()
 {
     const std::vector<Item> items = Items();
     if (items.empty()) {
-        throw PlanRefusal(0, QStringLiteral("no trip runs on that day"));
+        throw PlanRefusal(0, PlannerText::tr("no trip runs on that day"));
     }
     int row = kNoIndex;
     std::int64_t uid = 0;
@@ -204,7 +208,7 @@ QString Arrangement::StopText(int stop, int second) const
 QString Arrangement::NotesOf(const TimetableTrip &trip) const
 {
     QString notes =
-        QStringLiteral("Route %1, trip %2\n%3 \u2013 %4, %5 stops")
+        PlannerText::tr("Route %1, trip %2\n%3 \u2013 %4, %5 stops")
             .arg(m_table.Routes.at(std::size_t(trip.Route)).Name, trip.Id,
                  StopText(trip.FirstStop, trip.Start), StopText(trip.LastStop, trip.Finish))
             .arg(trip.Stops);
@@ -232,7 +236,7 @@ TimetableReader::TimetableReader(ReadOptions options)
 
 QString TimetableReader::Name() const
 {
-    return QStringLiteral("Timetable");
+    return PlannerText::tr("Timetable");
 }
 
 QStringList TimetableReader::FilePatterns() const

@@ -1,5 +1,7 @@
 #include "plan/XmlGuard.h"
 
+#include "plan/PlannerText.h"
+
 #include <string_view>
 
 namespace korvane::planner {
@@ -74,7 +76,7 @@ bool XmlGuard::Feed(char character)
     }
     if (++m_length > kMaxRun) {
         return Fail(
-            QStringLiteral("a single text or comment of more than %1 characters").arg(kMaxRun));
+            PlannerText::tr("a single text or comment of more than %1 characters").arg(kMaxRun));
     }
     switch (m_state) {
     case State::Text:
@@ -116,7 +118,7 @@ bool XmlGuard::Feed(char character)
 bool XmlGuard::FeedTag(char character)
 {
     if (m_length > kMaxTag) {
-        return Fail(QStringLiteral("a tag of more than %1 characters").arg(kMaxTag));
+        return Fail(PlannerText::tr("a tag of more than %1 characters").arg(kMaxTag));
     }
     if (m_state == State::Quoted) {
         if (character == m_quote) {
@@ -128,7 +130,7 @@ bool XmlGuard::FeedTag(char character)
         if (m_state == State::EndTag) {
             --m_depth;
         } else if (m_last != '/' && ++m_depth > kMaxDepth) {
-            return Fail(QStringLiteral("elements nested more than %1 deep").arg(kMaxDepth));
+            return Fail(PlannerText::tr("elements nested more than %1 deep").arg(kMaxDepth));
         }
         m_state = State::Text;
         m_length = 0;
@@ -139,7 +141,7 @@ bool XmlGuard::FeedTag(char character)
         m_quote = character;
         m_state = State::Quoted;
         if (++m_attributes > kMaxAttributes) {
-            return Fail(QStringLiteral("a tag with more than %1 attributes").arg(kMaxAttributes));
+            return Fail(PlannerText::tr("a tag with more than %1 attributes").arg(kMaxAttributes));
         }
     }
     return true;
@@ -169,7 +171,7 @@ bool XmlGuard::FeedDeclaration(char character)
 bool XmlGuard::FeedDocumentType(char character)
 {
     if (m_length > kMaxTag) {
-        return Fail(QStringLiteral("a document type of more than %1 characters").arg(kMaxTag));
+        return Fail(PlannerText::tr("a document type of more than %1 characters").arg(kMaxTag));
     }
     if (m_quote != 0) {
         m_quote = character == m_quote ? '\0' : m_quote;
@@ -177,8 +179,8 @@ bool XmlGuard::FeedDocumentType(char character)
         m_quote = character;
     } else if (character == '[') {
         return Fail(
-            QStringLiteral("a document type with declarations of its own, such as entities, "
-                           "is not accepted in a plan"));
+            PlannerText::tr("a document type with declarations of its own, such as entities, "
+                            "is not accepted in a plan"));
     } else if (character == '>') {
         m_state = State::Text;
         m_length = 0;

@@ -2,6 +2,7 @@
 
 #include "plan/GzipDevice.h"
 #include "plan/PlanRefusal.h"
+#include "plan/PlannerText.h"
 
 #include <QBuffer>
 
@@ -85,7 +86,7 @@ void ZipArchive::ReadList()
 {
     const qsizetype end = m_content.lastIndexOf(kEndMagic);
     if (end < 0 || end + kEndSize > m_content.size()) {
-        throw PlanRefusal(0, QStringLiteral("the zip archive is incomplete"));
+        throw PlanRefusal(0, PlannerText::tr("the zip archive is incomplete"));
     }
     const quint32 count = Number(end + 10, 2);
     qsizetype at = Number(end + 16, 4);
@@ -93,7 +94,7 @@ void ZipArchive::ReadList()
         const QByteArrayView rest =
             QByteArrayView(m_content).sliced(std::min(at, m_content.size()));
         if (!rest.startsWith(kEntryMagic)) {
-            throw PlanRefusal(0, QStringLiteral("the zip archive's list of files is damaged"));
+            throw PlanRefusal(0, PlannerText::tr("the zip archive's list of files is damaged"));
         }
         const quint32 nameSize = Number(at + 28, 2);
         const QString path = QString::fromUtf8(m_content.mid(at + kEntrySize, nameSize));
@@ -115,10 +116,10 @@ std::unique_ptr<QIODevice> ZipArchive::Open(const QString &name) const
     if ((entry->Flags & kEncrypted) != 0
         || (entry->Method != kStored && entry->Method != kDeflated)) {
         throw PlanRefusal(0,
-                          QStringLiteral("%1 is encrypted or packed in an unknown way").arg(name));
+                          PlannerText::tr("%1 is encrypted or packed in an unknown way").arg(name));
     }
     if (begin + entry->PackedSize > m_content.size()) {
-        throw PlanRefusal(0, QStringLiteral("%1 is cut off in the zip archive").arg(name));
+        throw PlanRefusal(0, PlannerText::tr("%1 is cut off in the zip archive").arg(name));
     }
     const auto packed = QByteArray::fromRawData(m_content.constData() + begin, entry->PackedSize);
     if (entry->Method == kStored) {

@@ -8,6 +8,7 @@
 #include <QAction>
 #include <QCalendarWidget>
 #include <QCompleter>
+#include <QCoreApplication>
 #include <QKeyEvent>
 #include <QPainter>
 #include <QScreen>
@@ -148,7 +149,7 @@ public:
         : TLineField(parent)
     {
         auto *open = addAction(Icon(), TrailingPosition);
-        open->setToolTip(QObject::tr("Calendar"));
+        open->setToolTip(QCoreApplication::translate("TzuGrid", "Calendar"));
         connect(open, &QAction::triggered, this, [this] { ShowCalendar(); });
     }
     QSize WantedSize(int cellWidth) const override

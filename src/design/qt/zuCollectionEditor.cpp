@@ -4,6 +4,7 @@
 #include "grid/qt/zuGrid.h"
 #include "grid/qt/zuGridJson.h"
 
+#include <QCoreApplication>
 #include <QDialogButtonBox>
 #include <QFormLayout>
 #include <QHBoxLayout>
@@ -185,9 +186,9 @@ QWidget *TCollectionEditor::CreateProperties()
             });
         const QString name = QString::fromLatin1(property.Name);
         editor.Widget->setObjectName(name);
-        editor.Widget->setToolTip(tr(property.Hint));
+        editor.Widget->setToolTip(QCoreApplication::translate("TzuDesign", property.Hint));
         auto *label = new QLabel(name + u':');
-        label->setToolTip(tr(property.Hint));
+        label->setToolTip(QCoreApplication::translate("TzuDesign", property.Hint));
         label->setBuddy(editor.Widget);
         layout->addRow(label, editor.Widget);
         m_editors[name] = editor;

@@ -3,11 +3,13 @@
 #include "design/qt/zuGridTaskMenu.h"
 #include "design/qt/zuSample.h"
 #include "foundation/qt/zuConvert.h"
+#include "foundation/qt/zuTranslations.h"
 #include "gantt/qt/zuGant.h"
 #include "grid/qt/zuGrid.h"
 #include "schema/qt/zuSchema.h"
 #include "tree/qt/zuTree.h"
 
+#include <QCoreApplication>
 #include <QIcon>
 #include <QtDesigner/QDesignerFormEditorInterface>
 
@@ -76,12 +78,12 @@ QString TDesignerWidget::name() const
 
 QString TDesignerWidget::toolTip() const
 {
-    return ToQt(m_component.ToolTip);
+    return QCoreApplication::translate("TzuDesign", m_component.ToolTip.data());
 }
 
 QString TDesignerWidget::whatsThis() const
 {
-    return ToQt(m_component.WhatsThis);
+    return QCoreApplication::translate("TzuDesign", m_component.WhatsThis.data());
 }
 
 QString TDesignerWidget::includeFile() const
@@ -111,6 +113,7 @@ void TDesignerWidget::initialize(QDesignerFormEditorInterface *designer)
         return;
     }
     m_designer = designer;
+    LoadComponentTexts();
     if (m_hasGridEditor) {
         TGridTaskMenuFactory::Install(*designer);
     }

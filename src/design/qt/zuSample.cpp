@@ -1,11 +1,13 @@
 #include "design/qt/zuSample.h"
 
 #include "foundation/qt/zuConvert.h"
+#include "foundation/zuTranslate.h"
 #include "gantt/qt/zuGant.h"
 #include "grid/qt/zuGrid.h"
 #include "schema/qt/zuSchema.h"
 #include "tree/qt/zuTree.h"
 
+#include <QCoreApplication>
 #include <QEvent>
 #include <QLocale>
 #include <QPainter>
@@ -83,7 +85,9 @@ private:
 };
 
 void Mark(
-    QWidget &component, std::function<QString()> text = [] { return QObject::tr("Sample"); })
+    QWidget &component, std::function<QString()> text = [] {
+        return QCoreApplication::translate("TzuDesign", "Sample");
+    })
 {
     (new TSampleMark(component, std::move(text)))->show();
 }
@@ -96,6 +100,11 @@ struct TPlacedTime
     double From;
     double To;
 };
+
+std::string Sample(const char *text)
+{
+    return Translate("TzuDesign", text);
+}
 
 template <typename Entity>
 void Place(const std::vector<TPlacedTime<Entity>> &times, TDateTime start, TDateTime stop)
@@ -116,9 +125,11 @@ struct TSampleBar
 };
 
 constexpr std::array kBars{
-    TSampleBar{"Plan", 4, 28, kBlue},    TSampleBar{"Build", 30, 56, kGreen},
-    TSampleBar{nullptr, 58, 80, kGreen}, TSampleBar{"Test", 44, 78, kSand},
-    TSampleBar{"Deliver", 82, 96, kRed},
+    TSampleBar{QT_TRANSLATE_NOOP("TzuDesign", "Plan"), 4, 28, kBlue},
+    TSampleBar{QT_TRANSLATE_NOOP("TzuDesign", "Build"), 30, 56, kGreen},
+    TSampleBar{nullptr, 58, 80, kGreen},
+    TSampleBar{QT_TRANSLATE_NOOP("TzuDesign", "Test"), 44, 78, kSand},
+    TSampleBar{QT_TRANSLATE_NOOP("TzuDesign", "Deliver"), 82, 96, kRed},
 };
 
 /// Rows of the tree or of the grid, with bars that are linked one after the other.
@@ -126,9 +137,9 @@ void AddBars(TzuGant &gant, std::vector<TPlacedTime<TzuDataEntity_Spanbar>> &bar
              const auto &addRow, const auto &addBar)
 {
     TzuDataEntity_Spanbar *before = nullptr;
-    decltype(addRow("")) row = nullptr;
+    decltype(addRow(std::string())) row = nullptr;
     for (const TSampleBar &each : kBars) {
-        row = each.Task != nullptr ? addRow(each.Task) : row;
+        row = each.Task != nullptr ? addRow(Sample(each.Task)) : row;
         TzuDataEntity_Spanbar *bar = addBar(row);
         bar->SetColor(each.Color);
         bar->SetInsetTop(3);
@@ -153,12 +164,14 @@ struct TSampleTime
 };
 
 constexpr std::array kTimes{
-    TSampleTime{0, 8, 30, "Early", kBlue},   TSampleTime{0, 40, 70, "Late", kSand},
-    TSampleTime{1, 15, 60, "Long", kGreen},  TSampleTime{2, 5, 25, "Short", kRed},
-    TSampleTime{2, 18, 45, "Beside", kSand},
+    TSampleTime{0, 8, 30, QT_TRANSLATE_NOOP("TzuDesign", "Early"), kBlue},
+    TSampleTime{0, 40, 70, QT_TRANSLATE_NOOP("TzuDesign", "Late"), kSand},
+    TSampleTime{1, 15, 60, QT_TRANSLATE_NOOP("TzuDesign", "Long"), kGreen},
+    TSampleTime{2, 5, 25, QT_TRANSLATE_NOOP("TzuDesign", "Short"), kRed},
+    TSampleTime{2, 18, 45, QT_TRANSLATE_NOOP("TzuDesign", "Beside"), kSand},
 };
 
-TzuDataEntity_Tree *AddNode(TzuTree &tree, TzuDataEntity_Tree *parent, const char *text)
+TzuDataEntity_Tree *AddNode(TzuTree &tree, TzuDataEntity_Tree *parent, const std::string &text)
 {
     TzuDataEntity_Tree *node = tree.AddDataEntity(parent);
     node->SetText(text);
@@ -175,8 +188,9 @@ std::string SampleText(const TzuGrid_Column &column, int row)
     case TColumnKind::tckBool:
         return row % 2 == 0 ? "1" : "0";
     default:
-        return column.NumericSort() ? std::to_string(100 * (row + 1))
-                                    : "Text " + std::to_string(row + 1);
+        return column.NumericSort()
+                   ? std::to_string(100 * (row + 1))
+                   : WithArguments(Translate("TzuDesign", "Text %1"), {std::to_string(row + 1)});
     }
 }
 
@@ -186,11 +200,11 @@ void ShowSample(TzuGant &gant)
 {
     std::vector<TPlacedTime<TzuDataEntity_Spanbar>> bars;
     AddBars(
-        gant, bars, [&](const char *text) { return gant.AddRootDataEntityTree(text); },
+        gant, bars, [&](const std::string &text) { return gant.AddRootDataEntityTree(text); },
         [&](TzuDataEntity_Tree *row) { return gant.AddSpanbar(row, 0); });
     AddBars(
         gant, bars,
-        [&](const char *text) {
+        [&](const std::string &text) {
             TzuDataEntity_GridTreeNode *row = gant.Grid().GetTree()->AddDataEntity();
             row->SetText(text);
             return row;
@@ -207,15 +221,17 @@ void ShowSample(TzuGant &gant)
 
 void ShowSample(TzuSchema &schema)
 {
-    for (const char *room : {"Room A", "Room B", "Room C"}) {
-        schema.AddColumn()->SetText(room);
+    for (const char *room :
+         {QT_TRANSLATE_NOOP("TzuDesign", "Room A"), QT_TRANSLATE_NOOP("TzuDesign", "Room B"),
+          QT_TRANSLATE_NOOP("TzuDesign", "Room C")}) {
+        schema.AddColumn()->SetText(Sample(room));
     }
     std::vector<TPlacedTime<TzuDataEntity_SchemaTime>> times;
     for (const TSampleTime &each : kTimes) {
         TzuDataEntity_SchemaTime *time = schema.AddSchemaTime(0);
         time->SetCol(each.Column);
         time->SetColor(each.Color);
-        time->AddText(each.Text, 4, 3, 1);
+        time->AddText(Sample(each.Text), 4, 3, 1);
         times.push_back({time, each.From, each.To});
     }
     const auto place = [&schema, times] {
@@ -228,20 +244,23 @@ void ShowSample(TzuSchema &schema)
 
 void ShowSample(TzuTree &tree)
 {
-    for (const char *text : {"First", "Second"}) {
-        TzuDataEntity_Tree *node = AddNode(tree, nullptr, text);
-        for (const char *child : {"Part", "Another part"}) {
-            AddNode(tree, node, child);
+    for (const char *text :
+         {QT_TRANSLATE_NOOP("TzuDesign", "First"), QT_TRANSLATE_NOOP("TzuDesign", "Second")}) {
+        TzuDataEntity_Tree *node = AddNode(tree, nullptr, Sample(text));
+        for (const char *child : {QT_TRANSLATE_NOOP("TzuDesign", "Part"),
+                                  QT_TRANSLATE_NOOP("TzuDesign", "Another part")}) {
+            AddNode(tree, node, Sample(child));
         }
         node->SetExpanded(true);
     }
-    AddNode(tree, nullptr, "Third");
+    AddNode(tree, nullptr, Translate("TzuDesign", "Third"));
     Mark(tree);
 }
 
 void ShowSample(TzuGrid &grid)
 {
-    ShowSample(grid, QObject::tr("No columns yet: see \"Columns\" in the context menu"));
+    ShowSample(grid, QCoreApplication::translate(
+                         "TzuDesign", "No columns yet: see \"Columns\" in the context menu"));
 }
 
 void ShowSample(TzuGrid &grid, const QString &hint)
@@ -255,7 +274,10 @@ void ShowSample(TzuGrid &grid, const QString &hint)
             text = SampleText(*column, cell->Rows().IndexOf(*row) - cell->Rows().FixedCount());
         }
     };
-    Mark(grid, [&grid, hint] { return grid.Columns().Count() > 0 ? QObject::tr("Sample") : hint; });
+    Mark(grid, [&grid, hint] {
+        return grid.Columns().Count() > 0 ? QCoreApplication::translate("TzuDesign", "Sample")
+                                          : hint;
+    });
 }
 
 } // namespace korvane

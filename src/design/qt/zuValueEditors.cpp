@@ -7,6 +7,7 @@
 #include <QCheckBox>
 #include <QColorDialog>
 #include <QComboBox>
+#include <QCoreApplication>
 #include <QFontDialog>
 #include <QJsonArray>
 #include <QJsonObject>
@@ -42,7 +43,7 @@ TValueEditor NumberEditor(const TChanged &changed)
     constexpr int kMost = 10000;
     auto *box = new QSpinBox;
     box->setRange(0, kMost);
-    box->setSuffix(QObject::tr(" px"));
+    box->setSuffix(QCoreApplication::translate("TzuDesign", " px"));
     QObject::connect(box, &QSpinBox::valueChanged, box, [changed](int value) { changed(value); });
     return {box, [box](const QJsonValue &value) {
                 const QSignalBlocker silent(box);
@@ -87,13 +88,13 @@ struct TNamedBit
 constexpr TNamedBit kSides[] = {
     {"foLeft", foLeft}, {"foTop", foTop}, {"foRight", foRight}, {"foBottom", foBottom}};
 constexpr TNamedBit kTextFlags[] = {
-    {"Centred", TLayoutProp::kTextCenter},
-    {"At the right", TLayoutProp::kTextRight},
-    {"Half-way down", TLayoutProp::kTextVCenter},
-    {"At the bottom", TLayoutProp::kTextBottom},
-    {"Words wrapped", TLayoutProp::kTextWordBreak},
-    {"Single line", TLayoutProp::kTextSingleLine},
-    {"Ellipsis at the end", TLayoutProp::kTextEndEllipsis},
+    {QT_TRANSLATE_NOOP("TzuDesign", "Centred"), TLayoutProp::kTextCenter},
+    {QT_TRANSLATE_NOOP("TzuDesign", "At the right"), TLayoutProp::kTextRight},
+    {QT_TRANSLATE_NOOP("TzuDesign", "Half-way down"), TLayoutProp::kTextVCenter},
+    {QT_TRANSLATE_NOOP("TzuDesign", "At the bottom"), TLayoutProp::kTextBottom},
+    {QT_TRANSLATE_NOOP("TzuDesign", "Words wrapped"), TLayoutProp::kTextWordBreak},
+    {QT_TRANSLATE_NOOP("TzuDesign", "Single line"), TLayoutProp::kTextSingleLine},
+    {QT_TRANSLATE_NOOP("TzuDesign", "Ellipsis at the end"), TLayoutProp::kTextEndEllipsis},
 };
 
 /// A set of bits, as a menu of check marks. Other bits are kept.
@@ -114,10 +115,11 @@ TValueEditor BitsEditor(std::span<const TNamedBit> bits, const TChanged &changed
                 names.append(action->text());
             }
         }
-        button->setText(names.isEmpty() ? QObject::tr("(none)") : names.join(u", "));
+        button->setText(names.isEmpty() ? QCoreApplication::translate("TzuDesign", "(none)")
+                                        : names.join(u", "));
     };
     for (const TNamedBit &bit : bits) {
-        QAction *action = menu->addAction(QObject::tr(bit.Name));
+        QAction *action = menu->addAction(QCoreApplication::translate("TzuDesign", bit.Name));
         action->setCheckable(true);
         action->setData(bit.Bit);
         QObject::connect(action, &QAction::toggled, button, [=](bool on) {
@@ -173,7 +175,7 @@ public:
             addItem(Swatch(*this, each.Color), QString::fromLatin1(each.Name), each.Color);
         }
         m_named = count();
-        addItem(tr("Other..."));
+        addItem(QCoreApplication::translate("TzuDesign", "Other..."));
         QObject::connect(this, &QComboBox::activated, this, [this](int index) { Choose(index); });
     }
 
@@ -270,7 +272,8 @@ TValueEditor ColumnsEditor(const TChanged &changed)
     QObject::connect(button, &QPushButton::clicked, button, [=] { changed(*value); });
     return {button, [button, value](const QJsonValue &json) {
                 *value = json.toArray();
-                button->setText(QObject::tr("%1 columns...").arg(value->size()));
+                button->setText(
+                    QCoreApplication::translate("TzuDesign", "%1 columns...").arg(value->size()));
             }};
 }
 

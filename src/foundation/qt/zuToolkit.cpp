@@ -5,6 +5,7 @@
 #include "foundation/zuDoLater.h"
 #include "foundation/zuReport.h"
 #include "foundation/zuSynchronize.h"
+#include "foundation/zuTranslate.h"
 
 #include <QApplication>
 #include <QEvent>
@@ -140,6 +141,12 @@ void WakeMainThread()
     }
 }
 
+/// From any thread. English has its plurals without a catalogue.
+std::string TranslatedByQt(const char *context, const char *text, const char *comment, int n)
+{
+    return Untranslated(FromQt(QCoreApplication::translate(context, text, comment, n)), n);
+}
+
 bool HasScreenForBoxes()
 {
     return qobject_cast<QApplication *>(QCoreApplication::instance()) != nullptr
@@ -186,6 +193,9 @@ void InstallToolkitServices()
     SetSynchronizeTransport(&WakeMainThread);
     if (TReportHook own = SetReportHook(&ReportOnScreen)) {
         SetReportHook(std::move(own));
+    }
+    if (const TTranslator own = SetTranslator(&TranslatedByQt); own != nullptr) {
+        SetTranslator(own);
     }
     if (FormatSettings() == TFormatSettings::Invariant()) {
         SetFormatSettings(FormatSettingsOf(QLocale::system()));

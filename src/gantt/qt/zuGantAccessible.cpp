@@ -16,11 +16,6 @@ namespace korvane {
 
 namespace {
 
-QString Tr(const char *text)
-{
-    return QCoreApplication::translate("TzuGant", text);
-}
-
 /// The interfaces of one chart's rows and items.
 class TGantAccessibles : public TAccessibleArea, private TGantDataKeeper
 {
@@ -124,10 +119,12 @@ private:
         }
         QStringList parts;
         if (!before.isEmpty()) {
-            parts += Tr("After %1").arg(before.join(QStringLiteral(", ")));
+            parts += QCoreApplication::translate("TzuGant", "After %1")
+                         .arg(before.join(QStringLiteral(", ")));
         }
         if (!behind.isEmpty()) {
-            parts += Tr("Before %1").arg(behind.join(QStringLiteral(", ")));
+            parts += QCoreApplication::translate("TzuGant", "Before %1")
+                         .arg(behind.join(QStringLiteral(", ")));
         }
         return parts.join(QStringLiteral("; "));
     }
@@ -218,7 +215,8 @@ class TGantAreaAccessible : public QAccessibleWidget
 {
 public:
     explicit TGantAreaAccessible(TzuGant_ComBasic &gant)
-        : QAccessibleWidget(&gant.GantArea(), QAccessible::Chart, Tr("Gantt chart"))
+        : QAccessibleWidget(&gant.GantArea(), QAccessible::Chart,
+                            QCoreApplication::translate("TzuGant", "Gantt chart"))
         , m_parts(TGantAccessibles::Of(gant))
     {
     }

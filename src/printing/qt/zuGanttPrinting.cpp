@@ -1,6 +1,7 @@
 #include "printing/qt/zuGanttPrinting.h"
 
 #include "foundation/qt/zuConvert.h"
+#include "foundation/zuTranslate.h"
 #include "gantt/qt/zuGantComBasic.h"
 #include "printing/qt/zuGanttPage.h"
 #include "printing/qt/zuPrintParts.h"
@@ -99,11 +100,11 @@ void TzuGanttPrinting::SetUpAxis()
 {
     const auto [from, to] = PrintedTime();
     if (!(to > from)) {
-        throw std::runtime_error("The time to print is empty");
+        throw std::runtime_error(Translate("TzuPrinting", "The time to print is empty"));
     }
     const double scale = m_timeScale > 0 ? m_timeScale : m_gant.DateScaler().GetScale();
     if (!(scale > 0)) {
-        throw std::runtime_error("The time axis has no scale");
+        throw std::runtime_error(Translate("TzuPrinting", "The time axis has no scale"));
     }
     m_axis = MakeWholeAxis(m_gant.DateScaler(), {from, to}, scale, m_gant.GetScalerHeight());
 }

@@ -1,5 +1,7 @@
 #include "printing/qt/zuPdfOutline.h"
 
+#include "foundation/zuTranslate.h"
+
 #include <QIODevice>
 #include <QRegularExpression>
 
@@ -13,7 +15,7 @@ namespace {
 
 [[noreturn]] void CannotRead()
 {
-    throw std::runtime_error("The document cannot be given bookmarks");
+    throw std::runtime_error(Translate("TzuPrinting", "The document cannot be given bookmarks"));
 }
 
 /// The objects of a PDF, by number.

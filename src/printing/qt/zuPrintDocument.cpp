@@ -1,9 +1,11 @@
 #include "printing/qt/zuPrintDocument.h"
 
 #include "foundation/qt/zuConvert.h"
+#include "foundation/zuTranslate.h"
 #include "printing/qt/zuPdfOutline.h"
 #include "printing/qt/zuPrintPaper.h"
 
+#include <QCoreApplication>
 #include <QFile>
 #include <QFileInfo>
 #include <QImage>
@@ -28,7 +30,8 @@ constexpr int kPdfResolution = 1200;
 
 [[noreturn]] void CannotWrite(const QString &file, const QString &why)
 {
-    throw std::runtime_error(FromQt(QStringLiteral("Cannot write %1: %2").arg(file, why)));
+    throw std::runtime_error(
+        FromQt(QCoreApplication::translate("TzuPrinting", "Cannot write %1: %2").arg(file, why)));
 }
 
 QString NumberedFile(const QString &file, int page)
@@ -115,7 +118,7 @@ bool TzuPrintDocument::Print(QPrinter &printer)
     const int first = std::max(printer.fromPage(), 1);
     const int last = printer.toPage() > 0 ? std::min(printer.toPage(), PageCount()) : PageCount();
     if (first > last) {
-        throw std::runtime_error("There are no such pages");
+        throw std::runtime_error(Translate("TzuPrinting", "There are no such pages"));
     }
     const TPrinterFile file(printer);
     const auto setPaper = [&](int page) {
@@ -125,7 +128,7 @@ bool TzuPrintDocument::Print(QPrinter &printer)
     setPaper(first - 1);
     QPainter painter;
     if (!printer.isValid() || !painter.begin(&printer)) {
-        throw std::runtime_error("The printer cannot be used");
+        throw std::runtime_error(Translate("TzuPrinting", "The printer cannot be used"));
     }
     auto abort = qScopeGuard([&] {
         printer.abort();
@@ -138,14 +141,15 @@ bool TzuPrintDocument::Print(QPrinter &printer)
         if (page > first) {
             setPaper(page - 1);
             if (!printer.newPage()) {
-                throw std::runtime_error("The printer takes no further page");
+                throw std::runtime_error(
+                    Translate("TzuPrinting", "The printer takes no further page"));
             }
         }
         PaintPage(painter, printer.paperRect(QPrinter::DevicePixel), page - 1);
     }
     abort.dismiss();
     if (!painter.end()) {
-        throw std::runtime_error("The printer could not finish");
+        throw std::runtime_error(Translate("TzuPrinting", "The printer could not finish"));
     }
     file.Commit();
     return true;
@@ -196,7 +200,8 @@ bool TzuPrintDocument::WritePdf(QIODevice &device)
         layout.setMode(QPageLayout::FullPageMode);
         writer.setPageLayout(layout);
         if (page == 0 ? !painter.begin(&writer) : !writer.newPage()) {
-            throw std::runtime_error("The document takes no further page");
+            throw std::runtime_error(
+                Translate("TzuPrinting", "The document takes no further page"));
         }
         PaintPage(painter, QRectF(layout.fullRectPixels(kPdfResolution)), page);
     }
@@ -269,7 +274,7 @@ void TzuPrintDocument::SavePicture(const QString &file, int page, int dotsPerInc
     const QSize size = (SheetSizeOf(PageLayout(page)) * (dotsPerInch / kPaperDotsPerInch)).toSize();
     QImage image(size, QImage::Format_RGB32);
     if (image.isNull()) {
-        throw std::runtime_error("The picture is too large");
+        throw std::runtime_error(Translate("TzuPrinting", "The picture is too large"));
     }
     image.setDotsPerMeterX(qRound(dotsPerInch / kMetresPerInch));
     image.setDotsPerMeterY(qRound(dotsPerInch / kMetresPerInch));

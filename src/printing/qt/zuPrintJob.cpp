@@ -1,5 +1,7 @@
 #include "printing/qt/zuPrintJob.h"
 
+#include "foundation/zuTranslate.h"
+
 #include <algorithm>
 #include <stdexcept>
 
@@ -15,7 +17,7 @@ TzuPrintJob::~TzuPrintJob()
 void TzuPrintJob::LayOut()
 {
     if (m_parts.empty()) {
-        throw std::runtime_error("There is nothing to print");
+        throw std::runtime_error(Translate("TzuPrinting", "There is nothing to print"));
     }
     int pages = 0;
     for (TPart &part : m_parts) {

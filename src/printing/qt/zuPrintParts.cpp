@@ -1,5 +1,6 @@
 #include "printing/qt/zuPrintParts.h"
 
+#include "foundation/zuTranslate.h"
 #include "scaler/qt/zuScaler.h"
 
 #include <QFontMetricsF>
@@ -48,10 +49,10 @@ std::unique_ptr<TzuDateScaler> MakeWholeAxis(const TzuDateScaler &shown,
     constexpr int kLongestAxis = 50'000'000;
     const auto [from, to] = range;
     if (!(to > from)) {
-        throw std::runtime_error("The time to print is empty");
+        throw std::runtime_error(Translate("TzuPrinting", "The time to print is empty"));
     }
     if (!(scale > 0)) {
-        throw std::runtime_error("The time axis has no scale");
+        throw std::runtime_error(Translate("TzuPrinting", "The time axis has no scale"));
     }
     auto axis = std::make_unique<TzuDateScaler>();
     axis->BeginUpdate();
@@ -63,7 +64,8 @@ std::unique_ptr<TzuDateScaler> MakeWholeAxis(const TzuDateScaler &shown,
     for (int round = 0; round < kRounds; ++round) {
         const double pixels = std::ceil((to - from - hidden) / scale);
         if (pixels > kLongestAxis) {
-            throw std::runtime_error("The time to print is too long at this scale");
+            throw std::runtime_error(
+                Translate("TzuPrinting", "The time to print is too long at this scale"));
         }
         const int length = std::max(static_cast<int>(pixels), 1);
         axis->BeginUpdate();

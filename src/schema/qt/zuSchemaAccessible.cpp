@@ -15,11 +15,6 @@ namespace korvane {
 
 namespace {
 
-QString Tr(const char *text)
-{
-    return QCoreApplication::translate("TzuSchema", text);
-}
-
 /// The interfaces of one schedule's columns and times.
 class TSchemaAccessibles : public TAccessibleArea
 {
@@ -187,7 +182,8 @@ class TSchemaAreaAccessible : public QAccessibleWidget
 {
 public:
     explicit TSchemaAreaAccessible(TzuSchema_ComBasic &schema)
-        : QAccessibleWidget(&schema.SchemaArea(), QAccessible::Chart, Tr("Schedule"))
+        : QAccessibleWidget(&schema.SchemaArea(), QAccessible::Chart,
+                            QCoreApplication::translate("TzuSchema", "Schedule"))
         , m_parts(TSchemaAccessibles::Of(schema))
     {
     }
