@@ -1579,6 +1579,10 @@
         <translation>ddd d MMM yyyy</translation>
     </message>
     <message>
+        <source>ddd d MMM yyyy  HH:mm</source>
+        <translation>ddd d MMM yyyy  HH:mm</translation>
+    </message>
+    <message>
         <source>The event ends before it starts.</source>
         <translation>Händelsen slutar innan den börjar.</translation>
     </message>

@@ -139,8 +139,7 @@ void EventDialog::MakeTimes(QFormLayout &form)
 void EventDialog::ShowAllDay()
 {
     const bool isAllDay = m_allDay->isChecked();
-    const QString format =
-        isAllDay ? tr("ddd d MMM yyyy") : QStringLiteral("ddd d MMM yyyy  HH:mm");
+    const QString format = isAllDay ? tr("ddd d MMM yyyy") : tr("ddd d MMM yyyy  HH:mm");
     m_start->setDisplayFormat(format);
     m_stop->setDisplayFormat(format);
     if (!isAllDay && m_start->dateTime() == m_stop->dateTime() && m_former.IsAllDay) {

@@ -37,10 +37,7 @@ public:
     const PlanRemarks &Remarks() const override { return m_document.GetAgenda().Remarks; }
     QString CountText() const override
     {
-        QString CountText() const override
-        {
-            return EventsText(static_cast<int>(m_document.GetAgenda().EventCount()));
-        }
+        return EventsText(static_cast<int>(m_document.GetAgenda().EventCount()));
     }
     QString ZoneName() const override { return m_document.Pages().ZoneName(); }
     ScheduleDocument *Document() override { return &m_document; }
