@@ -38,7 +38,12 @@ endfunction()
 
 korvane_install_library(korvane_core KorvaneCoreTargets)
 if(KORVANE_WIDGETS)
-    list(TRANSFORM KORVANE_QT_COMPONENTS PREPEND Qt6 OUTPUT_VARIABLE qt_modules)
+    # A shared library finds what only itself needs; who links a static one links that, too.
+    set(consumer_qt_components ${KORVANE_QT_COMPONENTS})
+    if(NOT BUILD_SHARED_LIBS)
+        list(APPEND consumer_qt_components ${KORVANE_QT_PRIVATE_COMPONENTS})
+    endif()
+    list(TRANSFORM consumer_qt_components PREPEND Qt6 OUTPUT_VARIABLE qt_modules)
     korvane_install_library(korvane_widgets KorvaneWidgetsTargets
         REQUIRES "korvane-core = ${PROJECT_VERSION}" ${qt_modules})
 endif()
