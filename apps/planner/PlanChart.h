@@ -51,6 +51,8 @@ public:
     /// Whether the table stands beside the area, rather than the tree. It does not, initially.
     void SetTableShown(bool shown);
     bool IsTableShown() const { return UseGridNotTree(); }
+    /// Shows the table with the columns and the order of rows of another chart's table.
+    void ShowTableOf(PlanChart &other);
     /// Stores what is being typed into the table. False when it is refused and still there.
     bool CommitEdit();
     /// Adds an item per column of the table, by which it is shown or hidden.

@@ -22,7 +22,8 @@ void PlanChart::PaintBackground(const TRect &rect, TCanvas &canvas)
     PaintGrid(rect, canvas);
     ShadeDaysOff(rect, canvas);
     PaintBaselines(rect, canvas);
-    PlaceLabels(rect, canvas);
+    const TRect whole = WholeArea(); // on paper, names do not depend on where pages end
+    PlaceLabels({whole.Left, rect.Top, whole.Right, rect.Bottom}, canvas);
 }
 
 void PlanChart::PaintForeground(const TRect &rect, TCanvas &canvas)
@@ -42,10 +43,10 @@ void PlanChart::PaintForeground(const TRect &rect, TCanvas &canvas)
 /// side where its row is: rows stand in the order of the tasks.
 LinkEnd PlanChart::EndOf(const TzuDataEntity_Spanbar &bar, const TzuDataEntity_Spanbar &other)
 {
-    const TRect area = FromQt(GantArea().rect());
+    const TRect area = WholeArea();
     const TGantRow &row = *bar.GetRow();
     const TPixelSpan extent = row.XStartStopFromDataEntity(bar);
-    const int y = TaskOf(bar) < TaskOf(other) ? -kBeyond : area.Height() + kBeyond;
+    const int y = TaskOf(bar) < TaskOf(other) ? area.Top - kBeyond : area.Bottom + kBeyond;
     TRect rect = row.RectFromDataEntity(bar).value_or(TRect{extent.From, y, extent.To, y + 1});
     rect.Left = std::clamp(rect.Left, area.Left - kBeyond, area.Right + kBeyond);
     rect.Right = std::clamp(rect.Right, area.Left - kBeyond, area.Right + kBeyond);

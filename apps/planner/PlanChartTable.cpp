@@ -53,6 +53,12 @@ void PlanChart::SetTableShown(bool shown)
     SelectTasks(selected);
 }
 
+void PlanChart::ShowTableOf(PlanChart &other)
+{
+    SetTableShown(true);
+    m_table->ShowLike(*other.m_table);
+}
+
 /// As the user left it, or so that the columns have room beside a good part of the chart.
 int PlanChart::WidthOfTable()
 {

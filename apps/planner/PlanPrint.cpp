@@ -3,6 +3,7 @@
 #include "PlanChart.h"
 #include "ResourceChart.h"
 #include "foundation/qt/zuConvert.h"
+#include "grid/qt/zuGrid.h"
 #include "plan/PlannerText.h"
 
 #include <QApplication>
@@ -48,6 +49,9 @@ Plan AsShown(const PlanChart &chart)
 
 int RowCount(PlanView &chart)
 {
+    if (chart.UseGridNotTree()) {
+        return static_cast<int>(chart.Grid().GetTree()->VisibleNodes().size());
+    }
     int rows = 0;
     for (TzuDataEntity_Tree *row = chart.Tree().GetNextVisible(nullptr); row != nullptr;
          row = chart.Tree().GetNextVisible(row)) {
@@ -100,6 +104,10 @@ PlanPrint::PlanPrint(PlanChart &shown, const PlanDocument &document)
 {
     m_tasks->SetBaselinesShown(shown.AreBaselinesShown());
     m_tasks->SetDeadlinesShown(shown.AreDeadlinesShown());
+    if (shown.IsTableShown()) {
+        m_tasks->ShowTableOf(shown);
+        QApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+    }
     m_tasks->SelectTasks(shown.SelectedTasks());
 }
 
@@ -123,16 +131,44 @@ void PlanPrint::WaitUntilLaidOut()
 
 PrintFeatures PlanPrint::Features() const
 {
-    PrintFeatures features{.Days = true,
+    const auto day = [](TDateTime date) { return ToQDateTime(date).date(); };
+    PrintFeatures features{.Days = std::pair(day(m_chart->Start()), day(m_chart->Stop())),
                            .Rows = RowCount(*m_chart),
-                           .Selection = true,
-                           .AxisAtBottom = true,
+                           .RowsText = QObject::tr("&Rows from, to:"),
+                           .SelectionText = QObject::tr("&Selected rows only"),
+                           .AxisText = QObject::tr("Time axis also at the &bottom"),
                            .Headings = m_tasks != nullptr,
                            .Columns = {}};
+    if (m_chart->UseGridNotTree()) {
+        for (const int column : ShownGridColumns()) {
+            features.Columns.append(GridColumnTitle(column));
+        }
+        return features;
+    }
     for (const TPrintColumn &column : m_columns) {
         features.Columns.append(column.Title);
     }
     return features;
+}
+
+/// By their real indexes.
+std::vector<int> PlanPrint::ShownGridColumns() const
+{
+    const TAxisContentList &list = m_chart->Grid().RootCell().Columns();
+    std::vector<int> columns;
+    for (int index = list.FixedCount(); index < list.Count(); ++index) {
+        if (list.SizeAt(index) > 0) {
+            columns.push_back(index);
+        }
+    }
+    return columns;
+}
+
+QString PlanPrint::GridColumnTitle(int column) const
+{
+    const TAxisContentItem *item = m_chart->Grid().RootCell().Columns().FindLoaded(column);
+    const auto *shown = dynamic_cast<const TzuGrid_Column *>(item->Value());
+    return shown != nullptr ? ToQt(shown->HeaderText()) : QString();
 }
 
 void PlanPrint::SetRange(TDateTime from, TDateTime to)
@@ -156,12 +192,19 @@ void PlanPrint::Apply(const PrintOptions &options)
         m_printing->SetRows(options.Rows->first - 1, options.Rows->second - 1);
     }
     m_printing->SetSelectionOnly(options.SelectionOnly);
-    m_printing->SetAxisAtBottom(options.AxisAtBottom);
+    m_printing->SetAxisAtBothEdges(options.AxisAtBothEdges);
     m_printing->SetRepeatHeadings(options.RepeatHeadings);
     m_printing->Columns() = m_columns;
     std::erase_if(m_printing->Columns(), [&](const TPrintColumn &column) {
         return options.HiddenColumns.contains(column.Title);
     });
+    if (m_chart->UseGridNotTree()) {
+        std::vector<int> columns = ShownGridColumns();
+        std::erase_if(columns, [&](int column) {
+            return options.HiddenColumns.contains(GridColumnTitle(column));
+        });
+        m_printing->SetGridColumns(std::move(columns));
+    }
 }
 
 } // namespace korvane::planner

@@ -38,6 +38,8 @@ public:
 
 private:
     void WaitUntilLaidOut();
+    std::vector<int> ShownGridColumns() const;
+    QString GridColumnTitle(int column) const;
 
     QString m_fileName;
     PlanDocument m_document;

@@ -166,6 +166,25 @@ void PlanTable::StoreColumns()
     settings.setValue(QStringLiteral("order"), order);
 }
 
+void PlanTable::ShowLike(const PlanTable &other)
+{
+    const auto indexOf = [&other](const TzuGrid_Column *column) {
+        return std::ranges::find(other.m_columns, column) - other.m_columns.begin();
+    };
+    for (int place = 0; place < other.m_grid.Columns().Count(); ++place) {
+        const TzuGrid_Column &theirs = other.m_grid.Columns().At(place);
+        TzuGrid_Column &ours = *m_columns.at(static_cast<std::size_t>(indexOf(&theirs)));
+        ours.SetWidth(theirs.Width());
+        ours.SetHidden(theirs.Hidden());
+        m_grid.Columns().Move(m_grid.Columns().IndexOf(&ours), place);
+    }
+    std::vector<TGridSortKey> keys = other.m_grid.SortKeys();
+    for (TGridSortKey &key : keys) {
+        key.Column = m_columns.at(static_cast<std::size_t>(indexOf(key.Column)));
+    }
+    m_grid.SetSortKeys(std::move(keys));
+}
+
 void PlanTable::FillColumnMenu(QMenu &menu)
 {
     for (int i = 0; i < m_grid.Columns().Count(); ++i) {

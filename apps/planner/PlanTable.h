@@ -46,6 +46,8 @@ public:
 
     /// Lets the user edit; observed. Without edits the table only shows, and as it is by default.
     void SetEdits(PlanEdits *edits);
+    /// Shows the columns of another table in its order and widths, and the rows sorted as there.
+    void ShowLike(const PlanTable &other);
     void ApplyLooks(const ChartLooks &looks, const TFont &font, int rowHeight);
 
     /// Something that is shown has changed.

@@ -49,8 +49,8 @@ PrintForm::PrintForm(const PrintOptions &options, const PrintFeatures &features,
     : QTabWidget(parent)
 {
     addTab(PaperPage(options), tr("Paper"));
-    const bool choices = features.Days || features.Rows > 0 || features.Selection
-                         || features.AxisAtBottom || !features.Columns.isEmpty();
+    const bool choices = features.Days || features.Rows > 0 || !features.SelectionText.isEmpty()
+                         || !features.AxisText.isEmpty() || !features.Columns.isEmpty();
     if (choices) {
         addTab(ContentPage(options, features), tr("Content"));
     }
@@ -198,16 +198,16 @@ QWidget *PrintForm::ContentPage(const PrintOptions &options, const PrintFeatures
     auto *page = new QWidget;
     auto *form = new QFormLayout(page);
     if (features.Days) {
-        AddDays(*form);
+        AddDays(*form, options, features);
     }
     if (features.Rows > 0) {
-        AddRows(*form, features.Rows);
+        AddRows(*form, options, features);
     }
-    if (features.Selection) {
-        m_selection = AddCheck(*form, tr("&Selected rows only"), options.SelectionOnly);
+    if (!features.SelectionText.isEmpty()) {
+        m_selection = AddCheck(*form, features.SelectionText, options.SelectionOnly);
     }
-    if (features.AxisAtBottom) {
-        m_axisAtBottom = AddCheck(*form, tr("Time axis also at the &bottom"), options.AxisAtBottom);
+    if (!features.AxisText.isEmpty()) {
+        m_axisAtBothEdges = AddCheck(*form, features.AxisText, options.AxisAtBothEdges);
     }
     if (features.Headings) {
         m_headings =
@@ -227,15 +227,19 @@ QWidget *PrintForm::ContentPage(const PrintOptions &options, const PrintFeatures
     return page;
 }
 
-void PrintForm::AddDays(QFormLayout &form)
+void PrintForm::AddDays(QFormLayout &form, const PrintOptions &options,
+                        const PrintFeatures &features)
 {
-    m_someDays = AddCheck(form, tr("&Days from, to:"), false);
+    m_someDays = AddCheck(form, tr("&Days from, to:"), options.Days.has_value());
     auto *row = new QHBoxLayout;
-    m_from = new QDateEdit(QDate::currentDate());
-    m_to = new QDateEdit(QDate::currentDate().addMonths(1));
+    const auto [from, to] = options.Days.value_or(*features.Days);
+    m_from = new QDateEdit(from);
+    m_to = new QDateEdit(to);
+    m_from->setAccessibleName(tr("First day"));
+    m_to->setAccessibleName(tr("Last day"));
     for (QDateEdit *field : {m_from, m_to}) {
         field->setCalendarPopup(true);
-        field->setEnabled(false);
+        field->setEnabled(options.Days.has_value());
         field->setKeyboardTracking(false);
         row->addWidget(field);
         connect(m_someDays, &QCheckBox::toggled, field, &QWidget::setEnabled);
@@ -244,14 +248,18 @@ void PrintForm::AddDays(QFormLayout &form)
     form.addRow(row);
 }
 
-void PrintForm::AddRows(QFormLayout &form, int rows)
+void PrintForm::AddRows(QFormLayout &form, const PrintOptions &options,
+                        const PrintFeatures &features)
 {
-    m_someRows = AddCheck(form, tr("&Rows from, to:"), false);
+    m_someRows = AddCheck(form, features.RowsText, options.Rows.has_value());
     auto *row = new QWidget;
     (new QHBoxLayout(row))->setContentsMargins(0, 0, 0, 0);
-    m_firstRow = AddCount(*row, 1, 1, rows);
-    m_lastRow = AddCount(*row, rows, 1, rows);
-    row->setEnabled(false);
+    const auto [first, last] = options.Rows.value_or(std::pair(1, features.Rows));
+    m_firstRow = AddCount(*row, first, 1, features.Rows);
+    m_lastRow = AddCount(*row, last, 1, features.Rows);
+    m_firstRow->setAccessibleName(tr("The first one"));
+    m_lastRow->setAccessibleName(tr("The last one"));
+    row->setEnabled(options.Rows.has_value());
     connect(m_someRows, &QCheckBox::toggled, row, &QWidget::setEnabled);
     form.addRow(row);
 }
@@ -305,7 +313,7 @@ PrintOptions PrintForm::Options() const
         options.Rows = std::minmax(m_firstRow->value(), m_lastRow->value());
     }
     options.SelectionOnly = checked(m_selection, false);
-    options.AxisAtBottom = checked(m_axisAtBottom, false);
+    options.AxisAtBothEdges = checked(m_axisAtBothEdges, false);
     options.RepeatHeadings = checked(m_headings, true);
     for (int i = 0; m_columns != nullptr && i < m_columns->count(); ++i) {
         if (m_columns->item(i)->checkState() == Qt::Unchecked) {

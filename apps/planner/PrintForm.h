@@ -40,8 +40,8 @@ private:
     QWidget *TextPage(const PrintOptions &options);
     void AddMargins(QFormLayout &form, const PrintOptions &options);
     void AddScaling(QFormLayout &form, const PrintOptions &options);
-    void AddDays(QFormLayout &form);
-    void AddRows(QFormLayout &form, int rows);
+    void AddDays(QFormLayout &form, const PrintOptions &options, const PrintFeatures &features);
+    void AddRows(QFormLayout &form, const PrintOptions &options, const PrintFeatures &features);
     QCheckBox *AddCheck(QFormLayout &form, const QString &text, bool checked);
     QSpinBox *AddCount(QWidget &row, int value, int least, int most);
     void ShowPaperFields();
@@ -65,7 +65,7 @@ private:
     QSpinBox *m_firstRow = nullptr;
     QSpinBox *m_lastRow = nullptr;
     QCheckBox *m_selection = nullptr;
-    QCheckBox *m_axisAtBottom = nullptr;
+    QCheckBox *m_axisAtBothEdges = nullptr;
     QCheckBox *m_headings = nullptr;
     QListWidget *m_columns = nullptr;
     std::array<QLineEdit *, 6> m_texts{}; ///< header, then footer: left, centre, right

@@ -51,7 +51,7 @@ std::array<FlagKey, 6> FlagsOf(PrintOptions &options)
              {"enlarge", options.Scaling.Enlarge},
              {"cropMarks", options.CropMarks},
              {"glueMarks", options.GlueMarks},
-             {"axisAtBottom", options.AxisAtBottom},
+             {"axisAtBothEdges", options.AxisAtBothEdges},
              {"repeatHeadings", options.RepeatHeadings}}};
 }
 
@@ -85,6 +85,14 @@ PrintOptions LoadPrintOptions(const QString &fileName, const PrintOptions &stand
     scaling.PagesAcross = std::clamp(value("across", scaling.PagesAcross).toInt(), 0, kMostPages);
     scaling.PagesDown = std::clamp(value("down", scaling.PagesDown).toInt(), 0, kMostPages);
     options.HiddenColumns = value("hiddenColumns", {}).toStringList();
+    const QVariantList days = value("days", {}).toList();
+    if (days.size() == 2 && days[0].toDate().isValid() && days[1].toDate().isValid()) {
+        options.Days = std::minmax(days[0].toDate(), days[1].toDate());
+    }
+    const QVariantList rows = value("rows", {}).toList();
+    if (rows.size() == 2 && rows[0].toInt() > 0 && rows[1].toInt() > 0) {
+        options.Rows = std::minmax(rows[0].toInt(), rows[1].toInt());
+    }
     return options;
 }
 
@@ -110,6 +118,8 @@ void SavePrintOptions(const QString &fileName, const PrintOptions &options)
     set("across", kept.Scaling.PagesAcross);
     set("down", kept.Scaling.PagesDown);
     set("hiddenColumns", kept.HiddenColumns);
+    set("days", kept.Days ? QVariantList{kept.Days->first, kept.Days->second} : QVariantList());
+    set("rows", kept.Rows ? QVariantList{kept.Rows->first, kept.Rows->second} : QVariantList());
 }
 
 void ApplyPrintOptions(const PrintOptions &options, TzuPrinting &printing)

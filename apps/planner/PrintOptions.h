@@ -33,7 +33,7 @@ struct PrintOptions
     /// The first and the last row, from 1; all of them without.
     std::optional<std::pair<int, int>> Rows;
     bool SelectionOnly = false;
-    bool AxisAtBottom = false;
+    bool AxisAtBothEdges = false;
     bool RepeatHeadings = true;
     /// Label columns left out, by title.
     QStringList HiddenColumns;
@@ -42,17 +42,19 @@ struct PrintOptions
 /// Which of the options mean something for a document.
 struct PrintFeatures
 {
-    bool Days = false;
-    int Rows = 0; ///< how many there are to choose from; 0 for no choice
-    bool Selection = false;
-    bool AxisAtBottom = false;
+    /// The first and the last day to choose from.
+    std::optional<std::pair<QDate, QDate>> Days;
+    int Rows = 0;          ///< how many there are to choose from; 0 for no choice
+    QString RowsText;      ///< of the choice of rows
+    QString SelectionText; ///< of the choice of what is selected
+    QString AxisText;      ///< of the choice of a second axis
     bool Headings = false;
     QStringList Columns; ///< titles of label columns to choose from
 };
 
 /// The settings of a file, by its name; what is missing or makes no sense is as in `standard`.
 PrintOptions LoadPrintOptions(const QString &fileName, const PrintOptions &standard);
-/// Rows and days are not kept: they mean something else next time.
+/// What is selected is not kept: it is something else next time.
 void SavePrintOptions(const QString &fileName, const PrintOptions &options);
 
 /// Paper, texts, marks and scale.

@@ -219,7 +219,7 @@ void ResourceChart::PaintBar(const TzuDataEntity_Spanbar &bar, TCanvas &canvas, 
         return;
     }
     TzuTimeDraw::DrawTime(bar.GetColor(), rect, canvas);
-    const TRect area = FromQt(GantArea().rect());
+    const TRect area = WholeArea();
     TRect shown = rect;
     shown.Left = std::max(rect.Left, area.Left) + kPadding;
     shown.Right = std::min(rect.Right, area.Right) - kPadding;

@@ -12,7 +12,8 @@ constexpr QSize kViewSize(1300, 900);
 
 } // namespace
 
-SchedulePrint::SchedulePrint(SchedulePage page, const QString &name, const QString &fileName)
+SchedulePrint::SchedulePrint(SchedulePage page, const QString &name, const QString &fileName,
+                             const std::vector<int> &selected)
     : m_fileName(fileName)
     , m_printing(m_view)
 {
@@ -23,10 +24,32 @@ SchedulePrint::SchedulePrint(SchedulePage page, const QString &name, const QStri
     m_view.show();
     const QString title = page.Title;
     m_view.Show(std::move(page));
+    m_view.SelectBlocks(selected);
     QApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
     m_printing.SetTitle(title.isEmpty() || title == name ? name
                                                          : name + QStringLiteral(" – ") + title);
     m_printing.SetFileName(QFileInfo(fileName).fileName());
+}
+
+PrintFeatures SchedulePrint::Features() const
+{
+    PrintFeatures features;
+    features.Rows = m_view.Columns().Count();
+    features.RowsText = QObject::tr("&Columns from, to:");
+    features.SelectionText = QObject::tr("Columns with &selected events only");
+    features.AxisText = QObject::tr("Time axis also at the &right");
+    return features;
+}
+
+void SchedulePrint::Apply(const PrintOptions &options)
+{
+    ApplyPrintOptions(options, m_printing);
+    m_printing.SetAllColumns();
+    if (options.Rows) {
+        m_printing.SetColumns(options.Rows->first - 1, options.Rows->second - 1);
+    }
+    m_printing.SetSelectionOnly(options.SelectionOnly);
+    m_printing.SetAxisAtBothEdges(options.AxisAtBothEdges);
 }
 
 PrintOptions SchedulePrint::StandardOptions() const

@@ -11,15 +11,16 @@ namespace korvane::planner {
 class SchedulePrint : public PrintJob
 {
 public:
-    /// `name` is that of the calendar or conference.
-    SchedulePrint(SchedulePage page, const QString &name, const QString &fileName);
+    /// `name` is that of the calendar or conference, `selected` the indexes of selected blocks.
+    SchedulePrint(SchedulePage page, const QString &name, const QString &fileName,
+                  const std::vector<int> &selected = {});
 
     TzuSchemaPrinting &Printing() override { return m_printing; }
     QString FileName() const override { return m_fileName; }
-    PrintFeatures Features() const override { return {}; }
+    PrintFeatures Features() const override;
     /// As high as a page, as wide as its columns need.
     PrintOptions StandardOptions() const override;
-    void Apply(const PrintOptions &options) override { ApplyPrintOptions(options, m_printing); }
+    void Apply(const PrintOptions &options) override;
 
 private:
     QString m_fileName;

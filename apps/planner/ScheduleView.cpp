@@ -274,6 +274,24 @@ void ScheduleView::Update(SchedulePage page)
     EndUpdate();
 }
 
+std::vector<int> ScheduleView::SelectedBlocks()
+{
+    std::vector<int> blocks;
+    for (const TzuDataEntity_SchemaTime *time : SelectedTimes()) {
+        blocks.push_back(static_cast<int>(&BlockOf(*time) - m_page.Blocks.data()));
+    }
+    std::ranges::sort(blocks);
+    return blocks;
+}
+
+void ScheduleView::SelectBlocks(const std::vector<int> &blocks)
+{
+    ForEachTime([&](TzuDataEntity_SchemaTime &time) {
+        const auto index = static_cast<int>(&BlockOf(time) - m_page.Blocks.data());
+        time.SetSelected(std::ranges::find(blocks, index) != blocks.end());
+    });
+}
+
 /// Columns and times of the page, in place of those before.
 void ScheduleView::Fill(SchedulePage page)
 {

@@ -22,6 +22,10 @@ public:
     /// The same page after a change: what is shown of it stays, and so does the selection.
     void Update(SchedulePage page);
     const SchedulePage &Page() const { return m_page; }
+    /// By their indexes in the page, ascending.
+    std::vector<int> SelectedBlocks();
+    /// Selects these alone.
+    void SelectBlocks(const std::vector<int> &blocks);
     /// Whether the user may move and stretch what has an occurrence. What comes of it is up to
     /// whoever shows the page: until the next Show or Update the blocks stand where they were put.
     void SetEditable(bool on) { m_isEditable = on; }

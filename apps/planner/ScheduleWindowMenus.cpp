@@ -88,7 +88,8 @@ void ScheduleWindow::MakeMenus()
     m_saveAs->setEnabled(false);
     file.addSeparator();
     const auto makeJob = [this]() -> std::unique_ptr<PrintJob> {
-        return std::make_unique<SchedulePrint>(m_view->Page(), m_pages->Name(), m_fileName);
+        return std::make_unique<SchedulePrint>(m_view->Page(), m_pages->Name(), m_fileName,
+                                               m_view->SelectedBlocks());
     };
     m_print = (new PrintActions(makeJob, *this))->Actions();
     file.addActions(m_print);

@@ -76,6 +76,13 @@ TPrintRows::TPrintRows(const std::vector<int> &sizes)
     SetSizes(sizes);
 }
 
+TPrintRows::TPrintRows(const std::vector<int> &sizes, std::vector<int> parents, int maxHeadings)
+    : m_parents(std::move(parents))
+    , m_maxHeadings(maxHeadings)
+{
+    SetSizes(sizes);
+}
+
 TPrintRows::TPrintRows(std::vector<int> parents, int rowHeight, int maxHeadings)
     : m_parents(std::move(parents))
     , m_maxHeadings(maxHeadings)

@@ -50,7 +50,9 @@ public:
     /// Without headings. Sizes are positive.
     explicit TPrintRows(const std::vector<int> &sizes);
     /// `parents` has an entry for each row: the index of its heading, which stands before it, or
-    /// -1. `rowHeight` is positive. Not more than `maxHeadings` innermost headings are repeated.
+    /// -1. Not more than `maxHeadings` innermost headings are repeated.
+    TPrintRows(const std::vector<int> &sizes, std::vector<int> parents, int maxHeadings);
+    /// Rows of one height.
     TPrintRows(std::vector<int> parents, int rowHeight, int maxHeadings);
 
     double Length() const override { return static_cast<double>(m_tops.back()); }

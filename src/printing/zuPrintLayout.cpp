@@ -36,6 +36,8 @@ double FittingScale(const TPrintContent &content, const TPrintRoom &room,
 
 TPrintLayout::TPrintLayout(const TPrintContent &content, const TPrintRoom &room,
                            const TPrintScaling &scaling)
+    : m_labelWidth(content.LabelWidth)
+    , m_headHeight(content.HeadHeight)
 {
     if (!(content.Across.Length() > 0) || !(content.Down.Length() > 0)) {
         throw std::runtime_error(Translate("TzuPrinting", "There is nothing to print"));

@@ -24,14 +24,14 @@ struct TPrintScaling
     bool Enlarge = false; ///< whether fitting may also make things larger than on screen
 };
 
-/// Content that needs several pages in both directions. Every page repeats the labels at its left
-/// and the head at its top.
+/// Content that needs several pages in both directions. Every page repeats what stands at its sides
+/// (labels at the left), and at its top and bottom (the head at the top).
 struct TPrintContent
 {
     const IPrintAxis &Across;
     const IPrintAxis &Down;
-    double LabelWidth = 0;
-    double HeadHeight = 0; ///< of what is repeated, at top and bottom together
+    double LabelWidth = 0; ///< both sides together
+    double HeadHeight = 0; ///< top and bottom together
 };
 
 /// The part of a page within margins, header and footer, in pixels at 96 per inch.
@@ -61,6 +61,9 @@ public:
 
     /// Paper pixels (96 per inch) per pixel of content.
     double Scale() const { return m_scale; }
+    /// What every page repeats, in pixels of content.
+    double LabelWidth() const { return m_labelWidth; }
+    double HeadHeight() const { return m_headHeight; }
     int Columns() const { return static_cast<int>(m_across.size()); }
     int Rows() const { return static_cast<int>(m_down.size()); }
     int PageCount() const { return Columns() * Rows(); }
@@ -72,6 +75,8 @@ public:
 
 private:
     double m_scale = 1;
+    double m_labelWidth = 0;
+    double m_headHeight = 0;
     std::vector<TPageSpan> m_across;
     std::vector<TPageSpan> m_down;
 };

@@ -4,6 +4,7 @@
 #include "foundation/qt/zuAccessible.h"
 #include "foundation/qt/zuConvert.h"
 #include "foundation/zuMirrorCanvas.h"
+#include "foundation/zuScaledCanvas.h"
 
 #include <QApplication>
 #include <QClipboard>
@@ -109,9 +110,7 @@ void TBabGridView_Custom::QueueUpdate()
 
 TSize TBabGridView_Custom::GridSize() const
 {
-    const bool printing = GetIsPrinting();
-    return {std::max(0, Width() - (printing ? 0 : ReservedRight())),
-            std::max(0, Height() - (printing ? 0 : ReservedBottom()))};
+    return {std::max(0, width() - ReservedRight()), std::max(0, height() - ReservedBottom())};
 }
 
 bool TBabGridView_Custom::GridHasFocus() const
@@ -135,17 +134,28 @@ void TBabGridView_Custom::SetGridCursor(TGridCursor cursor)
 
 void TBabGridView_Custom::OffscreenPaint()
 {
-    if (isRightToLeft()) {
-        TMirrorCanvas mirrored(GetOffscreenCanvas(), GridSize().Width);
-        TBabGridSelectCore::Paint(mirrored);
-    } else {
-        TBabGridSelectCore::Paint(GetOffscreenCanvas());
+    if (!GetIsPrinting()) {
+        PaintOn(GetOffscreenCanvas());
+        PlaceEditor();
+    } else if (Width() > 0 && Height() > 0) {
+        EnsureLayout(); // measures with the canvas
+        TScaledCanvas enlarged(GetOffscreenCanvas(), {GetScalex(), GetScaley()},
+                               [this] { PrintResizeFont(); });
+        enlarged.SetFont(Font());
+        PaintOn(enlarged);
     }
     if (IsLayoutOutOfDate()) {
         Invalidate(); // a handler changed the grid meanwhile
     }
-    if (!GetIsPrinting()) {
-        PlaceEditor();
+}
+
+void TBabGridView_Custom::PaintOn(TCanvas &canvas)
+{
+    if (isRightToLeft()) {
+        TMirrorCanvas mirrored(canvas, GridSize().Width);
+        TBabGridSelectCore::Paint(mirrored);
+    } else {
+        TBabGridSelectCore::Paint(canvas);
     }
 }
 

@@ -106,6 +106,7 @@ private:
     bool GridHasFocus() const override;
     void SetGridCursor(TGridCursor cursor) override;
 
+    void PaintOn(TCanvas &canvas);
     void UpdateScrollBars();
     void PlaceScrollBars(bool vertical, bool horizontal);
     void TellCounts();

@@ -4,6 +4,7 @@
 
 #include <QFontMetrics>
 #include <QPainter>
+#include <QPainterPath>
 #include <QTextLayout>
 
 #include <algorithm>
@@ -54,8 +55,15 @@ void TCanvasFont::Draw(QPainter &painter, TPoint topLeft, std::string_view text,
     if (medium == TMedium::Raster && std::exchange(known.Drawn, true)) {
         LayOut(known);
         painter.drawStaticText(QPointF(topLeft.X, topLeft.Y + known.LayoutOffset), *known.Layout);
+        return;
+    }
+    const QPoint base(topLeft.X, topLeft.Y + m_ascent);
+    if (medium == TMedium::Shapes) {
+        QPainterPath shapes;
+        shapes.addText(base, m_font, known.Text);
+        painter.fillPath(shapes, painter.pen().brush());
     } else {
-        painter.drawText(QPoint(topLeft.X, topLeft.Y + m_ascent), known.Text);
+        painter.drawText(base, known.Text);
     }
 }
 

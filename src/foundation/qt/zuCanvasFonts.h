@@ -30,7 +30,11 @@ public:
 
     /// Extent in logical pixels.
     TSize Extent(std::string_view text) { return Find(text).Extent; }
-    enum class TMedium { Raster, Vector };
+    enum class TMedium {
+        Raster,
+        Vector,
+        Shapes ///< a vector medium that is not to know that it is text
+    };
     /// Draws with the painter's pen and font, which must be this font. A text that is drawn again
     /// and again is laid out once, at least for raster media.
     void Draw(QPainter &painter, TPoint topLeft, std::string_view text, TMedium medium);

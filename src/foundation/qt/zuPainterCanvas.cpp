@@ -125,6 +125,7 @@ void TPainterCanvas::Begin(QPainter &painter, const TRect &bounds, const QPalett
     m_scale = m_vector ? 1 : DeviceScale(painter);
     m_hairline = 0;
     m_baseClip.reset();
+    m_textPage.reset();
     m_clips = {bounds};
     if (painter.hasClipping()) {
         m_baseClip = painter.clipRegion();
@@ -295,8 +296,12 @@ void TPainterCanvas::TextOut(TPoint at, std::string_view text)
         return;
     }
     UseText();
+    using TMedium = TCanvasFont::TMedium;
+    const bool elsewhere = m_textPage && !m_textPage->Contains(at);
     m_canvasFont->Draw(*m_painter, at, text,
-                       m_vector ? TCanvasFont::TMedium::Vector : TCanvasFont::TMedium::Raster);
+                       !m_vector   ? TMedium::Raster
+                       : elsewhere ? TMedium::Shapes
+                                   : TMedium::Vector);
 }
 
 void TPainterCanvas::TextRect(const TRect &clip, TPoint at, std::string_view text)

@@ -44,6 +44,10 @@ public:
     /// Draws lines and frames of one pixel as fine as paper holds them (a quarter of a point), or
     /// as the device can, until the next Begin.
     void UseHairlines();
+    /// Texts that begin (upper left corner) outside of this part of the drawing are drawn as shapes
+    /// on vector devices, until the next Begin. So a document of several pages that show a piece of
+    /// a text each has the text itself once, where it begins.
+    void SetTextPage(const TRect &page) { m_textPage = page; }
     /// Thickness in logical pixels at which a line so wide is drawn.
     double LineWidth(int width) const { return WholeWidth(width); }
 
@@ -118,6 +122,7 @@ private:
     double m_scale = 1;    ///< device pixels per logical pixel
     double m_hairline = 0; ///< in logical pixels; 0: lines are as wide as they say
     std::optional<QRegion> m_baseClip;
+    std::optional<TRect> m_textPage;
     std::vector<TRect> m_clips{TRect()};
 
     TPen m_pen;

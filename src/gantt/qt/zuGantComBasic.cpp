@@ -474,6 +474,11 @@ void TzuGant_ComBasic::SetPrintView(IGantPrintView *view)
     InvalidateArea();
 }
 
+TRect TzuGant_ComBasic::WholeArea() const
+{
+    return m_printView != nullptr ? m_printView->WholeArea() : m_area->ClientArea();
+}
+
 TzuOffscreenPaint &TzuGant_ComBasic::PaintedArea() const
 {
     return m_printView != nullptr ? m_printView->Area() : *m_area;

@@ -147,6 +147,9 @@ public:
     /// Draws for a print from now on: on the view's area, along its axis, with its rows. Null goes
     /// back to what is on screen, which has stayed as it was. The view is observed.
     void SetPrintView(IGantPrintView *view);
+    /// The area; while a page is printed, all that the pages show side by side. What handlers of
+    /// drawing events place within it stands in the same place on each page that shows it.
+    TRect WholeArea() const;
 
     /// The pointer over the area where it is over nothing that can be dragged.
     QCursor CursorGantArea() const { return m_areaCursor; }

@@ -24,6 +24,8 @@ public:
     virtual TzuOffscreenPaint &Area() = 0;
     /// Appends the rows to draw, top to bottom, with their places in area pixels.
     virtual void CollectRows(std::vector<TVisibleNode> &rows) = 0;
+    /// Where all that is printed lies, of which the area shows a part; in area pixels.
+    virtual TRect WholeArea() = 0;
     /// A link has been drawn along these lines, in painted pixels.
     virtual void LinkDrawn(const TzuDataEntity_Link & /*link*/, std::span<const TPoint> /*line*/) {}
 };

@@ -1,5 +1,6 @@
 #include "printing/qt/zuGanttPage.h"
 
+#include "foundation/qt/zuConvert.h"
 #include "gantt/qt/zuGantComBasic.h"
 #include "printing/qt/zuPrintParts.h"
 
@@ -34,15 +35,23 @@ TGanttPage::TGanttPage(TzuGanttPrinting &printing, const TPrintPage &page)
     m_area.resize(width, height);
     m_axis.OnPrintResizeFont = printing.m_gant.GantArea().OnPrintResizeFont;
     m_area.OnPrintResizeFont = printing.m_gant.GantArea().OnPrintResizeFont;
-    m_area.OnPaint = [this](TzuOffscreenPaint *) { m_printing.m_gant.GantAreaPaint(); };
+    m_area.OnPaint = [this](TzuOffscreenPaint *area) {
+        const QRectF own = OwnTexts(
+            {0, m_page.Down.Repeated, double(m_area.width()), double(m_area.height())}, m_page);
+        const int fine = m_printing.m_fineness;
+        area->GetOffscreenCanvas().SetTextPage(
+            FromQt(QRectF(own.topLeft() * fine, own.size() * fine).toAlignedRect()));
+        m_printing.m_gant.GantAreaPaint();
+    };
     m_area.OnAfterPrint = printing.m_gant.GantArea().OnAfterPrint;
     PlaceRows();
 }
 
 TVisibleNode TGanttPage::Placed(int row, int y) const
 {
-    return {m_printing.m_outline.Rows[static_cast<std::size_t>(row)],
-            {0, y, m_area.width(), y + m_printing.m_down->SizeOf(row)}};
+    TVisibleNode node = m_printing.m_rows[static_cast<std::size_t>(row)];
+    node.Rect = {0, y, m_area.width(), y + m_printing.m_down->SizeOf(row)};
+    return node;
 }
 
 void TGanttPage::PlaceRows()
@@ -70,9 +79,9 @@ void TGanttPage::CollectRows(std::vector<TVisibleNode> &rows)
     const int first = all.RowAt(m_page.Down.From);
     const int after = all.RowFrom(m_page.Down.To);
     std::set<int> elsewhere;
-    for (const auto &link : m_printing.m_links[static_cast<std::size_t>(m_page.Row)]) {
+    m_printing.ForEachLink(m_page.Row, [&](const auto &link) {
         elsewhere.insert({link.First, link.Second});
-    }
+    });
     if (m_page.Down.Repeated > 0) {
         for (const int heading : all.HeadingsAt(first)) {
             elsewhere.erase(heading);
@@ -89,6 +98,14 @@ void TGanttPage::CollectRows(std::vector<TVisibleNode> &rows)
     }
     rows.insert(rows.end(), m_rows.begin(), m_rows.end());
     rows.insert(rows.end(), below.begin(), below.end());
+}
+
+TRect TGanttPage::WholeArea()
+{
+    const int left = -static_cast<int>(m_page.Across.From);
+    const int top = static_cast<int>(m_page.Down.Repeated - m_page.Down.From);
+    return {left, top, left + m_printing.m_axis->width(),
+            top + static_cast<int>(m_printing.m_down->Length())};
 }
 
 void TGanttPage::LinkDrawn(const TzuDataEntity_Link & /*link*/, std::span<const TPoint> line)
@@ -151,7 +168,7 @@ void TGanttPage::Paint(QPainter &painter, QPoint at)
     const TColor pyjamas = gant.GantPyjamasColor();
     const TColor back = gant.GantBackColor();
     const TLinkShow links = gant.LinkShow();
-    const bool paper = !m_printing.m_printBackground && !gant.OnUserDrawBackground;
+    const bool paper = !m_printing.PrintsBackground() && !gant.OnUserDrawBackground;
     const auto restore = qScopeGuard([&] {
         gant.SetPrintView(nullptr);
         gant.SetGantPyjamasColor(pyjamas);
@@ -183,7 +200,7 @@ void TGanttPage::Paint(QPainter &painter, QPoint at)
     };
     print(m_axis, 0);
     print(m_area, axisHeight);
-    if (m_printing.m_axisAtBottom) {
+    if (m_printing.IsAxisAtBothEdges()) {
         print(m_axis, axisHeight + m_area.height());
     }
 }

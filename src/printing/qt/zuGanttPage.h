@@ -33,6 +33,7 @@ public:
     TzuOffscreenPaint &Area() override { return m_area; }
     /// The page's rows and those at the ends of links that run through it.
     void CollectRows(std::vector<TVisibleNode> &rows) override;
+    TRect WholeArea() override;
     void LinkDrawn(const TzuDataEntity_Link &link, std::span<const TPoint> line) override;
 
     /// Headings and rows, with their places in the area.

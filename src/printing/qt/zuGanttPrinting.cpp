@@ -1,19 +1,17 @@
 #include "printing/qt/zuGanttPrinting.h"
 
-#include "foundation/qt/zuConvert.h"
-#include "foundation/zuTranslate.h"
 #include "gantt/qt/zuGantComBasic.h"
 #include "printing/qt/zuGanttPage.h"
+#include "printing/qt/zuGanttSide.h"
 #include "printing/qt/zuPrintParts.h"
 
-#include <QLocale>
 #include <QPainter>
+#include <QScopeGuard>
 #include <QSet>
 
 #include <algorithm>
 #include <cmath>
 #include <limits>
-#include <stdexcept>
 #include <unordered_map>
 
 namespace korvane {
@@ -35,29 +33,33 @@ TzuGanttPrinting::~TzuGanttPrinting() = default;
 TPrintLayout TzuGanttPrinting::LayOutContent(const TPrintRoom &room, const TPrintScaling &scaling)
 {
     CollectRows();
-    SetUpAxis();
-    m_labels.Measure(m_gant.Tree(), m_outline.Rows);
-    TzuDateScaler &axis = *m_axis;
+    TzuDateScaler &axis = *(m_axis = MakeWholeAxis(m_gant.DateScaler(), PrintedTime(),
+                                                   TimeScaleOr(m_gant.DateScaler().GetScale()),
+                                                   m_gant.GetScalerHeight()));
     const TPrintTime across({[&](TDateTime date) { return axis.DateToPixel(date); },
                              [&](int pixel) { return axis.PixelToDate(pixel); }},
-                            m_outline.Rows.empty() ? 0 : axis.width(), axis.FirstDayOfWeek());
-    const TPrintContent content{across, *m_down, static_cast<double>(m_labels.Width()),
+                            m_rows.empty() ? 0 : axis.width(), axis.FirstDayOfWeek());
+    const TPrintContent content{across, *m_down, static_cast<double>(m_side->Width()),
                                 static_cast<double>(HeadHeight())};
     TPrintLayout layout(content, room, scaling);
     CollectLinks(layout.Down());
     return layout;
 }
 
-bool TzuGanttPrinting::IsWanted(int number, TzuDataEntity_Tree &entity) const
+TGantRow *TzuGanttPrinting::RowOf(const TVisibleNode &node) const
 {
-    if (m_rowRange && (number < m_rowRange->first || number > m_rowRange->second)) {
-        return false;
-    }
-    if (!m_selectionOnly || entity.GetSelected()) {
-        return true;
+    const TGantRowList &rows = m_gant.GantRows();
+    return node.Node != nullptr ? rows.FindRowFromTreeNode(node.Node)
+                                : rows.FindRowFromGridNode(node.GridNode);
+}
+
+bool TzuGanttPrinting::IsWanted(int number, const TVisibleNode &node, bool isSelected) const
+{
+    if (!HasRow(number) || !IsSelectionOnly() || isSelected) {
+        return HasRow(number);
     }
     bool selected = false;
-    if (TGantRow *row = m_gant.GantRows().FindRowFromTreeNode(&entity)) {
+    if (TGantRow *row = RowOf(node)) {
         row->ForEachShown(
             [&](const TzuDataEntity_Spanbar &item) { selected = selected || item.GetSelected(); });
     }
@@ -66,22 +68,27 @@ bool TzuGanttPrinting::IsWanted(int number, TzuDataEntity_Tree &entity) const
 
 void TzuGanttPrinting::CollectRows()
 {
-    TGantTree &tree = m_gant.Tree();
-    m_outline = CollectOutline(
-        tree, [this](int number, TzuDataEntity_Tree &entity) { return IsWanted(number, entity); });
-    m_down = std::make_unique<TPrintRows>(m_outline.Parents, tree.RowHeight(),
+    m_side = m_gant.UseGridNotTree() ? MakeGridSide(m_gant, m_gridColumns)
+                                     : MakeTreeSide(m_gant, m_labels);
+    IGanttSide::TRows rows =
+        m_side->Collect([this](int number, const TVisibleNode &node, bool isSelected) {
+            return IsWanted(number, node, isSelected);
+        });
+    m_rows = std::move(rows.Nodes);
+    m_parents = std::move(rows.Parents);
+    m_down = std::make_unique<TPrintRows>(rows.Heights, m_parents,
                                           m_repeatHeadings ? kMostPrintHeadings : 0);
 }
 
 std::pair<TDateTime, TDateTime> TzuGanttPrinting::PrintedTime() const
 {
-    if (m_range) {
-        return *m_range;
+    if (Range()) {
+        return *Range();
     }
     TDateTime from = std::numeric_limits<TDateTime>::max();
     TDateTime to = std::numeric_limits<TDateTime>::lowest();
-    for (const TzuDataEntity_Tree *entity : m_outline.Rows) {
-        if (TGantRow *row = m_gant.GantRows().FindRowFromTreeNode(entity)) {
+    for (const TVisibleNode &node : m_rows) {
+        if (TGantRow *row = RowOf(node)) {
             row->ForEachShown([&](const TzuDataEntity_Spanbar &item) {
                 from = std::min({from, item.GetStartDateTime(), item.GetStopDateTime()});
                 to = std::max({to, item.GetStartDateTime(), item.GetStopDateTime()});
@@ -91,34 +98,20 @@ std::pair<TDateTime, TDateTime> TzuGanttPrinting::PrintedTime() const
     if (from > to) {
         return {m_gant.Start(), m_gant.Stop()};
     }
-    const TDateTime margin =
-        kTimeMargin * (m_timeScale > 0 ? m_timeScale : m_gant.DateScaler().GetScale());
+    const TDateTime margin = kTimeMargin * TimeScaleOr(m_gant.DateScaler().GetScale());
     return {from - margin, to + margin};
-}
-
-void TzuGanttPrinting::SetUpAxis()
-{
-    const auto [from, to] = PrintedTime();
-    if (!(to > from)) {
-        throw std::runtime_error(Translate("TzuPrinting", "The time to print is empty"));
-    }
-    const double scale = m_timeScale > 0 ? m_timeScale : m_gant.DateScaler().GetScale();
-    if (!(scale > 0)) {
-        throw std::runtime_error(Translate("TzuPrinting", "The time axis has no scale"));
-    }
-    m_axis = MakeWholeAxis(m_gant.DateScaler(), {from, to}, scale, m_gant.GetScalerHeight());
 }
 
 void TzuGanttPrinting::CollectLinks(const std::vector<TPageSpan> &pages)
 {
-    std::unordered_map<const TzuDataEntity_Tree *, int> rowOf;
-    rowOf.reserve(m_outline.Rows.size());
-    for (std::size_t row = 0; row < m_outline.Rows.size(); ++row) {
-        rowOf.emplace(m_outline.Rows[row], static_cast<int>(row));
+    std::unordered_map<const TGantRow *, int> rowOf;
+    rowOf.reserve(m_rows.size());
+    for (std::size_t row = 0; row < m_rows.size(); ++row) {
+        rowOf.emplace(RowOf(m_rows[row]), static_cast<int>(row));
     }
     const auto rowOfEnd = [&](const TzuDataEntity_Spanbar *item) {
         const TGantRow *row = item == nullptr ? nullptr : item->GetRow();
-        const auto found = row == nullptr ? rowOf.end() : rowOf.find(row->TreeNode());
+        const auto found = row == nullptr ? rowOf.end() : rowOf.find(row);
         return found == rowOf.end() ? -1 : found->second;
     };
     const auto pageOf = [&](int row) {
@@ -126,7 +119,7 @@ void TzuGanttPrinting::CollectLinks(const std::vector<TPageSpan> &pages)
                                                     {}, &TPageSpan::From);
         return static_cast<std::size_t>(after - pages.begin() - 1);
     };
-    m_links.assign(pages.size(), {});
+    m_links.assign(2 * pages.size(), {});
     TzuDataList &links = m_gant.GetLinks();
     for (int i = 0; i < links.Count(); ++i) {
         const auto *link = static_cast<const TzuDataEntity_Link *>(links.GetItems(i));
@@ -135,8 +128,17 @@ void TzuGanttPrinting::CollectLinks(const std::vector<TPageSpan> &pages)
             continue;
         }
         const auto [top, bottom] = std::minmax({pageOf(rows.First), pageOf(rows.Second)});
-        for (std::size_t page = top; top != bottom && page <= bottom; ++page) {
-            m_links[page].push_back(rows);
+        if (top == bottom) {
+            continue;
+        }
+        std::size_t from = pages.size() + top;
+        for (std::size_t after = pages.size() + bottom + 1; from < after; from /= 2, after /= 2) {
+            if (from % 2 == 1) {
+                m_links[from++].push_back(rows);
+            }
+            if (after % 2 == 1) {
+                m_links[--after].push_back(rows);
+            }
         }
     }
 }
@@ -144,70 +146,50 @@ void TzuGanttPrinting::CollectLinks(const std::vector<TPageSpan> &pages)
 std::vector<TPrintBookmark> TzuGanttPrinting::Bookmarks() const
 {
     std::vector<TPrintBookmark> bookmarks;
-    AddBookmarks(m_outline, [&](const QString &title, int level, int row) {
-        bookmarks.push_back(BookmarkAt(title, level, m_down->TopOf(row), m_gant.GetScalerHeight()));
-    });
+    for (const TPrintGroup &group : GroupsOf(m_parents)) {
+        const TVisibleNode &node = m_rows[static_cast<std::size_t>(group.Row)];
+        bookmarks.push_back(BookmarkAt(m_side->CaptionOf(node), group.Level,
+                                       m_down->TopOf(group.Row), m_gant.GetScalerHeight()));
+    }
     return bookmarks;
 }
 
 int TzuGanttPrinting::HeadHeight() const
 {
-    return m_gant.GetScalerHeight() * (m_axisAtBottom ? 2 : 1);
-}
-
-QSizeF TzuGanttPrinting::ContentSize(const TPrintPage &page) const
-{
-    return {m_labels.Width() + page.Across.To - page.Across.From,
-            HeadHeight() + page.Down.Repeated + std::ceil(page.Down.To - page.Down.From)};
+    return m_gant.GetScalerHeight() * (IsAxisAtBothEdges() ? 2 : 1);
 }
 
 std::string TzuGanttPrinting::RangeOf(const TPrintPage &page) const
 {
-    const auto day = [](TDateTime date) {
-        return QLocale().toString(ToQDateTime(date).date(), QLocale::ShortFormat);
-    };
-    const TDateTime last = m_axis->PixelToDate(static_cast<int>(page.Across.To) - 1);
-    return FromQt(day(m_axis->PixelToDate(static_cast<int>(page.Across.From)))
-                  + QStringLiteral(" \u2013 ") + day(last));
+    return DayRangeText(*m_axis, page.Across);
 }
 
 void TzuGanttPrinting::PaintContent(QPainter &painter, const TPrintPage &page)
 {
     TGanttPage view(*this, page);
-    view.Paint(painter, {m_labels.Width(), 0});
+    view.Paint(painter, {m_side->Width(), 0});
     painter.setBrush(Qt::NoBrush);
-    PaintLabels(painter, view);
+    PaintSide(painter, view);
     if (m_linkMarks) {
         PaintLinkMarks(painter, view);
     }
     const QSizeF size = ContentSize(page);
     const double top = m_gant.GetScalerHeight();
-    PaintFrame(painter, size, m_labels.Width(), top);
-    if (m_axisAtBottom) {
+    PaintFrame(painter, size, m_side->Width(), top);
+    if (IsAxisAtBothEdges()) {
         painter.drawLine(QPointF(0, size.height() - top),
                          QPointF(size.width(), size.height() - top));
     }
 }
 
-void TzuGanttPrinting::PaintLabels(QPainter &painter, const TGanttPage &page) const
+void TzuGanttPrinting::PaintSide(QPainter &painter, const TGanttPage &page) const
 {
     const int head = m_gant.GetScalerHeight();
-    const QSize area = page.AreaSize();
+    const int height = page.AreaSize().height();
     painter.save();
-    painter.setClipRect(QRectF(0, 0, m_labels.Width(), head + area.height()), Qt::IntersectClip);
-    double left = 0;
-    for (std::size_t i = 0; i < m_labels.Columns.size(); ++i) {
-        const double width = m_labels.Widths()[i];
-        m_labels.PaintTitle(painter, {left, 0, width, static_cast<double>(head)}, i);
-        for (const TVisibleNode &row : page.Rows()) {
-            m_labels.PaintCell(painter, QRectF(left, head + row.Rect.Top, width, row.Rect.Height()),
-                               i, *row.Node);
-        }
-        left += width;
-        painter.setPen(QPen(kPrintFrameColor, kPrintLine));
-        painter.drawLine(QPointF(left, 0), QPointF(left, head + area.height()));
-    }
-    painter.restore();
+    const auto restore = qScopeGuard([&] { painter.restore(); });
+    painter.setClipRect(QRectF(0, 0, m_side->Width(), head + height), Qt::IntersectClip);
+    m_side->Paint(painter, head, height, page.Rows());
 }
 
 /// Small arrows at the edges, each with the number of the page on which a link goes on.
@@ -217,7 +199,7 @@ void TzuGanttPrinting::PaintLinkMarks(QPainter &painter, const TGanttPage &page)
     constexpr double kBox = 22;
     constexpr double kNear = 9;
     const TPrintLayout &layout = Layout();
-    const QPointF origin(m_labels.Width(), m_gant.GetScalerHeight());
+    const QPointF origin(m_side->Width(), m_gant.GetScalerHeight());
     QFont font = Paper().Font();
     font.setPixelSize(7);
     painter.setFont(font);
@@ -261,7 +243,7 @@ void TzuGanttPrinting::PaintLinkMarks(QPainter &painter, const TGanttPage &page)
             box.moveRight(tip.x() - 1);
         }
         painter.drawText(box, Qt::AlignVCenter | (way.x() > 0 ? Qt::AlignRight : Qt::AlignLeft),
-                         QString::number(layout.PageIndex(column, row) + 1));
+                         QString::number(NumberOf(layout.PageIndex(column, row))));
     }
     painter.setBrush(Qt::NoBrush);
 }

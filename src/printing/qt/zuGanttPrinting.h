@@ -3,6 +3,8 @@
 
 #include "foundation/zuExport.h"
 #include "foundation/zuTypes.h"
+#include "gantt/zuGantRowList.h"
+#include "printing/qt/zuPrintChoice.h"
 #include "printing/qt/zuPrintLabels.h"
 #include "printing/qt/zuPrinting.h"
 
@@ -14,47 +16,41 @@
 
 namespace korvane {
 
+class IGanttSide;
 class TGanttPage;
-class TzuDataEntity_Tree;
 class TzuDateScaler;
 class TzuGant_ComBasic;
 
-/// Prints a Gantt chart: the rows that its tree shows, also those scrolled away, over any time.
+/// Prints a Gantt chart: the rows that its tree shows, also those scrolled away, over any time, or
+/// else from the first to the last item of these rows.
 ///
 /// Each page has the row labels at its left and the time axis on top. Pages end between rows and at
 /// calendar boundaries; a page that continues a group begins with the group's heading. Links run on
 /// from page to page: where one leaves a page, a mark says on which page it goes on. Selection and
 /// focus are not printed.
 ///
+/// Where a grid stands in for the tree, its rows are printed, with columns of the grid as labels.
+///
 /// Fonts grow by the print rule of painted controls; the chart's OnPrintResizeFont may choose other
 /// sizes.
-class KORVANE_WIDGETS_API TzuGanttPrinting : public TzuPrinting
+class KORVANE_WIDGETS_API TzuGanttPrinting : public TzuPrinting,
+                                             public TPrintRowChoice,
+                                             public TPrintTimeChoice
 {
 public:
     /// The chart is observed.
     explicit TzuGanttPrinting(TzuGant_ComBasic &gant);
     ~TzuGanttPrinting() override;
 
-    /// The time to print; without it, from the first to the last item of the printed rows.
-    void SetRange(TDateTime from, TDateTime to) { m_range.emplace(from, to); }
-    void SetWholeRange() { m_range.reset(); }
-    /// Days per pixel; 0 for those of the screen.
-    void SetTimeScale(double daysPerPixel) { m_timeScale = daysPerPixel; }
-    /// The rows to print, by their number among those that the tree shows, from 0, both included.
-    void SetRows(int first, int last) { m_rowRange.emplace(first, last); }
-    void SetAllRows() { m_rowRange.reset(); }
-    /// Only rows that are selected, or have a selected item.
-    void SetSelectionOnly(bool on) { m_selectionOnly = on; }
-    /// Row labels; initially the captions. None: no labels.
+    /// Labels of the tree's rows; initially the captions. None: no labels.
     std::vector<TPrintColumn> &Columns() { return m_labels.Columns; }
-    /// Repeats the axis at the bottom of each page.
-    void SetAxisAtBottom(bool on) { m_axisAtBottom = on; }
+    /// Columns of a grid that stands in for the tree, by their real indexes; without a choice those
+    /// that are shown.
+    void SetGridColumns(std::vector<int> columns) { m_gridColumns = std::move(columns); }
+    void SetAllGridColumns() { m_gridColumns.reset(); }
     void SetRepeatHeadings(bool on) { m_repeatHeadings = on; }
     /// Whether marks say on which page a link goes on; initially they do.
     void SetLinkMarks(bool on) { m_linkMarks = on; }
-    /// Whether the default background is printed rather than pale lines on white paper. What a
-    /// handler of OnUserDrawBackground draws is printed in any case.
-    void SetPrintBackground(bool on) { m_printBackground = on; }
     /// The print scale at which the chart is drawn, before it is scaled to the paper: at 2 lines
     /// are half as wide as on screen, at 1 all is as on screen, also for drawing handlers that know
     /// no print scale. Initially 2; at least 1.
@@ -62,8 +58,6 @@ public:
 
     /// One for each row that has rows below it.
     std::vector<TPrintBookmark> Bookmarks() const override;
-
-    QSizeF ContentSize(const TPrintPage &page) const override;
 
 protected:
     TPrintLayout LayOutContent(const TPrintRoom &room, const TPrintScaling &scaling) override;
@@ -81,31 +75,44 @@ private:
     };
 
     void CollectRows();
-    bool IsWanted(int number, TzuDataEntity_Tree &entity) const;
+    bool IsWanted(int number, const TVisibleNode &node, bool isSelected) const;
+    TGantRow *RowOf(const TVisibleNode &node) const;
     std::pair<TDateTime, TDateTime> PrintedTime() const;
-    void SetUpAxis();
     void CollectLinks(const std::vector<TPageSpan> &pages);
+    /// Calls `visit(link)` for each link that runs through a row of pages.
+    template <typename Visit>
+    void ForEachLink(int row, const Visit &visit) const;
     int HeadHeight() const;
-    void PaintLabels(QPainter &painter, const TGanttPage &page) const;
+    void PaintSide(QPainter &painter, const TGanttPage &page) const;
     void PaintLinkMarks(QPainter &painter, const TGanttPage &page) const;
 
     TzuGant_ComBasic &m_gant;
-    std::optional<std::pair<TDateTime, TDateTime>> m_range;
-    std::optional<std::pair<int, int>> m_rowRange;
     TPrintLabels m_labels;
-    double m_timeScale = 0;
-    bool m_selectionOnly = false;
-    bool m_axisAtBottom = false;
+    std::optional<std::vector<int>> m_gridColumns;
     bool m_repeatHeadings = true;
-    bool m_printBackground = false;
     bool m_linkMarks = true;
     int m_fineness = 2;
 
     // As last laid out.
-    TPrintOutline m_outline;
+    std::unique_ptr<IGanttSide> m_side;
+    std::vector<TVisibleNode> m_rows;
+    std::vector<int> m_parents;
     std::unique_ptr<TPrintRows> m_down;
     std::unique_ptr<TzuDateScaler> m_axis;       ///< all of the printed time
-    std::vector<std::vector<TLinkRows>> m_links; ///< by row of pages
+    std::vector<std::vector<TLinkRows>> m_links; ///< see ForEachLink
 };
+
+/// A link is kept with the few longest runs of rows of pages that make up its way, so that long
+/// ones take up little. The runs are a tree: run n is made up of 2n and 2n + 1, the second half are
+/// the rows themselves.
+template <typename Visit>
+void TzuGanttPrinting::ForEachLink(int row, const Visit &visit) const
+{
+    for (std::size_t run = m_links.size() / 2 + static_cast<std::size_t>(row); run > 0; run /= 2) {
+        for (const TLinkRows &link : m_links[run]) {
+            visit(link);
+        }
+    }
+}
 
 } // namespace korvane

@@ -1,37 +1,15 @@
 #include "printing/qt/zuGridPrinting.h"
 
 #include "cellgrid/qt/zuBabGridView.h"
+#include "printing/qt/zuGridPart.h"
 #include "printing/qt/zuPrintParts.h"
 
 #include <QPainter>
 #include <QScopeGuard>
 
 #include <algorithm>
-#include <cmath>
 
 namespace korvane {
-
-namespace {
-
-std::vector<int> WidthsOf(const std::vector<TGridPrintSlice::TColumn> &columns)
-{
-    std::vector<int> widths;
-    for (const auto &column : columns) {
-        widths.push_back(column.Width);
-    }
-    return widths;
-}
-
-int Total(const std::vector<int> &sizes)
-{
-    int total = 0;
-    for (const int size : sizes) {
-        total += size;
-    }
-    return total;
-}
-
-} // namespace
 
 TzuGridPrinting::TzuGridPrinting(TBabGridView_Custom &grid)
     : m_grid(grid)
@@ -40,82 +18,45 @@ TzuGridPrinting::TzuGridPrinting(TBabGridView_Custom &grid)
 
 TPrintLayout TzuGridPrinting::LayOutContent(const TPrintRoom &room, const TPrintScaling &scaling)
 {
-    m_grid.EnsureLayout();
     CollectColumns();
     CollectRows();
-    const TPrintContent content{*m_across, *m_down, static_cast<double>(m_labelWidth),
-                                static_cast<double>(HeadHeight())};
+    const TPrintContent content{*m_across, *m_down,
+                                static_cast<double>(TGridPart::WidthOf(m_labels)),
+                                static_cast<double>(TGridPart(m_grid).HeadHeight())};
     return {content, room, scaling};
 }
 
 void TzuGridPrinting::CollectColumns()
 {
-    TAxisContentList &columns = m_grid.RootCell().Columns();
-    m_columns.clear();
-    for (int index = columns.FixedCount(); index < columns.Count(); ++index) {
-        if (const int width = columns.SizeAt(index); width > 0) {
-            m_columns.push_back({index, width});
-        }
-    }
-    if (m_grid.ExtendLastColumnToWidth() && !m_columns.empty()) {
-        const TRect shown = m_grid.CellRect({&m_grid.RootCell(), m_columns.back().Index, 0});
-        m_columns.back().Width = std::max(m_columns.back().Width, shown.Width());
-    }
+    m_columns = TGridPart(m_grid).ShownColumns();
     const auto repeated =
         std::clamp<std::ptrdiff_t>(m_repeatedColumns, 0, std::max(std::ssize(m_columns) - 1, 0L));
     m_labels.assign(m_columns.begin(), m_columns.begin() + repeated);
     m_columns.erase(m_columns.begin(), m_columns.begin() + repeated);
-    m_labelWidth = Total(WidthsOf(m_labels));
-    m_across = std::make_unique<TPrintRows>(WidthsOf(m_columns));
+    std::vector<int> widths;
+    for (const auto &column : m_columns) {
+        widths.push_back(column.Width);
+    }
+    m_across = std::make_unique<TPrintRows>(widths);
 }
 
-/// Rows come by and by: measuring one loads it, and those before it may be dropped again.
 void TzuGridPrinting::CollectRows()
 {
-    constexpr int kAtOnce = 128;
+    TGridPart part(m_grid);
+    TColumns columns = m_labels;
+    columns.insert(columns.end(), m_columns.begin(), m_columns.end());
+    const int head = part.HeadRows();
     TBabGridCell &root = m_grid.RootCell();
-    TAxisContentList &rows = root.Rows();
-    const int head = rows.FixedCount();
-    int first = head;
-    int last = rows.Count() - 1;
-    if (m_rowRange) {
-        first = std::max(first, head + m_rowRange->first);
-        last = std::min(last, head + m_rowRange->second);
-    }
+    const auto [first, last] = RowsOf(root.Rows().Count() - head);
     m_rows.clear();
     std::vector<int> heights;
-    TGridPrintSlice slice;
-    slice.Columns = m_labels;
-    slice.Columns.insert(slice.Columns.end(), m_columns.begin(), m_columns.end());
-    const auto restore = qScopeGuard([this] { m_grid.SetPrintSlice(nullptr); });
-    for (int from = first; from <= last; from += kAtOnce) {
-        slice.FirstRow = from;
-        slice.LastRow = std::min(from + kAtOnce - 1, last);
-        m_grid.SetPrintSlice(&slice);
-        for (const TGridBand &row : m_grid.Shown().Rows) {
-            if (!m_selectionOnly || root.Selection().RowHasSelected(row.Index)) {
-                m_rows.push_back(row.Index);
-                heights.push_back(row.Far - row.Near);
-            }
+    part.ForEachRow(columns, head + first, head + last, [&](const TGridBand &row) {
+        if (!IsSelectionOnly() || root.Selection().RowHasSelected(row.Index)) {
+            m_rows.push_back(row.Index);
+            heights.push_back(row.Far - row.Near);
         }
-    }
+    });
     m_down = std::make_unique<TPrintRows>(heights);
-}
-
-int TzuGridPrinting::HeadHeight() const
-{
-    const TAxisContentList &rows = m_grid.RootCell().Rows();
-    int height = 0;
-    for (int index = 0; index < rows.FixedCount(); ++index) {
-        height += rows.SizeAt(index);
-    }
-    return height;
-}
-
-QSizeF TzuGridPrinting::ContentSize(const TPrintPage &page) const
-{
-    return {m_labelWidth + page.Across.To - page.Across.From,
-            HeadHeight() + page.Down.To - page.Down.From};
 }
 
 std::string TzuGridPrinting::RangeOf(const TPrintPage &page) const
@@ -141,16 +82,15 @@ std::vector<TzuGridPrinting::TRun> TzuGridPrinting::RunsOf(const TPrintPage &pag
 void TzuGridPrinting::PaintContent(QPainter &painter, const TPrintPage &page)
 {
     const QSizeF size = ContentSize(page);
+    const double labels = Layout().LabelWidth();
     TColumns columns;
     const int first = m_across->RowAt(page.Across.From);
     const int after = m_across->RowFrom(page.Across.To);
     columns.assign(m_columns.begin() + first, m_columns.begin() + after);
-    PaintPart(painter, page, columns,
-              {static_cast<double>(m_labelWidth), 0, size.width() - m_labelWidth, size.height()},
+    PaintPart(painter, page, columns, {labels, 0, size.width() - labels, size.height()},
               page.Across.From - m_across->TopOf(first));
     if (!m_labels.empty()) {
-        PaintPart(painter, page, m_labels, {0, 0, static_cast<double>(m_labelWidth), size.height()},
-                  0);
+        PaintPart(painter, page, m_labels, {0, 0, labels, size.height()}, 0);
     }
     // The last lines of the grid lie within it; the frame is around it.
     PaintFrame(painter, size, 0, 0);
@@ -163,44 +103,16 @@ void TzuGridPrinting::PaintPart(QPainter &painter, const TPrintPage &page, const
     painter.save();
     const auto restore = qScopeGuard([&] { painter.restore(); });
     painter.setClipRect(place, Qt::IntersectClip);
-    const double head = HeadHeight();
+    TGridPart part(m_grid);
+    const double head = part.HeadHeight();
     const double left = place.left() - scrolled;
-    PaintSlice(painter, {columns, 0, m_grid.RootCell().Rows().FixedCount() - 1, {}}, {left, 0},
-               head);
-    painter.setClipRect(place.adjusted(0, head, 0, 0), Qt::IntersectClip);
+    part.PaintHead(painter, columns, {left, 0});
+    const QRectF body = place.adjusted(0, head, 0, 0);
+    painter.setClipRect(body, Qt::IntersectClip);
     for (const TRun &run : RunsOf(page)) {
-        PaintSlice(painter, {columns, run.First, run.Last, {}}, {left, head + run.Top}, run.Height);
+        part.PaintRows(painter, columns, run.First, run.Last, {left, head + run.Top}, run.Height,
+                       OwnTexts(body, page));
     }
-}
-
-void TzuGridPrinting::PaintSlice(QPainter &painter, const TGridPrintSlice &slice, const QPointF &at,
-                                 double height)
-{
-    const int width = Total(WidthsOf(slice.Columns));
-    if (width <= 0 || height <= 0) {
-        return;
-    }
-    TzuOffscreenPaint area;
-    UsePaper(area);
-    area.resize(width, static_cast<int>(height));
-    area.setFont(m_grid.font());
-    area.OnPrintResizeFont = m_grid.OnPrintResizeFont;
-    area.OnAfterPrint = m_grid.OnAfterPrint;
-    TGridPrintSlice painted = slice;
-    painted.FontChosen = [&area] { area.PrintResizeFont(); };
-    area.OnPaint = [this](TzuOffscreenPaint *sender) {
-        TCanvas &canvas = sender->GetOffscreenCanvas();
-        canvas.SetFont(m_grid.Font());
-        static_cast<TBabGridSelectCore &>(m_grid).Paint(canvas);
-    };
-    m_grid.SetPrintSlice(&painted);
-    const auto restore = qScopeGuard([this] { m_grid.SetPrintSlice(nullptr); });
-    // Laid out before anything is drawn: rows may have to be loaded.
-    m_grid.EnsureLayout();
-    painter.save();
-    painter.translate(at);
-    area.Print(painter, 0, 0, 1, 1);
-    painter.restore();
 }
 
 } // namespace korvane

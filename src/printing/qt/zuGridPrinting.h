@@ -1,13 +1,12 @@
 // Printing of the grid.
 #pragma once
 
-#include "cellgrid/zuBabGridLayout.h"
+#include "cellgrid/zuBabGridBlock.h"
 #include "foundation/zuExport.h"
+#include "printing/qt/zuPrintChoice.h"
 #include "printing/qt/zuPrinting.h"
 
 #include <memory>
-#include <optional>
-#include <utility>
 #include <vector>
 
 namespace korvane {
@@ -20,21 +19,14 @@ class TBabGridView_Custom;
 /// The head is repeated on every page, and so are the first columns. Pages end between rows and
 /// between columns; the text of a group of equal cells is repeated on the page that it continues
 /// on. The column that marks the current row, selection and focus are not printed.
-class KORVANE_WIDGETS_API TzuGridPrinting : public TzuPrinting
+class KORVANE_WIDGETS_API TzuGridPrinting : public TzuPrinting, public TPrintRowChoice
 {
 public:
     /// The grid is observed.
     explicit TzuGridPrinting(TBabGridView_Custom &grid);
 
-    /// The rows to print, by their number behind the head, from 0, both included.
-    void SetRows(int first, int last) { m_rowRange.emplace(first, last); }
-    void SetAllRows() { m_rowRange.reset(); }
-    /// Only rows with a selected cell.
-    void SetSelectionOnly(bool on) { m_selectionOnly = on; }
     /// How many columns every page repeats; initially the first one.
     void SetRepeatedColumns(int count) { m_repeatedColumns = count; }
-
-    QSizeF ContentSize(const TPrintPage &page) const override;
 
 protected:
     TPrintLayout LayOutContent(const TPrintRoom &room, const TPrintScaling &scaling) override;
@@ -54,23 +46,17 @@ private:
 
     void CollectColumns();
     void CollectRows();
-    int HeadHeight() const;
     std::vector<TRun> RunsOf(const TPrintPage &page) const;
     void PaintPart(QPainter &painter, const TPrintPage &page, const TColumns &columns,
                    const QRectF &place, double scrolled);
-    void PaintSlice(QPainter &painter, const TGridPrintSlice &slice, const QPointF &at,
-                    double height);
 
     TBabGridView_Custom &m_grid;
-    std::optional<std::pair<int, int>> m_rowRange;
     int m_repeatedColumns = 1;
-    bool m_selectionOnly = false;
 
     // As last laid out.
     TColumns m_labels; ///< repeated on every page
     TColumns m_columns;
     std::vector<int> m_rows; ///< by real index
-    int m_labelWidth = 0;
     std::unique_ptr<TPrintRows> m_across;
     std::unique_ptr<TPrintRows> m_down;
 };

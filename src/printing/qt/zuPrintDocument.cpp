@@ -4,6 +4,7 @@
 #include "foundation/zuTranslate.h"
 #include "printing/qt/zuPdfOutline.h"
 #include "printing/qt/zuPrintPaper.h"
+#include "printing/qt/zuPrintSpool.h"
 
 #include <QCoreApplication>
 #include <QFile>
@@ -115,43 +116,86 @@ bool TzuPrintDocument::Print(QPrinter &printer)
 {
     LayOut();
     printer.setDocName(m_title);
-    const int first = std::max(printer.fromPage(), 1);
-    const int last = printer.toPage() > 0 ? std::min(printer.toPage(), PageCount()) : PageCount();
-    if (first > last) {
+    const TPages pages{std::max(printer.fromPage(), 1) - 1,
+                       printer.toPage() > 0 ? std::min(printer.toPage(), PageCount())
+                                            : PageCount()};
+    if (pages.First >= pages.After) {
         throw std::runtime_error(Translate("TzuPrinting", "There are no such pages"));
     }
     const TPrinterFile file(printer);
-    const auto setPaper = [&](int page) {
-        printer.setPageLayout(PageLayout(page));
-        printer.setFullPage(true);
-    };
-    setPaper(first - 1);
+    SetPaper(printer, pages.First);
+    if (!printer.isValid()) {
+        throw std::runtime_error(Translate("TzuPrinting", "The printer cannot be used"));
+    }
+    std::unique_ptr<TPrintSpool> spool;
+    if (TPrintSpool::IsNeeded(printer)) {
+        spool = Spool(pages);
+        if (spool == nullptr) {
+            return false;
+        }
+    }
+    const bool complete = PrintPages(printer, pages, spool.get());
+    if (complete) {
+        file.Commit();
+    }
+    return complete;
+}
+
+void TzuPrintDocument::SetPaper(QPrinter &printer, int page) const
+{
+    printer.setPageLayout(PageLayout(page));
+    printer.setFullPage(true);
+}
+
+/// Null when the job was cancelled.
+std::unique_ptr<TPrintSpool> TzuPrintDocument::Spool(const TPages &pages)
+{
+    auto spool = std::make_unique<TPrintSpool>();
+    for (int page = pages.First; page < pages.After; ++page) {
+        if (!Proceed(page - pages.First + 1, pages.After - pages.First)) {
+            return nullptr;
+        }
+        const QSizeF sheet = SheetSizeOf(PageLayout(page));
+        spool->Add(sheet, [&](QPainter &painter) {
+            PaintPage(painter, QRectF(QPointF(0, 0), sheet), page);
+        });
+    }
+    return spool;
+}
+
+/// From the spool, if there is one; then it is too late to cancel.
+bool TzuPrintDocument::PrintPages(QPrinter &printer, const TPages &pages, TPrintSpool *spool)
+{
     QPainter painter;
-    if (!printer.isValid() || !painter.begin(&printer)) {
+    if (!painter.begin(&printer)) {
         throw std::runtime_error(Translate("TzuPrinting", "The printer cannot be used"));
     }
     auto abort = qScopeGuard([&] {
         printer.abort();
         painter.end();
     });
-    for (int page = first; page <= last; ++page) {
-        if (!Proceed(page - first + 1, last - first + 1)) {
+    for (int page = pages.First; page < pages.After; ++page) {
+        if (spool == nullptr && !Proceed(page - pages.First + 1, pages.After - pages.First)) {
             return false;
         }
-        if (page > first) {
-            setPaper(page - 1);
+        if (page > pages.First) {
+            SetPaper(printer, page);
             if (!printer.newPage()) {
                 throw std::runtime_error(
                     Translate("TzuPrinting", "The printer takes no further page"));
             }
         }
-        PaintPage(painter, printer.paperRect(QPrinter::DevicePixel), page - 1);
+        const QRectF sheet = printer.paperRect(QPrinter::DevicePixel);
+        if (spool != nullptr) {
+            spool->PaintNext(painter, sheet);
+        } else {
+            PaintPage(painter, sheet, page);
+        }
     }
     abort.dismiss();
     if (!painter.end()) {
         throw std::runtime_error(Translate("TzuPrinting", "The printer could not finish"));
     }
-    file.Commit();
     return true;
 }
 

@@ -9,6 +9,7 @@
 #include <QStringList>
 
 #include <functional>
+#include <memory>
 #include <vector>
 
 class QIODevice;
@@ -18,6 +19,7 @@ class QRectF;
 
 namespace korvane {
 
+class TPrintSpool;
 struct TPdfBookmark;
 
 /// A place in a document that its reader can go to.
@@ -62,7 +64,8 @@ public:
     // Each of these lays out first, and tells whether the job was not cancelled.
 
     /// All pages or, if the printer has a range of pages, those. Its paper is set. A printer that
-    /// prints into a file replaces it once it is complete.
+    /// prints into a file replaces it once it is complete; one that could not be stopped gets the
+    /// pages when all of them are drawn.
     bool Print(QPrinter &printer);
     /// A PDF with vector drawing, text as text, and bookmarks.
     bool SavePdf(const QString &file);
@@ -75,7 +78,16 @@ public:
     TOnProgress OnProgress;
 
 private:
+    struct TPages
+    {
+        int First; ///< from 0
+        int After;
+    };
+
     bool Proceed(int page, int pages) const;
+    void SetPaper(QPrinter &printer, int page) const;
+    std::unique_ptr<TPrintSpool> Spool(const TPages &pages);
+    bool PrintPages(QPrinter &printer, const TPages &pages, TPrintSpool *spool);
     QStringList SavePages(const QString &file,
                           const std::function<void(const QString &, int page)> &save);
     void SavePicture(const QString &file, int page, int dotsPerInch);

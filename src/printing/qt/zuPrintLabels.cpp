@@ -28,30 +28,37 @@ QString CaptionOf(const TzuDataEntity_Tree &entity)
 
 } // namespace
 
+void TPrintParents::Add(int level, bool isPrinted)
+{
+    const auto depth = static_cast<std::size_t>(std::max(level, 0));
+    m_open.resize(depth, -1);
+    m_open.push_back(isPrinted ? static_cast<int>(m_parents.size()) : -1);
+    if (isPrinted) {
+        m_parents.push_back(depth > 0 ? m_open[depth - 1] : -1);
+    }
+}
+
 TPrintOutline CollectOutline(TzuTree_ComBasic &tree,
                              const std::function<bool(int, TzuDataEntity_Tree &)> &isWanted)
 {
     TPrintOutline outline;
-    std::vector<int> open; // by level: the last row on it
+    TPrintParents parents;
     int number = 0;
     for (TzuDataEntity_Tree *entity = tree.GetNextVisible(nullptr); entity != nullptr;
          entity = tree.GetNextVisible(entity), ++number) {
-        const auto level = static_cast<std::size_t>(std::max(entity->GetLevel(), 0));
-        open.resize(level, -1);
         const bool wanted = isWanted(number, *entity);
-        open.push_back(wanted ? static_cast<int>(outline.Rows.size()) : -1);
+        parents.Add(entity->GetLevel(), wanted);
         if (wanted) {
-            outline.Parents.push_back(level > 0 ? open[level - 1] : -1);
             outline.Rows.push_back(entity);
         }
     }
+    outline.Parents = parents.Indexes();
     return outline;
 }
 
-void AddBookmarks(const TPrintOutline &outline,
-                  const std::function<void(const QString &, int, int)> &add)
+std::vector<TPrintGroup> GroupsOf(const std::vector<int> &parents)
 {
-    const std::vector<int> &parents = outline.Parents;
+    std::vector<TPrintGroup> groups;
     std::vector<int> levels(parents.size(), 0);
     for (std::size_t row = 0; row < parents.size(); ++row) {
         if (parents[row] >= 0) {
@@ -60,9 +67,10 @@ void AddBookmarks(const TPrintOutline &outline,
         const bool hasRowsBelow =
             row + 1 < parents.size() && parents[row + 1] == static_cast<int>(row);
         if (hasRowsBelow) {
-            add(CaptionOf(*outline.Rows[row]), levels[row], static_cast<int>(row));
+            groups.push_back({static_cast<int>(row), levels[row]});
         }
     }
+    return groups;
 }
 
 /// The tree's font in pixels, so that no device makes points of its own density of it.

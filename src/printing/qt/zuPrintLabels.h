@@ -29,7 +29,21 @@ struct TPrintColumn
     static constexpr int kWidestColumn = 320;
 };
 
-/// Rows of a tree, from top to bottom; the index of each one's heading among them, or -1.
+/// Where the rows of a print stand in an outline, from top to bottom: the index of each one's
+/// heading among them, or -1.
+class KORVANE_WIDGETS_API TPrintParents
+{
+public:
+    /// The next row of the outline, by its level from 0, whether it is printed or not.
+    void Add(int level, bool isPrinted);
+    const std::vector<int> &Indexes() const { return m_parents; }
+
+private:
+    std::vector<int> m_parents;
+    std::vector<int> m_open; ///< by level: the last row on it, or -1
+};
+
+/// Rows of a tree.
 struct TPrintOutline
 {
     std::vector<TzuDataEntity_Tree *> Rows;
@@ -41,10 +55,13 @@ struct TPrintOutline
 KORVANE_WIDGETS_API TPrintOutline CollectOutline(
     TzuTree_ComBasic &tree, const std::function<bool(int, TzuDataEntity_Tree &)> &isWanted);
 
-/// Calls add(title, level, row) for each row that has others of the outline below it. Levels have
-/// no gaps.
-KORVANE_WIDGETS_API void AddBookmarks(const TPrintOutline &outline,
-                                      const std::function<void(const QString &, int, int)> &add);
+/// A row that has others of the print below it. Levels have no gaps.
+struct TPrintGroup
+{
+    int Row;
+    int Level;
+};
+KORVANE_WIDGETS_API std::vector<TPrintGroup> GroupsOf(const std::vector<int> &parents);
 
 /// Draws the labels of a tree's rows as the tree looks, in ink for white paper.
 class KORVANE_WIDGETS_API TPrintLabels

@@ -1,9 +1,11 @@
 #include "printing/qt/zuPrintParts.h"
 
+#include "foundation/qt/zuConvert.h"
 #include "foundation/zuTranslate.h"
 #include "scaler/qt/zuScaler.h"
 
 #include <QFontMetricsF>
+#include <QLocale>
 #include <QPainter>
 
 #include <algorithm>
@@ -93,10 +95,30 @@ void SetUpPageAxis(TzuDateScaler &axis, const TzuDateScaler &whole, const TPageS
     axis.EndUpdate();
 }
 
+QRectF OwnTexts(const QRectF &body, const TPrintPage &page)
+{
+    constexpr double kFar = 1 << 24;
+    return body.adjusted(page.Column == 0 ? -kFar : 0, page.Row == 0 ? -kFar : 0, 0, 0);
+}
+
 std::string RowRangeText(const TPrintRows &rows, const TPageSpan &span)
 {
     return std::to_string(rows.RowAt(span.From) + 1) + " \u2013 "
            + std::to_string(rows.RowFrom(span.To));
+}
+
+std::string DayRangeText(const TzuDateScaler &axis, const TPageSpan &span)
+{
+    const auto day = [&](double pixel) {
+        const TDateTime date = axis.PixelToDate(static_cast<int>(pixel));
+        return QLocale().toString(ToQDateTime(date).date(), QLocale::ShortFormat);
+    };
+    return FromQt(RangeText(day(span.From), day(span.To - 1)));
+}
+
+QString RangeText(const QString &from, const QString &to)
+{
+    return from == to ? from : from + QStringLiteral(" \u2013 ") + to;
 }
 
 void PaintFrame(QPainter &painter, const QSizeF &content, double labelWidth, double headHeight)

@@ -3,19 +3,19 @@
 
 #include "foundation/zuExport.h"
 #include "foundation/zuTypes.h"
-#include "printing/zuPageBreaks.h"
+#include "printing/zuPrintLayout.h"
 
 #include <QColor>
 #include <QPalette>
+#include <QRectF>
 #include <QSizeF>
+#include <QString>
 
 #include <memory>
 #include <string>
 #include <utility>
 
 class QPainter;
-class QRectF;
-class QString;
 
 namespace korvane {
 
@@ -50,8 +50,16 @@ MakeWholeAxis(const TzuDateScaler &shown, std::pair<TDateTime, TDateTime> range,
 KORVANE_WIDGETS_API void SetUpPageAxis(TzuDateScaler &axis, const TzuDateScaler &whole,
                                        const TPageSpan &span, int thickness);
 
+/// The part of a page whose texts are the page's own: the body, with what lies before the first
+/// pages.
+KORVANE_WIDGETS_API QRectF OwnTexts(const QRectF &body, const TPrintPage &page);
+
 /// Of a page's rows: "1 - 40" by their numbers, from 1.
 KORVANE_WIDGETS_API std::string RowRangeText(const TPrintRows &rows, const TPageSpan &span);
+/// The first and the last day of a part of an axis; once where they are one.
+KORVANE_WIDGETS_API std::string DayRangeText(const TzuDateScaler &axis, const TPageSpan &span);
+/// "from – to"; once where both are the same.
+KORVANE_WIDGETS_API QString RangeText(const QString &from, const QString &to);
 
 /// The frame around a page's content, and the lines behind its labels and its head, where there are
 /// any.

@@ -43,9 +43,15 @@ TPrintFields TzuPrinting::FieldsOf(int page) const
     fields.Date = FromQt(locale.toString(now.date(), QLocale::ShortFormat));
     fields.Time = FromQt(locale.toString(now.time(), QLocale::ShortFormat));
     fields.Range = RangeOf(m_layout.Page(page));
-    fields.Page = page + m_firstPage;
+    fields.Page = NumberOf(page);
     fields.Pages = m_allPages > 0 ? m_allPages : PageCount();
     return fields;
+}
+
+QSizeF TzuPrinting::ContentSize(const TPrintPage &page) const
+{
+    const auto extent = [](const TPageSpan &span) { return span.Repeated + span.To - span.From; };
+    return {m_layout.LabelWidth() + extent(page.Across), m_layout.HeadHeight() + extent(page.Down)};
 }
 
 void TzuPrinting::PaintPage(QPainter &painter, const QRectF &sheet, int page)

@@ -36,7 +36,7 @@ public:
     void PaintPage(QPainter &painter, const QRectF &sheet, int page) override;
 
     /// Size of a page's content in pixels of content, repeated parts included.
-    virtual QSizeF ContentSize(const TPrintPage &page) const = 0;
+    QSizeF ContentSize(const TPrintPage &page) const;
 
     // Beside other things on a sheet of the caller's.
 
@@ -61,6 +61,9 @@ protected:
     /// The sheet's pixel row at which a position of the content down the pages is printed, and its
     /// page, in the first column of pages.
     TPrintBookmark BookmarkAt(const QString &title, int level, double down, double head) const;
+
+    /// What footers call a page.
+    int NumberOf(int page) const { return page + m_firstPage; }
 
 private:
     TPrintFields FieldsOf(int page) const;

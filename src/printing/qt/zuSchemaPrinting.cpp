@@ -7,7 +7,6 @@
 
 #include <QFontInfo>
 #include <QFontMetricsF>
-#include <QLocale>
 #include <QPainter>
 #include <QScopeGuard>
 
@@ -41,32 +40,29 @@ public:
     void Paint(QPainter &painter);
 
 private:
+    void PaintAxis(QPainter &painter);
+    void PaintColumns(QPainter &painter, int first, int last);
+
     TzuSchemaPrinting &m_printing;
+    const TPrintPage m_page;
     TzuDateScaler m_axis;
     TzuOffscreenPaint m_area;
-    int m_first;    ///< column
-    double m_begun; ///< by how much the first column begins before the page
+    QRectF m_body; ///< of the page
 };
 
 TSchemaPage::TSchemaPage(TzuSchemaPrinting &printing, const TPrintPage &page)
     : m_printing(printing)
+    , m_page(page)
+    , m_body(printing.LabelWidth(), printing.HeadHeight(), page.Across.To - page.Across.From,
+             page.Down.To - page.Down.From)
 {
-    const TPageSpan &columns = printing.ColumnSpan(page);
-    const TPageSpan &time = printing.TimeSpan(page);
-    const int row = printing.m_columnAxis->RowAt(columns.From);
-    m_first = printing.m_columns[static_cast<std::size_t>(row)];
-    m_begun = columns.From - printing.m_columnAxis->TopOf(row);
     UsePaper(m_axis);
     UsePaper(m_area);
-    SetUpPageAxis(m_axis, *printing.m_axis, time, printing.AxisThickness());
-    const int across = static_cast<int>(columns.To - columns.From + m_begun);
-    const int along = static_cast<int>(time.To - time.From);
-    m_area.resize(printing.IsFlipped() ? along : across, printing.IsFlipped() ? across : along);
+    SetUpPageAxis(m_axis, *printing.m_axis, printing.TimeSpan(page), printing.AxisThickness());
     TzuSchema_ComBasic &schema = printing.m_schema;
     m_axis.OnPrintResizeFont = schema.SchemaArea().OnPrintResizeFont;
     m_area.OnPrintResizeFont = schema.SchemaArea().OnPrintResizeFont;
     m_area.OnAfterPrint = schema.SchemaArea().OnAfterPrint;
-    m_area.OnPaint = [&schema](TzuOffscreenPaint *) { schema.SchemaPaint(); };
 }
 
 void TSchemaPage::Paint(QPainter &painter)
@@ -74,8 +70,7 @@ void TSchemaPage::Paint(QPainter &painter)
     TzuSchema_ComBasic &schema = m_printing.m_schema;
     const TColor stripes = schema.SchemaPyjamasColor();
     const TColor back = schema.SchemaColor();
-    const bool paper = !m_printing.m_printBackground;
-    const TDataListColumns::TPrintScroll scroll(schema.Columns(), m_first);
+    const bool paper = !m_printing.PrintsBackground();
     const auto restore = qScopeGuard([&] {
         schema.SetPrintView(nullptr);
         if (paper) {
@@ -88,15 +83,55 @@ void TSchemaPage::Paint(QPainter &painter)
         schema.SetSchemaColor(clWindow);
     }
     schema.SetPrintView(this);
-    const QPoint corner(m_printing.LabelWidth(), m_printing.HeadHeight());
-    painter.save();
-    const auto restorePainter = qScopeGuard([&] { painter.restore(); });
+    PaintAxis(painter);
+    // Columns that follow each other in the schedule as well are drawn at once.
+    const TPageSpan &span = m_printing.ColumnSpan(m_page);
+    const std::vector<int> &columns = m_printing.m_columns;
+    const int after = m_printing.m_columnAxis->RowFrom(span.To);
+    for (int first = m_printing.m_columnAxis->RowAt(span.From); first < after;) {
+        int last = first;
+        const auto numberOf = [&](int row) { return columns[static_cast<std::size_t>(row)]; };
+        while (last + 1 < after && numberOf(last + 1) == numberOf(last) + 1) {
+            ++last;
+        }
+        PaintColumns(painter, first, last);
+        first = last + 1;
+    }
+}
+
+void TSchemaPage::PaintAxis(QPainter &painter)
+{
     const bool flipped = m_printing.IsFlipped();
-    m_axis.Print(painter, flipped ? corner.x() : 0, flipped ? 0 : corner.y(), 1, 1);
-    painter.setClipRect(
-        QRectF(corner, QSizeF(m_area.size()) - (flipped ? QSizeF(0, m_begun) : QSizeF(m_begun, 0))),
-        Qt::IntersectClip);
-    painter.translate(corner - (flipped ? QPointF(0, m_begun) : QPointF(m_begun, 0)));
+    const auto print = [&](double x, double y) {
+        m_axis.Print(painter, qRound(x), qRound(y), 1, 1);
+    };
+    print(flipped ? m_body.left() : 0, flipped ? 0 : m_body.top());
+    if (m_printing.IsAxisAtBothEdges()) {
+        print(flipped ? m_body.left() : m_body.right(), flipped ? m_body.bottom() : m_body.top());
+    }
+}
+
+/// Printed columns, by their numbers among these.
+void TSchemaPage::PaintColumns(QPainter &painter, int first, int last)
+{
+    const bool flipped = m_printing.IsFlipped();
+    const TPrintRows &columns = *m_printing.m_columnAxis;
+    const int across = columns.TopOf(last + 1) - columns.TopOf(first);
+    const double begin = columns.TopOf(first) - m_printing.ColumnSpan(m_page).From;
+    const QSizeF size = flipped ? QSizeF(m_body.width(), across) : QSizeF(across, m_body.height());
+    const QPointF at = m_body.topLeft() + (flipped ? QPointF(0, begin) : QPointF(begin, 0));
+    m_area.resize(size.toSize());
+    m_area.OnPaint = [&](TzuOffscreenPaint *area) {
+        area->GetOffscreenCanvas().SetTextPage(
+            FromQt(OwnTexts(m_body, m_page).translated(-at).toAlignedRect()));
+        m_printing.m_schema.SchemaPaint();
+    };
+    const TDataListColumns::TPrintScroll scroll(
+        m_printing.m_schema.Columns(), m_printing.m_columns[static_cast<std::size_t>(first)]);
+    painter.save();
+    const auto restore = qScopeGuard([&] { painter.restore(); });
+    painter.setClipRect(m_body, Qt::IntersectClip);
+    painter.translate(at);
     m_area.Print(painter, 0, 0, 1, 1);
 }
 
@@ -139,21 +174,41 @@ int TzuSchemaPrinting::HeadHeight() const
 
 TPrintLayout TzuSchemaPrinting::LayOutContent(const TPrintRoom &room, const TPrintScaling &scaling)
 {
+    CollectColumns();
+    const TzuDateScaler &shown = m_schema.DateScaler();
+    m_axis = MakeWholeAxis(
+        shown, Range().value_or(std::pair(shown.GetStart(), shown.GetStop() + shown.HiddenSpan())),
+        TimeScaleOr(shown.GetScale()), AxisThickness());
+    TzuDateScaler &axis = *m_axis;
+    const TPrintTime time({[&](TDateTime date) { return axis.DateToPixel(date); },
+                           [&](int pixel) { return axis.PixelToDate(pixel); }},
+                          m_columns.empty() ? 0 : axis.GetScaleLen(), axis.FirstDayOfWeek());
+    const IPrintAxis &byColumns = *m_columnAxis;
+    const IPrintAxis &byTime = time;
+    const bool flipped = IsFlipped();
+    const int farAxis = IsAxisAtBothEdges() ? AxisThickness() : 0;
+    const TPrintContent content{flipped ? byTime : byColumns, flipped ? byColumns : byTime,
+                                static_cast<double>(LabelWidth() + (flipped ? 0 : farAxis)),
+                                static_cast<double>(HeadHeight() + (flipped ? farAxis : 0))};
+    return {content, room, scaling};
+}
+
+void TzuSchemaPrinting::CollectColumns()
+{
     const bool flipped = IsFlipped();
     const TDataListColumns &columns = m_schema.Columns();
     const QFontMetricsF metrics(CaptionFont(m_schema));
+    const std::vector<bool> selected = SelectedColumns();
     double widest = 0;
     m_columns.clear();
     std::vector<int> sizes;
-    const int first = m_columnRange ? std::max(m_columnRange->first, 0) : 0;
-    const int last =
-        m_columnRange ? std::min(m_columnRange->second, columns.Count() - 1) : columns.Count() - 1;
+    const auto [first, last] = RowsOf(columns.Count());
     for (int i = first; i <= last; ++i) {
         const TzuDataEntity_SchemaColumn &column = columns.GetCol(i);
-        const int size = column.Saved_FW(flipped) + (flipped ? 1 : 0); // with the grid line
-        if (column.GetVisible() && column.Saved_FW(flipped) > 0) {
+        const bool wanted = !IsSelectionOnly() || selected[static_cast<std::size_t>(i)];
+        if (wanted && column.GetVisible() && column.Saved_FW(flipped) > 0) {
             m_columns.push_back(i);
-            sizes.push_back(size);
+            sizes.push_back(column.Saved_FW(flipped) + (flipped ? 1 : 0)); // with the grid line
             widest = std::max(widest, metrics.horizontalAdvance(ToQt(columns.HeaderFromColumn(i))));
         }
     }
@@ -162,27 +217,17 @@ TPrintLayout TzuSchemaPrinting::LayOutContent(const TPrintRoom &room, const TPri
     m_captionRoom =
         flipped ? std::min(static_cast<int>(std::ceil(widest)) + 2 * kPrintPadding, kWidestCaption)
                 : static_cast<int>(std::ceil(metrics.height())) + 2 * kPrintPadding;
-
-    const TzuDateScaler &shown = m_schema.DateScaler();
-    m_axis = MakeWholeAxis(
-        shown, m_range.value_or(std::pair(shown.GetStart(), shown.GetStop() + shown.HiddenSpan())),
-        m_timeScale > 0 ? m_timeScale : shown.GetScale(), AxisThickness());
-    TzuDateScaler &axis = *m_axis;
-    const TPrintTime time({[&](TDateTime date) { return axis.DateToPixel(date); },
-                           [&](int pixel) { return axis.PixelToDate(pixel); }},
-                          m_columns.empty() ? 0 : axis.GetScaleLen(), axis.FirstDayOfWeek());
-    const IPrintAxis &byColumns = *m_columnAxis;
-    const IPrintAxis &byTime = time;
-    return {{flipped ? byTime : byColumns, flipped ? byColumns : byTime,
-             static_cast<double>(LabelWidth()), static_cast<double>(HeadHeight())},
-            room,
-            scaling};
 }
 
-QSizeF TzuSchemaPrinting::ContentSize(const TPrintPage &page) const
+std::vector<bool> TzuSchemaPrinting::SelectedColumns() const
 {
-    return {LabelWidth() + page.Across.To - page.Across.From,
-            HeadHeight() + page.Down.To - page.Down.From};
+    std::vector<bool> selected(static_cast<std::size_t>(m_schema.Columns().Count()));
+    for (const TzuDataEntity_SchemaTime *time : m_schema.SelectedTimes()) {
+        if (m_schema.Columns().IsCol(time->Col())) {
+            selected[static_cast<std::size_t>(time->Col())] = true;
+        }
+    }
+    return selected;
 }
 
 /// The columns, where each stands for a date of its own; else the time.
@@ -192,25 +237,23 @@ std::string TzuSchemaPrinting::RangeOf(const TPrintPage &page) const
     const TPageSpan &span = ColumnSpan(page);
     const int first = m_columns[static_cast<std::size_t>(m_columnAxis->RowAt(span.From))];
     const int last = m_columns[static_cast<std::size_t>(m_columnAxis->RowFrom(span.To) - 1)];
-    const auto joined = [](const QString &from, const QString &to) {
-        return FromQt(from == to ? from : from + QStringLiteral(" \u2013 ") + to);
-    };
     if (columns.GetCol(first).BaseDate != 0) {
-        return joined(ToQt(columns.HeaderFromColumn(first)), ToQt(columns.HeaderFromColumn(last)));
+        return FromQt(
+            RangeText(ToQt(columns.HeaderFromColumn(first)), ToQt(columns.HeaderFromColumn(last))));
     }
-    const TPageSpan &time = TimeSpan(page);
-    const auto day = [this](double pixel) {
-        const TDateTime date = m_axis->PixelToDate(static_cast<int>(pixel));
-        return QLocale().toString(ToQDateTime(date).date(), QLocale::ShortFormat);
-    };
-    return joined(day(time.From), day(time.To - 1));
+    return DayRangeText(*m_axis, TimeSpan(page));
 }
 
 void TzuSchemaPrinting::PaintContent(QPainter &painter, const TPrintPage &page)
 {
     TSchemaPage(*this, page).Paint(painter);
     PaintCaptions(painter, page);
-    PaintFrame(painter, ContentSize(page), LabelWidth(), HeadHeight());
+    const QSizeF size = ContentSize(page);
+    PaintFrame(painter, size, LabelWidth(), HeadHeight());
+    if (IsAxisAtBothEdges()) {
+        PaintFrame(painter, size, IsFlipped() ? 0 : size.width() - AxisThickness(),
+                   IsFlipped() ? size.height() - AxisThickness() : 0);
+    }
 }
 
 void TzuSchemaPrinting::PaintCaptions(QPainter &painter, const TPrintPage &page) const

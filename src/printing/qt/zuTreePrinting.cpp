@@ -1,5 +1,6 @@
 #include "printing/qt/zuTreePrinting.h"
 
+#include "foundation/qt/zuConvert.h"
 #include "printing/qt/zuPrintParts.h"
 #include "tree/qt/zuTreeComBasic.h"
 
@@ -17,9 +18,7 @@ TzuTreePrinting::TzuTreePrinting(TzuTree_ComBasic &tree)
 TPrintLayout TzuTreePrinting::LayOutContent(const TPrintRoom &room, const TPrintScaling &scaling)
 {
     m_outline = CollectOutline(m_tree, [this](int number, const TzuDataEntity_Tree &row) {
-        const bool inRange =
-            !m_rowRange || (number >= m_rowRange->first && number <= m_rowRange->second);
-        return inRange && (!m_selectionOnly || row.GetSelected());
+        return HasRow(number) && (!IsSelectionOnly() || row.GetSelected());
     });
     m_labels.Measure(m_tree, m_outline.Rows);
     const std::vector<int> &widths = m_labels.Widths();
@@ -38,12 +37,6 @@ int TzuTreePrinting::HeadHeight() const
     return m_labels.HasTitles() ? m_labels.TitleHeight() : 0;
 }
 
-QSizeF TzuTreePrinting::ContentSize(const TPrintPage &page) const
-{
-    return {RepeatedWidth() + page.Across.To - page.Across.From,
-            HeadHeight() + page.Down.Repeated + page.Down.To - page.Down.From};
-}
-
 std::string TzuTreePrinting::RangeOf(const TPrintPage &page) const
 {
     return RowRangeText(*m_down, page.Down);
@@ -52,9 +45,11 @@ std::string TzuTreePrinting::RangeOf(const TPrintPage &page) const
 std::vector<TPrintBookmark> TzuTreePrinting::Bookmarks() const
 {
     std::vector<TPrintBookmark> bookmarks;
-    AddBookmarks(m_outline, [&](const QString &title, int level, int row) {
-        bookmarks.push_back(BookmarkAt(title, level, m_down->TopOf(row), HeadHeight()));
-    });
+    for (const TPrintGroup &group : GroupsOf(m_outline.Parents)) {
+        const TzuDataEntity_Tree &row = *m_outline.Rows[static_cast<std::size_t>(group.Row)];
+        bookmarks.push_back(
+            BookmarkAt(ToQt(row.GetText()), group.Level, m_down->TopOf(group.Row), HeadHeight()));
+    }
     return bookmarks;
 }
 

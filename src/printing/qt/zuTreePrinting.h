@@ -2,12 +2,11 @@
 #pragma once
 
 #include "foundation/zuExport.h"
+#include "printing/qt/zuPrintChoice.h"
 #include "printing/qt/zuPrintLabels.h"
 #include "printing/qt/zuPrinting.h"
 
 #include <memory>
-#include <optional>
-#include <utility>
 #include <vector>
 
 namespace korvane {
@@ -20,25 +19,18 @@ class TzuTree_ComBasic;
 /// Captions and titles are repeated on every page. Pages end between rows and between columns; a
 /// page that continues a group begins with the group's headings. Selection and focus are not
 /// printed.
-class KORVANE_WIDGETS_API TzuTreePrinting : public TzuPrinting
+class KORVANE_WIDGETS_API TzuTreePrinting : public TzuPrinting, public TPrintRowChoice
 {
 public:
     /// The tree is observed.
     explicit TzuTreePrinting(TzuTree_ComBasic &tree);
 
-    /// The rows to print, by their number among those that the tree shows, from 0, both included.
-    void SetRows(int first, int last) { m_rowRange.emplace(first, last); }
-    void SetAllRows() { m_rowRange.reset(); }
-    /// Only rows that are selected.
-    void SetSelectionOnly(bool on) { m_selectionOnly = on; }
     /// Initially the captions alone. With several columns the first one is repeated on each page.
     std::vector<TPrintColumn> &Columns() { return m_labels.Columns; }
     void SetRepeatHeadings(bool on) { m_repeatHeadings = on; }
 
     /// One for each row that has rows below it.
     std::vector<TPrintBookmark> Bookmarks() const override;
-
-    QSizeF ContentSize(const TPrintPage &page) const override;
 
 protected:
     TPrintLayout LayOutContent(const TPrintRoom &room, const TPrintScaling &scaling) override;
@@ -54,9 +46,7 @@ private:
                      double left) const;
 
     TzuTree_ComBasic &m_tree;
-    std::optional<std::pair<int, int>> m_rowRange;
     TPrintLabels m_labels;
-    bool m_selectionOnly = false;
     bool m_repeatHeadings = true;
 
     // As last laid out.

@@ -1,0 +1,116 @@
+#include "printing/qt/zuGridPart.h"
+
+#include "cellgrid/qt/zuBabGridView.h"
+#include "foundation/qt/zuConvert.h"
+#include "printing/qt/zuPrintParts.h"
+
+#include <QPainter>
+#include <QScopeGuard>
+
+#include <algorithm>
+
+namespace korvane {
+
+TGridPart::TColumns TGridPart::ShownColumns() const
+{
+    m_grid.EnsureLayout();
+    TAxisContentList &list = m_grid.RootCell().Columns();
+    TColumns columns;
+    for (int index = list.FixedCount(); index < list.Count(); ++index) {
+        if (const int width = list.SizeAt(index); width > 0) {
+            columns.push_back({index, width});
+        }
+    }
+    if (m_grid.ExtendLastColumnToWidth() && !columns.empty()) {
+        const TRect shown = m_grid.CellRect({&m_grid.RootCell(), columns.back().Index, 0});
+        columns.back().Width = std::max(columns.back().Width, shown.Width());
+    }
+    return columns;
+}
+
+int TGridPart::WidthOf(const TColumns &columns)
+{
+    int width = 0;
+    for (const auto &column : columns) {
+        width += column.Width;
+    }
+    return width;
+}
+
+int TGridPart::HeadRows() const
+{
+    return m_grid.RootCell().Rows().FixedCount();
+}
+
+int TGridPart::HeadHeight() const
+{
+    const TAxisContentList &rows = m_grid.RootCell().Rows();
+    int height = 0;
+    for (int index = 0; index < rows.FixedCount(); ++index) {
+        height += rows.SizeAt(index);
+    }
+    return height;
+}
+
+void TGridPart::ForEachRow(const TColumns &columns, int first, int last,
+                           const std::function<void(const TGridBand &)> &visit)
+{
+    constexpr int kAtOnce = 128;
+    TGridPrintSlice slice;
+    slice.Columns = columns;
+    last = std::min(last, m_grid.RootCell().Rows().Count() - 1);
+    const auto restore = qScopeGuard([this] { m_grid.SetPrintSlice(nullptr); });
+    for (int from = first; from <= last; from += kAtOnce) {
+        slice.FirstRow = from;
+        slice.LastRow = std::min(from + kAtOnce - 1, last);
+        m_grid.SetPrintSlice(&slice);
+        for (const TGridBand &row : m_grid.Shown().Rows) {
+            visit(row);
+        }
+    }
+}
+
+void TGridPart::PaintHead(QPainter &painter, const TColumns &columns, const QPointF &at)
+{
+    const QRectF all(at, QSizeF(WidthOf(columns), HeadHeight()));
+    PaintSlice(painter, {columns, 0, HeadRows() - 1, {}}, at, all.height(), all);
+}
+
+void TGridPart::PaintRows(QPainter &painter, const TColumns &columns, int first, int last,
+                          const QPointF &at, double height, const QRectF &page)
+{
+    PaintSlice(painter, {columns, first, last, {}}, at, height, page);
+}
+
+void TGridPart::PaintSlice(QPainter &painter, const TGridPrintSlice &slice, const QPointF &at,
+                           double height, const QRectF &page)
+{
+    const int width = WidthOf(slice.Columns);
+    if (width <= 0 || height <= 0) {
+        return;
+    }
+    TzuOffscreenPaint area;
+    UsePaper(area);
+    area.resize(width, static_cast<int>(height));
+    area.setFont(m_grid.font());
+    area.OnPrintResizeFont = m_grid.OnPrintResizeFont;
+    area.OnAfterPrint = m_grid.OnAfterPrint;
+    TGridPrintSlice painted = slice;
+    painted.FontChosen = [&area] { area.PrintResizeFont(); };
+    area.OnPaint = [&](TzuOffscreenPaint *sender) {
+        TPainterCanvas &canvas = sender->GetOffscreenCanvas();
+        canvas.SetTextPage(FromQt(page.translated(-at).toAlignedRect()));
+        canvas.SetFont(m_grid.Font());
+        static_cast<TBabGridSelectCore &>(m_grid).Paint(canvas);
+    };
+    m_grid.SetPrintSlice(&painted);
+    const auto restore = qScopeGuard([this] { m_grid.SetPrintSlice(nullptr); });
+    // Laid out before anything is drawn: rows may have to be loaded.
+    m_grid.EnsureLayout();
+    painter.save();
+    const auto restorePainter = qScopeGuard([&] { painter.restore(); });
+    painter.translate(at);
+    area.Print(painter, 0, 0, 1, 1);
+}
+
+} // namespace korvane

@@ -1,0 +1,55 @@
+// Pieces of a grid on paper.
+#pragma once
+
+#include "cellgrid/zuBabGridBlock.h"
+
+#include <QPointF>
+
+#include <functional>
+#include <vector>
+
+class QPainter;
+class QRectF;
+
+namespace korvane {
+
+class TBabGridView_Custom;
+
+/// Measures and draws columns and rows of a grid, by their real indexes, without selection and
+/// focus. The grid stays as it is, also when an event handler throws.
+class TGridPart
+{
+public:
+    using TColumns = std::vector<TGridPrintSlice::TColumn>;
+
+    /// The grid is observed.
+    explicit TGridPart(TBabGridView_Custom &grid)
+        : m_grid(grid)
+    {
+    }
+
+    /// Those behind the fixed ones that are shown, in the order in which they stand.
+    TColumns ShownColumns() const;
+    static int WidthOf(const TColumns &columns);
+    /// How many rows stand before the others.
+    int HeadRows() const;
+    int HeadHeight() const;
+    /// Visits the rows that are shown, as high as these columns need them. They come by and by:
+    /// measuring one loads it, and those before it may be dropped again.
+    void ForEachRow(const TColumns &columns, int first, int last,
+                    const std::function<void(const TGridBand &)> &visit);
+
+    void PaintHead(QPainter &painter, const TColumns &columns, const QPointF &at);
+    /// `page` is what the page shows of it, in the painter's coordinates: texts that begin outside
+    /// of it are texts of another page.
+    void PaintRows(QPainter &painter, const TColumns &columns, int first, int last,
+                   const QPointF &at, double height, const QRectF &page);
+
+private:
+    void PaintSlice(QPainter &painter, const TGridPrintSlice &slice, const QPointF &at,
+                    double height, const QRectF &page);
+
+    TBabGridView_Custom &m_grid;
+};
+
+} // namespace korvane
