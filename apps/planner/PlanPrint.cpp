@@ -167,7 +167,8 @@ std::vector<int> PlanPrint::ShownGridColumns() const
 QString PlanPrint::GridColumnTitle(int column) const
 {
     const TAxisContentItem *item = m_chart->Grid().RootCell().Columns().FindLoaded(column);
-    const auto *shown = dynamic_cast<const TzuGrid_Column *>(item->Value());
+    const auto *shown =
+        item != nullptr ? dynamic_cast<const TzuGrid_Column *>(item->Value()) : nullptr;
     return shown != nullptr ? ToQt(shown->HeaderText()) : QString();
 }
 

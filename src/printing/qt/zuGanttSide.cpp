@@ -3,7 +3,7 @@
 #include "foundation/qt/zuConvert.h"
 #include "gantt/qt/zuGantComBasic.h"
 #include "grid/qt/zuGrid.h"
-#include "printing/qt/zuGridPart.h"
+#include "printing/qt/zuPrintGrid.h"
 #include "printing/qt/zuPrintLabels.h"
 #include "printing/qt/zuPrintParts.h"
 
@@ -84,7 +84,7 @@ public:
 
     TRows Collect(const TIsWanted &isWanted) override
     {
-        const TBabGridCell &root = m_grid.RootCell();
+        TBabGridCell &root = m_grid.RootCell();
         TRows rows;
         TPrintParents parents;
         int number = 0;
@@ -107,9 +107,9 @@ public:
     }
     QString CaptionOf(const TVisibleNode &node) const override
     {
-        const TBabGridCell &root = m_grid.RootCell();
+        TBabGridCell &root = m_grid.RootCell();
         for (const auto &column : m_columns) {
-            const TAxisContentItem *item = m_grid.RootCell().Columns().FindLoaded(column.Index);
+            TAxisContentItem *item = root.Columns().FindLoaded(column.Index);
             const TBabColumn *kind =
                 item != nullptr ? TBabGridLayoutCore::ColumnOf(*item) : nullptr;
             if (kind != nullptr && kind->IsTreeColumn()) {
@@ -118,7 +118,7 @@ public:
         }
         return ToQt(node.GridNode->GetText());
     }
-    int Width() const override { return TGridPart::WidthOf(m_columns); }
+    int Width() const override { return TPrintGrid::WidthOf(m_columns); }
     void Paint(QPainter &painter, double head, double areaHeight,
                const std::vector<TVisibleNode> &rows) override
     {
@@ -149,8 +149,8 @@ private:
     }
 
     TzuGrid &m_grid;
-    TGridPart m_part;
-    TGridPart::TColumns m_columns;
+    TPrintGrid m_part;
+    TPrintGrid::TColumns m_columns;
 };
 
 } // namespace

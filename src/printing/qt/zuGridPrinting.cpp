@@ -1,7 +1,7 @@
 #include "printing/qt/zuGridPrinting.h"
 
 #include "cellgrid/qt/zuBabGridView.h"
-#include "printing/qt/zuGridPart.h"
+#include "printing/qt/zuPrintGrid.h"
 #include "printing/qt/zuPrintParts.h"
 
 #include <QPainter>
@@ -21,14 +21,14 @@ TPrintLayout TzuGridPrinting::LayOutContent(const TPrintRoom &room, const TPrint
     CollectColumns();
     CollectRows();
     const TPrintContent content{*m_across, *m_down,
-                                static_cast<double>(TGridPart::WidthOf(m_labels)),
-                                static_cast<double>(TGridPart(m_grid).HeadHeight())};
+                                static_cast<double>(TPrintGrid::WidthOf(m_labels)),
+                                static_cast<double>(TPrintGrid(m_grid).HeadHeight())};
     return {content, room, scaling};
 }
 
 void TzuGridPrinting::CollectColumns()
 {
-    m_columns = TGridPart(m_grid).ShownColumns();
+    m_columns = TPrintGrid(m_grid).ShownColumns();
     const auto repeated =
         std::clamp<std::ptrdiff_t>(m_repeatedColumns, 0, std::max(std::ssize(m_columns) - 1, 0L));
     m_labels.assign(m_columns.begin(), m_columns.begin() + repeated);
@@ -42,7 +42,7 @@ void TzuGridPrinting::CollectColumns()
 
 void TzuGridPrinting::CollectRows()
 {
-    TGridPart part(m_grid);
+    TPrintGrid part(m_grid);
     TColumns columns = m_labels;
     columns.insert(columns.end(), m_columns.begin(), m_columns.end());
     const int head = part.HeadRows();
@@ -103,7 +103,7 @@ void TzuGridPrinting::PaintPart(QPainter &painter, const TPrintPage &page, const
     painter.save();
     const auto restore = qScopeGuard([&] { painter.restore(); });
     painter.setClipRect(place, Qt::IntersectClip);
-    TGridPart part(m_grid);
+    TPrintGrid part(m_grid);
     const double head = part.HeadHeight();
     const double left = place.left() - scrolled;
     part.PaintHead(painter, columns, {left, 0});

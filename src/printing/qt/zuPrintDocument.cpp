@@ -129,6 +129,9 @@ bool TzuPrintDocument::Print(QPrinter &printer)
     }
     std::unique_ptr<TPrintSpool> spool;
     if (TPrintSpool::IsNeeded(printer)) {
+        if (printer.printerName().isEmpty()) {
+            throw std::runtime_error("There is no printer");
+        }
         spool = Spool(pages);
         if (spool == nullptr) {
             return false;

@@ -26,7 +26,7 @@ struct TPrintColumn
     int Width = 0; ///< in pixels of the content; 0: as wide as needed, up to kWidestColumn
     Qt::Alignment Alignment = Qt::AlignLeft;
 
-    static constexpr int kWidestColumn = 320;
+    static constexpr int kWidestColumn = 480;
 };
 
 /// Where the rows of a print stand in an outline, from top to bottom: the index of each one's

@@ -262,6 +262,7 @@ void TzuSchemaPrinting::PaintCaptions(QPainter &painter, const TPrintPage &page)
     const TPageSpan &span = ColumnSpan(page);
     const double length = span.To - span.From;
     painter.save();
+    const auto restore = qScopeGuard([&] { painter.restore(); });
     painter.setClipRect(flipped ? QRectF(0, HeadHeight(), LabelWidth(), length)
                                 : QRectF(LabelWidth(), 0, length, HeadHeight()),
                         Qt::IntersectClip);
@@ -276,7 +277,6 @@ void TzuSchemaPrinting::PaintCaptions(QPainter &painter, const TPrintPage &page)
         PaintHeadCell(painter, cell, ToQt(m_schema.Columns().HeaderFromColumn(column)),
                       flipped ? Qt::AlignLeft | Qt::AlignVCenter : Qt::AlignCenter);
     }
-    painter.restore();
 }
 
 } // namespace korvane

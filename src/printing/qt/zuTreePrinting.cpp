@@ -5,6 +5,7 @@
 #include "tree/qt/zuTreeComBasic.h"
 
 #include <QPainter>
+#include <QScopeGuard>
 
 #include <cmath>
 
@@ -57,6 +58,7 @@ void TzuTreePrinting::PaintContent(QPainter &painter, const TPrintPage &page)
 {
     const QSizeF size = ContentSize(page);
     painter.save();
+    auto restore = qScopeGuard([&] { painter.restore(); });
     painter.setClipRect(QRectF(QPointF(0, 0), size), Qt::IntersectClip);
     const std::size_t repeated = RepeatedColumns();
     const int after = m_across->RowFrom(page.Across.To);
@@ -68,6 +70,7 @@ void TzuTreePrinting::PaintContent(QPainter &painter, const TPrintPage &page)
         painter.fillRect(QRectF(0, 0, RepeatedWidth(), size.height()), Qt::white);
         PaintColumn(painter, page, 0, 0);
     }
+    restore.dismiss();
     painter.restore();
     PaintFrame(painter, size, RepeatedWidth(), HeadHeight());
 }

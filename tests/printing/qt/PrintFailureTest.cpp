@@ -91,6 +91,12 @@ TEST_F(PrintFailure, NothingIsLeftBehindAndTheOldFileStays)
     EXPECT_TRUE(Printing.Print(printer));
     EXPECT_GT(QFileInfo(file).size(), 1000);
     EXPECT_EQ(Files(), files);
+    const QStringList pictures = Printing.SavePictures(picture, 48);
+    const QStringList shapes = Printing.SaveSvg(Folder.filePath(QStringLiteral("plan.svg")));
+    EXPECT_EQ(pictures.size(), Printing.PageCount());
+    EXPECT_EQ(shapes.size(), Printing.PageCount());
+    EXPECT_EQ(Files().size(), 1 + 2 * Printing.PageCount());
+    EXPECT_EQ(QImage(pictures.front()).width(), 150); // 300 paper pixels at 96 per inch
 }
 
 TEST_F(PrintFailure, SaysWhatIsWrong)

@@ -1,24 +1,18 @@
 // Pages side by side are the whole: nothing is lost, doubled or shifted at their edges.
+#include "PrintedComponents.h"
 #include "PrintedPages.h"
-#include "gantt/qt/zuGant.h"
-#include "grid/qt/zuGrid.h"
 #include "printing/qt/zuGanttPrinting.h"
 #include "printing/qt/zuGridPrinting.h"
 #include "printing/qt/zuSchemaPrinting.h"
 #include "printing/qt/zuTreePrinting.h"
-#include "schema/qt/zuSchema.h"
-#include "tree/qt/zuTree.h"
-
-#include <QApplication>
 
 #include <cmath>
 #include <gtest/gtest.h>
 
 using namespace korvane;
+using namespace korvane::test;
 
 namespace {
-
-constexpr TDateTime kFrom = 46000;
 
 /// A page magnified so that a pixel of content is one of the picture.
 QImage ContentImage(TzuPrinting &printing, int page)
@@ -51,11 +45,12 @@ int DifferentPixels(const QImage &a, const QImage &b)
     return count;
 }
 
-enum class THead { Cut, BegunAnew };
+/// Of an axis at the top, the marks: its labels are chosen for each page, so that none is cut.
+enum class THead { Captions, Axis };
 
-/// An axis at the top names the date anew where a page begins within it.
-void ExpectPagesToMakeUpTheWhole(TzuPrinting &printing, THead heads = THead::Cut)
+void ExpectPagesToMakeUpTheWhole(TzuPrinting &printing, THead heads, int rightSide = 0)
 {
+    constexpr int kMarks = 5;
     SetBareSheet(printing, 6000, 4000);
     printing.Scaling() = {};
     printing.LayOut();
@@ -63,7 +58,7 @@ void ExpectPagesToMakeUpTheWhole(TzuPrinting &printing, THead heads = THead::Cut
     const QImage whole = ContentImage(printing, 0);
     const TPrintPage all = printing.Layout().Page(0);
     const QSizeF size = printing.ContentSize(all);
-    const int label = qRound(size.width() - all.Across.To);
+    const int label = qRound(size.width() - all.Across.To) - rightSide;
     const int head = qRound(size.height() - all.Down.To);
 
     const TPrintScaling scalings[] = {
@@ -96,54 +91,33 @@ void ExpectPagesToMakeUpTheWhole(TzuPrinting &printing, THead heads = THead::Cut
             };
             EXPECT_EQ(same({{label, body}, part}, {label + from, head + top}), 0);
             EXPECT_EQ(same({0, body, label, part.height()}, {0, head + top}), 0) << "labels";
-            if (heads == THead::Cut) {
-                EXPECT_EQ(same({label, 0, part.width(), head}, {label + from, 0}), 0) << "head";
-            }
+            const int above = heads == THead::Axis ? head - kMarks : 0;
+            EXPECT_EQ(same({label, above, part.width(), head - above}, {label + from, above}), 0)
+                << "head";
         }
     }
 }
 
-TEST(Stitching, GanttChart)
+TEST(Stitching, GanttChartWithTreeAndWithGrid)
 {
-    TzuGant chart;
-    chart.resize(700, 300);
-    std::vector<TzuDataEntity_Spanbar *> bars;
-    for (int i = 0; i < 40; ++i) {
-        TzuDataEntity_Spanbar *bar =
-            chart.AddSpanbar(chart.AddRootDataEntityTree("Row " + std::to_string(i)), 0);
-        bar->SetStartDateTime(kFrom + i * 1.7);
-        bar->SetStopDateTime(kFrom + i * 1.7 + 3 + i % 20);
-        bars.push_back(bar);
+    for (const auto fill : {FillChart, FillGridChart}) {
+        TzuGant chart;
+        fill(chart);
+        TzuGanttPrinting printing(chart);
+        printing.SetTimeScale(0.1); // times are whole pixels then, none halfway between two
+        printing.SetLinkMarks(false);
+        printing.SetFineness(1);
+        for (const bool headings : {true, false}) {
+            printing.SetRepeatHeadings(headings);
+            ExpectPagesToMakeUpTheWhole(printing, THead::Axis);
+        }
     }
-    for (std::size_t i = 0; i < bars.size(); ++i) {
-        TzuDataEntity_Link &link = chart.AddLink();
-        link.SetFirst(bars[i]);
-        link.SetSecond(bars[(i * 7 + 3) % bars.size()]);
-    }
-    chart.SetStart(kFrom);
-    chart.SetStop(kFrom + 40);
-    chart.show();
-    QApplication::processEvents();
-    TzuGanttPrinting printing(chart);
-    printing.SetTimeScale(0.1); // times are whole pixels then, none halfway between two
-    printing.SetLinkMarks(false);
-    printing.SetFineness(1);
-    ExpectPagesToMakeUpTheWhole(printing);
 }
 
 TEST(Stitching, Tree)
 {
     TzuTree tree;
-    for (int group = 0; group < 9; ++group) {
-        TzuDataEntity_Tree *heading = tree.AddDataEntity();
-        heading->SetText("Group " + std::to_string(group));
-        for (int row = 0; row < group; ++row) {
-            tree.AddDataEntity(heading)->SetText("Row " + std::to_string(row));
-        }
-    }
-    tree.show();
-    QApplication::processEvents();
-    tree.FullExpand();
+    FillTree(tree);
     TzuTreePrinting printing(tree);
     const auto length = [](const TzuDataEntity_Tree &row) {
         return QString::number(row.GetText().size());
@@ -154,56 +128,31 @@ TEST(Stitching, Tree)
     printing.Columns() = {{QStringLiteral("Row"), {}, 0, Qt::AlignLeft},
                           {QStringLiteral("Length"), length, 150, Qt::AlignRight},
                           {QStringLiteral("Level"), level, 200, Qt::AlignHCenter}};
-    ExpectPagesToMakeUpTheWhole(printing);
+    ExpectPagesToMakeUpTheWhole(printing, THead::Captions);
 }
 
 TEST(Stitching, Grid)
 {
     TzuGrid grid;
-    grid.resize(300, 200);
-    grid.OnGetCellText = [](TBabGridCell *cell, TAxisContentItem *column, TAxisContentItem *row,
-                            std::string &text) {
-        text = std::to_string(cell->Columns().IndexOf(*column)) + "/"
-               + std::to_string(cell->Rows().IndexOf(*row))
-               + (cell->Rows().IndexOf(*row) % 7 == 0 ? " some words more that wrap" : "");
-    };
-    grid.DefaultLayoutProp().WrapTextAndFit = true;
-    for (int i = 0; i < 8; ++i) {
-        TzuGrid_Column &column = grid.Columns().Add();
-        column.SetHeaderText("Column " + std::to_string(i));
-        column.SetWidth(60 + i * 10);
-    }
-    grid.AddRows(60);
-    grid.show();
-    QApplication::processEvents();
+    FillGrid(grid);
     TzuGridPrinting printing(grid);
-    ExpectPagesToMakeUpTheWhole(printing);
+    ExpectPagesToMakeUpTheWhole(printing, THead::Captions);
 }
 
-TEST(Stitching, ScheduleInBothViews)
+TEST(Stitching, ScheduleInBothViewsWithOneAxisOrTwo)
 {
+    constexpr int kDay = 64;
     TzuSchema schema;
-    schema.resize(500, 400);
-    for (int i = 0; i < 9; ++i) {
-        schema.AddColumn()->SetText("Column " + std::to_string(i));
-    }
-    for (int i = 0; i < 60; ++i) {
-        TzuDataEntity_SchemaTime *time = schema.AddSchemaTime(0);
-        time->SetCol(i % 9);
-        time->SetStartDateTime(kFrom + i * 0.25);
-        time->SetStopDateTime(kFrom + i * 0.25 + 1);
-        time->SetColor(static_cast<TColor>(0x00F0A000 + i));
-        time->AddText("Time " + std::to_string(i), 3, 2, 1);
-    }
-    schema.SetScalerStart(kFrom);
-    schema.SetScalerStop(kFrom + 16);
-    schema.show();
-    QApplication::processEvents();
+    FillSchedule(schema);
     for (const bool flip : {false, true}) {
         schema.SetFlipView(flip);
         TzuSchemaPrinting printing(schema);
-        printing.SetTimeScale(1.0 / 64);
-        ExpectPagesToMakeUpTheWhole(printing, flip ? THead::BegunAnew : THead::Cut);
+        printing.SetTimeScale(1.0 / kDay);
+        ExpectPagesToMakeUpTheWhole(printing, flip ? THead::Axis : THead::Captions);
+        if (!flip) {
+            printing.SetAxisAtBothEdges(true);
+            ExpectPagesToMakeUpTheWhole(printing, THead::Captions, schema.GetScalerWidth());
+        }
     }
 }
 

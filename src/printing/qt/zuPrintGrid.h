@@ -17,13 +17,13 @@ class TBabGridView_Custom;
 
 /// Measures and draws columns and rows of a grid, by their real indexes, without selection and
 /// focus. The grid stays as it is, also when an event handler throws.
-class TGridPart
+class TPrintGrid
 {
 public:
     using TColumns = std::vector<TGridPrintSlice::TColumn>;
 
     /// The grid is observed.
-    explicit TGridPart(TBabGridView_Custom &grid)
+    explicit TPrintGrid(TBabGridView_Custom &grid)
         : m_grid(grid)
     {
     }

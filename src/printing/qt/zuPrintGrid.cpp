@@ -1,4 +1,4 @@
-#include "printing/qt/zuGridPart.h"
+#include "printing/qt/zuPrintGrid.h"
 
 #include "cellgrid/qt/zuBabGridView.h"
 #include "foundation/qt/zuConvert.h"
@@ -11,7 +11,7 @@
 
 namespace korvane {
 
-TGridPart::TColumns TGridPart::ShownColumns() const
+TPrintGrid::TColumns TPrintGrid::ShownColumns() const
 {
     m_grid.EnsureLayout();
     TAxisContentList &list = m_grid.RootCell().Columns();
@@ -28,7 +28,7 @@ TGridPart::TColumns TGridPart::ShownColumns() const
     return columns;
 }
 
-int TGridPart::WidthOf(const TColumns &columns)
+int TPrintGrid::WidthOf(const TColumns &columns)
 {
     int width = 0;
     for (const auto &column : columns) {
@@ -37,12 +37,12 @@ int TGridPart::WidthOf(const TColumns &columns)
     return width;
 }
 
-int TGridPart::HeadRows() const
+int TPrintGrid::HeadRows() const
 {
     return m_grid.RootCell().Rows().FixedCount();
 }
 
-int TGridPart::HeadHeight() const
+int TPrintGrid::HeadHeight() const
 {
     const TAxisContentList &rows = m_grid.RootCell().Rows();
     int height = 0;
@@ -52,8 +52,8 @@ int TGridPart::HeadHeight() const
     return height;
 }
 
-void TGridPart::ForEachRow(const TColumns &columns, int first, int last,
-                           const std::function<void(const TGridBand &)> &visit)
+void TPrintGrid::ForEachRow(const TColumns &columns, int first, int last,
+                            const std::function<void(const TGridBand &)> &visit)
 {
     constexpr int kAtOnce = 128;
     TGridPrintSlice slice;
@@ -70,20 +70,20 @@ void TGridPart::ForEachRow(const TColumns &columns, int first, int last,
     }
 }
 
-void TGridPart::PaintHead(QPainter &painter, const TColumns &columns, const QPointF &at)
+void TPrintGrid::PaintHead(QPainter &painter, const TColumns &columns, const QPointF &at)
 {
     const QRectF all(at, QSizeF(WidthOf(columns), HeadHeight()));
     PaintSlice(painter, {columns, 0, HeadRows() - 1, {}}, at, all.height(), all);
 }
 
-void TGridPart::PaintRows(QPainter &painter, const TColumns &columns, int first, int last,
-                          const QPointF &at, double height, const QRectF &page)
+void TPrintGrid::PaintRows(QPainter &painter, const TColumns &columns, int first, int last,
+                           const QPointF &at, double height, const QRectF &page)
 {
     PaintSlice(painter, {columns, first, last, {}}, at, height, page);
 }
 
-void TGridPart::PaintSlice(QPainter &painter, const TGridPrintSlice &slice, const QPointF &at,
-                           double height, const QRectF &page)
+void TPrintGrid::PaintSlice(QPainter &painter, const TGridPrintSlice &slice, const QPointF &at,
+                            double height, const QRectF &page)
 {
     const int width = WidthOf(slice.Columns);
     if (width <= 0 || height <= 0) {
