@@ -274,21 +274,19 @@ void ScheduleView::Update(SchedulePage page)
     EndUpdate();
 }
 
-std::vector<int> ScheduleView::SelectedBlocks()
+std::vector<int> ScheduleView::SelectedOfAll()
 {
     std::vector<int> blocks;
     for (const TzuDataEntity_SchemaTime *time : SelectedTimes()) {
-        blocks.push_back(static_cast<int>(&BlockOf(*time) - m_page.Blocks.data()));
+        blocks.push_back(IndexOf(*time));
     }
-    std::ranges::sort(blocks);
     return blocks;
 }
 
 void ScheduleView::SelectBlocks(const std::vector<int> &blocks)
 {
     ForEachTime([&](TzuDataEntity_SchemaTime &time) {
-        const auto index = static_cast<int>(&BlockOf(time) - m_page.Blocks.data());
-        time.SetSelected(std::ranges::find(blocks, index) != blocks.end());
+        time.SetSelected(std::ranges::find(blocks, IndexOf(time)) != blocks.end());
     });
 }
 

@@ -22,15 +22,15 @@ public:
     /// The same page after a change: what is shown of it stays, and so does the selection.
     void Update(SchedulePage page);
     const SchedulePage &Page() const { return m_page; }
-    /// By their indexes in the page, ascending.
-    std::vector<int> SelectedBlocks();
-    /// Selects these alone.
-    void SelectBlocks(const std::vector<int> &blocks);
     /// Whether the user may move and stretch what has an occurrence. What comes of it is up to
     /// whoever shows the page: until the next Show or Update the blocks stand where they were put.
     void SetEditable(bool on) { m_isEditable = on; }
     /// Blocks that are selected, by their indices.
     std::vector<int> SelectedBlocks();
+    /// The same with those that cannot be edited.
+    std::vector<int> SelectedOfAll();
+    /// Selects these alone.
+    void SelectBlocks(const std::vector<int> &blocks);
     /// Selects alone what takes place of some events, and shows it.
     void SelectEvents(const std::vector<int> &events);
     /// The column that was clicked last, or that of the active block, or the first one.

@@ -89,7 +89,7 @@ void ScheduleWindow::MakeMenus()
     file.addSeparator();
     const auto makeJob = [this]() -> std::unique_ptr<PrintJob> {
         return std::make_unique<SchedulePrint>(m_view->Page(), m_pages->Name(), m_fileName,
-                                               m_view->SelectedBlocks());
+                                               m_view->SelectedOfAll());
     };
     m_print = (new PrintActions(makeJob, *this))->Actions();
     file.addActions(m_print);

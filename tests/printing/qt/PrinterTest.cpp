@@ -233,8 +233,7 @@ TEST(Printer, AGridIsPrintedEnlarged)
         const int right = static_cast<int>(cell.Right * scale) - 1;
         EXPECT_NE(page.pixel(right, static_cast<int>(y * scale)), qRgb(255, 255, 255));
         EXPECT_EQ(at(cell.Right - 3, cell.Top + 2), qRgb(255, 255, 255));
-        EXPECT_EQ(page.pixel(static_cast<int>(grid.width() * scale) + 1, 50),
-                  qRgb(255, 255, 255));
+        EXPECT_EQ(page.pixel(static_cast<int>(grid.width() * scale) + 1, 50), qRgb(255, 255, 255));
     }
 }
 
