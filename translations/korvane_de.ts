@@ -535,6 +535,14 @@
         <source>The paper has no room beside labels, axis and headings</source>
         <translation>Das Papier bietet neben Beschriftung, Achse und Köpfen keinen Platz</translation>
     </message>
+    <message>
+        <source>There is no printer</source>
+        <translation>Es gibt keinen Drucker</translation>
+    </message>
+    <message>
+        <source>Cannot keep the pages until they are printed: %1</source>
+        <translation>Die Seiten können bis zum Druck nicht aufbewahrt werden: %1</translation>
+    </message>
 </context>
 <context>
     <name>TzuSchema</name>

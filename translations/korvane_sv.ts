@@ -535,6 +535,14 @@
         <source>The paper has no room beside labels, axis and headings</source>
         <translation>Papperet har inget utrymme bredvid etiketter, axel och rubriker</translation>
     </message>
+    <message>
+        <source>There is no printer</source>
+        <translation>Det finns ingen skrivare</translation>
+    </message>
+    <message>
+        <source>Cannot keep the pages until they are printed: %1</source>
+        <translation>Sidorna kan inte sparas tills de skrivs ut: %1</translation>
+    </message>
 </context>
 <context>
     <name>TzuSchema</name>

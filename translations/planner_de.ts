@@ -1404,6 +1404,30 @@
         <source>&amp;Redo %1</source>
         <translation>&amp;Wiederholen: %1</translation>
     </message>
+    <message>
+        <source>&amp;Rows from, to:</source>
+        <translation>&amp;Zeilen von, bis:</translation>
+    </message>
+    <message>
+        <source>&amp;Selected rows only</source>
+        <translation>Nur aus&amp;gewählte Zeilen</translation>
+    </message>
+    <message>
+        <source>Time axis also at the &amp;bottom</source>
+        <translation>Zeitachse auch &amp;unten</translation>
+    </message>
+    <message>
+        <source>Co&amp;lumns from, to:</source>
+        <translation>&amp;Spalten von, bis:</translation>
+    </message>
+    <message>
+        <source>Columns with &amp;selected events only</source>
+        <translation>Nur Spalten mit aus&amp;gewählten Terminen</translation>
+    </message>
+    <message>
+        <source>Time axis also at the rig&amp;ht</source>
+        <translation>Zeitachse auch &amp;rechts</translation>
+    </message>
 </context>
 <context>
     <name>korvane::planner::EditActions</name>
@@ -2149,20 +2173,12 @@
         <translation>Seitenbreite</translation>
     </message>
     <message>
-        <source>Zoom:</source>
-        <translation>Zoom:</translation>
-    </message>
-    <message>
         <source>Resolution of PNG pictures</source>
         <translation>Auflösung von PNG-Bildern</translation>
     </message>
     <message>
         <source>%1 dpi</source>
         <translation>%1 dpi</translation>
-    </message>
-    <message>
-        <source>PNG pictures:</source>
-        <translation>PNG-Bilder:</translation>
     </message>
     <message>
         <source>No pages</source>
@@ -2180,21 +2196,17 @@
         <source>PDF document (*.pdf);;SVG pictures (*.svg);;PNG pictures (*.png)</source>
         <translation>PDF-Dokument (*.pdf);;SVG-Bilder (*.svg);;PNG-Bilder (*.png)</translation>
     </message>
+    <message>
+        <source>Zoo&amp;m:</source>
+        <translation>Zoo&amp;m:</translation>
+    </message>
+    <message>
+        <source>PNG p&amp;ictures:</source>
+        <translation>PNG-B&amp;ilder:</translation>
+    </message>
 </context>
 <context>
     <name>korvane::planner::PrintForm</name>
-    <message>
-        <source>Paper</source>
-        <translation>Papier</translation>
-    </message>
-    <message>
-        <source>Content</source>
-        <translation>Inhalt</translation>
-    </message>
-    <message>
-        <source>Texts and marks</source>
-        <translation>Texte und Marken</translation>
-    </message>
     <message>
         <source>Other size</source>
         <translation>Anderes Format</translation>
@@ -2202,14 +2214,6 @@
     <message>
         <source>Si&amp;ze:</source>
         <translation>&amp;Format:</translation>
-    </message>
-    <message>
-        <source>Width:</source>
-        <translation>Breite:</translation>
-    </message>
-    <message>
-        <source>Height:</source>
-        <translation>Höhe:</translation>
     </message>
     <message>
         <source>Portrait</source>
@@ -2240,14 +2244,6 @@
         <translation>Unterer Rand</translation>
     </message>
     <message>
-        <source>Margins left, right:</source>
-        <translation>Ränder links, rechts:</translation>
-    </message>
-    <message>
-        <source>top, bottom:</source>
-        <translation>oben, unten:</translation>
-    </message>
-    <message>
         <source>Percent of the screen&apos;s</source>
         <translation>Prozent der Bildschirmgröße</translation>
     </message>
@@ -2268,10 +2264,6 @@
         <translation>&amp;Maßstab:</translation>
     </message>
     <message>
-        <source>Percent:</source>
-        <translation>Prozent:</translation>
-    </message>
-    <message>
         <source>by</source>
         <translation>mal</translation>
     </message>
@@ -2288,64 +2280,108 @@
         <translation>beliebig</translation>
     </message>
     <message>
-        <source>Pages:</source>
-        <translation>Seiten:</translation>
-    </message>
-    <message>
-        <source>&amp;Enlarge as well</source>
-        <translation>Auch ver&amp;größern</translation>
-    </message>
-    <message>
-        <source>&amp;Selected rows only</source>
-        <translation>Nur aus&amp;gewählte Zeilen</translation>
-    </message>
-    <message>
-        <source>Time axis also at the &amp;bottom</source>
-        <translation>Zeitachse auch &amp;unten</translation>
-    </message>
-    <message>
         <source>Repeat &amp;headings of groups on every page</source>
         <translation>Gruppen&amp;köpfe auf jeder Seite wiederholen</translation>
-    </message>
-    <message>
-        <source>&amp;Columns:</source>
-        <translation>&amp;Spalten:</translation>
     </message>
     <message>
         <source>&amp;Days from, to:</source>
         <translation>&amp;Tage von, bis:</translation>
     </message>
     <message>
-        <source>&amp;Rows from, to:</source>
-        <translation>&amp;Zeilen von, bis:</translation>
-    </message>
-    <message>
-        <source>Header left:</source>
-        <translation>Kopf links:</translation>
-    </message>
-    <message>
-        <source>centre:</source>
-        <translation>Mitte:</translation>
-    </message>
-    <message>
-        <source>right:</source>
-        <translation>rechts:</translation>
-    </message>
-    <message>
-        <source>Footer left:</source>
-        <translation>Fuß links:</translation>
-    </message>
-    <message>
         <source>{title}, {file}, {date}, {time}, {range}, {page} and {pages} are filled in.</source>
         <translation>{title}, {file}, {date}, {time}, {range}, {page} und {pages} werden ausgefüllt.</translation>
     </message>
     <message>
-        <source>&amp;Crop marks</source>
-        <translation>S&amp;chnittmarken</translation>
+        <source>Pap&amp;er</source>
+        <translation>Papi&amp;er</translation>
     </message>
     <message>
-        <source>Marks for &amp;gluing pages together</source>
-        <translation>Marken zum Zusammen&amp;kleben der Seiten</translation>
+        <source>Co&amp;ntent</source>
+        <translation>I&amp;nhalt</translation>
+    </message>
+    <message>
+        <source>Texts and mar&amp;ks</source>
+        <translation>Texte und Mar&amp;ken</translation>
+    </message>
+    <message>
+        <source>&amp;Width:</source>
+        <translation>&amp;Breite:</translation>
+    </message>
+    <message>
+        <source>&amp;Height:</source>
+        <translation>&amp;Höhe:</translation>
+    </message>
+    <message>
+        <source>Margins &amp;left, right:</source>
+        <translation>Ränder &amp;links, rechts:</translation>
+    </message>
+    <message>
+        <source>top, &amp;bottom:</source>
+        <translation>oben, &amp;unten:</translation>
+    </message>
+    <message>
+        <source>Pe&amp;rcent:</source>
+        <translation>Pro&amp;zent:</translation>
+    </message>
+    <message>
+        <source>Pages, &amp;up to:</source>
+        <translation>Seiten, bi&amp;s zu:</translation>
+    </message>
+    <message>
+        <source>Enlar&amp;ge as well</source>
+        <translation>Auch ver&amp;größern</translation>
+    </message>
+    <message>
+        <source>Co&amp;lumns:</source>
+        <translation>&amp;Spalten:</translation>
+    </message>
+    <message>
+        <source>First day</source>
+        <translation>Erster Tag</translation>
+    </message>
+    <message>
+        <source>Last day</source>
+        <translation>Letzter Tag</translation>
+    </message>
+    <message>
+        <source>The first one</source>
+        <translation>Erste</translation>
+    </message>
+    <message>
+        <source>The last one</source>
+        <translation>Letzte</translation>
+    </message>
+    <message>
+        <source>Header &amp;left:</source>
+        <translation>Kopf &amp;links:</translation>
+    </message>
+    <message>
+        <source>cen&amp;tre:</source>
+        <translation>Mi&amp;tte:</translation>
+    </message>
+    <message>
+        <source>ri&amp;ght:</source>
+        <translation>re&amp;chts:</translation>
+    </message>
+    <message>
+        <source>&amp;Footer left:</source>
+        <translation>&amp;Fuß links:</translation>
+    </message>
+    <message>
+        <source>cent&amp;re:</source>
+        <translation>Mitt&amp;e:</translation>
+    </message>
+    <message>
+        <source>rig&amp;ht:</source>
+        <translation>rec&amp;hts:</translation>
+    </message>
+    <message>
+        <source>Cr&amp;op marks</source>
+        <translation>Schnittm&amp;arken</translation>
+    </message>
+    <message>
+        <source>Marks for gl&amp;uing pages together</source>
+        <translation>Marken z&amp;um Zusammenkleben der Seiten</translation>
     </message>
 </context>
 <context>

@@ -1404,6 +1404,30 @@
         <source>&amp;Redo %1</source>
         <translation>&amp;Gör om: %1</translation>
     </message>
+    <message>
+        <source>&amp;Rows from, to:</source>
+        <translation>Rader &amp;från, till:</translation>
+    </message>
+    <message>
+        <source>&amp;Selected rows only</source>
+        <translation>Bara &amp;markerade rader</translation>
+    </message>
+    <message>
+        <source>Time axis also at the &amp;bottom</source>
+        <translation>Tidsaxel även &amp;nedtill</translation>
+    </message>
+    <message>
+        <source>Co&amp;lumns from, to:</source>
+        <translation>Kolumner &amp;från, till:</translation>
+    </message>
+    <message>
+        <source>Columns with &amp;selected events only</source>
+        <translation>Bara kolumner med &amp;markerade händelser</translation>
+    </message>
+    <message>
+        <source>Time axis also at the rig&amp;ht</source>
+        <translation>Tidsaxel även till &amp;höger</translation>
+    </message>
 </context>
 <context>
     <name>korvane::planner::EditActions</name>
@@ -2149,20 +2173,12 @@
         <translation>Sidbredd</translation>
     </message>
     <message>
-        <source>Zoom:</source>
-        <translation>Zoom:</translation>
-    </message>
-    <message>
         <source>Resolution of PNG pictures</source>
         <translation>Upplösning för PNG-bilder</translation>
     </message>
     <message>
         <source>%1 dpi</source>
         <translation>%1 dpi</translation>
-    </message>
-    <message>
-        <source>PNG pictures:</source>
-        <translation>PNG-bilder:</translation>
     </message>
     <message>
         <source>No pages</source>
@@ -2180,21 +2196,17 @@
         <source>PDF document (*.pdf);;SVG pictures (*.svg);;PNG pictures (*.png)</source>
         <translation>PDF-dokument (*.pdf);;SVG-bilder (*.svg);;PNG-bilder (*.png)</translation>
     </message>
+    <message>
+        <source>Zoo&amp;m:</source>
+        <translation>Zoo&amp;m:</translation>
+    </message>
+    <message>
+        <source>PNG p&amp;ictures:</source>
+        <translation>PNG-b&amp;ilder:</translation>
+    </message>
 </context>
 <context>
     <name>korvane::planner::PrintForm</name>
-    <message>
-        <source>Paper</source>
-        <translation>Papper</translation>
-    </message>
-    <message>
-        <source>Content</source>
-        <translation>Innehåll</translation>
-    </message>
-    <message>
-        <source>Texts and marks</source>
-        <translation>Texter och märken</translation>
-    </message>
     <message>
         <source>Other size</source>
         <translation>Annan storlek</translation>
@@ -2202,14 +2214,6 @@
     <message>
         <source>Si&amp;ze:</source>
         <translation>S&amp;torlek:</translation>
-    </message>
-    <message>
-        <source>Width:</source>
-        <translation>Bredd:</translation>
-    </message>
-    <message>
-        <source>Height:</source>
-        <translation>Höjd:</translation>
     </message>
     <message>
         <source>Portrait</source>
@@ -2240,14 +2244,6 @@
         <translation>Nedre marginal</translation>
     </message>
     <message>
-        <source>Margins left, right:</source>
-        <translation>Marginaler vänster, höger:</translation>
-    </message>
-    <message>
-        <source>top, bottom:</source>
-        <translation>över, under:</translation>
-    </message>
-    <message>
         <source>Percent of the screen&apos;s</source>
         <translation>Procent av skärmens</translation>
     </message>
@@ -2268,10 +2264,6 @@
         <translation>&amp;Skala:</translation>
     </message>
     <message>
-        <source>Percent:</source>
-        <translation>Procent:</translation>
-    </message>
-    <message>
         <source>by</source>
         <translation>gånger</translation>
     </message>
@@ -2288,64 +2280,108 @@
         <translation>valfritt</translation>
     </message>
     <message>
-        <source>Pages:</source>
-        <translation>Sidor:</translation>
-    </message>
-    <message>
-        <source>&amp;Enlarge as well</source>
-        <translation>&amp;Även förstora</translation>
-    </message>
-    <message>
-        <source>&amp;Selected rows only</source>
-        <translation>Bara &amp;markerade rader</translation>
-    </message>
-    <message>
-        <source>Time axis also at the &amp;bottom</source>
-        <translation>Tidsaxel även &amp;nedtill</translation>
-    </message>
-    <message>
         <source>Repeat &amp;headings of groups on every page</source>
         <translation>Upprepa gruppernas &amp;rubriker på varje sida</translation>
-    </message>
-    <message>
-        <source>&amp;Columns:</source>
-        <translation>&amp;Kolumner:</translation>
     </message>
     <message>
         <source>&amp;Days from, to:</source>
         <translation>&amp;Dagar från, till:</translation>
     </message>
     <message>
-        <source>&amp;Rows from, to:</source>
-        <translation>Rader &amp;från, till:</translation>
-    </message>
-    <message>
-        <source>Header left:</source>
-        <translation>Sidhuvud vänster:</translation>
-    </message>
-    <message>
-        <source>centre:</source>
-        <translation>mitten:</translation>
-    </message>
-    <message>
-        <source>right:</source>
-        <translation>höger:</translation>
-    </message>
-    <message>
-        <source>Footer left:</source>
-        <translation>Sidfot vänster:</translation>
-    </message>
-    <message>
         <source>{title}, {file}, {date}, {time}, {range}, {page} and {pages} are filled in.</source>
         <translation>{title}, {file}, {date}, {time}, {range}, {page} och {pages} fylls i.</translation>
     </message>
     <message>
-        <source>&amp;Crop marks</source>
+        <source>Pap&amp;er</source>
+        <translation>Papp&amp;er</translation>
+    </message>
+    <message>
+        <source>Co&amp;ntent</source>
+        <translation>I&amp;nnehåll</translation>
+    </message>
+    <message>
+        <source>Texts and mar&amp;ks</source>
+        <translation>Texter och mär&amp;ken</translation>
+    </message>
+    <message>
+        <source>&amp;Width:</source>
+        <translation>&amp;Bredd:</translation>
+    </message>
+    <message>
+        <source>&amp;Height:</source>
+        <translation>&amp;Höjd:</translation>
+    </message>
+    <message>
+        <source>Margins &amp;left, right:</source>
+        <translation>Marginaler &amp;vänster, höger:</translation>
+    </message>
+    <message>
+        <source>top, &amp;bottom:</source>
+        <translation>över, &amp;under:</translation>
+    </message>
+    <message>
+        <source>Pe&amp;rcent:</source>
+        <translation>P&amp;rocent:</translation>
+    </message>
+    <message>
+        <source>Pages, &amp;up to:</source>
+        <translation>Sidor, upp &amp;till:</translation>
+    </message>
+    <message>
+        <source>Enlar&amp;ge as well</source>
+        <translation>&amp;Även förstora</translation>
+    </message>
+    <message>
+        <source>Co&amp;lumns:</source>
+        <translation>Ko&amp;lumner:</translation>
+    </message>
+    <message>
+        <source>First day</source>
+        <translation>Första dagen</translation>
+    </message>
+    <message>
+        <source>Last day</source>
+        <translation>Sista dagen</translation>
+    </message>
+    <message>
+        <source>The first one</source>
+        <translation>Den första</translation>
+    </message>
+    <message>
+        <source>The last one</source>
+        <translation>Den sista</translation>
+    </message>
+    <message>
+        <source>Header &amp;left:</source>
+        <translation>Sidhuvud &amp;vänster:</translation>
+    </message>
+    <message>
+        <source>cen&amp;tre:</source>
+        <translation>mit&amp;ten:</translation>
+    </message>
+    <message>
+        <source>ri&amp;ght:</source>
+        <translation>hö&amp;ger:</translation>
+    </message>
+    <message>
+        <source>&amp;Footer left:</source>
+        <translation>Sid&amp;fot vänster:</translation>
+    </message>
+    <message>
+        <source>cent&amp;re:</source>
+        <translation>mitte&amp;n:</translation>
+    </message>
+    <message>
+        <source>rig&amp;ht:</source>
+        <translation>&amp;höger:</translation>
+    </message>
+    <message>
+        <source>Cr&amp;op marks</source>
         <translation>&amp;Skärmärken</translation>
     </message>
     <message>
-        <source>Marks for &amp;gluing pages together</source>
-        <translation>Märken för &amp;hopklistring av sidor</translation>
+        <source>Marks for gl&amp;uing pages together</source>
+        <translation>Märken för h&amp;opklistring av sidor</translation>
     </message>
 </context>
 <context>

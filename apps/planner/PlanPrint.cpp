@@ -134,9 +134,9 @@ PrintFeatures PlanPrint::Features() const
     const auto day = [](TDateTime date) { return ToQDateTime(date).date(); };
     PrintFeatures features{.Days = std::pair(day(m_chart->Start()), day(m_chart->Stop())),
                            .Rows = RowCount(*m_chart),
-                           .RowsText = QObject::tr("&Rows from, to:"),
-                           .SelectionText = QObject::tr("&Selected rows only"),
-                           .AxisText = QObject::tr("Time axis also at the &bottom"),
+                           .RowsText = PlannerText::tr("&Rows from, to:"),
+                           .SelectionText = PlannerText::tr("&Selected rows only"),
+                           .AxisText = PlannerText::tr("Time axis also at the &bottom"),
                            .Headings = m_tasks != nullptr,
                            .Columns = {}};
     if (m_chart->UseGridNotTree()) {

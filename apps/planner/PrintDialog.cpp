@@ -57,6 +57,7 @@ PrintDialog::PrintDialog(std::unique_ptr<PrintJob> job, QWidget *parent)
     layout->addWidget(MakeBar());
     layout->addLayout(middle, 1);
     layout->addWidget(buttons);
+    m_form->setFocus();
     m_changes.setSingleShot(true);
     m_changes.setInterval(kChangesDelay);
     connect(&m_changes, &QTimer::timeout, this, &PrintDialog::ShowChanges);
@@ -97,8 +98,13 @@ QWidget *PrintDialog::MakeBar()
     for (const int percent : kPercents) {
         m_zoom->addItem(QStringLiteral("%1 %").arg(percent), percent);
     }
-    layout->addWidget(new QLabel(tr("Zoom:")));
-    layout->addWidget(m_zoom);
+    const auto add = [layout](const QString &text, QWidget *field) {
+        auto *label = new QLabel(text);
+        label->setBuddy(field);
+        layout->addWidget(label);
+        layout->addWidget(field);
+    };
+    add(tr("Zoo&m:"), m_zoom);
     layout->addStretch(1);
     m_resolution = new QComboBox;
     m_resolution->setAccessibleName(tr("Resolution of PNG pictures"));
@@ -106,8 +112,7 @@ QWidget *PrintDialog::MakeBar()
         m_resolution->addItem(tr("%1 dpi").arg(dots), dots);
     }
     m_resolution->setCurrentIndex(1);
-    layout->addWidget(new QLabel(tr("PNG pictures:")));
-    layout->addWidget(m_resolution);
+    add(tr("PNG p&ictures:"), m_resolution);
     connect(m_zoom, &QComboBox::activated, this, &PrintDialog::ChooseZoom);
     return bar;
 }

@@ -48,13 +48,13 @@ QDoubleSpinBox *Millimetres(double value, double least, double most)
 PrintForm::PrintForm(const PrintOptions &options, const PrintFeatures &features, QWidget *parent)
     : QTabWidget(parent)
 {
-    addTab(PaperPage(options), tr("Paper"));
+    addTab(PaperPage(options), tr("Pap&er"));
     const bool choices = features.Days || features.Rows > 0 || !features.SelectionText.isEmpty()
                          || !features.AxisText.isEmpty() || !features.Columns.isEmpty();
     if (choices) {
-        addTab(ContentPage(options, features), tr("Content"));
+        addTab(ContentPage(options, features), tr("Co&ntent"));
     }
-    addTab(TextPage(options), tr("Texts and marks"));
+    addTab(TextPage(options), tr("Texts and mar&ks"));
 }
 
 QCheckBox *PrintForm::AddCheck(QFormLayout &form, const QString &text, bool checked)
@@ -95,8 +95,8 @@ QWidget *PrintForm::PaperPage(const PrintOptions &options)
     form->addRow(tr("Si&ze:"), m_paper);
     m_width = Millimetres(options.Paper.width(), kLeastSide, kMostSide);
     m_height = Millimetres(options.Paper.height(), kLeastSide, kMostSide);
-    form->addRow(tr("Width:"), m_width);
-    form->addRow(tr("Height:"), m_height);
+    form->addRow(tr("&Width:"), m_width);
+    form->addRow(tr("&Height:"), m_height);
     m_orientation = new QComboBox;
     m_orientation->addItems({tr("Portrait"), tr("Landscape")});
     m_orientation->setCurrentIndex(options.Landscape ? 1 : 0);
@@ -128,8 +128,13 @@ void PrintForm::AddMargins(QFormLayout &form, const PrintOptions &options)
         connect(m_margins[i], &QDoubleSpinBox::valueChanged, this, &PrintForm::changed);
         (i % 2 == 0 ? across : down)->addWidget(m_margins[i]);
     }
-    form.addRow(tr("Margins left, right:"), across);
-    form.addRow(tr("top, bottom:"), down);
+    const auto add = [&form](const QString &text, QHBoxLayout *row) {
+        auto *label = new QLabel(text);
+        label->setBuddy(row->itemAt(0)->widget());
+        form.addRow(label, row);
+    };
+    add(tr("Margins &left, right:"), across);
+    add(tr("top, &bottom:"), down);
 }
 
 void PrintForm::AddScaling(QFormLayout &form, const PrintOptions &options)
@@ -149,7 +154,7 @@ void PrintForm::AddScaling(QFormLayout &form, const PrintOptions &options)
     m_percent->setValue(scaling.Percent);
     m_percent->setSuffix(QStringLiteral(" %"));
     m_percent->setKeyboardTracking(false);
-    form.addRow(tr("Percent:"), m_percent);
+    form.addRow(tr("Pe&rcent:"), m_percent);
     m_pages = new QWidget;
     auto *row = new QHBoxLayout(m_pages);
     row->setContentsMargins(0, 0, 0, 0);
@@ -162,8 +167,10 @@ void PrintForm::AddScaling(QFormLayout &form, const PrintOptions &options)
         field->setSpecialValueText(tr("any"));
         field->setToolTip(field->accessibleName());
     }
-    form.addRow(tr("Pages:"), m_pages);
-    m_enlarge = AddCheck(form, tr("&Enlarge as well"), scaling.Enlarge);
+    auto *label = new QLabel(tr("Pages, &up to:"));
+    label->setBuddy(m_across);
+    form.addRow(label, m_pages);
+    m_enlarge = AddCheck(form, tr("Enlar&ge as well"), scaling.Enlarge);
     connect(m_fit, &QComboBox::currentIndexChanged, this, &PrintForm::ShowScalingFields);
     connect(m_percent, &QDoubleSpinBox::valueChanged, this, &PrintForm::changed);
     ShowScalingFields();
@@ -222,7 +229,11 @@ QWidget *PrintForm::ContentPage(const PrintOptions &options, const PrintFeatures
                                                                       : Qt::Checked);
         }
         connect(m_columns, &QListWidget::itemChanged, this, &PrintForm::changed);
-        form->addRow(tr("&Columns:"), m_columns);
+        constexpr int kMostShown = 9;
+        m_columns->setMaximumHeight((m_columns->sizeHintForRow(0) + 1)
+                                        * std::min(m_columns->count() + 1, kMostShown)
+                                    + 2 * m_columns->frameWidth());
+        form->addRow(tr("Co&lumns:"), m_columns);
     }
     return page;
 }
@@ -269,9 +280,9 @@ QWidget *PrintForm::TextPage(const PrintOptions &options)
     auto *page = new QWidget;
     auto *form = new QFormLayout(page);
     const std::pair<QString, const std::string &> texts[] = {
-        {tr("Header left:"), options.Header.Left}, {tr("centre:"), options.Header.Center},
-        {tr("right:"), options.Header.Right},      {tr("Footer left:"), options.Footer.Left},
-        {tr("centre:"), options.Footer.Center},    {tr("right:"), options.Footer.Right}};
+        {tr("Header &left:"), options.Header.Left}, {tr("cen&tre:"), options.Header.Center},
+        {tr("ri&ght:"), options.Header.Right},      {tr("&Footer left:"), options.Footer.Left},
+        {tr("cent&re:"), options.Footer.Center},    {tr("rig&ht:"), options.Footer.Right}};
     for (std::size_t i = 0; i < m_texts.size(); ++i) {
         m_texts[i] = new QLineEdit(QString::fromStdString(texts[i].second));
         connect(m_texts[i], &QLineEdit::textChanged, this, &PrintForm::changed);
@@ -281,8 +292,8 @@ QWidget *PrintForm::TextPage(const PrintOptions &options)
         tr("{title}, {file}, {date}, {time}, {range}, {page} and {pages} are filled in."));
     fields->setWordWrap(true);
     form->addRow(fields);
-    m_cropMarks = AddCheck(*form, tr("&Crop marks"), options.CropMarks);
-    m_glueMarks = AddCheck(*form, tr("Marks for &gluing pages together"), options.GlueMarks);
+    m_cropMarks = AddCheck(*form, tr("Cr&op marks"), options.CropMarks);
+    m_glueMarks = AddCheck(*form, tr("Marks for gl&uing pages together"), options.GlueMarks);
     return page;
 }
 

@@ -1,5 +1,7 @@
 #include "SchedulePrint.h"
 
+#include "plan/PlannerText.h"
+
 #include <QApplication>
 #include <QFileInfo>
 
@@ -35,9 +37,9 @@ PrintFeatures SchedulePrint::Features() const
 {
     PrintFeatures features;
     features.Rows = m_view.Columns().Count();
-    features.RowsText = QObject::tr("&Columns from, to:");
-    features.SelectionText = QObject::tr("Columns with &selected events only");
-    features.AxisText = QObject::tr("Time axis also at the &right");
+    features.RowsText = PlannerText::tr("Co&lumns from, to:");
+    features.SelectionText = PlannerText::tr("Columns with &selected events only");
+    features.AxisText = PlannerText::tr("Time axis also at the rig&ht");
     return features;
 }
 

@@ -130,7 +130,7 @@ bool TzuPrintDocument::Print(QPrinter &printer)
     std::unique_ptr<TPrintSpool> spool;
     if (TPrintSpool::IsNeeded(printer)) {
         if (printer.printerName().isEmpty()) {
-            throw std::runtime_error("There is no printer");
+            throw std::runtime_error(Translate("TzuPrinting", "There is no printer"));
         }
         spool = Spool(pages);
         if (spool == nullptr) {

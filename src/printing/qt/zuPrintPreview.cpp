@@ -176,6 +176,7 @@ TzuPrintPreview::TzuPrintPreview(TzuPrintDocument &document, QWidget *parent)
     m_list->setGridSize({kThumbnail + 24, kThumbnail + 32});
     m_list->setAccessibleName(tr("Pages"));
     m_list->setMinimumWidth(kThumbnail + 48);
+    m_list->viewport()->setBackgroundRole(QPalette::Mid); // the sheets are white
     m_scroll->setWidget(m_sheet);
     m_scroll->setWidgetResizable(true);
     m_scroll->setFocusPolicy(Qt::StrongFocus);
@@ -184,6 +185,7 @@ TzuPrintPreview::TzuPrintPreview(TzuPrintDocument &document, QWidget *parent)
     split->addWidget(m_list);
     split->addWidget(m_scroll);
     split->setStretchFactor(1, 1);
+    split->setSizes({m_list->minimumWidth(), 10 * kThumbnail});
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(split);

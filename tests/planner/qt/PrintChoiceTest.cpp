@@ -109,8 +109,13 @@ TEST_F(PrintChoice, OfAScheduleItsColumns)
         page.Columns.push_back({.Caption = QLatin1String(name)});
     }
     page.Axis = {0, 86400};
-    page.Blocks.push_back({.Column = 2, .Start = 36000, .Stop = 40000, .Title = {}, .Detail = {},
-                           .ToolTip = {}, .Color = {}});
+    page.Blocks.push_back({.Column = 2,
+                           .Start = 36000,
+                           .Stop = 40000,
+                           .Title = {},
+                           .Detail = {},
+                           .ToolTip = {},
+                           .Color = {}});
     SchedulePrint print(page, QStringLiteral("Days"), {}, {0});
     EXPECT_EQ(print.Features().Rows, 3);
     const auto width = [&](const PrintOptions &options) {
