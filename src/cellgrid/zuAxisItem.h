@@ -3,6 +3,7 @@
 
 #include "data/zuSequencePlace.h"
 #include "foundation/zuExport.h"
+#include "foundation/zuLifeWatch.h"
 #include "foundation/zuTypes.h"
 
 #include <cstdint>
@@ -37,7 +38,7 @@ private:
 };
 
 /// One column or row. Its list creates and frees it.
-class KORVANE_CORE_API TAxisContentItem : public TObject
+class KORVANE_CORE_API TAxisContentItem : public TObject, public TzuLifeWatched
 {
 public:
     ~TAxisContentItem() override;

@@ -3,6 +3,7 @@
 
 #include "cellgrid/zuLayoutProp.h"
 #include "foundation/zuExport.h"
+#include "foundation/zuLifeWatch.h"
 #include "foundation/zuTypes.h"
 
 #include <cstdint>
@@ -107,7 +108,7 @@ private:
 };
 
 /// One cell. It belongs to its row and goes with its column; the matrix of its grid owns it.
-class KORVANE_CORE_API TBabCell : public TObject
+class KORVANE_CORE_API TBabCell : public TObject, public TzuLifeWatched
 {
 public:
     TBabGridCell *GridCell() const { return m_gridCell; }

@@ -3,6 +3,7 @@
 
 #include "cellgrid/zuLayoutProp.h"
 #include "foundation/zuExport.h"
+#include "foundation/zuLifeWatch.h"
 #include "foundation/zuTypes.h"
 
 #include <cstdint>
@@ -43,7 +44,7 @@ enum class TSortMark : std::uint8_t { None, Ascending, Descending };
 
 /// A view takes an item's Value that is of this class for the item's column; columns of other
 /// values are plain text.
-class KORVANE_CORE_API TBabColumn : public TObject
+class KORVANE_CORE_API TBabColumn : public TObject, public TzuLifeWatched
 {
 public:
     virtual TColumnKind Kind() const = 0;

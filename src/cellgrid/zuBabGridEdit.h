@@ -121,11 +121,11 @@ public:
     TOnBeforeEdit OnBeforeEdit;
     /// A combo is about to open, or a text to be checked by it: fill the Items of the cell's
     /// TBabCellData_Combo. A cell that is made for this goes afterwards.
-    TOnCellEvent OnBeforeEditWithCombo;
-    TOnEditStop OnEditStop; ///< before the text is stored
-    TOnCellEdited OnCellEdited;
-    TOnGridBeginUserChange OnBeginUserChange;
-    TOnGridEndUserChange OnEndUserChange;
+    TPublished<TOnCellEvent> OnBeforeEditWithCombo;
+    TPublished<TOnEditStop> OnEditStop; ///< before the text is stored
+    TPublished<TOnCellEdited> OnCellEdited;
+    TPublished<TOnGridBeginUserChange> OnBeginUserChange;
+    TPublished<TOnGridEndUserChange> OnEndUserChange;
 
 protected:
     void CountChanged(TAxisContentList *list, int index, int by) override;

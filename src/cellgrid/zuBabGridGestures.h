@@ -41,9 +41,9 @@ public:
     /// What the gesture shows above the picture.
     void PaintOverlay(TCanvas &canvas);
 
-    TOnResizeEvent OnColumnResized;
-    TOnResizeEvent OnRowResized;
-    TNotify OnAfterUserSize; ///< a resizing is over
+    TPublished<TOnResizeEvent> OnColumnResized;
+    TPublished<TOnResizeEvent> OnRowResized;
+    TPublished<TNotify> OnAfterUserSize; ///< a resizing is over
 
 protected:
     void SubGridGoes(TBabGridCell *grid) override;

@@ -4,6 +4,7 @@
 #include "cellgrid/zuBabGridLayout.h"
 #include "cellgrid/zuBabGridPaint.h"
 #include "foundation/zuExport.h"
+#include "foundation/zuPublished.h"
 
 #include <cstdint>
 #include <string>
@@ -92,9 +93,9 @@ public:
 
     TOnBeforeRenderCell OnBeforeRenderCell;
     TOnUserRenderCell OnUserRenderCell;
-    TNotify OnSelectionChanged;
-    TNotify OnFocusCellChanged;
-    TNotify OnTopLeftChanged;
+    TPublished<TNotify> OnSelectionChanged;
+    TPublished<TNotify> OnFocusCellChanged;
+    TPublished<TNotify> OnTopLeftChanged;
     TNotify OnInvalidate; ///< rows may lie elsewhere from the next layout on
 
 protected:

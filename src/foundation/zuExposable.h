@@ -9,11 +9,10 @@ namespace korvane {
 
 /// Root of every data object. It is released in two steps: CleanForFree lets go of whatever refers
 /// to it, then it is freed; FreeWheneverPossible does both and is the one way to release.
-class KORVANE_CORE_API TzuExposable : public TObject
+class KORVANE_CORE_API TzuExposable : public TObject, public TzuLifeWatched
 {
 public:
     TzuExposable() { Initialize(); }
-    ~TzuExposable() override { TzuLifeWatch::Released(this); }
 
     /// Detaches the object from lists, owners, selections and listeners.
     virtual void CleanForFree() = 0;

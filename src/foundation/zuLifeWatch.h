@@ -1,44 +1,38 @@
 // Tells whether a data object outlived the handlers that were called meanwhile.
 #pragma once
 
+#include "foundation/zuExport.h"
+
 namespace korvane {
 
-class TzuExposable;
+class TzuLifeWatched;
 
-/// Watches one data object from the construction of the watch on. For locals only: watches of a
-/// thread end in the reverse order of their beginning. A watch sees releases by its own thread.
-class TzuLifeWatch
+/// Watches one data object from the construction of the watch on. Watches of a thread end in the
+/// reverse order of their beginning. A watch sees releases by its own thread.
+class KORVANE_CORE_API TzuLifeWatch
 {
 public:
-    explicit TzuLifeWatch(const TzuExposable &object)
-        : m_object(&object)
-        , m_outer(s_innermost)
-    {
-        s_innermost = this;
-    }
+    explicit TzuLifeWatch(const TzuLifeWatched &object);
     TzuLifeWatch(const TzuLifeWatch &) = delete;
     TzuLifeWatch &operator=(const TzuLifeWatch &) = delete;
-    ~TzuLifeWatch() { s_innermost = m_outer; }
+    ~TzuLifeWatch();
 
     /// Whether the object still exists.
     explicit operator bool() const { return m_object != nullptr; }
 
 private:
-    friend class TzuExposable;
+    friend class TzuLifeWatched;
 
-    static void Released(const TzuExposable *object)
-    {
-        for (auto *watch = s_innermost; watch != nullptr; watch = watch->m_outer) {
-            if (watch->m_object == object) {
-                watch->m_object = nullptr;
-            }
-        }
-    }
-
-    const TzuExposable *m_object;
+    const TzuLifeWatched *m_object;
     TzuLifeWatch *m_outer;
+};
 
-    static inline constinit thread_local TzuLifeWatch *s_innermost = nullptr;
+/// Base of what can be watched. Takes no room.
+class KORVANE_CORE_API TzuLifeWatched
+{
+protected:
+    TzuLifeWatched() = default;
+    ~TzuLifeWatched();
 };
 
 } // namespace korvane

@@ -405,18 +405,18 @@ bool TGantCore::TimeMoveRow(TzuDataEntity_Spanbar &item, TGantRow &row, TGantRow
                             TDateTime start, TDateTime stop, TzuDataEntity_Spanbar *&result)
 {
     result = nullptr;
-    const TOnTimeCopyOrChangeRow handler = OnTimeChangeRow;
-    handler(m_component, &item, &row, &newRow, start, stop);
-    return static_cast<bool>(handler);
+    const bool taken = static_cast<bool>(OnTimeChangeRow);
+    OnTimeChangeRow(m_component, &item, &row, &newRow, start, stop);
+    return taken;
 }
 
 bool TGantCore::TimeCopy(TzuDataEntity_Spanbar &item, TGantRow &row, TGantRow &newRow,
                          TDateTime start, TDateTime stop, TzuDataEntity_Spanbar *&result)
 {
     result = nullptr;
-    const TOnTimeCopyOrChangeRow handler = OnTimeCopy;
-    handler(m_component, &item, &row, &newRow, start, stop);
-    return static_cast<bool>(handler);
+    const bool taken = static_cast<bool>(OnTimeCopy);
+    OnTimeCopy(m_component, &item, &row, &newRow, start, stop);
+    return taken;
 }
 
 } // namespace korvane

@@ -161,23 +161,23 @@ public:
     virtual bool TimeCopy(TzuDataEntity_Spanbar &item, TGantRow &row, TGantRow &newRow,
                           TDateTime start, TDateTime stop, TzuDataEntity_Spanbar *&result);
 
-    TOnContentChanged OnContentChanged_Spanbar;
-    TOnSelectionChanged OnSelectionChanged_Spanbar;
-    TOnDeleteItem OnDeleteItem_Spanbar;
-    TOnInsertItem OnInsertItem_Spanbar;
-    TOnInfoPush OnValueChanged_Spanbar;
+    TPublished<TOnContentChanged> OnContentChanged_Spanbar;
+    TPublished<TOnSelectionChanged> OnSelectionChanged_Spanbar;
+    TPublished<TOnDeleteItem> OnDeleteItem_Spanbar;
+    TPublished<TOnInsertItem> OnInsertItem_Spanbar;
+    TPublished<TOnInfoPush> OnValueChanged_Spanbar;
     /// May change the item's CanEdit before it is read.
-    TOnBeforeCanEditItem OnBeforeCanEditItem_Spanbar;
-    TOnInfoPush_Spanbar OnChangeDataEntity_Spanbar;
-    TOnSelectionChanged OnSelectionChanged_Link;
-    TOnGantVirtualLoad OnVirtualLoad_Spanbar;
+    TPublished<TOnBeforeCanEditItem> OnBeforeCanEditItem_Spanbar;
+    TPublished<TOnInfoPush_Spanbar> OnChangeDataEntity_Spanbar;
+    TPublished<TOnSelectionChanged> OnSelectionChanged_Link;
+    TPublished<TOnGantVirtualLoad> OnVirtualLoad_Spanbar;
     TOnGantVirtualUnLoad OnVirtualUnLoad_Spanbar;
-    TOnTimeCopyOrChangeRow OnTimeChangeRow;
-    TOnTimeCopyOrChangeRow OnTimeCopy;
+    TPublished<TOnTimeCopyOrChangeRow> OnTimeChangeRow;
+    TPublished<TOnTimeCopyOrChangeRow> OnTimeCopy;
     /// Before the item is moved to its sub-row. When a handler throws, the row stays as it was.
-    TOnCollisionDetected OnCollisionDetected;
-    TGantRowNotify OnAfterAddGantRow;
-    TGantRowNotify OnBeforeFreeGantRow;
+    TPublished<TOnCollisionDetected> OnCollisionDetected;
+    TPublished<TGantRowNotify> OnAfterAddGantRow;
+    TPublished<TGantRowNotify> OnBeforeFreeGantRow;
     TUserCreateGantRow OnUserCreateGantRow;
     // Drawing handlers must not add or remove nodes, items or links.
     TOnUserDrawTime OnUserDrawTime;

@@ -29,8 +29,8 @@ public:
 
     /// Replaces SnapHandler and MoveOver12Then24.
     TOnSnapTimes OnSnapTimes;
-    TOnBeginUserChange OnBeginUserChange;
-    TOnEndUserChange OnEndUserChange;
+    TPublished<TOnBeginUserChange> OnBeginUserChange;
+    TPublished<TOnEndUserChange> OnEndUserChange;
 
 protected:
     /// Runs `body`, which tells whether it has changed anything, between OnBeginUserChange and

@@ -85,15 +85,15 @@ public:
     /// The text that a hint shows now: that of the running gesture.
     TGestureHint HintWantsNewText();
 
-    TOnClickGantArea OnClickGantArea;
-    TOnClickGantArea OnRightClickGantArea;
-    TOnDblClickGantArea OnDblClickGantArea;
-    TOnDependencyAction OnDependencyAction;
-    TOnDependencyHint OnDependencyHint;
-    TOnHintInfo OnHintInfo;
-    TGantMouseButtonEvent OnGantAreaMouseDown;
-    TGantMouseMoveEvent OnGantAreaMouseMove;
-    TGantMouseButtonEvent OnGantAreaMouseUp;
+    TPublished<TOnClickGantArea> OnClickGantArea;
+    TPublished<TOnClickGantArea> OnRightClickGantArea;
+    TPublished<TOnDblClickGantArea> OnDblClickGantArea;
+    TPublished<TOnDependencyAction> OnDependencyAction;
+    TPublished<TOnDependencyHint> OnDependencyHint;
+    TPublished<TOnHintInfo> OnHintInfo;
+    TPublished<TGantMouseButtonEvent> OnGantAreaMouseDown;
+    TPublished<TGantMouseMoveEvent> OnGantAreaMouseMove;
+    TPublished<TGantMouseButtonEvent> OnGantAreaMouseUp;
 
 protected:
     // Fire the events of clicks, on ItemUnderMouse and on an item, which may be null.

@@ -116,9 +116,9 @@ public:
     TOnItemHint OnItemHint;
     TOnLinkHint OnLinkHint;
     /// The user wants to edit an item, which can be edited.
-    TOnGantItem OnEditDataEntity_Spanbar;
+    TPublished<TOnGantItem> OnEditDataEntity_Spanbar;
     /// The user wants to edit a link: it alone is selected.
-    TOnGantLink OnEditDataEntity_Link;
+    TPublished<TOnGantLink> OnEditDataEntity_Link;
     /// The user wants to delete what is selected. The chart deletes it when the handler says so; a
     /// handler that deletes on its own does not. Items that cannot be edited are not among them.
     TOnAskDelete OnAskDelete;

@@ -109,7 +109,7 @@ public:
     /// for an index that the row does not have, they are sought in all layers.
     TOnKeyNavigateDataList OnKeyNavigateDataList;
     /// The selection has changed: once after each operation, or after a single mark was set.
-    TOnGantNotify OnAfterSelectionChanged;
+    TPublished<TOnGantNotify> OnAfterSelectionChanged;
 
 protected:
     IGantInputHost &InputHost() { return m_inputHost; }

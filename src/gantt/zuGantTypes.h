@@ -5,6 +5,7 @@
 #include "foundation/zuGestureHint.h"
 #include "foundation/zuInput.h"
 #include "foundation/zuMethod.h"
+#include "foundation/zuPublished.h"
 #include "foundation/zuTypes.h"
 
 #include <string>

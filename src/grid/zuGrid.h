@@ -4,6 +4,7 @@
 #include "cellgrid/zuBabGridCell.h"
 #include "foundation/zuEventHandling.h"
 #include "foundation/zuExport.h"
+#include "foundation/zuPublished.h"
 #include "grid/zuCellLayouts.h"
 #include "grid/zuGridColumns.h"
 #include "grid/zuGridSubGrids.h"
@@ -103,11 +104,11 @@ public:
 
     TOnGetUserSortCompareString OnGetUserSortCompareString;
     TOnUserSort OnUserSort;
-    TOnGridColumn OnColumnSort; ///< after the rows were sorted
+    TPublished<TOnGridColumn> OnColumnSort; ///< after the rows were sorted
     /// Without it nodes have the children that the application gave them.
-    TOnInitTreeSubDataList OnInitTreeSubDataList;
+    TPublished<TOnInitTreeSubDataList> OnInitTreeSubDataList;
     /// A sub-grid has its columns; its rows are to be added now.
-    TOnInitSubGrid OnInitSubGrid;
+    TPublished<TOnInitSubGrid> OnInitSubGrid;
     /// Text of crossings that no cell was put into.
     TOnGetCellText OnGetCellText;
     /// The user changed the text of such a crossing. Unless this says that it is stored, a cell is

@@ -260,8 +260,7 @@ void TDateScalerCore::AnnounceChange()
 void TDateScalerCore::CallChange()
 {
     // The handler may destroy the scaler: nothing of it is touched afterwards.
-    const TNotify handler = OnChange;
-    handler(this);
+    OnChange(this);
 }
 
 } // namespace korvane

@@ -4,6 +4,7 @@
 #include "foundation/zuCanvas.h"
 #include "foundation/zuExport.h"
 #include "foundation/zuMethod.h"
+#include "foundation/zuPublished.h"
 #include "foundation/zuTypes.h"
 #include "scaler/zuScaleMark.h"
 #include "scaler/zuScalePass.h"
@@ -172,7 +173,7 @@ public:
 
     /// The visible range has changed: once per paint, from the event loop, never within a zoom
     /// drag.
-    TNotify OnChange;
+    TPublished<TNotify> OnChange;
 
 protected:
     struct TInteraction

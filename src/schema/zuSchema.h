@@ -275,21 +275,21 @@ public:
     void TimeWillChange(TzuDataEntity_SchemaTime &time);
     void ColumnsChanged();
 
-    TOnContentChanged OnContentChanged_SchemaTime;
-    TOnSelectionChanged OnSelectionChanged_SchemaTime;
-    TOnDeleteItem OnDeleteItem_SchemaTime;
-    TOnInsertItem OnInsertItem_SchemaTime;
-    TOnInfoPush OnValueChanged_SchemaTime;
+    TPublished<TOnContentChanged> OnContentChanged_SchemaTime;
+    TPublished<TOnSelectionChanged> OnSelectionChanged_SchemaTime;
+    TPublished<TOnDeleteItem> OnDeleteItem_SchemaTime;
+    TPublished<TOnInsertItem> OnInsertItem_SchemaTime;
+    TPublished<TOnInfoPush> OnValueChanged_SchemaTime;
     /// Times can be edited unless the handler says otherwise, by SetCanEdit.
-    TOnBeforeCanEditItem OnBeforeCanEditItem_SchemaTime;
-    TOnContentChanged OnContentChanged_Column;
-    TOnSelectionChanged OnSelectionChanged_Column;
-    TOnDeleteItem OnDeleteItem_Column;
-    TOnInsertItem OnInsertItem_Column;
-    TOnInfoPush OnValueChanged_Column;
-    TOnBeforeCanEditItem OnBeforeCanEditItem_Column;
+    TPublished<TOnBeforeCanEditItem> OnBeforeCanEditItem_SchemaTime;
+    TPublished<TOnContentChanged> OnContentChanged_Column;
+    TPublished<TOnSelectionChanged> OnSelectionChanged_Column;
+    TPublished<TOnDeleteItem> OnDeleteItem_Column;
+    TPublished<TOnInsertItem> OnInsertItem_Column;
+    TPublished<TOnInfoPush> OnValueChanged_Column;
+    TPublished<TOnBeforeCanEditItem> OnBeforeCanEditItem_Column;
     /// After a change of start, stop or column of a time.
-    TOnChangeDataEntity_SchemaTime OnChangeDataEntity_SchemaTime;
+    TPublished<TOnChangeDataEntity_SchemaTime> OnChangeDataEntity_SchemaTime;
     TOnInitColumnDataObject OnInitColumnDataObject;
     THeaderFromColumn OnHeaderFromColumn;
     TUserDecideColSize OnUserDecideColSize;
@@ -299,7 +299,7 @@ public:
     TOnDrawTimeContent OnDrawTimeContent;
     TDrawBackAndForeEvent OnDrawBackground;
     TDrawBackAndForeEvent OnDrawForeground;
-    TSchemaNotify OnScalerChange;
+    TPublished<TSchemaNotify> OnScalerChange;
 
 protected:
     /// Creates lists and controllers through the factories. Called once, from the most derived

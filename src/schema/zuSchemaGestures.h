@@ -98,7 +98,6 @@ public:
     /// once; only for a time that can be edited. True when anything has changed.
     bool SetStartStopDateAndCol(TzuDataEntity_SchemaTime &time, TDateTime start, TDateTime stop,
                                 int col);
-    bool SettingTimes() const { return m_settingTimes; }
     /// Moves the selected times by an offset in pixels.
     void HandleMoveOfSelected(TPoint offset);
     /// Moves the selected times by a time and a number of columns.
@@ -115,16 +114,16 @@ public:
 
     void TimeLeft(TzuDataEntity_SchemaTime &time) override;
 
-    TOnSwitchCol OnSwitchCol;
-    TOnSchemaTimeCopy OnTimeCopy;
-    TOnSchemaHintInfo OnSchemaHintInfo;
+    TPublished<TOnSwitchCol> OnSwitchCol;
+    TPublished<TOnSchemaTimeCopy> OnTimeCopy;
+    TPublished<TOnSchemaHintInfo> OnSchemaHintInfo;
     /// `theDataEntity` is the time under the pointer, or null.
-    TSchemaTimeEvent OnSchemaDblClick;
-    TSchemaMouseButtonEvent OnSchemaMouseDown;
-    TSchemaMouseMoveEvent OnSchemaMouseMove;
-    TSchemaMouseButtonEvent OnSchemaMouseUp;
-    TOnSchemaBeginUserChange OnBeginUserChange;
-    TOnSchemaEndUserChange OnEndUserChange;
+    TPublished<TSchemaTimeEvent> OnSchemaDblClick;
+    TPublished<TSchemaMouseButtonEvent> OnSchemaMouseDown;
+    TPublished<TSchemaMouseMoveEvent> OnSchemaMouseMove;
+    TPublished<TSchemaMouseButtonEvent> OnSchemaMouseUp;
+    TPublished<TOnSchemaBeginUserChange> OnBeginUserChange;
+    TPublished<TOnSchemaEndUserChange> OnEndUserChange;
 
 protected:
     /// Runs `body`, which tells whether it has changed anything, between OnBeginUserChange and

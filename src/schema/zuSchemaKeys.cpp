@@ -217,9 +217,10 @@ bool TSchemaKeys::Edit()
         return false;
     }
     const bool edits = static_cast<bool>(OnEditDataEntity_SchemaTime);
-    const TSchemaTimeEvent handler = edits ? OnEditDataEntity_SchemaTime : OnSchemaDblClick;
-    handler(Component(), active);
-    return static_cast<bool>(handler);
+    const auto &event = edits ? OnEditDataEntity_SchemaTime : OnSchemaDblClick;
+    const bool taken = static_cast<bool>(event);
+    event(Component(), active);
+    return taken;
 }
 
 bool TSchemaKeys::DeleteSelected()

@@ -56,7 +56,7 @@ public:
     void EnsureActiveDataEntity();
 
     /// The user wants to edit a time, which can be edited.
-    TSchemaTimeEvent OnEditDataEntity_SchemaTime;
+    TPublished<TSchemaTimeEvent> OnEditDataEntity_SchemaTime;
     /// The user wants to delete what is selected. The schedule deletes it when the handler says so;
     /// a handler that deletes on its own does not. Times that cannot be edited are not among them.
     TOnSchemaAskDelete OnAskDelete;

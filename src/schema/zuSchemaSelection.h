@@ -81,7 +81,7 @@ public:
     void TimeLeft(TzuDataEntity_SchemaTime &time) override;
 
     /// The selection has changed: once after each operation, or after a single mark was set.
-    TSchemaNotify OnAfterSelectionChanged;
+    TPublished<TSchemaNotify> OnAfterSelectionChanged;
 
 protected:
     ISchemaInputHost &InputHost() { return m_inputHost; }

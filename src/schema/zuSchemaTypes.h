@@ -4,6 +4,7 @@
 #include "foundation/zuCanvas.h"
 #include "foundation/zuInput.h"
 #include "foundation/zuMethod.h"
+#include "foundation/zuPublished.h"
 #include "foundation/zuTypes.h"
 
 #include <string>

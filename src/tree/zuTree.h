@@ -3,6 +3,7 @@
 
 #include "data/zuDataTraveser.h"
 #include "foundation/zuExport.h"
+#include "foundation/zuPublished.h"
 #include "tree/zuTreeData.h"
 #include "tree/zuTreeDisplay.h"
 #include "tree/zuTreeHost.h"
@@ -111,21 +112,21 @@ public:
     /// A node with a placeholder is about to expand, before OnExpanded: the children are to be
     /// added now. `loaded` is true on entry; a handler that adds them later sets it to false.
     TMethod<void(TObject *theTree, TzuDataEntity_Tree *theDataEntity, bool &loaded)> OnLoadChildren;
-    TOnInsertItem OnInsertItem;
-    TTreeEntityNotify OnDeleteItem_Tree; ///< fired before OnDeleteItem
-    TOnDeleteItem OnDeleteItem;
-    TTreeEntityNotify OnLoadItem;
-    TOnContentChanged OnContentChanged;
-    TOnSelectionChanged OnSelectionChanged;
-    TTreeEntityNotify OnVisibleChanged;
-    TOnInfoPush OnInfoPush;
-    TTreeEntityNotify OnChangeDataEntity; ///< after OnInfoPush
-    TOnBeforeCanEditItem OnBeforeCanEditItem;
-    TTreeEntityNotify OnValueChanged; ///< the user edited the caption
-    TTreeNotify OnTopItemChanged;
-    TTreeNotify OnCurrentChanged; ///< another entity became the current one
-    TTreeEntityNotify OnExpanded;
-    TTreeEntityNotify OnCollapsed;
+    TPublished<TOnInsertItem> OnInsertItem;
+    TPublished<TTreeEntityNotify> OnDeleteItem_Tree; ///< fired before OnDeleteItem
+    TPublished<TOnDeleteItem> OnDeleteItem;
+    TPublished<TTreeEntityNotify> OnLoadItem;
+    TPublished<TOnContentChanged> OnContentChanged;
+    TPublished<TOnSelectionChanged> OnSelectionChanged;
+    TPublished<TTreeEntityNotify> OnVisibleChanged;
+    TPublished<TOnInfoPush> OnInfoPush;
+    TPublished<TTreeEntityNotify> OnChangeDataEntity; ///< after OnInfoPush
+    TPublished<TOnBeforeCanEditItem> OnBeforeCanEditItem;
+    TPublished<TTreeEntityNotify> OnValueChanged; ///< the user edited the caption
+    TPublished<TTreeNotify> OnTopItemChanged;
+    TPublished<TTreeNotify> OnCurrentChanged; ///< another entity became the current one
+    TPublished<TTreeEntityNotify> OnExpanded;
+    TPublished<TTreeEntityNotify> OnCollapsed;
 
     /// Makes a node. Outside an update of the display the display is made anew next time.
     TTreeNode_zuSub::TOwner CreateNode();

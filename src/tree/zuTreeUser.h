@@ -154,7 +154,7 @@ public:
     /// The user finished with another caption, which the handler may change or refuse.
     TOnEdited OnEdited;
     TOnBeforeMove OnBeforeMove;
-    TOnMoved OnMoved; ///< after a move by the user
+    TPublished<TOnMoved> OnMoved; ///< after a move by the user
     TOnBeforeDelete OnBeforeDelete;
     TOnBeforeSort OnBeforeSort;
 

@@ -54,6 +54,27 @@ Qt::PenStyle ToQt(TPenStyle style)
     }
 }
 
+Qt::MouseButton ToQt(TMouseButton button)
+{
+    switch (button) {
+    case TMouseButton::mbRight:
+        return Qt::RightButton;
+    case TMouseButton::mbMiddle:
+        return Qt::MiddleButton;
+    default:
+        return Qt::LeftButton;
+    }
+}
+
+Qt::KeyboardModifiers ToQt(TShiftState shift)
+{
+    Qt::KeyboardModifiers result;
+    result.setFlag(Qt::ShiftModifier, shift.Shift);
+    result.setFlag(Qt::ControlModifier, shift.Ctrl);
+    result.setFlag(Qt::AltModifier, shift.Alt);
+    return result;
+}
+
 std::optional<TMouseButton> MouseButtonFromQt(Qt::MouseButton button)
 {
     switch (button) {

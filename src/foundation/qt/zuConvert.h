@@ -52,6 +52,8 @@ inline TShiftState FromQt(Qt::KeyboardModifiers modifiers)
 }
 /// Nothing for the buttons beyond the three.
 KORVANE_WIDGETS_API std::optional<TMouseButton> MouseButtonFromQt(Qt::MouseButton button);
+KORVANE_WIDGETS_API Qt::MouseButton ToQt(TMouseButton button);
+KORVANE_WIDGETS_API Qt::KeyboardModifiers ToQt(TShiftState shift);
 
 /// System colours come from the palette's active group.
 KORVANE_WIDGETS_API QColor ToQt(TColor color, const QPalette &palette);
@@ -59,7 +61,7 @@ KORVANE_WIDGETS_API TColor FromQt(const QColor &color);
 KORVANE_WIDGETS_API Qt::PenStyle ToQt(TPenStyle style);
 KORVANE_WIDGETS_API QFont ToQt(const TFont &font);
 /// Keeps the colour of `base`, since a QFont has none.
-TFont FromQt(const QFont &font, const TFont &base = {});
+KORVANE_WIDGETS_API TFont FromQt(const QFont &font, const TFont &base = {});
 /// Local time, to the nearest millisecond.
 KORVANE_WIDGETS_API QDateTime ToQDateTime(TDateTime value);
 /// An invalid date-time gives 0; dates outside years 1..9999 give the nearest one.

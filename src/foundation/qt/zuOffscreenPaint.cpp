@@ -1,6 +1,7 @@
 #include "foundation/qt/zuOffscreenPaint.h"
 
 #include "foundation/qt/zuConvert.h"
+#include "foundation/qt/zuSignalTiesImpl.h"
 #include "foundation/qt/zuToolkit.h"
 #include "foundation/zuReport.h"
 #include "foundation/zuRound.h"
@@ -27,6 +28,17 @@ TzuOffscreenPaint::TzuOffscreenPaint(QWidget *parent)
     , m_directCanvas(m_fonts)
 {
     InstallToolkitServices();
+    const auto tie = [this](auto &event, auto signal) { m_signals.Tie(event, *this, signal); };
+    tie(OnClick, &TzuOffscreenPaint::clicked);
+    tie(OnDblClick, &TzuOffscreenPaint::doubleClicked);
+    tie(OnMouseDown, &TzuOffscreenPaint::mousePressed);
+    tie(OnMouseMove, &TzuOffscreenPaint::mouseMoved);
+    tie(OnMouseUp, &TzuOffscreenPaint::mouseReleased);
+    tie(OnEnter, &TzuOffscreenPaint::focusEntered);
+    tie(OnExit, &TzuOffscreenPaint::focusLeft);
+    tie(OnResize, &TzuOffscreenPaint::resized);
+    tie(OnDragOver, &TzuOffscreenPaint::draggedOver);
+    tie(OnDragDrop, &TzuOffscreenPaint::dropped);
     setAttribute(Qt::WA_OpaquePaintEvent);
     m_offscreenCanvas.SetFont(Font());
 }

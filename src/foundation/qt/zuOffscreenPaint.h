@@ -2,10 +2,12 @@
 #pragma once
 
 #include "foundation/qt/zuPainterCanvas.h"
+#include "foundation/qt/zuSignalTies.h"
 #include "foundation/zuCanvas.h"
 #include "foundation/zuExport.h"
 #include "foundation/zuInput.h"
 #include "foundation/zuMethod.h"
+#include "foundation/zuPublished.h"
 
 #include <QColor>
 #include <QFrame>
@@ -120,19 +122,34 @@ public:
     TNotifyEvent OnAfterPrint;
     TWheelMessageEvent OnWheelMessage; ///< every wheel event, after the control's own handling
     TOnPrintResizeFont OnPrintResizeFont;
-    TNotifyEvent OnClick; ///< left button released inside
-    TNotifyEvent OnDblClick;
-    TNotifyEvent OnEnter; ///< focus in
-    TNotifyEvent OnExit;  ///< focus out
-    TNotifyEvent OnResize;
-    TMouseButtonEvent OnMouseDown;
-    TMouseMoveEvent OnMouseMove;
-    TMouseButtonEvent OnMouseUp;
+    TPublished<TNotifyEvent> OnClick; ///< left button released inside
+    TPublished<TNotifyEvent> OnDblClick;
+    TPublished<TNotifyEvent> OnEnter; ///< focus in
+    TPublished<TNotifyEvent> OnExit;  ///< focus out
+    TPublished<TNotifyEvent> OnResize;
+    TPublished<TMouseButtonEvent> OnMouseDown;
+    TPublished<TMouseMoveEvent> OnMouseMove;
+    TPublished<TMouseButtonEvent> OnMouseUp;
     TKeyEvent OnKeyDown;
     TKeyEvent OnKeyUp;
     TContextPopupEvent OnContextPopup;
-    TDragOverEvent OnDragOver; ///< needs setAcceptDrops(true)
-    TDragDropEvent OnDragDrop;
+    TPublished<TDragOverEvent> OnDragOver; ///< needs setAcceptDrops(true)
+    TPublished<TDragDropEvent> OnDragDrop;
+
+Q_SIGNALS:
+    // Each comes behind the handler of its event, see TPublished.
+    void clicked();
+    void doubleClicked();
+    void mousePressed(Qt::MouseButton button, Qt::KeyboardModifiers modifiers, QPoint at);
+    void mouseMoved(Qt::KeyboardModifiers modifiers, QPoint at);
+    void mouseReleased(Qt::MouseButton button, Qt::KeyboardModifiers modifiers, QPoint at);
+    /// OnEnter and OnExit.
+    void focusEntered();
+    void focusLeft();
+    void resized();
+    /// The receiver accepts it or not, see OnDragOver.
+    void draggedOver(QDragMoveEvent *event);
+    void dropped(QDropEvent *event);
 
 protected:
     /// Draws everything on GetOffscreenCanvas. The base fires OnPaint.
@@ -221,6 +238,7 @@ private:
     std::int64_t m_paintTicksTotal = 0;
     int m_paintCount = 0;
     bool m_resizeSilently = false;
+    TSignalTies m_signals;
     bool m_clicked = false; ///< a left press is waiting for its release
     std::string m_lastPaintError;
 };

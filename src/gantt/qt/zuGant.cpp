@@ -1,13 +1,19 @@
 #include "gantt/qt/zuGant.h"
 
 #include "foundation/qt/zuConvert.h"
-#include "foundation/zuLifeWatch.h"
+#include "foundation/qt/zuSignalTiesImpl.h"
+
+#include <QDragMoveEvent>
 
 namespace korvane {
 
 TzuGant::TzuGant(QWidget *parent, TConstruction construction)
     : TzuGant_ComBasic(parent, construction)
 {
+    TieItems();
+    TieRows();
+    TieArea();
+    TieFrame();
 }
 
 QColor TzuGant::ColorTree() const
@@ -128,76 +134,73 @@ void TzuGant::PopUp(TPart part, QPoint at)
 }
 
 // --- signals -------------------------------------------------------------------------------------
-// Handlers come first. They may free the item and destroy the chart, and nobody is told then.
 
-template <typename Entity>
-void TzuGant::TellOf(TzuDataEntity *entity, const auto &handlers, void (TzuGant::*signal)(Entity *))
+void TzuGant::TieItems()
 {
-    const QPointer<TzuGant> self(this);
-    const TzuLifeWatch lives(*entity);
-    handlers();
-    if (!self.isNull() && lives) {
-        Q_EMIT(this->*signal)(static_cast<Entity *>(entity));
-    }
+    const auto tie = [this](auto &event, auto signal) { m_signals.Tie(event, *this, signal); };
+    tie(OnContentChanged_Spanbar, &TzuGant::timeItemsChanged);
+    tie(OnInsertItem_Spanbar, &TzuGant::timeItemInserted);
+    tie(OnDeleteItem_Spanbar, &TzuGant::timeItemDeleted);
+    tie(OnValueChanged_Spanbar, &TzuGant::timeItemChanged);
+    tie(OnSelectionChanged_Spanbar, &TzuGant::timeItemSelectionChanged);
+    tie(OnBeforeCanEditItem_Spanbar, &TzuGant::timeItemEditAsked);
+    tie(OnEditDataEntity_Spanbar, &TzuGant::timeItemEditWanted);
+    tie(OnVirtualLoad_Spanbar, &TzuGant::timeItemWanted);
+    tie(OnTimeChangeRow, &TzuGant::timeItemMoveWanted);
+    tie(OnTimeCopy, &TzuGant::timeItemCopyWanted);
+    tie(OnCollisionDetected, &TzuGant::timeItemSubRowChanged);
+    tie(OnAfterSelectionChanged, &TzuGant::selectedItemsChanged);
+    tie(OnSelectionChanged_Link, &TzuGant::linkSelectionChanged);
+    tie(OnEditDataEntity_Link, &TzuGant::linkEditWanted);
+    tie(OnDependencyAction, &TzuGant::linkDrawn);
+    tie(OnDependencyHint, &TzuGant::linkHintWanted);
+    tie(OnHintInfo, &TzuGant::hintInfo);
+    tie(OnBeginUserChange, &TzuGant::userChangeBegun);
+    tie(OnEndUserChange, &TzuGant::userChangeEnded);
 }
 
-TzuGrid *TzuGant::CreateGrid(QWidget *parent)
+void TzuGant::TieRows()
 {
-    TzuGrid *grid = TzuGant_ComBasic::CreateGrid(parent);
-    connect(grid, &TzuGrid::topLeftChanged, this, &TzuGant::gridTopLeftChanged);
-    return grid;
+    const auto tie = [this](auto &event, auto signal) { m_signals.Tie(event, *this, signal); };
+    tie(OnAfterAddGantRow, &TzuGant::rowAdded);
+    tie(OnBeforeFreeGantRow, &TzuGant::rowRemoved);
+    tie(OnContentChanged_Tree, &TzuGant::nodesChanged);
+    tie(OnInsertItem_Tree, &TzuGant::nodeInserted);
+    tie(OnDeleteItem_Tree, &TzuGant::nodeDeleted);
+    tie(OnChangeDataEntity_Tree, &TzuGant::nodeChanged);
+    tie(OnSelectionChanged_Tree, &TzuGant::nodeSelectionChanged);
+    tie(OnBeforeCanEditItem_Tree, &TzuGant::nodeEditAsked);
+    tie(OnTreeStartDrag, &TzuGant::treeDragStarted);
+    tie(OnTreeDragOver, &TzuGant::treeDraggedOver);
+    tie(OnTreeDragDrop, &TzuGant::treeDropped);
 }
 
-void TzuGant::_OnInsertItem(TzuDataEntity *item)
+void TzuGant::TieArea()
 {
-    TellOf<TzuDataEntity_Spanbar>(
-        item, [&] { TzuGant_ComBasic::_OnInsertItem(item); }, &TzuGant::timeItemInserted);
+    const auto tie = [this](auto &event, auto signal) { m_signals.Tie(event, *this, signal); };
+    tie(OnClickGantArea, &TzuGant::areaClicked);
+    tie(OnRightClickGantArea, &TzuGant::areaRightClicked);
+    tie(OnDblClickGantArea, &TzuGant::areaDoubleClicked);
+    tie(OnGantAreaMouseDown, &TzuGant::areaMousePressed);
+    tie(OnGantAreaMouseMove, &TzuGant::areaMouseMoved);
+    tie(OnGantAreaMouseUp, &TzuGant::areaMouseReleased);
+    tie(OnGantAreaStartDrag, &TzuGant::areaDragStarted);
+    tie(OnGantAreaEndDrag, &TzuGant::areaDragEnded);
+    tie(OnGantAreaDragOver, &TzuGant::areaDraggedOver);
+    tie(OnGantAreaDragDrop, &TzuGant::areaDropped);
 }
 
-void TzuGant::_OnDeleteItem(TzuDataEntity *item)
+void TzuGant::TieFrame()
 {
-    // The other way round: afterwards there is nothing to tell of.
-    const QPointer<TzuGant> self(this);
-    const TzuLifeWatch lives(*item);
-    Q_EMIT timeItemDeleted(static_cast<TzuDataEntity_Spanbar *>(item));
-    if (!self.isNull() && lives) {
-        TzuGant_ComBasic::_OnDeleteItem(item);
-    }
-}
-
-void TzuGant::_OnContentChanged(TzuDataList *list)
-{
-    const QPointer<TzuGant> self(this);
-    TzuGant_ComBasic::_OnContentChanged(list);
-    if (!self.isNull()) {
-        Q_EMIT timeItemsChanged();
-    }
-}
-
-void TzuGant::_OnInfoPush(TzuDataEntity *item)
-{
-    TellOf<TzuDataEntity_Spanbar>(
-        item, [&] { TzuGant_ComBasic::_OnInfoPush(item); }, &TzuGant::timeItemChanged);
-}
-
-void TzuGant::_OnSelectionChanged(TzuDataList *list, TzuDataEntity *item)
-{
-    TellOf<TzuDataEntity_Spanbar>(
-        item, [&] { TzuGant_ComBasic::_OnSelectionChanged(list, item); },
-        &TzuGant::timeItemSelectionChanged);
-}
-
-void TzuGant::_OnVirtualLoadTimeItem(TzuDataEntity *item)
-{
-    TellOf<TzuDataEntity_Spanbar>(
-        item, [&] { TzuGant_ComBasic::_OnVirtualLoadTimeItem(item); }, &TzuGant::timeItemWanted);
-}
-
-void TzuGant::_OnSelectionChanged_Link(TzuDataList *list, TzuDataEntity *link)
-{
-    TellOf<TzuDataEntity_Link>(
-        link, [&] { TzuGant_ComBasic::_OnSelectionChanged_Link(list, link); },
-        &TzuGant::linkSelectionChanged);
+    const auto tie = [this](auto &event, auto signal) { m_signals.Tie(event, *this, signal); };
+    tie(OnScalerChange, &TzuGant::scalerChanged);
+    tie(OnAlignNeed, &TzuGant::alignNeeded);
+    tie(OnRealignScrollbar, &TzuGant::scrollbarRealigned);
+    tie(OnResize, &TzuGant::resized);
+    tie(OnGridTopLeftChanged, &TzuGant::gridTopLeftChanged);
+    tie(OnColumnSort_Grid, &TzuGant::gridColumnSorted);
+    tie(OnVirtualLoad_Grid, &TzuGant::gridRowWanted);
+    tie(OnVirtualUnLoad_Grid, &TzuGant::gridRowUnloading);
 }
 
 void TzuGant::ChangeInTree()
@@ -206,50 +209,6 @@ void TzuGant::ChangeInTree()
     TzuGant_ComBasic::ChangeInTree();
     if (!self.isNull()) {
         Q_EMIT activeRowChanged(GetActiveGantRow());
-    }
-}
-
-void TzuGant::DoScalerChange()
-{
-    const QPointer<TzuGant> self(this);
-    TzuGant_ComBasic::DoScalerChange();
-    if (!self.isNull()) {
-        Q_EMIT scalerChanged(StartDateTime(), StopDateTime());
-    }
-}
-
-void TzuGant::DoClickGantArea(TMouseButton button)
-{
-    const QPointer<TzuGant> self(this);
-    TzuGant_ComBasic::DoClickGantArea(button);
-    if (!self.isNull()) {
-        Q_EMIT areaClicked(ItemUnderMouse());
-    }
-    if (!self.isNull() && button == TMouseButton::mbRight) {
-        Q_EMIT areaRightClicked(ItemUnderMouse());
-    }
-}
-
-void TzuGant::DoDblClickGantArea(TzuDataEntity_Spanbar *item)
-{
-    if (item == nullptr) {
-        const QPointer<TzuGant> self(this);
-        TzuGant_ComBasic::DoDblClickGantArea(item);
-        if (!self.isNull()) {
-            Q_EMIT areaDoubleClicked(nullptr);
-        }
-        return;
-    }
-    TellOf<TzuDataEntity_Spanbar>(
-        item, [&] { TzuGant_ComBasic::DoDblClickGantArea(item); }, &TzuGant::areaDoubleClicked);
-}
-
-void TzuGant::resizeEvent(QResizeEvent *event)
-{
-    const QPointer<TzuGant> self(this);
-    TzuGant_ComBasic::resizeEvent(event);
-    if (!self.isNull()) {
-        Q_EMIT resized();
     }
 }
 

@@ -219,66 +219,107 @@ public:
     void SetPopupMenuScaler(QMenu *menu) { SetMenu(AxisPart, menu); }
 
 Q_SIGNALS:
-    // What is deleted or removed is about to go; do not keep it. Items clicked may be null.
+    // Those of events come behind the handler, see TPublished. What is deleted or removed is about
+    // to go; do not keep it. Items clicked may be null.
+
+    // Time items and links.
     /// Items have come, gone or moved.
     void timeItemsChanged();
     void timeItemInserted(korvane::TzuDataEntity_Spanbar *item);
     void timeItemDeleted(korvane::TzuDataEntity_Spanbar *item);
+    /// OnChangeDataEntity_Spanbar and OnValueChanged_Spanbar.
     void timeItemChanged(korvane::TzuDataEntity_Spanbar *item);
     void timeItemSelectionChanged(korvane::TzuDataEntity_Spanbar *item);
+    /// OnBeforeCanEditItem_Spanbar: the receiver answers with SetCanEdit.
+    void timeItemEditAsked(korvane::TzuDataEntity_Spanbar *item);
+    void timeItemEditWanted(korvane::TzuDataEntity_Spanbar *item);
     /// The item is not loaded, and about to be needed.
     void timeItemWanted(korvane::TzuDataEntity_Spanbar *item);
+    /// Dropped on a row; the receiver does the moving or copying (OnTimeChangeRow, OnTimeCopy).
+    void timeItemMoveWanted(korvane::TzuDataEntity_Spanbar *item, korvane::TGantRow *row,
+                            korvane::TGantRow *newRow, const QDateTime &start,
+                            const QDateTime &stop);
+    void timeItemCopyWanted(korvane::TzuDataEntity_Spanbar *item, korvane::TGantRow *row,
+                            korvane::TGantRow *newRow, const QDateTime &start,
+                            const QDateTime &stop);
+    /// OnCollisionDetected.
+    void timeItemSubRowChanged(korvane::TzuDataEntity_Spanbar *item, int subRow);
+    /// All that one action selects or not (OnAfterSelectionChanged).
+    void selectedItemsChanged();
     void linkSelectionChanged(korvane::TzuDataEntity_Link *link);
-    void nodeChanged(korvane::TzuDataEntity_Tree *node);
-    void nodeSelectionChanged(korvane::TzuDataEntity_Tree *node);
+    void linkEditWanted(korvane::TzuDataEntity_Link *link);
+    /// The receiver makes the link (OnDependencyAction).
+    void linkDrawn(korvane::TzuDataEntity_Spanbar *first, korvane::TzuDataEntity_Spanbar *second);
+    /// OnDependencyHint.
+    void linkHintWanted(const korvane::TzuDataEntity_Spanbar *first,
+                        const korvane::TzuDataEntity_Spanbar *second, korvane::TGestureHint *hint);
+    /// OnHintInfo; the length in days.
+    void hintInfo(korvane::TzuDataEntity_Spanbar *item, const QDateTime &start,
+                  const QDateTime &stop, double length);
+    void userChangeBegun(korvane::TGantUserChange kind);
+    void userChangeEnded(korvane::TGantUserChange kind, bool changed);
+
+    // Rows and the nodes of the row tree.
     void rowAdded(korvane::TGantRow *row);
     void rowRemoved(korvane::TGantRow *row);
     /// The row of the tree's current node is another; it may be null.
     void activeRowChanged(korvane::TGantRow *row);
+    void nodesChanged();
+    void nodeInserted(korvane::TzuDataEntity_Tree *node);
+    void nodeDeleted(korvane::TzuDataEntity_Tree *node);
+    /// OnValueChanged_Tree and OnChangeDataEntity_Tree.
+    void nodeChanged(korvane::TzuDataEntity_Tree *node);
+    void nodeSelectionChanged(korvane::TzuDataEntity_Tree *node);
+    void nodeEditAsked(korvane::TzuDataEntity_Tree *node);
+    void treeDragStarted(korvane::TTreeDrag *drag);
+    void treeDraggedOver(korvane::TTreeDrag *drag);
+    void treeDropped(korvane::TTreeDrag *drag);
+
+    // The area, in its pixels. The receiver may change the drag, and accepts the event, as the
+    // handler does.
     void areaClicked(korvane::TzuDataEntity_Spanbar *item);
     void areaRightClicked(korvane::TzuDataEntity_Spanbar *item);
     void areaDoubleClicked(korvane::TzuDataEntity_Spanbar *item);
+    void areaMousePressed(Qt::MouseButton button, Qt::KeyboardModifiers modifiers, QPoint at);
+    void areaMouseMoved(Qt::KeyboardModifiers modifiers, QPoint at);
+    void areaMouseReleased(Qt::MouseButton button, Qt::KeyboardModifiers modifiers, QPoint at);
+    void areaDragStarted(QDrag *drag);
+    void areaDragEnded(Qt::DropAction action);
+    void areaDraggedOver(QDragMoveEvent *event);
+    void areaDropped(QDropEvent *event);
+
+    // The frame.
     void scalerChanged(const QDateTime &start, const QDateTime &stop);
     void splitterMoved(int treeWidth);
-    /// Other rows or columns have come to the top left corner of the grid.
-    void gridTopLeftChanged();
+    void alignNeeded(const QDateTime &start, const QDateTime &stop, int treeWidth);
+    void scrollbarRealigned(int position, int min, int max, int pageSize, bool enabled);
     void resized();
 
+    // The grid in place of the tree.
+    /// Other rows or columns have come to its top left corner.
+    void gridTopLeftChanged();
+    void gridColumnSorted(korvane::TzuGrid_Column *column);
+    void gridRowWanted(korvane::TBabGridCell *grid, korvane::TAxisContentItem *row);
+    void gridRowUnloading(korvane::TBabGridCell *grid, korvane::TAxisContentItem *row);
+
 protected:
-    TzuGrid *CreateGrid(QWidget *parent) override;
-    void _OnInsertItem(TzuDataEntity *item) override;
-    void _OnDeleteItem(TzuDataEntity *item) override;
-    void _OnContentChanged(TzuDataList *list) override;
-    void _OnInfoPush(TzuDataEntity *item) override;
-    void _OnSelectionChanged(TzuDataList *list, TzuDataEntity *item) override;
-    void _OnVirtualLoadTimeItem(TzuDataEntity *item) override;
-    void _OnSelectionChanged_Link(TzuDataList *list, TzuDataEntity *link) override;
-    void NodeChanged(TzuDataEntity_Tree *node) override { Q_EMIT nodeChanged(node); }
-    void NodeSelectionChanged(TzuDataEntity_Tree *node) override
-    {
-        Q_EMIT nodeSelectionChanged(node);
-    }
-    void RowAdded(TGantRow *row) override { Q_EMIT rowAdded(row); }
-    void RowRemoved(TGantRow *row) override { Q_EMIT rowRemoved(row); }
     void ChangeInTree() override;
-    void DoClickGantArea(TMouseButton button) override;
-    void DoDblClickGantArea(TzuDataEntity_Spanbar *item) override;
-    void DoScalerChange() override;
     void SplitterMoved(TzuSplitter *sender) override;
-    void resizeEvent(QResizeEvent *event) override;
 
 private:
     enum TPart : std::uint8_t { WholeChart, AreaPart, AxisPart, PartCount };
 
-    /// Runs the handlers, then tells of an entity, unless it or the chart is gone.
-    template <typename Entity>
-    void TellOf(TzuDataEntity *entity, const auto &handlers, void (TzuGant::*signal)(Entity *));
+    void TieItems();
+    void TieRows();
+    void TieArea();
+    void TieFrame();
     QFont ItemFont(int style) const;
     void SetItemFont(int style, const QFont &font);
     QWidget &WidgetOf(TPart part);
     void SetMenu(TPart part, QMenu *menu);
     void PopUp(TPart part, QPoint at);
 
+    TSignalTies m_signals;
     std::array<QPointer<QMenu>, PartCount> m_menus;
 };
 

@@ -358,7 +358,7 @@ void TzuGant_ComBasic::ScaleChanged(TObject * /*sender*/)
         return;
     }
     const TDateTime start = Start();
-    DoScalerChange();
+    OnScalerChange(this, Start(), Stop());
     if (self.isNull()) {
         return;
     }

@@ -155,26 +155,26 @@ public:
     QCursor CursorGantArea() const { return m_areaCursor; }
     void SetCursorGantArea(const QCursor &cursor);
 
-    TOnGantNotify OnResize;
-    TOnScalerChange OnScalerChange;
-    TOnAlignNeed OnAlignNeed;
-    TOnRealignScrollbar OnRealignScrollbar;
+    TPublished<TOnGantNotify> OnResize;
+    TPublished<TOnScalerChange> OnScalerChange;
+    TPublished<TOnAlignNeed> OnAlignNeed;
+    TPublished<TOnRealignScrollbar> OnRealignScrollbar;
     /// Axis or area enlarges a font for printing.
     TzuOffscreenPaint::TOnPrintResizeFont OnPrintResizeFont;
-    TOnGantAreaStartDrag OnGantAreaStartDrag;
-    TOnGantAreaEndDrag OnGantAreaEndDrag;
+    TPublished<TOnGantAreaStartDrag> OnGantAreaStartDrag;
+    TPublished<TOnGantAreaEndDrag> OnGantAreaEndDrag;
     /// Something is dragged over the area; the handler accepts it or not. Without a handler
     /// everything is accepted, if there is one of OnGantAreaDragDrop.
-    TOnGantAreaDragOver OnGantAreaDragOver;
-    TOnGantAreaDragDrop OnGantAreaDragDrop;
+    TPublished<TOnGantAreaDragOver> OnGantAreaDragOver;
+    TPublished<TOnGantAreaDragDrop> OnGantAreaDragDrop;
 
     // The grid.
-    TOnGantNotify OnGridTopLeftChanged;
+    TPublished<TOnGantNotify> OnGridTopLeftChanged;
     /// Image of a row in the grid's first column, where that has icons; that of the node on entry.
     TOnGetIconIndex OnGridGetIconIndex;
-    TOnGridVirtualNotify OnVirtualLoad_Grid;
-    TOnGridVirtualNotify OnVirtualUnLoad_Grid;
-    TOnGridColumn OnColumnSort_Grid;
+    TPublished<TOnGridVirtualNotify> OnVirtualLoad_Grid;
+    TPublished<TOnGridVirtualNotify> OnVirtualUnLoad_Grid;
+    TPublished<TOnGridColumn> OnColumnSort_Grid;
 
 protected:
     /// Creates the parts through the factories.
@@ -192,14 +192,6 @@ protected:
     virtual void PageChanging(TGantPageControl *sender, bool &allow);
     virtual void PageChange(TGantPageControl *sender);
     virtual void ChangeInTree();
-    /// A row has come with its node.
-    virtual void RowAdded(TGantRow * /*row*/) {}
-    /// A row is about to go.
-    virtual void RowRemoved(TGantRow * /*row*/) {}
-    virtual void NodeChanged(TzuDataEntity_Tree * /*node*/) {}
-    virtual void NodeSelectionChanged(TzuDataEntity_Tree * /*node*/) {}
-    /// The axis shows another time.
-    virtual void DoScalerChange() { OnScalerChange(this, Start(), Stop()); }
 
     bool eventFilter(QObject *watched, QEvent *event) override;
     void changeEvent(QEvent *event) override;

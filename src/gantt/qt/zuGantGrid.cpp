@@ -54,9 +54,10 @@ void TzuGant_ComBasic::CreateGridSide()
     m_grid->OnVirtualUnLoad = [this](auto &&...args) { OnVirtualUnLoad_Grid(args...); };
     // Rows go only where somebody can fill them again.
     m_grid->RootCell().OnCanUnload = [this, load](auto *, auto *, bool isRow, bool &canUnload) {
-        canUnload = isRow
-                    && (m_grid->OnVirtualLoad == load ? static_cast<bool>(OnVirtualLoad_Grid)
-                                                      : static_cast<bool>(m_grid->OnVirtualLoad));
+        canUnload =
+            isRow
+            && (m_grid->OnVirtualLoad.Handler() == load ? static_cast<bool>(OnVirtualLoad_Grid)
+                                                        : static_cast<bool>(m_grid->OnVirtualLoad));
     };
 }
 
@@ -167,13 +168,7 @@ void TzuGant_ComBasic::GridTreeIntegrationEvents(TzuGridTree * /*tree*/, TGridTr
 
 void TzuGant_ComBasic::GridRowAdded(TzuDataEntity_GridTreeNode *node)
 {
-    const QPointer<TzuGant_ComBasic> self(this);
-    const TzuLifeWatch lives(*node);
     GantRows().AddRow(nullptr, node);
-    TGantRow *row = self.isNull() || !lives ? nullptr : GantRows().FindRowFromGridNode(node);
-    if (row != nullptr) {
-        RowAdded(row);
-    }
 }
 
 void TzuGant_ComBasic::GridRowRemoved(TzuDataEntity_GridTreeNode *node)
@@ -186,11 +181,8 @@ void TzuGant_ComBasic::GridRowRemoved(TzuDataEntity_GridTreeNode *node)
             m_seenGridRow.reset(); // the next one may come to lie at the same address
             GridFocusChanged(m_grid);
         }
-        RowRemoved(row);
     }
-    if (!self.isNull() && lives) {
-        GantRows().RemoveRow(nullptr, node);
-    }
+    GantRows().RemoveRow(nullptr, node);
 }
 
 void TzuGant_ComBasic::DoGridGetIconIndex(TzuGrid_Column *column, TAxisContentItem *row,

@@ -135,11 +135,6 @@ void TGantTree::_InsertItem(TzuDataEntity_Tree *entity)
     }
     m_gant.InvalidateRows();
     m_gant.OnInsertItem_Tree(this, entity);
-    TGantRow *row =
-        self.isNull() || !lives ? nullptr : m_gant.GantRows().FindRowFromTreeNode(entity);
-    if (row != nullptr) {
-        m_gant.RowAdded(row);
-    }
 }
 
 void TGantTree::_DeleteItem(TzuDataEntity_Tree *entity)
@@ -150,12 +145,7 @@ void TGantTree::_DeleteItem(TzuDataEntity_Tree *entity)
     }
     const QPointer<TGantTree> self(this);
     const TzuLifeWatch lives(*entity);
-    if (TGantRow *row = m_gant.GantRows().FindRowFromTreeNode(entity)) {
-        m_gant.RowRemoved(row);
-    }
-    if (!self.isNull() && lives) {
-        m_gant.OnDeleteItem_Tree(this, entity);
-    }
+    m_gant.OnDeleteItem_Tree(this, entity);
     if (self.isNull() || !lives) {
         return;
     }
@@ -187,9 +177,6 @@ void TGantTree::_OnSelectionChanged(TzuDataList *list, TzuDataEntity_Tree *entit
     if (!self.isNull() && !Destroying() && lives) {
         m_gant.OnSelectionChanged_Tree(this, list, entity);
     }
-    if (!self.isNull() && !Destroying() && lives) {
-        m_gant.NodeSelectionChanged(entity);
-    }
 }
 
 void TGantTree::_OnInfoPush(TzuDataEntity_Tree *entity)
@@ -202,9 +189,6 @@ void TGantTree::_OnInfoPush(TzuDataEntity_Tree *entity)
     }
     if (!self.isNull() && !Destroying() && lives) {
         m_gant.OnChangeDataEntity_Tree(this, entity);
-    }
-    if (!self.isNull() && !Destroying() && lives) {
-        m_gant.NodeChanged(entity);
     }
 }
 

@@ -16,17 +16,17 @@ class TzuGant_ComBasic;
 /// What the row tree tells, as members of the chart. Called after the tree's own events.
 struct TGantTreeEvents
 {
-    TOnContentChanged OnContentChanged_Tree;
-    TOnSelectionChanged OnSelectionChanged_Tree;
-    TOnDeleteItem OnDeleteItem_Tree;
-    TOnInsertItem OnInsertItem_Tree;
-    TOnInfoPush OnValueChanged_Tree;
-    TTreeEntityNotify OnChangeDataEntity_Tree; ///< after OnValueChanged_Tree
-    TOnBeforeCanEditItem OnBeforeCanEditItem_Tree;
+    TPublished<TOnContentChanged> OnContentChanged_Tree;
+    TPublished<TOnSelectionChanged> OnSelectionChanged_Tree;
+    TPublished<TOnDeleteItem> OnDeleteItem_Tree;
+    TPublished<TOnInsertItem> OnInsertItem_Tree;
+    TPublished<TOnInfoPush> OnValueChanged_Tree;
+    TPublished<TTreeEntityNotify> OnChangeDataEntity_Tree; ///< after OnValueChanged_Tree
+    TPublished<TOnBeforeCanEditItem> OnBeforeCanEditItem_Tree;
     // The tree's drag events go here as long as the tree's own slots are not set anew.
-    TOnTreeDrag OnTreeStartDrag;
-    TOnTreeDrag OnTreeDragOver;
-    TOnTreeDrag OnTreeDragDrop;
+    TPublished<TOnTreeDrag> OnTreeStartDrag;
+    TPublished<TOnTreeDrag> OnTreeDragOver;
+    TPublished<TOnTreeDrag> OnTreeDragDrop;
 };
 
 /// A tree whose nodes are the rows of a chart: it makes and frees the rows, tells the chart when

@@ -1,6 +1,7 @@
 #include "grid/qt/zuGrid.h"
 
 #include "foundation/qt/zuConvert.h"
+#include "foundation/qt/zuSignalTiesImpl.h"
 #include "grid/qt/zuGridColumnMenu.h"
 #include "grid/qt/zuGridJson.h"
 
@@ -15,6 +16,7 @@ TzuGrid::TzuGrid(QWidget *parent)
     : TBabGridView_Custom(parent)
     , TzuGridCore(RootCell(), [this] { LayoutOutOfDate(); })
 {
+    TieSignals();
     TBabGridCellForViewer &root = RootCell();
     root.OnVirtualLoad = [this](TBabGridCell *grid, TAxisContentItem *item, bool isRow) {
         if (isRow) {
@@ -29,6 +31,37 @@ TzuGrid::TzuGrid(QWidget *parent)
             OnVirtualUnLoad(Self(), grid, item);
         }
     };
+}
+
+/// An edit ends with what it is about.
+static void WatchArgument(TLifeWatches &watches, const TCellEdit &edit)
+{
+    watches.Add(edit.At.Grid);
+    watches.Add(edit.Column);
+    watches.Add(edit.Row);
+    watches.Add(edit.Cell);
+}
+
+void TzuGrid::TieSignals()
+{
+    const auto tie = [this](auto &event, auto signal) { m_signals.Tie(event, *this, signal); };
+    tie(OnTopLeftChanged, &TzuGrid::topLeftChanged);
+    tie(OnSelectionChanged, &TzuGrid::selectionChanged);
+    tie(OnFocusCellChanged, &TzuGrid::focusCellChanged);
+    tie(OnAfterUserSize, &TzuGrid::userSized);
+    tie(OnColumnResized, &TzuGrid::columnResized);
+    tie(OnRowResized, &TzuGrid::rowResized);
+    tie(OnColumnSort, &TzuGrid::columnSorted);
+    tie(OnEditStop, &TzuGrid::editStopping);
+    tie(OnCellEdited, &TzuGrid::cellEdited);
+    tie(OnBeforeEditWithCombo, &TzuGrid::comboEditStarting);
+    tie(OnBeginUserChange, &TzuGrid::userChangeBegun);
+    tie(OnEndUserChange, &TzuGrid::userChangeEnded);
+    tie(OnVirtualLoad, &TzuGrid::rowWanted);
+    tie(OnVirtualUnLoad, &TzuGrid::rowUnloading);
+    tie(OnInitSubGrid, &TzuGrid::subGridWanted);
+    tie(OnInitTreeSubDataList, &TzuGrid::childrenWanted);
+    tie(OnColumnMenu, &TzuGrid::columnMenuOpening);
 }
 
 TzuGrid::~TzuGrid()
@@ -104,15 +137,6 @@ QByteArray TzuGrid::CellLayoutsText() const
 void TzuGrid::SetCellLayoutsText(const QByteArray &text)
 {
     SetGridCollectionText(*this, "CellLayouts", text);
-}
-
-void TzuGrid::TopLeftChanged()
-{
-    const QPointer<TzuGrid> self(this);
-    TBabGridView_Custom::TopLeftChanged();
-    if (!self.isNull()) {
-        Q_EMIT topLeftChanged();
-    }
 }
 
 void TzuGrid::HeaderClicked(const TGridCellAt &at, TShiftState shift)

@@ -60,19 +60,45 @@ public:
     void SetColumnMenu(bool value) { m_columnMenu = value; }
 
     /// The menu of a column, nil for none, is about to open; entries may be added.
-    TMethod<void(TObject *theGrid, TzuGrid_Column *theColumn, QMenu &theMenu)> OnColumnMenu;
+    TPublished<TMethod<void(TObject *theGrid, TzuGrid_Column *theColumn, QMenu &theMenu)>>
+        OnColumnMenu;
     /// A row of the grid, or of a grid in it, came into view and is to be filled. Rows that can be
     /// filled again are dropped when they are far from view.
-    TOnVirtualNotify OnVirtualLoad;
+    TPublished<TOnVirtualNotify> OnVirtualLoad;
     /// A row is about to be dropped.
-    TOnVirtualNotify OnVirtualUnLoad;
+    TPublished<TOnVirtualNotify> OnVirtualUnLoad;
 
 Q_SIGNALS:
+    // Each comes behind the handler of its event, see TPublished.
     /// Other rows or columns have come to the top left corner.
     void topLeftChanged();
+    void selectionChanged();
+    void focusCellChanged();
+    /// The user has changed a size; the resizing is over (OnAfterUserSize).
+    void userSized();
+    void columnResized(korvane::TAxisContentItem *column, int size);
+    void rowResized(korvane::TAxisContentItem *row, int size);
+    void columnSorted(korvane::TzuGrid_Column *column);
+    /// Before a text is stored; the receiver may change or refuse it (OnEditStop).
+    void editStopping(korvane::TCellEdit *edit);
+    void cellEdited(const korvane::TCellEdit &edit);
+    /// The cell's choices are about to be shown (OnBeforeEditWithCombo).
+    void comboEditStarting(korvane::TBabCell *cell);
+    void userChangeBegun(korvane::TGridUserChange kind);
+    void userChangeEnded(korvane::TGridUserChange kind, bool changed);
+    /// A row came into view and is to be filled (OnVirtualLoad).
+    void rowWanted(korvane::TBabGridCell *grid, korvane::TAxisContentItem *row);
+    void rowUnloading(korvane::TBabGridCell *grid, korvane::TAxisContentItem *row);
+    /// A sub-grid has its columns; its rows are to be added now (OnInitSubGrid).
+    void subGridWanted(korvane::TBabSubGridCell *grid, korvane::TAxisContentItem *column,
+                       korvane::TAxisContentItem *row);
+    /// OnInitTreeSubDataList.
+    void childrenWanted(korvane::TzuDataEntity_GridTreeNode *parent,
+                        korvane::TzuDataList_GridTree *list);
+    /// The column may be null; entries may be added to the menu.
+    void columnMenuOpening(korvane::TzuGrid_Column *column, QMenu *menu);
 
 protected:
-    void TopLeftChanged() override;
     void HeaderClicked(const TGridCellAt &at, TShiftState shift) override;
     void MoveColumn(TBabGridCell &grid, int from, int to) override;
     /// By the rules of the user's language.
@@ -81,6 +107,9 @@ protected:
     void contextMenuEvent(QContextMenuEvent *event) override;
 
 private:
+    void TieSignals();
+
+    TSignalTies m_signals;
     bool m_columnMenu = true;
 };
 

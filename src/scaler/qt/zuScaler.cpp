@@ -1,6 +1,7 @@
 #include "scaler/qt/zuScaler.h"
 
 #include "foundation/qt/zuConvert.h"
+#include "foundation/qt/zuSignalTiesImpl.h"
 #include "foundation/zuDateUtils.h"
 #include "foundation/zuReport.h"
 #include "scaler/qt/zuScalerAccessible.h"
@@ -8,7 +9,6 @@
 #include <QCoreApplication>
 #include <QCursor>
 #include <QEvent>
-#include <QMetaMethod>
 #include <QPointer>
 
 #include <exception>
@@ -46,6 +46,7 @@ TzuDateScaler::TzuDateScaler(QWidget *parent)
     , TDateScalerGestures(static_cast<IDateScalerHost &>(*this),
                           static_cast<IScalerInputHost &>(*this))
 {
+    m_signals.Tie(OnChange, *this, &TzuDateScaler::changed);
     setMouseTracking(true);
     SetTabStop(true);
     grabGesture(Qt::PinchGesture);
@@ -71,18 +72,13 @@ QSize TzuDateScaler::sizeHint() const
 
 bool TzuDateScaler::HasChangeListener() const
 {
-    return TDateScalerGestures::HasChangeListener()
-           || isSignalConnected(QMetaMethod::fromSignal(&TzuDateScaler::changed))
-           || QAccessible::isActive();
+    return TDateScalerGestures::HasChangeListener() || QAccessible::isActive();
 }
 
 void TzuDateScaler::CallChange()
 {
     const QPointer<TzuDateScaler> alive(this);
     TDateScalerGestures::CallChange();
-    if (alive != nullptr) {
-        Q_EMIT changed();
-    }
     if (alive != nullptr) {
         TellVisibleTime(*this);
     }

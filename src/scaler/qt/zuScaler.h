@@ -172,6 +172,7 @@ private:
     QFont TextQFont3() const;
     void SetTextQFont3(const QFont &font);
 
+    TSignalTies m_signals;
     QMouseEvent *m_mouseEvent = nullptr; ///< on its way through the axis
 };
 

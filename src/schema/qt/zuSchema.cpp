@@ -1,11 +1,18 @@
 #include "schema/qt/zuSchema.h"
 
 #include "foundation/qt/zuConvert.h"
-#include "foundation/zuLifeWatch.h"
+#include "foundation/qt/zuSignalTiesImpl.h"
 
-#include <QPointer>
+#include <QDragMoveEvent>
 
 namespace korvane {
+
+TzuSchema::TzuSchema(QWidget *parent, TConstruction construction)
+    : TzuSchema_ComBasic(parent, construction)
+{
+    TieTimes();
+    TieArea();
+}
 
 QColor TzuSchema::BackColor() const
 {
@@ -77,60 +84,49 @@ void TzuSchema::SetScalerStopDateTime(const QDateTime &stop)
     SetScalerStop(FromQt(stop));
 }
 
-void TzuSchema::TellOf(TzuDataEntity *item, const std::function<void()> &handlers,
-                       void (TzuSchema::*signal)(TzuDataEntity_SchemaTime *))
+void TzuSchema::TieTimes()
 {
-    const QPointer<TzuSchema> self(this);
-    const TzuLifeWatch lives(*item);
-    handlers();
-    if (signal != nullptr && !self.isNull() && lives) {
-        Q_EMIT(this->*signal)(&DataEntity_Schema(*item));
-    }
-}
-
-void TzuSchema::_OnInsertItem(TzuDataEntity *item)
-{
-    TellOf(
-        item, [&] { TzuSchema_ComBasic::_OnInsertItem(item); }, &TzuSchema::timeInserted);
-}
-
-void TzuSchema::_OnDeleteItem(TzuDataEntity *item)
-{
-    TellOf(
-        item, [&] { TzuSchema_ComBasic::_OnDeleteItem(item); }, &TzuSchema::timeDeleted);
-}
-
-void TzuSchema::_OnContentChanged(TzuDataList *list)
-{
-    const QPointer<TzuSchema> self(this);
-    TzuSchema_ComBasic::_OnContentChanged(list);
-    if (!self.isNull()) {
-        Q_EMIT timesChanged();
-    }
-}
-
-void TzuSchema::_OnInfoPush(TzuDataEntity *item)
-{
-    const bool storing = SettingTimes(); // the last announcement alone counts
-    TellOf(
-        item, [&] { TzuSchema_ComBasic::_OnInfoPush(item); },
-        storing ? nullptr : &TzuSchema::timeChanged);
-}
-
-void TzuSchema::_OnSelectionChanged(TzuDataList *list, TzuDataEntity *item)
-{
-    TellOf(
-        item, [&] { TzuSchema_ComBasic::_OnSelectionChanged(list, item); },
-        &TzuSchema::timeSelectionChanged);
-}
-
-void TzuSchema::DoScalerChange()
-{
-    const QPointer<TzuSchema> self(this);
-    TzuSchema_ComBasic::DoScalerChange();
-    if (!self.isNull()) {
+    const auto tie = [this](auto &event, auto signal) { m_signals.Tie(event, *this, signal); };
+    tie(OnContentChanged_SchemaTime, &TzuSchema::timesChanged);
+    tie(OnInsertItem_SchemaTime, &TzuSchema::timeInserted);
+    tie(OnDeleteItem_SchemaTime, &TzuSchema::timeDeleted);
+    tie(OnValueChanged_SchemaTime, &TzuSchema::timeChanged);
+    tie(OnSelectionChanged_SchemaTime, &TzuSchema::timeSelectionChanged);
+    tie(OnBeforeCanEditItem_SchemaTime, &TzuSchema::timeEditAsked);
+    tie(OnSwitchCol, &TzuSchema::timeColumnChanged);
+    tie(OnTimeCopy, &TzuSchema::timeCopyWanted);
+    tie(OnEditDataEntity_SchemaTime, &TzuSchema::timeEditWanted);
+    tie(OnAfterSelectionChanged, &TzuSchema::selectedTimesChanged);
+    tie(OnContentChanged_Column, &TzuSchema::columnsChanged);
+    tie(OnInsertItem_Column, &TzuSchema::columnInserted);
+    tie(OnDeleteItem_Column, &TzuSchema::columnDeleted);
+    tie(OnValueChanged_Column, &TzuSchema::columnChanged);
+    tie(OnSelectionChanged_Column, &TzuSchema::columnSelectionChanged);
+    tie(OnBeforeCanEditItem_Column, &TzuSchema::columnEditAsked);
+    tie(OnBeginUserChange, &TzuSchema::userChangeBegun);
+    tie(OnEndUserChange, &TzuSchema::userChangeEnded);
+    m_signals.Tie(OnScalerChange, *this, &TzuSchema::scalerChanged, [this](auto &&.../*args*/) {
         Q_EMIT scalerChanged(ScalerStartDateTime(), ScalerStopDateTime());
-    }
+    });
+}
+
+void TzuSchema::TieArea()
+{
+    const auto tie = [this](auto &event, auto signal) { m_signals.Tie(event, *this, signal); };
+    tie(OnSchemaHintInfo, &TzuSchema::hintInfo);
+    tie(OnSchemaDblClick, &TzuSchema::areaDoubleClicked);
+    tie(OnSchemaMouseDown, &TzuSchema::areaMousePressed);
+    tie(OnSchemaMouseMove, &TzuSchema::areaMouseMoved);
+    tie(OnSchemaMouseUp, &TzuSchema::areaMouseReleased);
+    tie(OnSchemaStartDrag, &TzuSchema::areaDragStarted);
+    tie(OnSchemaEndDrag, &TzuSchema::areaDragEnded);
+    tie(OnSchemaDragOver, &TzuSchema::areaDraggedOver);
+    tie(OnSchemaDragDrop, &TzuSchema::areaDropped);
+    tie(OnHeaderClick, &TzuSchema::headerClicked);
+    tie(OnHeaderStartDrag, &TzuSchema::headerDragStarted);
+    tie(OnHeaderEndDrag, &TzuSchema::headerDragEnded);
+    tie(OnHeaderDragOver, &TzuSchema::headerDraggedOver);
+    tie(OnHeaderDragDrop, &TzuSchema::headerDropped);
 }
 
 } // namespace korvane

@@ -1,14 +1,13 @@
 // The schedule view as the form designer and applications know it.
 #pragma once
 
+#include "foundation/qt/zuSignalTies.h"
 #include "foundation/zuExport.h"
 #include "schema/qt/zuSchemaComBasic.h"
 
 #include <QColor>
 #include <QDateTime>
 #include <QFont>
-
-#include <functional>
 
 namespace korvane {
 
@@ -61,7 +60,8 @@ public:
     enum ScrollVisibilityKind { svAlways, svWhenNeeded, svNever };
     Q_ENUM(ScrollVisibilityKind)
 
-    using TzuSchema_ComBasic::TzuSchema_ComBasic;
+    explicit TzuSchema(QWidget *parent = nullptr,
+                       TConstruction construction = TConstruction::Complete);
 
     QColor BackColor() const;
     void SetBackColor(const QColor &color);
@@ -91,29 +91,61 @@ public:
     void SetScalerStopDateTime(const QDateTime &stop);
 
 Q_SIGNALS:
-    // What is deleted is about to go; do not keep it.
+    // Each comes behind the handler of its event, see TPublished. What is deleted is about to go;
+    // do not keep it. Times may be null where nothing lies under the pointer.
     /// Times have come, gone or moved.
     void timesChanged();
     void timeInserted(korvane::TzuDataEntity_SchemaTime *time);
     void timeDeleted(korvane::TzuDataEntity_SchemaTime *time);
+    /// OnChangeDataEntity_SchemaTime and OnValueChanged_SchemaTime.
     void timeChanged(korvane::TzuDataEntity_SchemaTime *time);
     void timeSelectionChanged(korvane::TzuDataEntity_SchemaTime *time);
+    /// OnBeforeCanEditItem_SchemaTime: the receiver answers with SetCanEdit.
+    void timeEditAsked(korvane::TzuDataEntity_SchemaTime *time);
+    /// OnSwitchCol.
+    void timeColumnChanged(korvane::TzuDataEntity_SchemaTime *time, int from, int to);
+    /// A copy was dropped; the receiver makes the new time (OnTimeCopy).
+    void timeCopyWanted(korvane::TzuDataEntity_SchemaTime *time, int column, const QDateTime &start,
+                        const QDateTime &stop);
+    void timeEditWanted(korvane::TzuDataEntity_SchemaTime *time);
+    /// All that one action selects or not (OnAfterSelectionChanged).
+    void selectedTimesChanged();
+    void columnsChanged();
+    void columnInserted(korvane::TzuDataEntity_SchemaColumn *column);
+    void columnDeleted(korvane::TzuDataEntity_SchemaColumn *column);
+    void columnChanged(korvane::TzuDataEntity_SchemaColumn *column);
+    void columnSelectionChanged(korvane::TzuDataEntity_SchemaColumn *column);
+    void columnEditAsked(korvane::TzuDataEntity_SchemaColumn *column);
     void scalerChanged(const QDateTime &start, const QDateTime &stop);
-
-protected:
-    void _OnInsertItem(TzuDataEntity *item) override;
-    void _OnDeleteItem(TzuDataEntity *item) override;
-    void _OnContentChanged(TzuDataList *list) override;
-    void _OnInfoPush(TzuDataEntity *item) override;
-    void _OnSelectionChanged(TzuDataList *list, TzuDataEntity *item) override;
-    void DoScalerChange() override;
+    /// OnSchemaHintInfo; the length in days.
+    void hintInfo(korvane::TzuDataEntity_SchemaTime *time, const QDateTime &start, double length,
+                  QPoint at);
+    void userChangeBegun(korvane::TSchemaUserChange kind);
+    void userChangeEnded(korvane::TSchemaUserChange kind, bool changed);
+    // Of the area, in its pixels.
+    void areaDoubleClicked(korvane::TzuDataEntity_SchemaTime *time);
+    void areaMousePressed(Qt::MouseButton button, Qt::KeyboardModifiers modifiers, QPoint at);
+    void areaMouseMoved(Qt::KeyboardModifiers modifiers, QPoint at);
+    void areaMouseReleased(Qt::MouseButton button, Qt::KeyboardModifiers modifiers, QPoint at);
+    // The receiver may change the drag, and accepts the event, as the handler does.
+    void areaDragStarted(QDrag *drag);
+    void areaDragEnded(Qt::DropAction action);
+    void areaDraggedOver(QDragMoveEvent *event);
+    void areaDropped(QDropEvent *event);
+    // Of the headers.
+    void headerClicked(int column);
+    void headerDragStarted(int column, QDrag *drag);
+    void headerDragEnded(int column, Qt::DropAction action);
+    void headerDraggedOver(int column, QDragMoveEvent *event);
+    void headerDropped(int column, QDropEvent *event);
 
 private:
-    /// Runs the handlers, then tells of a time, unless it or the schedule is gone.
-    void TellOf(TzuDataEntity *item, const std::function<void()> &handlers,
-                void (TzuSchema::*signal)(TzuDataEntity_SchemaTime *));
+    void TieTimes();
+    void TieArea();
     QFont TextQFont(int style) const;
     void SetTextQFont(int style, const QFont &font);
+
+    TSignalTies m_signals;
 };
 
 } // namespace korvane

@@ -56,7 +56,7 @@ void TzuSchema_ComBasic::CreateParts()
     m_scaler = CreateDateScaler(this);
     m_scaler->setObjectName(QStringLiteral("Scaler"));
     m_scaler->SetRange(Now(), Now() + kDaysAhead);
-    m_scaler->OnChange = [this](TObject *) { DoScalerChange(); };
+    m_scaler->OnChange = [this](TObject *) { ScaleChanged(); };
     m_scaler->OnPrintResizeFont =
         TzuOffscreenPaint::TOnPrintResizeFont::Bind<&TzuSchema_ComBasic::_OnPrintResizeFont>(this);
     m_header = new THeaderControl_MouseControl(*this);

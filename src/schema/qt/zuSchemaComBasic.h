@@ -112,23 +112,23 @@ public:
     /// Scrolls by the units of a wheel, forward when positive.
     void ScrollColumnsByWheel(int units);
 
-    TOnHeaderClick OnHeaderClick;
+    TPublished<TOnHeaderClick> OnHeaderClick;
     /// The user drags a caption. Without a handler there is no drag; the handler may fill in what
     /// is offered.
-    TOnHeaderStartDrag OnHeaderStartDrag;
-    TOnHeaderEndDrag OnHeaderEndDrag;
+    TPublished<TOnHeaderStartDrag> OnHeaderStartDrag;
+    TPublished<TOnHeaderEndDrag> OnHeaderEndDrag;
     /// Something is dragged over a header; the handler accepts it or not. Without a handler
     /// everything is accepted, if there is one of OnHeaderDragDrop.
-    TOnHeaderDragOver OnHeaderDragOver;
-    TOnHeaderDragDrop OnHeaderDragDrop;
+    TPublished<TOnHeaderDragOver> OnHeaderDragOver;
+    TPublished<TOnHeaderDragDrop> OnHeaderDragDrop;
     /// Times are about to be carried out of the schedule. The handler may change what is offered;
     /// with no data set there is no drag. The end tells what the place of the drop has made of it.
-    TOnSchemaStartDrag OnSchemaStartDrag;
-    TOnSchemaEndDrag OnSchemaEndDrag;
+    TPublished<TOnSchemaStartDrag> OnSchemaStartDrag;
+    TPublished<TOnSchemaEndDrag> OnSchemaEndDrag;
     /// Something is dragged over the area; the handler accepts it or not. Without a handler
     /// everything is accepted, if there is one of OnSchemaDragDrop.
-    TOnSchemaDragOver OnSchemaDragOver;
-    TOnSchemaDragDrop OnSchemaDragDrop;
+    TPublished<TOnSchemaDragOver> OnSchemaDragOver;
+    TPublished<TOnSchemaDragDrop> OnSchemaDragDrop;
     /// Axis or area enlarges a font for printing.
     TzuOffscreenPaint::TOnPrintResizeFont OnPrintResizeFont;
 
@@ -136,8 +136,6 @@ protected:
     /// Creates the parts through the factories.
     void InitializeInConstructor();
     virtual TzuDateScaler *CreateDateScaler(QWidget *parent);
-    /// The axis shows another time.
-    virtual void DoScalerChange() { ScaleChanged(); }
 
     void resizeEvent(QResizeEvent *event) override;
     void changeEvent(QEvent *event) override;

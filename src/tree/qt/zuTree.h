@@ -1,10 +1,9 @@
 // The tree component as it is put on a form.
 #pragma once
 
+#include "foundation/qt/zuSignalTies.h"
 #include "foundation/zuExport.h"
 #include "tree/qt/zuTreeComBasic.h"
-
-#include <functional>
 
 namespace korvane {
 
@@ -33,43 +32,49 @@ class KORVANE_WIDGETS_API TzuTree : public TzuTree_ComBasic
     Q_PROPERTY(QCursor DragCursor READ DragCursor WRITE setDragCursor)
 
 public:
-    using TzuTree_ComBasic::TzuTree_ComBasic;
+    explicit TzuTree(QWidget *parent = nullptr);
     ~TzuTree() override;
 
     /// SetDragCursor by the name that code made of forms needs for cursors.
     void setDragCursor(const QCursor &cursor) { SetDragCursor(cursor); }
 
 Q_SIGNALS:
+    // Each comes behind the handler of its event, see TPublished.
     void entityInserted(korvane::TzuDataEntity_Tree *entity);
     /// The entity is about to go; do not keep it.
     void entityDeleted(korvane::TzuDataEntity_Tree *entity);
-    /// One entity or many.
-    void entityExpanded();
-    void entityCollapsed();
+    /// An entity came with what was loaded (OnLoadItem).
+    void entityLoaded(korvane::TzuDataEntity_Tree *entity);
+    /// Null when many were.
+    void entityExpanded(korvane::TzuDataEntity_Tree *entity);
+    void entityCollapsed(korvane::TzuDataEntity_Tree *entity);
     /// See GetCurrentDataEntity.
     void currentEntityChanged();
+    void topItemChanged();
     /// Entities have come, gone or moved.
     void contentChanged();
+    /// OnInfoPush and OnChangeDataEntity.
     void entityChanged(korvane::TzuDataEntity_Tree *entity);
-    /// Null when many were.
     void entitySelectionChanged(korvane::TzuDataEntity_Tree *entity);
     void entityVisibleChanged(korvane::TzuDataEntity_Tree *entity);
+    /// OnBeforeCanEditItem: the receiver answers with SetCanEdit.
+    void entityEditAsked(korvane::TzuDataEntity_Tree *entity);
+    /// The user has edited the caption (OnValueChanged).
+    void entityEdited(korvane::TzuDataEntity_Tree *entity);
+    /// By the user (OnMoved).
+    void entitiesMoved();
+    // OnStartDrag and so on; the receiver may change the drag as the handler may.
+    void dragStarted(korvane::TTreeDrag *drag);
+    void draggedOver(korvane::TTreeDrag *drag);
+    void dropped(korvane::TTreeDrag *drag);
+    void dragEnded(korvane::TTreeDrag *drag);
 
 protected:
-    void _InsertItem(TzuDataEntity_Tree *entity) override;
-    void _DeleteItem(TzuDataEntity_Tree *entity) override;
     void Expand(TzuDataEntity_Tree *entity) override;
     void Collapse(TzuDataEntity_Tree *entity) override;
-    void DoCurrentChanged() override;
-    void _OnContentChanged(TzuDataList_Tree *list) override;
-    void _OnSelectionChanged(TzuDataList *list, TzuDataEntity_Tree *entity) override;
-    void _OnVisibleChanged(TzuDataEntity_Tree *entity) override;
-    void _OnInfoPush(TzuDataEntity_Tree *entity) override;
 
 private:
-    /// Runs the handlers, then tells of an entity, unless it or the tree is gone.
-    void TellOf(TzuDataEntity_Tree *entity, const std::function<void()> &handlers,
-                void (TzuTree::*signal)(TzuDataEntity_Tree *));
+    TSignalTies m_signals;
 };
 
 } // namespace korvane

@@ -35,12 +35,13 @@ using TOnTreeDrag = TMethod<void(TObject *theTree, TTreeDrag &drag)>;
 /// dealt with is a move by the user (TTreeUserCore::MoveByUser).
 struct TTreeDragEvents
 {
-    TOnTreeDrag OnStartDrag; ///< Accept = false: no drag begins. May add formats to Data
+    TPublished<TOnTreeDrag>
+        OnStartDrag; ///< Accept = false: no drag begins. May add formats to Data
     /// Accept: whether a drop here is taken; on entry whether the entities can be moved there.
     /// Drags from elsewhere are taken only when a handler accepts them.
-    TOnTreeDrag OnDragOver;
-    TOnTreeDrag OnDragDrop; ///< Handled = true: nothing is moved
-    TOnTreeDrag OnEndDrag;  ///< Accept: whether it was dropped somewhere
+    TPublished<TOnTreeDrag> OnDragOver;
+    TPublished<TOnTreeDrag> OnDragDrop; ///< Handled = true: nothing is moved
+    TPublished<TOnTreeDrag> OnEndDrag;  ///< Accept: whether it was dropped somewhere
 };
 
 /// The drag that is over a tree: where it would drop, the mark that shows it, and the scrolling and
