@@ -1,6 +1,7 @@
 // The base of every drawn area: paints into an image first, and prints with the same code.
 #pragma once
 
+#include "foundation/qt/zuNamedMenu.h"
 #include "foundation/qt/zuPainterCanvas.h"
 #include "foundation/qt/zuSignalTies.h"
 #include "foundation/zuCanvas.h"
@@ -37,6 +38,7 @@ class KORVANE_WIDGETS_API TzuOffscreenPaint : public QFrame
     Q_OBJECT
     Q_PROPERTY(QColor Color READ ColorAsQColor WRITE SetColor)
     Q_PROPERTY(bool TabStop READ TabStop WRITE SetTabStop)
+    Q_PROPERTY(QByteArray PopupMenu READ PopupMenuNames WRITE SetPopupMenuNames)
     Q_PROPERTY(bool MeasurePaintTime READ MeasurePaintTime WRITE SetMeasurePaintTime)
 
 public:
@@ -71,6 +73,12 @@ public:
     /// Whether the control takes the keyboard focus by tab and click.
     bool TabStop() const { return focusPolicy() != Qt::NoFocus; }
     void SetTabStop(bool value);
+    /// The context menu; observed. OnContextPopup comes first and may use the click up.
+    QMenu *PopupMenu() const { return m_popupMenu.Menu(*this); }
+    void SetPopupMenu(QMenu *menu) { m_popupMenu.SetMenu(menu); }
+    /// The same by name, as forms store it, see TNamedMenu.
+    QByteArray PopupMenuNames() const { return m_popupMenu.Names(); }
+    void SetPopupMenuNames(const QByteArray &names) { m_popupMenu.SetNames(names); }
     /// Writes the average time of a paint, in nanoseconds, on the control; a developer's aid.
     bool MeasurePaintTime() const { return m_measurePaintTime; }
     void SetMeasurePaintTime(bool value) { m_measurePaintTime = value; }
@@ -173,6 +181,9 @@ protected:
     /// Called by a paint that InvalidateMoved requested. Nothing: the image is drawn anew.
     virtual std::optional<TImageMove> KeepImage() { return std::nullopt; }
 
+    /// Whether PopupMenu is for a place; else the event goes on.
+    virtual bool PopupMenuIsFor(const QContextMenuEvent & /*event*/) const { return true; }
+
     /// Strips at the right and bottom edge that child scroll bars cover and the copy leaves alone,
     /// in pixels. The corner between two strips is filled with clBtnFace.
     void SetReserved(int right, int bottom);
@@ -239,6 +250,7 @@ private:
     int m_paintCount = 0;
     bool m_resizeSilently = false;
     TSignalTies m_signals;
+    TNamedMenu m_popupMenu;
     bool m_clicked = false; ///< a left press is waiting for its release
     std::string m_lastPaintError;
 };

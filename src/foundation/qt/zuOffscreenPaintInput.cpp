@@ -155,7 +155,13 @@ void TzuOffscreenPaint::contextMenuEvent(QContextMenuEvent *event)
     bool handled = false;
     const QPointer<TzuOffscreenPaint> self(this);
     OnContextPopup(this, FromQt(event->pos()), handled);
-    if (!self.isNull() && !handled) {
+    if (self.isNull() || handled) {
+        return;
+    }
+    QMenu *menu = PopupMenuIsFor(*event) ? PopupMenu() : nullptr;
+    if (menu != nullptr) {
+        menu->popup(event->globalPos());
+    } else {
         QFrame::contextMenuEvent(event);
     }
 }

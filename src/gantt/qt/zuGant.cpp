@@ -4,6 +4,7 @@
 #include "foundation/qt/zuSignalTiesImpl.h"
 
 #include <QDragMoveEvent>
+#include <QPointer>
 
 namespace korvane {
 
@@ -108,28 +109,68 @@ QWidget &TzuGant::WidgetOf(TPart part)
     }
 }
 
-void TzuGant::SetMenu(TPart part, QMenu *menu)
+void TzuGant::SetPopupMenu(QMenu *menu)
 {
-    QPointer<QMenu> &slot = m_menus.at(part);
-    if (menu == slot) {
-        return;
-    }
+    m_menus.at(WholeChart).SetMenu(menu);
+    MenuChanged(WholeChart);
+}
+
+void TzuGant::SetPopupMenuGantArea(QMenu *menu)
+{
+    m_menus.at(AreaPart).SetMenu(menu);
+    MenuChanged(AreaPart);
+}
+
+void TzuGant::SetPopupMenuScaler(QMenu *menu)
+{
+    m_menus.at(AxisPart).SetMenu(menu);
+    MenuChanged(AxisPart);
+}
+
+void TzuGant::SetPopupMenuNames(const QByteArray &names)
+{
+    m_menus.at(WholeChart).SetNames(names);
+    MenuChanged(WholeChart);
+}
+
+void TzuGant::SetPopupMenuGantAreaNames(const QByteArray &names)
+{
+    m_menus.at(AreaPart).SetNames(names);
+    MenuChanged(AreaPart);
+}
+
+void TzuGant::SetPopupMenuScalerNames(const QByteArray &names)
+{
+    m_menus.at(AxisPart).SetNames(names);
+    MenuChanged(AxisPart);
+}
+
+void TzuGant::MenuChanged(TPart part)
+{
     QWidget &widget = WidgetOf(part);
-    if (slot.isNull()) {
+    disconnect(&widget, &QWidget::customContextMenuRequested, this, nullptr);
+    const bool isSet = m_menus.at(part).IsSet();
+    if (isSet) {
         connect(&widget, &QWidget::customContextMenuRequested, this,
                 [this, part](QPoint at) { PopUp(part, at); });
     }
-    if (menu == nullptr) {
-        disconnect(&widget, &QWidget::customContextMenuRequested, this, nullptr);
-    }
-    slot = menu;
-    widget.setContextMenuPolicy(menu != nullptr ? Qt::CustomContextMenu : Qt::DefaultContextMenu);
+    widget.setContextMenuPolicy(isSet ? Qt::CustomContextMenu : Qt::DefaultContextMenu);
 }
 
 void TzuGant::PopUp(TPart part, QPoint at)
 {
-    if (QMenu *menu = m_menus.at(part)) {
+    if (QMenu *menu = m_menus.at(part).Menu(*this)) {
         menu->popup(WidgetOf(part).mapToGlobal(at));
+    }
+}
+
+void TzuGant::SetImageListText(const QByteArray &text)
+{
+    const bool shown = m_images.Text() != text;
+    m_images.SetText(text);
+    if (shown) {
+        SetImageList(m_images.List());
+        RePaint();
     }
 }
 

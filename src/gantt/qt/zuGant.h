@@ -1,6 +1,9 @@
 // The Gantt chart control as the form designer and applications know it.
 #pragma once
 
+#include "foundation/qt/zuNamedImages.h"
+#include "foundation/qt/zuNamedMenu.h"
+#include "foundation/qt/zuSignalTies.h"
 #include "foundation/zuExport.h"
 #include "gantt/qt/zuGantComBasic.h"
 #include "grid/qt/zuGrid.h"
@@ -8,7 +11,6 @@
 #include <QColor>
 #include <QDateTime>
 #include <QMenu>
-#include <QPointer>
 
 #include <array>
 
@@ -74,6 +76,9 @@ class KORVANE_WIDGETS_API TzuGant : public TzuGant_ComBasic
     Q_PROPERTY(QByteArray Grid_CellLayouts READ Grid_CellLayoutsText WRITE SetGrid_CellLayoutsText)
     Q_PROPERTY(QByteArray Grid_Columns READ Grid_ColumnsText WRITE SetGrid_ColumnsText)
     Q_PROPERTY(QByteArray Grid_SubGrids READ Grid_SubGridsText WRITE SetGrid_SubGridsText)
+    Q_PROPERTY(QString Grid_HeaderTexts READ Grid_HeaderTexts WRITE SetGrid_HeaderTexts)
+    Q_PROPERTY(QString Grid_SubGridHeaderTexts READ Grid_SubGridHeaderTexts WRITE
+                   SetGrid_SubGridHeaderTexts)
     Q_PROPERTY(bool Grid_HasHeaders READ Grid_HasHeaders WRITE SetGrid_HasHeaders)
     Q_PROPERTY(bool Grid_HasInfoCol READ Grid_HasInfoCol WRITE SetGrid_HasInfoCol)
     Q_PROPERTY(bool Grid_RowSelect READ Grid_RowSelect WRITE SetGrid_RowSelect)
@@ -81,13 +86,13 @@ class KORVANE_WIDGETS_API TzuGant : public TzuGant_ComBasic
                    SetGrid_ExtendLastColumnToWidth)
     Q_PROPERTY(bool Grid_UserSortEnable READ Grid_UserSortEnable WRITE SetGrid_UserSortEnable)
     Q_PROPERTY(bool Grid_MultiSelect READ Grid_MultiSelect WRITE SetGrid_MultiSelect)
-    Q_PROPERTY(QMenu *PopupMenu READ PopupMenu WRITE SetPopupMenu DESIGNABLE false STORED false)
-    Q_PROPERTY(QMenu *PopupMenuGantArea READ PopupMenuGantArea WRITE SetPopupMenuGantArea
-                   DESIGNABLE false STORED false)
-    Q_PROPERTY(QMenu *PopupMenuTreeview READ PopupMenuTreeview WRITE SetPopupMenuTreeview
-                   DESIGNABLE false STORED false)
-    Q_PROPERTY(QMenu *PopupMenuScaler READ PopupMenuScaler WRITE SetPopupMenuScaler
-                   DESIGNABLE false STORED false)
+    Q_PROPERTY(QByteArray PopupMenu READ PopupMenuNames WRITE SetPopupMenuNames)
+    Q_PROPERTY(
+        QByteArray PopupMenuGantArea READ PopupMenuGantAreaNames WRITE SetPopupMenuGantAreaNames)
+    Q_PROPERTY(
+        QByteArray PopupMenuTreeview READ PopupMenuTreeviewNames WRITE SetPopupMenuTreeviewNames)
+    Q_PROPERTY(QByteArray PopupMenuScaler READ PopupMenuScalerNames WRITE SetPopupMenuScalerNames)
+    Q_PROPERTY(QByteArray ImageList READ ImageListText WRITE SetImageListText)
 
 public:
     // The enumerations as the designer knows them.
@@ -202,6 +207,11 @@ public:
     QByteArray Grid_CellLayoutsText() { return Grid().CellLayoutsText(); }
     void SetGrid_CellLayoutsText(const QByteArray &text) { Grid().SetCellLayoutsText(text); }
 
+    QString Grid_HeaderTexts() { return Grid().HeaderTexts(); }
+    void SetGrid_HeaderTexts(const QString &texts) { Grid().SetHeaderTexts(texts); }
+    QString Grid_SubGridHeaderTexts() { return Grid().SubGridHeaderTexts(); }
+    void SetGrid_SubGridHeaderTexts(const QString &texts) { Grid().SetSubGridHeaderTexts(texts); }
+
     // The same by the names that code made of forms needs for cursors.
     void setCursorTree(const QCursor &cursor) { SetCursorTree(cursor); }
     void setDragCursorTree(const QCursor &cursor) { SetDragCursorTree(cursor); }
@@ -209,14 +219,28 @@ public:
     void setCursorGantArea(const QCursor &cursor) { SetCursorGantArea(cursor); }
 
     // Context menus of the whole chart and of its parts; observed.
-    QMenu *PopupMenu() const { return m_menus.at(WholeChart); }
-    void SetPopupMenu(QMenu *menu) { SetMenu(WholeChart, menu); }
-    QMenu *PopupMenuGantArea() const { return m_menus.at(AreaPart); }
-    void SetPopupMenuGantArea(QMenu *menu) { SetMenu(AreaPart, menu); }
+    QMenu *PopupMenu() const { return m_menus.at(WholeChart).Menu(*this); }
+    void SetPopupMenu(QMenu *menu);
+    QMenu *PopupMenuGantArea() const { return m_menus.at(AreaPart).Menu(*this); }
+    void SetPopupMenuGantArea(QMenu *menu);
     QMenu *PopupMenuTreeview() { return Tree().PopupMenu(); }
     void SetPopupMenuTreeview(QMenu *menu) { Tree().SetPopupMenu(menu); }
-    QMenu *PopupMenuScaler() const { return m_menus.at(AxisPart); }
-    void SetPopupMenuScaler(QMenu *menu) { SetMenu(AxisPart, menu); }
+    QMenu *PopupMenuScaler() const { return m_menus.at(AxisPart).Menu(*this); }
+    void SetPopupMenuScaler(QMenu *menu);
+    // The same by name, as forms store them, see TNamedMenu.
+    QByteArray PopupMenuNames() const { return m_menus.at(WholeChart).Names(); }
+    void SetPopupMenuNames(const QByteArray &names);
+    QByteArray PopupMenuGantAreaNames() const { return m_menus.at(AreaPart).Names(); }
+    void SetPopupMenuGantAreaNames(const QByteArray &names);
+    QByteArray PopupMenuTreeviewNames() const { return Tree().PopupMenuNames(); }
+    void SetPopupMenuTreeviewNames(const QByteArray &names) { Tree().SetPopupMenuNames(names); }
+    QByteArray PopupMenuScalerNames() const { return m_menus.at(AxisPart).Names(); }
+    void SetPopupMenuScalerNames(const QByteArray &names);
+
+    /// The images of items by name, as forms store them, see TNamedImages. They take the place of
+    /// ImageList, unless they are none.
+    QByteArray ImageListText() const { return m_images.Text(); }
+    void SetImageListText(const QByteArray &text);
 
 Q_SIGNALS:
     // Those of events come behind the handler, see TPublished. What is deleted or removed is about
@@ -316,11 +340,12 @@ private:
     QFont ItemFont(int style) const;
     void SetItemFont(int style, const QFont &font);
     QWidget &WidgetOf(TPart part);
-    void SetMenu(TPart part, QMenu *menu);
+    void MenuChanged(TPart part);
     void PopUp(TPart part, QPoint at);
 
     TSignalTies m_signals;
-    std::array<QPointer<QMenu>, PartCount> m_menus;
+    std::array<TNamedMenu, PartCount> m_menus;
+    TNamedImages m_images;
 };
 
 } // namespace korvane

@@ -9,6 +9,7 @@
 #include <QPointer>
 
 #include <algorithm>
+#include <vector>
 
 namespace korvane {
 
@@ -66,6 +67,7 @@ void TzuGrid::TieSignals()
 
 TzuGrid::~TzuGrid()
 {
+    SetImageList(nullptr);
     TBabGridCellForViewer &root = RootCell();
     root.OnVirtualLoad = nullptr;
     root.OnCanUnload = nullptr;
@@ -166,6 +168,106 @@ void TzuGrid::MoveColumn(TBabGridCell &grid, int from, int to)
     column->Columns().Move(from - fixed, std::clamp(to - fixed, 0, column->Columns().Count() - 1));
 }
 
+namespace {
+
+std::vector<TzuGrid_Column *> ColumnsOf(const TzuGrid_Columns &columns)
+{
+    std::vector<TzuGrid_Column *> result;
+    for (int index = 0; index < columns.Count(); ++index) {
+        result.push_back(&columns.At(index));
+    }
+    return result;
+}
+
+std::vector<TzuGrid_Column *> ColumnsOf(const TzuGrid_SubGrids &subGrids)
+{
+    std::vector<TzuGrid_Column *> result;
+    for (int index = 0; index < subGrids.Count(); ++index) {
+        const auto columns = ColumnsOf(subGrids.At(index).Columns());
+        result.insert(result.end(), columns.begin(), columns.end());
+    }
+    return result;
+}
+
+QString CaptionsOf(const std::vector<TzuGrid_Column *> &columns)
+{
+    QStringList lines;
+    for (const TzuGrid_Column *column : columns) {
+        lines.append(ToQt(column->HeaderText())
+                         .replace(u'\\', QStringLiteral("\\\\"))
+                         .replace(u'\n', QStringLiteral("\\n")));
+    }
+    return lines.join(u'\n');
+}
+
+QString CaptionOf(const QString &line)
+{
+    QString caption;
+    for (qsizetype i = 0; i < line.size(); ++i) {
+        const bool escaped = line[i] == u'\\' && i + 1 < line.size();
+        i += escaped ? 1 : 0;
+        caption.append(escaped && line[i] == u'n' ? QChar(u'\n') : line[i]);
+    }
+    return caption;
+}
+
+void SetCaptions(const std::vector<TzuGrid_Column *> &columns, const QString &texts)
+{
+    if (texts.isEmpty()) {
+        return;
+    }
+    const QStringList lines = texts.split(u'\n');
+    const auto count = std::min(lines.size(), static_cast<qsizetype>(columns.size()));
+    for (qsizetype i = 0; i < count; ++i) {
+        columns[static_cast<std::size_t>(i)]->SetHeaderText(FromQt(CaptionOf(lines[i])));
+    }
+}
+
+} // namespace
+
+QString TzuGrid::HeaderTexts() const
+{
+    return CaptionsOf(ColumnsOf(Columns()));
+}
+
+void TzuGrid::SetHeaderTexts(const QString &texts)
+{
+    SetCaptions(ColumnsOf(Columns()), texts);
+}
+
+QString TzuGrid::SubGridHeaderTexts() const
+{
+    return CaptionsOf(ColumnsOf(SubGrids()));
+}
+
+void TzuGrid::SetSubGridHeaderTexts(const QString &texts)
+{
+    SetCaptions(ColumnsOf(SubGrids()), texts);
+}
+
+void TzuGrid::SetImageListText(const QByteArray &text)
+{
+    const bool shown = m_namedImages.Text() != text;
+    m_namedImages.SetText(text);
+    if (shown) {
+        SetImageList(nullptr); // the list is the same object
+        SetImageList(m_namedImages.List());
+    }
+}
+
+bool TzuGrid::IsOnHeader(QPoint at) const
+{
+    const TGridHit hit = HitTest(ToGrid(at));
+    return hit.At.Grid == &RootCell()
+           && (hit.Part == TGridPart::ColumnHeader || hit.Part == TGridPart::ColumnBorder);
+}
+
+bool TzuGrid::PopupMenuIsFor(const QContextMenuEvent &event) const
+{
+    const bool byKey = event.reason() == QContextMenuEvent::Keyboard;
+    return byKey || !m_columnMenu || !IsOnHeader(event.pos());
+}
+
 void TzuGrid::contextMenuEvent(QContextMenuEvent *event)
 {
     const QPointer<TzuGrid> self(this);
@@ -174,13 +276,10 @@ void TzuGrid::contextMenuEvent(QContextMenuEvent *event)
         return;
     }
     const bool byKey = event->reason() == QContextMenuEvent::Keyboard;
-    const TGridHit hit = HitTest(ToGrid(event->pos()));
-    const bool onHeader =
-        hit.Part == TGridPart::ColumnHeader || hit.Part == TGridPart::ColumnBorder;
-    if (!byKey && (!onHeader || hit.At.Grid != &RootCell())) {
+    if (!byKey && !IsOnHeader(event->pos())) {
         return;
     }
-    TGridCellAt at = byKey ? FocusCell() : hit.At;
+    TGridCellAt at = byKey ? FocusCell() : HitTest(ToGrid(event->pos())).At;
     QPoint where = event->pos();
     if (byKey && at) {
         MakeVisible(at);

@@ -2,6 +2,8 @@
 #pragma once
 
 #include "cellgrid/qt/zuBabGridView.h"
+#include "foundation/qt/zuNamedImages.h"
+#include "foundation/qt/zuSignalTies.h"
 #include "foundation/zuExport.h"
 #include "grid/zuGrid.h"
 
@@ -24,6 +26,9 @@ class KORVANE_WIDGETS_API TzuGrid : public TBabGridView_Custom, public TzuGridCo
     Q_PROPERTY(QByteArray Columns READ ColumnsText WRITE SetColumnsText)
     Q_PROPERTY(QByteArray SubGrids READ SubGridsText WRITE SetSubGridsText)
     Q_PROPERTY(QByteArray CellLayouts READ CellLayoutsText WRITE SetCellLayoutsText)
+    Q_PROPERTY(QString HeaderTexts READ HeaderTexts WRITE SetHeaderTexts)
+    Q_PROPERTY(QString SubGridHeaderTexts READ SubGridHeaderTexts WRITE SetSubGridHeaderTexts)
+    Q_PROPERTY(QByteArray ImageList READ ImageListText WRITE SetImageListText)
     Q_PROPERTY(bool UserSortEnable READ UserSortEnable WRITE SetUserSortEnable)
     Q_PROPERTY(bool ColumnMenu READ ColumnMenu WRITE SetColumnMenu)
 
@@ -53,6 +58,20 @@ public:
     void SetSubGridsText(const QByteArray &text);
     QByteArray CellLayoutsText() const;
     void SetCellLayoutsText(const QByteArray &text);
+
+    // The captions of all columns, one per line, as forms store them for translation; in them a
+    // line break is "\\n" and a backslash "\\\\". Lines without a column are left out, columns
+    // without a line keep their caption.
+    QString HeaderTexts() const;
+    void SetHeaderTexts(const QString &texts);
+    /// The same of the columns of all sub-grids, in their order.
+    QString SubGridHeaderTexts() const;
+    void SetSubGridHeaderTexts(const QString &texts);
+
+    /// The images of columns with icons by name, as forms store them, see TNamedImages. They take
+    /// the place of ImageList, unless they are none.
+    QByteArray ImageListText() const { return m_namedImages.Text(); }
+    void SetImageListText(const QByteArray &text);
 
     /// Whether a right click on a header, or the menu key, opens a menu for sorting, sizing, moving
     /// and hiding columns. OnContextPopup comes first and may use the click up.
@@ -105,11 +124,15 @@ protected:
     std::string UpperCase(std::string text) const override;
     TObject *Self() override { return static_cast<TBabGridLayoutCore *>(this); }
     void contextMenuEvent(QContextMenuEvent *event) override;
+    /// Headers have their own.
+    bool PopupMenuIsFor(const QContextMenuEvent &event) const override;
 
 private:
     void TieSignals();
+    bool IsOnHeader(QPoint at) const;
 
     TSignalTies m_signals;
+    TNamedImages m_namedImages;
     bool m_columnMenu = true;
 };
 

@@ -47,11 +47,9 @@ class KORVANE_WIDGETS_API TzuSchema : public TzuSchema_ComBasic
         bool MoveInTimeWhenColSwitch READ MoveInTimeWhenColSwitch WRITE SetMoveInTimeWhenColSwitch)
     Q_PROPERTY(bool StartDragWhenTimeMoveOutside READ StartDragWhenTimeMoveOutside WRITE
                    SetStartDragWhenTimeMoveOutside)
-    Q_PROPERTY(QMenu *HeaderPopupmenu READ HeaderPopupmenu WRITE SetHeaderPopupmenu
-                   DESIGNABLE false STORED false)
-    Q_PROPERTY(
-        QMenu *PopupSchema READ PopupSchema WRITE SetPopupSchema DESIGNABLE false STORED false)
-    Q_PROPERTY(QMenu *PopupMenu READ PopupMenu WRITE SetPopupMenu DESIGNABLE false STORED false)
+    Q_PROPERTY(QByteArray HeaderPopupmenu READ HeaderPopupmenuNames WRITE SetHeaderPopupmenuNames)
+    Q_PROPERTY(QByteArray PopupSchema READ PopupSchemaNames WRITE SetPopupSchemaNames)
+    Q_PROPERTY(QByteArray PopupMenu READ PopupMenuNames WRITE SetPopupMenuNames)
     Q_PROPERTY(bool DrawShortLines READ DrawShortLines WRITE SetDrawShortLines)
     Q_PROPERTY(bool RescaleWithCtrl READ RescaleWithCtrl WRITE SetRescaleWithCtrl)
 

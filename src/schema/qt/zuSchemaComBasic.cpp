@@ -109,12 +109,6 @@ void TzuSchema_ComBasic::SetScalerTimeFormat(const QString &format)
     m_scaler->TDateScalerCore::SetTimeFormat(FromQt(format));
 }
 
-void TzuSchema_ComBasic::SetHeaderPopupmenu(QMenu *menu)
-{
-    m_header->SetPopupMenu(menu);
-    m_flippedHeader->SetPopupMenu(menu);
-}
-
 void TzuSchema_ComBasic::RePaint()
 {
     update();
@@ -332,7 +326,8 @@ void TzuSchema_ComBasic::PointAtTime(TzuDataEntity_SchemaTime *time, TPoint at)
 
 bool TzuSchema_ComBasic::PopUpMenu(bool onTime, TPoint at)
 {
-    QMenu *menu = onTime && m_popupSchema != nullptr ? m_popupSchema : m_popupMenu;
+    QMenu *menu = onTime ? PopupSchema() : nullptr;
+    menu = menu != nullptr ? menu : PopupMenu();
     if (menu != nullptr) {
         menu->popup(m_area->mapToGlobal(ToQt(at)));
     }

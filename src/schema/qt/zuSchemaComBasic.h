@@ -1,6 +1,7 @@
 // The behaviour of the schedule view: scaler, headers, sizer and drawn area.
 #pragma once
 
+#include "foundation/qt/zuNamedMenu.h"
 #include "foundation/qt/zuOffscreenPaint.h"
 #include "foundation/zuExport.h"
 #include "scaler/qt/zuScaler.h"
@@ -91,14 +92,21 @@ public:
     void SetRescaleWithCtrl(bool on) { m_scaler->SetRescaleWithCtrl(on); }
 
     /// The menu of both headers; observed.
-    QMenu *HeaderPopupmenu() const { return m_header->PopupMenu(); }
-    void SetHeaderPopupmenu(QMenu *menu);
+    QMenu *HeaderPopupmenu() const { return m_headerMenu.Menu(*this); }
+    void SetHeaderPopupmenu(QMenu *menu) { m_headerMenu.SetMenu(menu); }
     /// The menu of times; observed.
-    QMenu *PopupSchema() const { return m_popupSchema; }
-    void SetPopupSchema(QMenu *menu) { m_popupSchema = menu; }
+    QMenu *PopupSchema() const { return m_popupSchema.Menu(*this); }
+    void SetPopupSchema(QMenu *menu) { m_popupSchema.SetMenu(menu); }
     /// The menu elsewhere in the area, and where there is no PopupSchema; observed.
-    QMenu *PopupMenu() const { return m_popupMenu; }
-    void SetPopupMenu(QMenu *menu) { m_popupMenu = menu; }
+    QMenu *PopupMenu() const { return m_popupMenu.Menu(*this); }
+    void SetPopupMenu(QMenu *menu) { m_popupMenu.SetMenu(menu); }
+    // The same by name, as forms store them, see TNamedMenu.
+    QByteArray HeaderPopupmenuNames() const { return m_headerMenu.Names(); }
+    void SetHeaderPopupmenuNames(const QByteArray &names) { m_headerMenu.SetNames(names); }
+    QByteArray PopupSchemaNames() const { return m_popupSchema.Names(); }
+    void SetPopupSchemaNames(const QByteArray &names) { m_popupSchema.SetNames(names); }
+    QByteArray PopupMenuNames() const { return m_popupMenu.Names(); }
+    void SetPopupMenuNames(const QByteArray &names) { m_popupMenu.SetNames(names); }
 
     /// Brackets nest on the drawn area.
     void BeginUpdate() { m_area->BeginUpdate(); }
@@ -188,8 +196,9 @@ private:
     TGraphHintWindow *m_smallHint = nullptr;
     TzuSchema_ComBasicHintWindow *m_bigHint = nullptr;
     std::unique_ptr<TSchemaAreaInput> m_input;
-    QPointer<QMenu> m_popupSchema;
-    QPointer<QMenu> m_popupMenu;
+    TNamedMenu m_headerMenu;
+    TNamedMenu m_popupSchema;
+    TNamedMenu m_popupMenu;
     ISchemaPrintView *m_printView = nullptr;
     int m_wheelUnits = 0; ///< not yet a whole column
 };

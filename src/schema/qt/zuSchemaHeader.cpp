@@ -306,8 +306,8 @@ void TSchemaHeaderControl::wheelEvent(QWheelEvent *event)
 
 void TSchemaHeaderControl::contextMenuEvent(QContextMenuEvent *event)
 {
-    if (m_menu != nullptr) {
-        m_menu->popup(event->globalPos());
+    if (QMenu *menu = m_schema.HeaderPopupmenu()) {
+        menu->popup(event->globalPos());
     } else {
         event->ignore();
     }

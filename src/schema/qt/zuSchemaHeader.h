@@ -35,9 +35,6 @@ public:
     /// The place of a column's caption.
     QRect SectionRect(int column) const;
     bool IsResizing() const { return m_resizing.has_value(); }
-    /// Shown on a right click; observed.
-    QMenu *PopupMenu() const { return m_menu; }
-    void SetPopupMenu(QMenu *menu) { m_menu = menu; }
 
     QSize sizeHint() const override;
 
@@ -77,7 +74,6 @@ private:
     void FillOption(QStyleOptionHeader &option, int column) const;
 
     TzuSchema_ComBasic &m_schema;
-    QPointer<QMenu> m_menu;
     std::optional<TResizing> m_resizing;
     QPoint m_pressedAt;
     int m_pressedColumn = -1; ///< a press on a caption that may become a drag

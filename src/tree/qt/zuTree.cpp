@@ -31,6 +31,27 @@ TzuTree::TzuTree(QWidget *parent)
 TzuTree::~TzuTree()
 {
     DestroyContent();
+    SetImages(nullptr);
+}
+
+QColor TzuTree::ColorAsQColor() const
+{
+    return ToQt(Color(), palette());
+}
+
+void TzuTree::SetColorAsQColor(const QColor &color)
+{
+    SetColor(FromQt(color));
+}
+
+void TzuTree::SetImagesText(const QByteArray &text)
+{
+    const bool shown = m_namedImages.Text() != text;
+    m_namedImages.SetText(text);
+    if (shown) {
+        SetImages(nullptr); // the list is the same object
+        SetImages(m_namedImages.List());
+    }
 }
 
 // The events tell of single entities only.

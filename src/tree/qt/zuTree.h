@@ -1,9 +1,12 @@
 // The tree component as it is put on a form.
 #pragma once
 
+#include "foundation/qt/zuNamedImages.h"
 #include "foundation/qt/zuSignalTies.h"
 #include "foundation/zuExport.h"
 #include "tree/qt/zuTreeComBasic.h"
+
+#include <QColor>
 
 namespace korvane {
 
@@ -11,6 +14,10 @@ namespace korvane {
 class KORVANE_WIDGETS_API TzuTree : public TzuTree_ComBasic
 {
     Q_OBJECT
+    Q_PROPERTY(QColor Color READ ColorAsQColor WRITE SetColorAsQColor)
+    Q_PROPERTY(BorderKind BorderStyle READ BorderStyleKind WRITE SetBorderStyleKind)
+    Q_PROPERTY(QByteArray Images READ ImagesText WRITE SetImagesText)
+    Q_PROPERTY(QByteArray PopupMenu READ PopupMenuNames WRITE SetPopupMenuNames)
     Q_PROPERTY(bool HideSelection READ HideSelection WRITE SetHideSelection)
     Q_PROPERTY(bool HotTrack READ HotTrack WRITE SetHotTrack)
     Q_PROPERTY(bool ToolTips READ ToolTips WRITE SetToolTips)
@@ -32,9 +39,21 @@ class KORVANE_WIDGETS_API TzuTree : public TzuTree_ComBasic
     Q_PROPERTY(QCursor DragCursor READ DragCursor WRITE setDragCursor)
 
 public:
+    /// TBorderStyle for the designer.
+    enum BorderKind { bsNone, bsSingle };
+    Q_ENUM(BorderKind)
+
     explicit TzuTree(QWidget *parent = nullptr);
     ~TzuTree() override;
 
+    QColor ColorAsQColor() const;
+    void SetColorAsQColor(const QColor &color);
+    BorderKind BorderStyleKind() const { return static_cast<BorderKind>(BorderStyle()); }
+    void SetBorderStyleKind(BorderKind kind) { SetBorderStyle(static_cast<TBorderStyle>(kind)); }
+    /// The images by name, as forms store them, see TNamedImages. They take the place of Images,
+    /// unless they are none.
+    QByteArray ImagesText() const { return m_namedImages.Text(); }
+    void SetImagesText(const QByteArray &text);
     /// SetDragCursor by the name that code made of forms needs for cursors.
     void setDragCursor(const QCursor &cursor) { SetDragCursor(cursor); }
 
@@ -75,6 +94,7 @@ protected:
 
 private:
     TSignalTies m_signals;
+    TNamedImages m_namedImages;
 };
 
 } // namespace korvane

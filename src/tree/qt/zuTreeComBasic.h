@@ -1,6 +1,7 @@
 // The behaviour of the tree component: a tree view whose nodes display a hierarchy of entities.
 #pragma once
 
+#include "foundation/qt/zuNamedMenu.h"
 #include "foundation/zuExport.h"
 #include "tree/qt/zuCustomTreeView.h"
 #include "tree/qt/zuTreeDrag.h"
@@ -104,6 +105,9 @@ public:
     /// none.
     QMenu *PopupMenu();
     void SetPopupMenu(QMenu *menu);
+    /// The same by name, as forms store it, see TNamedMenu; empty goes back to the tree's own.
+    QByteArray PopupMenuNames() const { return m_namedMenu.Names(); }
+    void SetPopupMenuNames(const QByteArray &names) { m_namedMenu.SetNames(names); }
     /// The entity for which the menu was opened, or else the current one.
     TzuDataEntity_Tree *PopupEntity();
 
@@ -211,6 +215,7 @@ private:
     TTreeNodeDelegate *m_delegate;
     std::unique_ptr<TTreeDragging> m_dragging;
     QPointer<QMenu> m_popupMenu;
+    TNamedMenu m_namedMenu;
     TzuDataEntity_Tree *m_popupEntity = nullptr;
     TzuDataEntity_Tree *m_editedEntity = nullptr; ///< nil when the user has closed the editor
     std::optional<QString> m_rescuedText;         ///< typed into an editor that went with its node

@@ -415,6 +415,9 @@ void TzuTree_ComBasic::EntityLeaves(TzuDataEntity_Tree &entity, bool forGood)
 
 QMenu *TzuTree_ComBasic::PopupMenu()
 {
+    if (m_namedMenu.IsSet()) {
+        return m_namedMenu.Menu(*this);
+    }
     if (m_ownPopup && m_popupMenu == nullptr) {
         m_popupMenu = new TzuTreePopup(*this);
     }
@@ -423,6 +426,7 @@ QMenu *TzuTree_ComBasic::PopupMenu()
 
 void TzuTree_ComBasic::SetPopupMenu(QMenu *menu)
 {
+    m_namedMenu.SetNames({});
     if (m_ownPopup && menu != m_popupMenu) {
         delete m_popupMenu;
     }
