@@ -27,6 +27,10 @@ QWidget *OnAForm()
             shift->SetColor(clRed);
         }
     });
+    // The form's context menu of the bars has this action.
+    QObject::connect(form.remove, &QAction::triggered, gant, [gant] {
+        gant->RemoveSpanbar(gant->ActiveDataEntity()); // null is ignored
+    });
     QObject::connect(form.today, &QPushButton::clicked, gant, [gant] {
         const TDateTime length = gant->Stop() - gant->Start();
         gant->SetStart(Today());

@@ -1,7 +1,7 @@
 #include "design/qt/zuDesignerWidget.h"
 
-#include "design/qt/zuGridTaskMenu.h"
 #include "design/qt/zuSample.h"
+#include "design/qt/zuTaskMenu.h"
 #include "foundation/qt/zuConvert.h"
 #include "foundation/qt/zuTranslations.h"
 #include "gantt/qt/zuGant.h"
@@ -115,7 +115,7 @@ void TDesignerWidget::initialize(QDesignerFormEditorInterface *designer)
     m_designer = designer;
     LoadComponentTexts();
     if (m_hasGridEditor) {
-        TGridTaskMenuFactory::Install(*designer);
+        TTaskMenuFactory::Install(*designer);
     }
 }
 

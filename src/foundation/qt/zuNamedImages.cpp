@@ -33,9 +33,9 @@ QStringList TNamedImages::NamesOf(const QByteArray &text)
 
 QByteArray TNamedImages::TextOf(const QStringList &names)
 {
-    return names.isEmpty() ? QByteArray()
-                           : QJsonDocument(QJsonArray::fromStringList(names))
-                                 .toJson(QJsonDocument::Compact);
+    return names.isEmpty()
+               ? QByteArray()
+               : QJsonDocument(QJsonArray::fromStringList(names)).toJson(QJsonDocument::Compact);
 }
 
 QIcon TNamedImages::IconOf(const QString &name)

@@ -182,7 +182,7 @@ protected:
     virtual std::optional<TImageMove> KeepImage() { return std::nullopt; }
 
     /// Whether PopupMenu is for a place; else the event goes on.
-    virtual bool PopupMenuIsFor(const QContextMenuEvent & /*event*/) const { return true; }
+    virtual bool PopupMenuIsFor(const QContextMenuEvent & /*event*/) { return true; }
 
     /// Strips at the right and bottom edge that child scroll bars cover and the copy leaves alone,
     /// in pixels. The corner between two strips is filled with clBtnFace.

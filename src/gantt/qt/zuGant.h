@@ -10,6 +10,7 @@
 
 #include <QColor>
 #include <QDateTime>
+#include <QDrag>
 #include <QMenu>
 
 #include <array>

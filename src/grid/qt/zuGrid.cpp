@@ -255,14 +255,14 @@ void TzuGrid::SetImageListText(const QByteArray &text)
     }
 }
 
-bool TzuGrid::IsOnHeader(QPoint at) const
+bool TzuGrid::IsOnHeader(QPoint at)
 {
     const TGridHit hit = HitTest(ToGrid(at));
     return hit.At.Grid == &RootCell()
            && (hit.Part == TGridPart::ColumnHeader || hit.Part == TGridPart::ColumnBorder);
 }
 
-bool TzuGrid::PopupMenuIsFor(const QContextMenuEvent &event) const
+bool TzuGrid::PopupMenuIsFor(const QContextMenuEvent &event)
 {
     const bool byKey = event.reason() == QContextMenuEvent::Keyboard;
     return byKey || !m_columnMenu || !IsOnHeader(event.pos());

@@ -125,11 +125,11 @@ protected:
     TObject *Self() override { return static_cast<TBabGridLayoutCore *>(this); }
     void contextMenuEvent(QContextMenuEvent *event) override;
     /// Headers have their own.
-    bool PopupMenuIsFor(const QContextMenuEvent &event) const override;
+    bool PopupMenuIsFor(const QContextMenuEvent &event) override;
 
 private:
     void TieSignals();
-    bool IsOnHeader(QPoint at) const;
+    bool IsOnHeader(QPoint at);
 
     TSignalTies m_signals;
     TNamedImages m_namedImages;

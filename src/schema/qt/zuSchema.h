@@ -7,6 +7,7 @@
 
 #include <QColor>
 #include <QDateTime>
+#include <QDrag>
 #include <QFont>
 
 namespace korvane {

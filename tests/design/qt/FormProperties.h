@@ -55,7 +55,8 @@ inline QVariantList OtherValues(const QMetaProperty &property, const QVariant &v
         return {QStringLiteral("yyyy 'å' <&>\"")};
     case QMetaType::QByteArray:
         return {QByteArray(
-            R"([{"HeaderText":"Größe <a & b>","Kind":"tckDate","Name":"Loud","MinWidth":33}])")};
+            R"([{"HeaderText":"Größe <a & b>","Kind":"tckDate","Name":"Loud","MinWidth":33,)"
+            R"("Columns":[{"HeaderText":"In it"}]}])")};
     case QMetaType::QDateTime:
         return {value.toDateTime().addDays(1).addSecs(3661)};
     case QMetaType::QColor:

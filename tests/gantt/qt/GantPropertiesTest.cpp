@@ -68,9 +68,7 @@ TEST(GantProperties, EveryOneIsStoredAndReadBackByItsName)
     for (int i = meta.propertyOffset(); i < meta.propertyCount(); ++i) {
         const QMetaProperty property = meta.property(i);
         TzuGant chart;
-        if (property.typeId() == qMetaTypeId<QMenu *>()) {
-            continue;
-        }
+        chart.SetGrid_SubGridsText(R"([{"Columns":[{}]}])"); // whose captions are one
         const QVariant wanted = Another(property, property.read(&chart));
         ASSERT_TRUE(wanted.isValid()) << property.name();
         EXPECT_TRUE(property.write(&chart, wanted)) << property.name();

@@ -1,4 +1,4 @@
-// The verbs of a grid in the form designer.
+// The verbs of the components in the form designer.
 #pragma once
 
 #include <QList>
@@ -18,26 +18,28 @@ class TzuGant;
 class TzuGrid;
 class TzuGridEditorWakeUpGlue;
 
-/// Puts the verbs of TzuGridEditorWakeUpGlue first in the context menu of a grid on a form, and
-/// the editors of its other collections behind them. The menu of a chart has the editors for the
-/// chart's grid.
-class TGridTaskMenu : public QObject, public QDesignerTaskMenuExtension
+/// Puts the verbs of TzuGridEditorWakeUpGlue first in the context menu of a grid on a form, and the
+/// editors of its other collections behind them. The menu of a chart has the editors for the
+/// chart's grid. All components have those of their images and menus.
+class TTaskMenu : public QObject, public QDesignerTaskMenuExtension
 {
     Q_OBJECT
     Q_INTERFACES(QDesignerTaskMenuExtension)
 
 public:
-    TGridTaskMenu(TzuGrid &grid, QObject *parent);
-    TGridTaskMenu(TzuGant &chart, QObject *parent);
-    ~TGridTaskMenu() override;
+    TTaskMenu(QWidget &component, QObject *parent);
+    ~TTaskMenu() override;
 
-    QAction *preferredEditAction() const override { return m_actions.first(); }
+    QAction *preferredEditAction() const override { return m_preferred; }
     QList<QAction *> taskActions() const override { return m_actions; }
 
 private:
     class TDesigner;
     class TComponent;
 
+    void AddGridVerbs(TzuGrid &grid);
+    void AddChartVerbs(TzuGant &chart);
+    void AddNameVerbs(QWidget &component);
     void AddVerb(const QString &text, std::function<void()> act);
     void AddSeparator();
 
@@ -45,10 +47,11 @@ private:
     std::unique_ptr<TDesigner> m_designer;
     std::unique_ptr<TzuGridEditorWakeUpGlue> m_editor;
     QList<QAction *> m_actions;
+    QAction *m_preferred = nullptr;
 };
 
-/// Gives grids and charts their menu.
-class TGridTaskMenuFactory : public QExtensionFactory
+/// Gives the components their menu.
+class TTaskMenuFactory : public QExtensionFactory
 {
     Q_OBJECT
 

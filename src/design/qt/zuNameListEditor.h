@@ -1,0 +1,57 @@
+// The editor of a list of names: of images, or of menus and actions.
+#pragma once
+
+#include <QDialog>
+#include <QIcon>
+#include <QStringList>
+
+#include <functional>
+
+class QLineEdit;
+class QListWidget;
+class QListWidgetItem;
+class QToolButton;
+
+namespace korvane {
+
+/// Names are taken from those offered or typed; they are removed and reordered.
+class TNameListEditor : public QDialog
+{
+    Q_OBJECT
+
+public:
+    struct TOffer
+    {
+        QStringList Names;
+        std::function<QIcon(const QString &)> IconOf;
+        QString TypedHint; ///< what may be typed besides
+    };
+
+    TNameListEditor(const QStringList &names, const TOffer &offer, QWidget *parent);
+
+    QStringList Names() const;
+
+private:
+    QWidget *CreateOffer();
+    QWidget *CreateChosen(const QStringList &names);
+    QToolButton *AddButton(const QString &text, void (TNameListEditor::*act)());
+    void Choose(const QString &name);
+    void Filter(const QString &text);
+    void Add();
+    void Remove();
+    void MoveUp() { Move(-1); }
+    void MoveDown() { Move(1); }
+    void Move(int by);
+    void UpdateButtons();
+
+    TOffer m_offer;
+    QLineEdit *m_typed = nullptr;
+    QListWidget *m_offered = nullptr;
+    QListWidget *m_chosen = nullptr;
+    QToolButton *m_add = nullptr;
+    QToolButton *m_remove = nullptr;
+    QToolButton *m_up = nullptr;
+    QToolButton *m_down = nullptr;
+};
+
+} // namespace korvane
