@@ -4,6 +4,7 @@
 
 #include "foundation/zuMethod.h"
 
+#include <cstddef>
 #include <memory>
 #include <utility>
 
@@ -53,6 +54,12 @@ public:
     TPublished &operator=(TSlot handler)
     {
         m_handler = std::move(handler);
+        return *this;
+    }
+    /// Clears the handler; so does assigning {}.
+    TPublished &operator=(std::nullptr_t)
+    {
+        m_handler = nullptr;
         return *this;
     }
     const TSlot &Handler() const { return m_handler; }

@@ -170,7 +170,8 @@ void TNameListEditor::UpdateButtons()
         return; // the controls are being made
     }
     const int row = m_chosen->currentRow();
-    m_add->setEnabled(!m_offered->selectedItems().isEmpty() || !m_typed->text().trimmed().isEmpty());
+    m_add->setEnabled(!m_offered->selectedItems().isEmpty()
+                      || !m_typed->text().trimmed().isEmpty());
     m_remove->setEnabled(row >= 0);
     m_up->setEnabled(row > 0);
     m_down->setEnabled(row >= 0 && row + 1 < m_chosen->count());
