@@ -1,5 +1,6 @@
 #include "foundation/qt/zuNamedImages.h"
 
+#include <QFile>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QtDebug>
@@ -40,7 +41,10 @@ QByteArray TNamedImages::TextOf(const QStringList &names)
 
 QIcon TNamedImages::IconOf(const QString &name)
 {
-    return name.contains(u'/') ? QIcon(name) : QIcon::fromTheme(name);
+    if (!name.contains(u'/')) {
+        return QIcon::fromTheme(name);
+    }
+    return QFile::exists(name) ? QIcon(name) : QIcon(); // which would complain at every drawing
 }
 
 } // namespace korvane

@@ -62,13 +62,24 @@ bool IsAs(const QMetaProperty &property, const QVariant &value, const TStored &s
                         && value.value<QCursor>().shape() == Qt::WhatsThisCursor;
 }
 
+/// A connection of the form and one of the program hear of the same item.
+bool SignalsArrive(const Ui::Five &five)
+{
+    const korvane::TzuDataEntity_Spanbar *heard = nullptr;
+    QObject::connect(five.TzuGant, &korvane::TzuGant::timeItemInserted,
+                     [&heard](korvane::TzuDataEntity_Spanbar *item) { heard = item; });
+    const auto *item = five.TzuGant->AddSpanbar(five.TzuGant->AddRootDataEntityTree("row"), 0);
+    return heard != nullptr && heard == item && five.TzuTree->isHidden();
+}
+
 } // namespace
 
 int main(int argc, char **argv)
 {
     const QApplication application(argc, argv);
     QWidget form;
-    Ui::Five().setupUi(&form);
+    Ui::Five five;
+    five.setupUi(&form);
     QCoreApplication::processEvents();
 
     QFile file(QStringLiteral(FORM));
@@ -96,5 +107,9 @@ int main(int argc, char **argv)
         }
     }
     qInfo() << compared << "properties compared";
+    if (!SignalsArrive(five)) {
+        qWarning() << "a signal was lost";
+        return 1;
+    }
     return compared > 100 && wrong == 0 ? 0 : 1;
 }

@@ -16,6 +16,7 @@
 #include <QtDesigner/QDesignerFormWindowInterface>
 #include <QtDesigner/QDesignerFormWindowManagerInterface>
 #include <QtDesigner/QDesignerIntegration>
+#include <QtDesigner/QDesignerMemberSheetExtension>
 #include <QtDesigner/QDesignerPropertySheetExtension>
 #include <QtDesigner/QDesignerTaskMenuExtension>
 #include <QtDesigner/QDesignerWidgetBoxInterface>
@@ -136,8 +137,14 @@ TEST_F(DesignerTest, FormsKeepEveryPropertyAndNothingOfTheSample)
         }
     }
 
-    const QString contents = form->contents();
+    QString contents = form->contents();
     EXPECT_FALSE(contents.contains(u"Room A") || contents.contains(u"Another part"));
+    contents.replace(
+        QLatin1String("<connections/>"),
+        QLatin1String(
+            "<connections><connection><sender>TzuGant</sender>"
+            "<signal>timeItemInserted(korvane::TzuDataEntity_Spanbar*)</signal>"
+            "<receiver>TzuTree</receiver><slot>hide()</slot></connection></connections>"));
     // For the test that compiles it.
     QFile file(qEnvironmentVariable("KORVANE_FORM"));
     if (!file.fileName().isEmpty() && file.open(QIODevice::WriteOnly)) {
@@ -153,6 +160,63 @@ TEST_F(DesignerTest, FormsKeepEveryPropertyAndNothingOfTheSample)
                 << name << property.name();
         }
     }
+}
+
+TEST_F(DesignerTest, ItsSignalEditorOffersEverySignal)
+{
+    QDesignerFormWindowInterface *form = OpenFormOfFive();
+    for (const char *name : kClasses) {
+        QWidget *component = Component(form, name);
+        const auto *members = qt_extension<QDesignerMemberSheetExtension *>(
+            m_designer->extensionManager(), component);
+        ASSERT_NE(members, nullptr) << name;
+        QStringList offered;
+        for (int i = 0; i < members->count(); ++i) {
+            if (members->isSignal(i) && members->isVisible(i)) {
+                offered.append(members->signature(i));
+            }
+        }
+        const QMetaObject *meta = component->metaObject();
+        for (int i = QFrame::staticMetaObject.methodCount(); i < meta->methodCount(); ++i) {
+            if (meta->method(i).methodType() == QMetaMethod::Signal) {
+                EXPECT_TRUE(
+                    offered.contains(QString::fromLatin1(meta->method(i).methodSignature())))
+                    << name << meta->method(i).methodSignature().toStdString();
+            }
+        }
+    }
+}
+
+TEST_F(DesignerTest, ImagesAndMenusHaveEditors)
+{
+    QDesignerFormWindowInterface *form = OpenFormOfFive();
+    (new QAction(form->mainContainer()))->setObjectName(QStringLiteral("cut"));
+    QWidget *chart = Component(form, "TzuGant");
+    const auto *menu =
+        qt_extension<QDesignerTaskMenuExtension *>(m_designer->extensionManager(), chart);
+    ASSERT_NE(menu, nullptr);
+    const auto run = [&](const QString &verb, const QString &typed) {
+        QTimer::singleShot(0, qApp, [typed] {
+            auto *dialog = QApplication::activeModalWidget();
+            ASSERT_NE(dialog, nullptr);
+            auto *line = dialog->findChild<QLineEdit *>();
+            line->setText(typed);
+            Q_EMIT line->returnPressed();
+            dialog->findChild<QDialogButtonBox *>()->button(QDialogButtonBox::Ok)->click();
+        });
+        for (QAction *action : menu->taskActions()) {
+            if (action->text() == verb) {
+                action->trigger();
+            }
+        }
+    };
+    run(QStringLiteral("Images"), QStringLiteral(":/a.svg"));
+    run(QStringLiteral("Images"), QStringLiteral("edit-copy"));
+    EXPECT_EQ(chart->property("ImageList").toByteArray(), R"([":/a.svg","edit-copy"])");
+    run(QStringLiteral("Menu: PopupMenuScaler"), QStringLiteral("cut"));
+    EXPECT_EQ(chart->property("PopupMenuScaler").toByteArray(), "cut");
+    form->commandHistory()->undo();
+    EXPECT_EQ(chart->property("PopupMenuScaler").toByteArray(), "");
 }
 
 TEST_F(DesignerTest, TheFirstVerbOfAGridEditsItsColumnsInOneStep)
@@ -194,7 +258,8 @@ TEST_F(DesignerTest, TheFirstVerbOfAGridEditsItsColumnsInOneStep)
     form->commandHistory()->undo();
     EXPECT_EQ(grid->property("Columns").toString(), "");
     form->commandHistory()->redo();
-    EXPECT_TRUE(form->contents().contains(u"Column 1"));
+    EXPECT_TRUE(form->contents().contains(u"<string>Column 1\nLast</string>"))
+        << "the captions, for translation";
 }
 
 } // namespace

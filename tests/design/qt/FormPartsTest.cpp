@@ -8,6 +8,7 @@
 #include <QApplication>
 #include <QBuffer>
 #include <QContextMenuEvent>
+#include <QTemporaryDir>
 #include <QTranslator>
 #include <QUiLoader>
 
@@ -27,7 +28,7 @@ TEST(FormMenus, AreFoundByNameWhenTheyAreWanted)
     auto *schema = new TzuSchema(&window);
     for (QWidget *each : std::vector<QWidget *>{chart, tree, grid, schema}) {
         each->setProperty("PopupMenu", "  cut -  copy gone ");
-        EXPECT_EQ(each->property("PopupMenu"), "cut - copy gone");
+        EXPECT_EQ(each->property("PopupMenu").toByteArray(), "cut - copy gone");
     }
     chart->SetPopupMenuTreeviewNames("ofTree");
     schema->SetHeaderPopupmenuNames("ofTree");
@@ -63,7 +64,7 @@ TEST(FormMenus, AreFoundByNameWhenTheyAreWanted)
     window.show();
     const TRect cell = grid->CellRect(grid->GetTopLeftCell());
     for (const auto &[y, title] : {std::pair(5, "column"), std::pair(cell.Top + 2, "form")}) {
-        const QPoint at(cell.Left + 3, y);
+        const QPoint at(cell.Left + 20, y);
         QContextMenuEvent event(QContextMenuEvent::Mouse, at, grid->mapToGlobal(at));
         QCoreApplication::sendEvent(grid, &event);
         auto *shown = qobject_cast<QMenu *>(QApplication::activePopupWidget());
@@ -77,20 +78,21 @@ TEST(FormImages, AreNumberedInTheOrderOfTheirNames)
 {
     QPixmap picture(4, 4);
     picture.fill(Qt::red);
-    const QString file = QDir::tempPath() + QStringLiteral("/korvane-form-image.png");
+    const QTemporaryDir folder;
+    const QString file = folder.filePath(QStringLiteral("red.png"));
     ASSERT_TRUE(picture.save(file));
     const QByteArray text = TNamedImages::TextOf({"no-such-icon", file});
     TzuGant chart;
     TzuGrid grid;
     TzuTree tree;
-    for (const auto &[component, name] :
-         {std::pair<QWidget *, const char *>(&chart, "ImageList"), {&grid, "ImageList"},
-          {&tree, "Images"}}) {
+    for (const auto &[component, name] : {std::pair<QWidget *, const char *>(&chart, "ImageList"),
+                                          {&grid, "ImageList"},
+                                          {&tree, "Images"}}) {
         component->setProperty(name, text);
-        EXPECT_EQ(component->property(name), text);
+        EXPECT_EQ(component->property(name).toByteArray(), text);
     }
-    for (const TImageList *list : {chart.ImageList(), grid.ImageList(),
-                                   static_cast<const TImageList *>(tree.Images())}) {
+    for (const TImageList *list :
+         {chart.ImageList(), grid.ImageList(), static_cast<const TImageList *>(tree.Images())}) {
         ASSERT_NE(list, nullptr);
         EXPECT_EQ(list->Count(), 2);
         const auto &images = dynamic_cast<const TzuImageList &>(*list);
@@ -98,11 +100,10 @@ TEST(FormImages, AreNumberedInTheOrderOfTheirNames)
     }
     chart.SetImageListText({});
     EXPECT_EQ(chart.ImageList(), nullptr);
-    QFile::remove(file);
 }
 
-/// Turns every text of the form "Plan" round.
-class TMirror : public QTranslator
+/// Translates a word of the form "Plan".
+class TSwedish : public QTranslator
 {
 public:
     bool isEmpty() const override { return false; }
@@ -110,7 +111,8 @@ public:
                       int /*count*/) const override
     {
         QString result = QString::fromUtf8(text);
-        return qstrcmp(context, "Plan") == 0 ? result.replace(u"Task", u"Uppgift") : QString();
+        result.replace(QLatin1String("Task"), QLatin1String("Uppgift"));
+        return qstrcmp(context, "Plan") == 0 ? result : QString();
     }
 };
 
@@ -131,11 +133,11 @@ Start\nof\\n it</string></property>
     ASSERT_NE(loaded, nullptr);
     const auto captions = [&] { return loaded->property("HeaderTexts").toString(); };
     EXPECT_EQ(captions(), "Task\nStart\\nof\\\\n it\n");
-    TMirror mirror;
-    QCoreApplication::installTranslator(&mirror);
+    TSwedish swedish;
+    QCoreApplication::installTranslator(&swedish);
     QCoreApplication::processEvents();
     EXPECT_EQ(captions(), "Uppgift\nStart\\nof\\\\n it\n");
-    QCoreApplication::removeTranslator(&mirror);
+    QCoreApplication::removeTranslator(&swedish);
 
     TzuGrid grid;
     grid.Columns().Add();
