@@ -599,7 +599,45 @@
     </message>
 </context>
 <context>
-    <name>korvane::TGridTaskMenu</name>
+    <name>korvane::TNameListEditor</name>
+    <message>
+        <source>Add</source>
+        <translation>Hinzufügen</translation>
+    </message>
+    <message>
+        <source>&amp;Offered:</source>
+        <translation>&amp;Angebot:</translation>
+    </message>
+    <message>
+        <source>Remove</source>
+        <translation>Entfernen</translation>
+    </message>
+    <message>
+        <source>Up</source>
+        <translation>Nach oben</translation>
+    </message>
+    <message>
+        <source>Down</source>
+        <translation>Nach unten</translation>
+    </message>
+    <message>
+        <source>&amp;Chosen:</source>
+        <translation>A&amp;usgewählt:</translation>
+    </message>
+</context>
+<context>
+    <name>korvane::TSchemaColumnScroller</name>
+    <message>
+        <source>Previous column</source>
+        <translation>Vorherige Spalte</translation>
+    </message>
+    <message>
+        <source>Next column</source>
+        <translation>Nächste Spalte</translation>
+    </message>
+</context>
+<context>
+    <name>korvane::TTaskMenu</name>
     <message>
         <source>%1 of %2</source>
         <translation>%1 von %2</translation>
@@ -624,16 +662,25 @@
         <source>Grid cell layouts</source>
         <translation>Zellenlayouts der Tabelle</translation>
     </message>
-</context>
-<context>
-    <name>korvane::TSchemaColumnScroller</name>
     <message>
-        <source>Previous column</source>
-        <translation>Vorherige Spalte</translation>
+        <source>Images of %1</source>
+        <translation>Bilder von %1</translation>
     </message>
     <message>
-        <source>Next column</source>
-        <translation>Nächste Spalte</translation>
+        <source>Part of the name, a file, or an icon of the theme</source>
+        <translation>Teil des Namens, eine Datei oder ein Symbol des Themas</translation>
+    </message>
+    <message>
+        <source>A menu, or actions; - is a line</source>
+        <translation>Ein Menü oder Aktionen; - ist eine Linie</translation>
+    </message>
+    <message>
+        <source>Images</source>
+        <translation>Bilder</translation>
+    </message>
+    <message>
+        <source>Menu: %1</source>
+        <translation>Menü: %1</translation>
     </message>
 </context>
 <context>

@@ -599,7 +599,45 @@
     </message>
 </context>
 <context>
-    <name>korvane::TGridTaskMenu</name>
+    <name>korvane::TNameListEditor</name>
+    <message>
+        <source>Add</source>
+        <translation>Lägg till</translation>
+    </message>
+    <message>
+        <source>&amp;Offered:</source>
+        <translation>&amp;Utbud:</translation>
+    </message>
+    <message>
+        <source>Remove</source>
+        <translation>Ta bort</translation>
+    </message>
+    <message>
+        <source>Up</source>
+        <translation>Upp</translation>
+    </message>
+    <message>
+        <source>Down</source>
+        <translation>Ned</translation>
+    </message>
+    <message>
+        <source>&amp;Chosen:</source>
+        <translation>&amp;Valda:</translation>
+    </message>
+</context>
+<context>
+    <name>korvane::TSchemaColumnScroller</name>
+    <message>
+        <source>Previous column</source>
+        <translation>Föregående kolumn</translation>
+    </message>
+    <message>
+        <source>Next column</source>
+        <translation>Nästa kolumn</translation>
+    </message>
+</context>
+<context>
+    <name>korvane::TTaskMenu</name>
     <message>
         <source>%1 of %2</source>
         <translation>%1 i %2</translation>
@@ -624,16 +662,25 @@
         <source>Grid cell layouts</source>
         <translation>Tabellens cellayouter</translation>
     </message>
-</context>
-<context>
-    <name>korvane::TSchemaColumnScroller</name>
     <message>
-        <source>Previous column</source>
-        <translation>Föregående kolumn</translation>
+        <source>Images of %1</source>
+        <translation>Bilder för %1</translation>
     </message>
     <message>
-        <source>Next column</source>
-        <translation>Nästa kolumn</translation>
+        <source>Part of the name, a file, or an icon of the theme</source>
+        <translation>Del av namnet, en fil eller en ikon ur temat</translation>
+    </message>
+    <message>
+        <source>A menu, or actions; - is a line</source>
+        <translation>En meny eller åtgärder; - är en linje</translation>
+    </message>
+    <message>
+        <source>Images</source>
+        <translation>Bilder</translation>
+    </message>
+    <message>
+        <source>Menu: %1</source>
+        <translation>Meny: %1</translation>
     </message>
 </context>
 <context>
