@@ -60,6 +60,7 @@ TEST(FormMenus, AreFoundByNameWhenTheyAreWanted)
 
     // On headers the menu of columns comes first.
     grid->Columns().Add().SetHeaderText("Name");
+    grid->AddRows(3);
     grid->resize(300, 200);
     window.show();
     const TRect cell = grid->CellRect(grid->GetTopLeftCell());
