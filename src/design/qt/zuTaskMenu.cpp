@@ -216,17 +216,21 @@ void TTaskMenu::AddChartVerbs(TzuGant &chart)
     }
 }
 
-/// By what the properties are called.
+/// By what the properties are called; images first.
 void TTaskMenu::AddNameVerbs(QWidget &component)
 {
+    QStringList menus;
     const QMetaObject *meta = component.metaObject();
     for (int i = QFrame::staticMetaObject.propertyCount(); i < meta->propertyCount(); ++i) {
         const QString name = QString::fromLatin1(meta->property(i).name());
         if (name == u"ImageList" || name == u"Images") {
             AddVerb(tr("Images"), [&component, name] { EditImages(component, name); });
         } else if (name.contains(u"Popup")) {
-            AddVerb(tr("Menu: %1").arg(name), [&component, name] { EditMenu(component, name); });
+            menus.append(name);
         }
+    }
+    for (const QString &name : menus) {
+        AddVerb(tr("Menu: %1").arg(name), [&component, name] { EditMenu(component, name); });
     }
 }
 
