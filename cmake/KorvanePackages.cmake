@@ -12,15 +12,17 @@ set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS_PRIVATE_DIRS "${PROJECT_BINARY_DIR}/src")
 
-# korvane_package(<component> <package> <section> <description> [DEPENDS ...] [CONFLICTS ...])
+# korvane_package(<component> <package> <section> <description> [DEPENDS ...] [RECOMMENDS ...]
+# [CONFLICTS ...])
 macro(korvane_package component package section description)
-    cmake_parse_arguments(ARG "" "DEPENDS;CONFLICTS" "" ${ARGN})
+    cmake_parse_arguments(ARG "" "DEPENDS;RECOMMENDS;CONFLICTS" "" ${ARGN})
     string(TOUPPER ${component} upper)
     list(APPEND CPACK_COMPONENTS_ALL ${component})
     set(CPACK_DEBIAN_${upper}_PACKAGE_NAME "${package}")
     set(CPACK_DEBIAN_${upper}_PACKAGE_SECTION "${section}")
     set(CPACK_COMPONENT_${upper}_DESCRIPTION "${description}")
     set(CPACK_DEBIAN_${upper}_PACKAGE_DEPENDS "${ARG_DEPENDS}")
+    set(CPACK_DEBIAN_${upper}_PACKAGE_RECOMMENDS "${ARG_RECOMMENDS}")
     set(CPACK_DEBIAN_${upper}_PACKAGE_CONFLICTS "${ARG_CONFLICTS}")
 endmacro()
 
@@ -40,6 +42,7 @@ if(KORVANE_WIDGETS AND KORVANE_APPS)
         "Planner that opens project plans, timetables and calendars
  Shows them as Gantt charts and schedules, edits and prints them."
         DEPENDS "${same_version}, shared-mime-info, hicolor-icon-theme"
+        RECOMMENDS "qt6-translations-l10n"
         CONFLICTS planner)
 endif()
 if(TARGET korvane_design)

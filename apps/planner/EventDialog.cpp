@@ -227,7 +227,9 @@ void EventDialog::MakeRule(QFormLayout &form)
     if (rule.Until) {
         m_until->setDate(Clock(*rule.Until).date());
     }
-    form.addRow(tr("&Repeats"), Row({m_repeat, m_interval, m_unit}));
+    auto *repeats = new QLabel(tr("&Repeats"));
+    repeats->setBuddy(m_repeat);
+    form.addRow(repeats, Row({m_repeat, m_interval, m_unit}));
     form.addRow({}, m_weekdays);
     form.addRow({}, Row({m_end, m_count, m_until}));
     connect(m_repeat, &QComboBox::currentIndexChanged, this, &EventDialog::ShowRule);

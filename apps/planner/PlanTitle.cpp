@@ -5,6 +5,7 @@
 #include "foundation/zuTranslate.h"
 
 #include <QPainter>
+#include <QStyle>
 
 #include <algorithm>
 
@@ -45,7 +46,8 @@ void PlanTitle::paintEvent(QPaintEvent * /*event*/)
     color.setAlphaF(kMuted);
     painter.setPen(color);
     painter.setFont(this->font());
-    PaintLine(painter, all.adjusted(inTwo ? 0 : used + kMargin, split, 0, 0), Qt::AlignVCenter,
+    const QRect dates = all.adjusted(inTwo ? 0 : used + kMargin, split, 0, 0);
+    PaintLine(painter, QStyle::visualRect(layoutDirection(), all, dates), Qt::AlignVCenter,
               m_dates);
 }
 
