@@ -2,6 +2,7 @@
 
 #include "Picture.h"
 #include "SchedulePages.h"
+#include "ScheduleStrip.h"
 #include "ScheduleView.h"
 #include "agenda/AgendaDates.h"
 #include "agenda/AgendaReader.h"
@@ -90,11 +91,15 @@ ExitCode RenderSchedule(const QString &fileName, const RenderRequest &request)
     view.resize(request.Size);
     view.SetScrollVisibility(TScrollVisibility::svNever);
     view.setAttribute(Qt::WA_DontShowOnScreen);
+    view.SetStrip(true);
     view.show();
     view.Show(PageFor(*pages, request));
     QApplication::processEvents();
-    const PictureSubject subject{
-        view, pages->Name(), {&view.SchemaArea(), &view.DateScaler(), &view.Header()}};
+    QWidgetList parts{&view.SchemaArea(), &view.DateScaler(), &view.Header()};
+    if (view.Strip().isVisible()) {
+        parts.append({&view.Strip().SchemaArea(), &view.Strip().FlippedHeader()});
+    }
+    const PictureSubject subject{view, pages->Name(), parts};
     if (const auto reason = SavePicture(subject, request.Picture, request.Ratio)) {
         PrintError(ErrorLine(request.Picture, {0, *reason}));
         return ExitCode::UnusableFile;

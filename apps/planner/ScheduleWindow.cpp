@@ -64,6 +64,7 @@ ScheduleWindow::ScheduleWindow(QWidget *parent)
     setCentralWidget(central);
     addDockWidget(Qt::BottomDockWidgetArea, m_remarks);
     m_remarks->hide();
+    m_view->SetStrip(true);
     MakeStatusBar();
     MakeMenus();
     resize(kDefaultSize);
@@ -238,7 +239,9 @@ QMessageBox *ScheduleWindow::NewQuestion(const QString &text, const QString &det
 /// The page anew, as the calendar has it.
 void ScheduleWindow::ShowChange()
 {
-    m_view->Update(m_pages->Page(m_arrangement, m_day));
+    SchedulePage page = m_pages->Page(m_arrangement, m_day);
+    KeepColumns(page, m_view->Page());
+    m_view->Update(std::move(page));
     ShowCounts();
 }
 

@@ -1,6 +1,7 @@
 // What the user does to the events of a calendar.
 #include "EventDialog.h"
 #include "ScheduleDocument.h"
+#include "ScheduleStrip.h"
 #include "ScheduleView.h"
 #include "ScheduleWindow.h"
 #include "agenda/AgendaDates.h"
@@ -54,6 +55,7 @@ void ScheduleWindow::MakeEditActions()
         }
     });
     m_view->SetPopupMenu(m_editMenu);
+    m_view->Strip().SetPopupMenu(m_editMenu);
 }
 
 // --- carrying changes out ------------------------------------------------------------------------
@@ -68,8 +70,8 @@ void ScheduleWindow::Perform(const Change &change, AgendaScope scope)
         QApplication::beep();
     }
     if (document.History().index() == steps) {
-        ShowChange();                          // as it was
-    } else if (m_view->SelectedCount() == 0) { // another title, or elsewhere
+        ShowChange();                              // as it was
+    } else if (m_view->SelectedBlocks().empty()) { // another title, or elsewhere
         m_view->SelectEvents(document.Touched());
     }
 }
@@ -207,6 +209,7 @@ void ScheduleWindow::New(int column, const AgendaRange &times)
     ScheduleDraft draft;
     draft.Title = tr("New event");
     draft.Times = times;
+    draft.IsAllDay = times.From % kSecondsPerDay == 0 && times.To % kSecondsPerDay == 0;
     draft.Place = target.Place.value_or(QString());
     draft.Calendar = target.Calendar.value_or(NewCalendar());
     auto *dialog = new EventDialog(draft, document->Calendars(), this);

@@ -161,9 +161,9 @@ void ScheduleWindow::MakePageActions(QMenu &menu)
         action->setShortcut(keys);
         m_bar->addAction(action);
     };
-    add(QStringLiteral("‹"), tr("Page before"), Qt::ALT | Qt::Key_Left,
+    add(QStringLiteral("‹"), tr("Page before"), Qt::ALT | Qt::Key_PageUp,
         [this] { GoTo(m_pages->Step(m_arrangement, m_day, -1)); });
-    add(QStringLiteral("›"), tr("Next page"), Qt::ALT | Qt::Key_Right,
+    add(QStringLiteral("›"), tr("Next page"), Qt::ALT | Qt::Key_PageDown,
         [this] { GoTo(m_pages->Step(m_arrangement, m_day, 1)); });
     if (m_pages->Tabs().isEmpty()) {
         add(tr("Today"), tr("Today"), Qt::CTRL | Qt::Key_T,

@@ -12,6 +12,7 @@ TSchemaCore::TSchemaCore(ISchemaHost &host, TzuSchema_ComBasic *component)
     , m_component(component)
 {
     m_partSizes.ScalerWidth = 50;
+    ReInitBitmap();
 }
 
 TSchemaCore::~TSchemaCore()

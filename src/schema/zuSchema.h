@@ -181,6 +181,8 @@ public:
     void PartResize(TPoint delta);
     /// Lays out the parts at once.
     void UpdatePartSize();
+    /// A header needs another size, because of its font for example.
+    void HeaderChanged() { UpdatePartSize(); }
     void LayoutLater();
     /// Brings the column scroller up to date.
     void UpdateColumnScroller();
@@ -258,6 +260,8 @@ public:
     // Sub-columns of the columns in view are worked out in the background, those of another column
     // when it is first drawn, looked at or asked for. Changes of times and columns see to that;
     // what OnIsVisible and overrides of IsVisible go by is to be announced by UpdateSubColumns.
+    // A time without length takes its sub-column for as long as it is drawn, OnGetDrawingRect
+    // included.
 
     /// Has the sub-columns of all columns worked out soon.
     void UpdateSubColumns();
@@ -382,7 +386,7 @@ private:
     TVisibleTime VisibleTime() const;
     TVisibleTime NarrowedTo(TPixelSpan pixels, const TVisibleTime &visible) const;
     TTimes VisibleTimes(TColumnRange columns);
-    TBrush PyjamasBrush() const;
+    void ReInitBitmap();
     void DrawStripes(TCanvas &canvas, const TRect &area) const;
     void DrawMarks(TCanvas &canvas, const TRect &area) const;
     void DrawColumnLines(TCanvas &canvas, const TRect &area) const;
@@ -395,6 +399,7 @@ private:
     void StopSeparation();
     TTimes VisibleTimesOf(const TColumnNumbers &columns);
     void FillHolders(const TColumnNumbers &columns, TDistinctTimeHolderList &holders);
+    TDateTime LaneStop(TzuDataEntity_SchemaTime &time) const;
     void UpdateSubColumns_DoLater(TObject *sender);
     void UpdateSubColumns_Perform();
     void SubColThreadDone(TTimeDistinctGenericThread *sender);
@@ -427,6 +432,7 @@ private:
     int m_leastSubColWidth = 0;
     TColor m_color = clGreen;
     TColor m_pyjamasColor = clOlive;
+    TBrush m_pyjamas; ///< of every other column on screen
     TColor m_lineColor = clBackground;
     TColor m_shortLineColor = clSilver;
     TScrollVisibility m_scrollVisibility = TScrollVisibility::svWhenNeeded;

@@ -8,6 +8,7 @@
 
 #include <functional>
 #include <memory>
+#include <span>
 #include <string>
 
 namespace korvane {
@@ -136,6 +137,15 @@ protected:
     /// Moves one end; the other one holds it.
     bool GrowBy(TzuDataEntity_SchemaTime &time, TSchemaEnd end, TDateTime diff);
 
+    /// The mouse has dragged the selected times, or copies of them, there: their outlines follow.
+    virtual void HandleLocalDrag(int x, int y);
+    /// It has dragged an end of a time there.
+    virtual void HandleLocalGrow(int x, int y);
+    /// Draws the outline of one time.
+    virtual void DrawOutline(const TRect &rect, TCanvas &canvas);
+    /// Draws those of the selected times as the running move would leave them.
+    virtual void DrawOutlineOfSelected(std::span<const TRect> frames, TCanvas &canvas);
+
     void _OnInfoPush(TzuDataEntity *item) override;
 
 private:
@@ -176,6 +186,7 @@ private:
     TStored Outcome(const TzuDataEntity_SchemaTime &time) const;
     TRect OutlineOf(const TzuDataEntity_SchemaTime &time, const TStored &stored) const;
     bool Store(TzuDataEntity_SchemaTime &time, const TPlace &place);
+    bool HasRect(TzuDataEntity_SchemaTime &time) const;
     std::vector<std::pair<int, std::string>> BigLines(const TzuDataEntity_SchemaTime &time) const;
 
     TAutoScroll m_autoScroll;

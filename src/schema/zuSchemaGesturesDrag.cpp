@@ -40,7 +40,6 @@ void TSchemaGestures::Drag()
         HandOverToDragAndDrop();
         return;
     }
-    m_offset = OffsetTo(m_mouse);
     ScrollPastEdges();
     if (m_mode == TMode::Band) {
         if (!std::exchange(m_bandBegun, true)) {
@@ -51,12 +50,29 @@ void TSchemaGestures::Drag()
     if (!GestureRunning()) { // a handler has ended it
         return;
     }
-    ShowFeedback(Feedback());
-    InputHost().SetAreaCursor(IsGrow()                ? TSchemaCursor::Resize
-                              : m_mode == TMode::Copy ? TSchemaCursor::Copy
-                              : m_mode == TMode::Move ? TSchemaCursor::Move
-                                                      : TSchemaCursor::Area);
+    if (IsMove()) {
+        HandleLocalDrag(m_mouse.X, m_mouse.Y);
+    } else if (IsGrow()) {
+        HandleLocalGrow(m_mouse.X, m_mouse.Y);
+    } else {
+        ShowFeedback(Feedback());
+        InputHost().SetAreaCursor(TSchemaCursor::Area);
+    }
     ShowHint();
+}
+
+void TSchemaGestures::HandleLocalDrag(int x, int y)
+{
+    m_offset = OffsetTo({x, y});
+    ShowFeedback(Feedback());
+    InputHost().SetAreaCursor(m_mode == TMode::Copy ? TSchemaCursor::Copy : TSchemaCursor::Move);
+}
+
+void TSchemaGestures::HandleLocalGrow(int x, int y)
+{
+    m_offset = OffsetTo({x, y});
+    ShowFeedback(Feedback());
+    InputHost().SetAreaCursor(TSchemaCursor::Resize);
 }
 
 void TSchemaGestures::HandOverToDragAndDrop()
@@ -197,11 +213,25 @@ void TSchemaGestures::ShowFeedback(TGestureFeedback feedback)
 
 void TSchemaGestures::SchemaPaintOverlay(TCanvas &canvas)
 {
-    for (const TRect &frame : m_feedback.Frames) {
-        TOutlineDraw::Frame(frame, canvas);
+    if (IsGrow() && !m_feedback.Frames.empty()) {
+        DrawOutline(m_feedback.Frames.front(), canvas);
+    } else {
+        DrawOutlineOfSelected(m_feedback.Frames, canvas);
     }
     if (!m_feedback.Band.IsEmpty()) {
         TOutlineDraw::RubberBand(m_feedback.Band, canvas);
+    }
+}
+
+void TSchemaGestures::DrawOutline(const TRect &rect, TCanvas &canvas)
+{
+    TOutlineDraw::Frame(rect, canvas);
+}
+
+void TSchemaGestures::DrawOutlineOfSelected(std::span<const TRect> frames, TCanvas &canvas)
+{
+    for (const TRect &frame : frames) {
+        DrawOutline(frame, canvas);
     }
 }
 

@@ -179,6 +179,16 @@ void TSchemaGestures::AsUserChange(TSchemaUserChange kind, const std::function<b
     end();
 }
 
+/// What a handler does not draw is not changed with the others.
+bool TSchemaGestures::HasRect(TzuDataEntity_SchemaTime &time) const
+{
+    if (!IsInColumn(time)) {
+        return false;
+    }
+    TRect rect = VirtualRect(time);
+    return !OnGetDrawingRect || OnGetDrawingRect(Component(), &time, rect);
+}
+
 void TSchemaGestures::ChangeSelected(TSchemaUserChange kind,
                                      const std::function<bool(TzuDataEntity_SchemaTime &)> &change)
 {
@@ -187,7 +197,7 @@ void TSchemaGestures::ChangeSelected(TSchemaUserChange kind,
         AsUserChange(kind, [&] {
             bool changed = false;
             for (TzuDataEntity_SchemaTime *time : times) {
-                if (!WasRemoved(time) && IsInColumn(*time) && time->GetCanEdit()
+                if (!WasRemoved(time) && HasRect(*time) && time->GetCanEdit()
                     && !WasRemoved(time)) {
                     changed = change(*time) || changed;
                 }

@@ -53,12 +53,14 @@ void TSchemaCore::DoBackground(TCanvas &canvas, int x, int y, int w, int h) cons
     }
 }
 
-TBrush TSchemaCore::PyjamasBrush() const
+/// A checkerboard of two by two pixels.
+void TSchemaCore::ReInitBitmap()
 {
-    if (m_host.AreaIsPrinting() || m_color == m_pyjamasColor) {
-        return {m_pyjamasColor, TBrushStyle::bsSolid, {}};
-    }
-    return {m_color, TBrushStyle::bsPattern, {m_color, m_pyjamasColor, m_pyjamasColor, m_color}};
+    m_pyjamas = m_color == m_pyjamasColor
+                    ? TBrush{m_pyjamasColor, TBrushStyle::bsSolid, {}}
+                    : TBrush{m_color,
+                             TBrushStyle::bsPattern,
+                             {m_color, m_pyjamasColor, m_pyjamasColor, m_color}};
 }
 
 /// Every other column, and behind the last one as many as there is room for.
@@ -68,7 +70,8 @@ void TSchemaCore::DrawStripes(TCanvas &canvas, const TRect &area) const
     const int end = AlongColumns(area).To;
     const int line = m_flipView ? 1 : 0;
     const int defaultSize = std::max(m_columns->DefaultSize_FW(m_flipView), 1);
-    canvas.SetBrush(PyjamasBrush());
+    canvas.SetBrush(m_host.AreaIsPrinting() ? TBrush{m_pyjamasColor, TBrushStyle::bsSolid, {}}
+                                            : m_pyjamas);
     int far = 0;
     for (int col = m_columns->TopLeftCol(); Scaled(true, far) < end; ++col) {
         const TPixelSpan column = m_columns->IsCol(col)

@@ -29,11 +29,13 @@ void TSchemaCore::SetFlipView(bool on)
 void TSchemaCore::SetSchemaColor(TColor color)
 {
     AssignPainted(m_color, color);
+    ReInitBitmap();
 }
 
 void TSchemaCore::SetSchemaPyjamasColor(TColor color)
 {
     AssignPainted(m_pyjamasColor, color);
+    ReInitBitmap();
 }
 
 void TSchemaCore::SetDrawShortLines(bool on)

@@ -3,6 +3,7 @@
 #include "foundation/zuDateUtils.h"
 #include "foundation/zuDoLater.h"
 #include "foundation/zuReport.h"
+#include "scaler/zuScalerGestures.h"
 #include "schema/zuSchema.h"
 
 #include <algorithm>
@@ -154,9 +155,25 @@ void TSchemaCore::FillHolders(const TColumnNumbers &columns, TDistinctTimeHolder
     TTimes times = VisibleTimesOf(columns);
     SortByPlace(lists, times);
     for (TzuDataEntity_SchemaTime *time : times) {
-        holders.Add(NearestSecond(time->GetStartDateTime()), NearestSecond(time->GetStopDateTime()),
+        holders.Add(NearestSecond(time->GetStartDateTime()), NearestSecond(LaneStop(*time)),
                     m_collisionBetweenLists ? std::string() : KeyOf(*time), time);
     }
+}
+
+TDateTime TSchemaCore::LaneStop(TzuDataEntity_SchemaTime &time) const
+{
+    const TDateTime start = time.GetStartDateTime();
+    if (time.GetStopDateTime() > start || !IsInColumn(time)) {
+        return time.GetStopDateTime();
+    }
+    const TPixelSpan drawn = ScalerPixelsFromStartStopFromDataEntity(m_flipView, time);
+    TRect rect = RectOf(m_flipView, m_columns->VirtualSpan(m_flipView, time.Col()), drawn);
+    const int former = AlongTime(rect).Length();
+    OnGetDrawingRect(m_component, &time, rect);
+    const int pixels = drawn.Length() + AlongTime(rect).Length() - former;
+    const TDateScalerCore &scaler = m_host.Scaler();
+    const TDateTime length = scaler.PixelToDate(pixels) - scaler.PixelToDate(0);
+    return start + std::max(length, 1000.0 / kMillisecondsPerDay);
 }
 
 void TSchemaCore::SubColThreadDone(TTimeDistinctGenericThread *sender)

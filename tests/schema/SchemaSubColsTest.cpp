@@ -94,8 +94,13 @@ struct SchemaSubCols : testing::Test
                 auto &time = DataEntity_Schema(*Schema.DataLists().GetDataList(list)->GetItems(i));
                 if (Schema.IsVisible(time)) {
                     const std::string key = std::to_string(list) + '*' + std::to_string(time.Col());
-                    holders.Add(NearestSecond(time.GetStartDateTime()),
-                                NearestSecond(time.GetStopDateTime()), oneGroup ? "" : key, &time);
+                    const TDateTime start = time.GetStartDateTime();
+                    const bool isMoment = time.GetStopDateTime() <= start; // drawn 5 pixels long
+                    const TDateTime stop = isMoment ? start + Host.Scaler().PixelToDate(5)
+                                                          - Host.Scaler().PixelToDate(0)
+                                                    : time.GetStopDateTime();
+                    holders.Add(NearestSecond(start), NearestSecond(stop), oneGroup ? "" : key,
+                                &time);
                 }
             }
         }
@@ -165,7 +170,11 @@ TEST_F(SchemaSubCols, OnlyColumnsThatSomebodyLooksAtAreWorkedOut)
     EXPECT_THAT(askedBy(look), IsEmpty());
     Schema.Columns().SetTopLeftCol(30);
     EXPECT_THAT(askedBy([this] { Schema.SchemaPaint(); }), isIn(29, 34));
-    Times[0]->SetCol(31);
+    for (TzuDataEntity_SchemaTime *time : {Times[0], Times[1]}) { // which need sub-columns there
+        time->SetCol(31);
+        time->SetStartDateTime(0.3);
+        time->SetStopDateTime(0.6);
+    }
     ASSERT_TRUE(Settles());
     Times[0]->SetCol(32);
     EXPECT_THAT(askedBy(settle), ElementsAre(31, 32)) << "the others in view have not changed";

@@ -242,7 +242,8 @@ SchedulePage AgendaPages::Page(AgendaColumns columns, AgendaSeconds day, int day
     if (last > first) {
         page.Title += QStringLiteral(" – ") + TextOf(last, PlannerText::tr("d MMMM yyyy"));
     }
-    if (columns == AgendaColumns::Days) {
+    page.HasDays = columns == AgendaColumns::Days;
+    if (page.HasDays) {
         for (AgendaSeconds date = first; date <= last; date += kSecondsPerDay) {
             page.Columns.push_back({TextOf(date, PlannerText::tr("ddd d MMM")), date});
         }
@@ -277,6 +278,29 @@ AgendaSeconds AgendaPages::DayNear(AgendaSeconds near) const
         }
     }
     return Midnight(best.value_or(near));
+}
+
+void KeepColumns(SchedulePage &page, const SchedulePage &former)
+{
+    const auto isNamed = [](const ScheduleColumn &column) {
+        return column.Place || column.Calendar;
+    };
+    if (page.HasDays || former.HasDays || !std::ranges::all_of(former.Columns, isNamed)) {
+        return;
+    }
+    std::vector<ScheduleColumn> columns = former.Columns;
+    std::vector<int> places;
+    for (const ScheduleColumn &column : page.Columns) {
+        auto found = std::ranges::find(columns, column.Caption, &ScheduleColumn::Caption);
+        if (found == columns.end() && isNamed(column)) {
+            found = columns.insert(found, column);
+        }
+        places.push_back(static_cast<int>(found - columns.begin()));
+    }
+    page.Columns = std::move(columns);
+    for (ScheduleBlock &block : page.Blocks) {
+        block.Column = places[static_cast<std::size_t>(block.Column)];
+    }
 }
 
 SchedulePage PageOf(const Programme &programme, int day)

@@ -47,6 +47,7 @@ struct SchedulePage
     std::vector<AgendaOccurrence> Occurrences;
     /// What the time axis shows, less the base dates of the columns.
     AgendaRange Axis;
+    bool HasDays = false; ///< columns are days that follow each other
 
     const AgendaOccurrence &OccurrenceOf(int block) const
     {
@@ -136,6 +137,11 @@ private:
     const Agenda &m_agenda;
     int m_zone = kFloating;
 };
+
+/// Gives a page of places or calendars the columns, in their order, that the same page had before a
+/// change; new ones come last. So nothing moves under the user's hand, and the last event can leave
+/// a place without the place going as well.
+void KeepColumns(SchedulePage &page, const SchedulePage &former);
 
 /// The talks of one day of a conference, in the rooms that are used on it.
 SchedulePage PageOf(const Programme &programme, int day);

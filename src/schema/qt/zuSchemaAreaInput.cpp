@@ -86,7 +86,7 @@ TSchemaAreaInput::TSchemaAreaInput(TzuSchema_ComBasic &schema, TzuOffscreenPaint
         Guarded([&] { SchemaDragOver(event); });
     };
     area.OnDragDrop = [this](TzuOffscreenPaint *, QDropEvent &event) {
-        Guarded([&] { m_schema.OnSchemaDragDrop(&m_schema, event); });
+        Guarded([&] { SchemaDragDrop(event); });
     };
     area.grabGesture(Qt::PinchGesture);
     area.installEventFilter(this);
@@ -272,8 +272,18 @@ void TSchemaAreaInput::SchemaStartDrag(const TItemDragData &data)
     const Qt::DropAction done =
         drag->exec(Qt::CopyAction | Qt::MoveAction, data.Copy ? Qt::CopyAction : Qt::MoveAction);
     if (!self.isNull()) {
-        m_schema.OnSchemaEndDrag(&m_schema, done);
+        SchemaEndDrag(done);
     }
+}
+
+void TSchemaAreaInput::SchemaEndDrag(Qt::DropAction action)
+{
+    m_schema.OnSchemaEndDrag(&m_schema, action);
+}
+
+void TSchemaAreaInput::SchemaDragDrop(QDropEvent &event)
+{
+    m_schema.OnSchemaDragDrop(&m_schema, event);
 }
 
 void TSchemaAreaInput::SchemaDragOver(QDragMoveEvent &event)

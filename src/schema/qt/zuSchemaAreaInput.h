@@ -9,6 +9,7 @@
 #include <QObject>
 #include <QPoint>
 
+class QDropEvent;
 class QGestureEvent;
 
 namespace korvane {
@@ -48,6 +49,8 @@ private:
     void TurnWheel(QWheelEvent &event);
     void SchemaStartDrag(const TItemDragData &data);
     void SchemaDragOver(QDragMoveEvent &event);
+    void SchemaDragDrop(QDropEvent &event);
+    void SchemaEndDrag(Qt::DropAction action);
 
     TzuSchema_ComBasic &m_schema;
     TzuOffscreenPaint &m_area;

@@ -14,6 +14,7 @@
 #include <QWheelEvent>
 
 #include <algorithm>
+#include <utility>
 
 namespace korvane {
 
@@ -45,7 +46,8 @@ void TzuSchema_ComBasic::InitializeInConstructor()
     InitializeData();
     CreateParts();
     TSchemaPartSizes sizes = PartSizes();
-    sizes.HeaderHeight = m_header->sizeHint().height();
+    m_headerHint = m_header->sizeHint().height();
+    sizes.HeaderHeight = m_headerHint;
     SetPartSizes(sizes);
     UpdatePartSize();
     UpdateColumnScrollerLater();
@@ -76,7 +78,7 @@ void TzuSchema_ComBasic::CreateParts()
     m_bigHint = new TzuSchema_ComBasicHintWindow(*this);
     m_scroller = new TSchemaColumnScroller(this);
     connect(m_scroller, &TSchemaColumnScroller::stepped, this,
-            [this](int columns) { ScrollColumns(columns); });
+            &TzuSchema_ComBasic::ColumnUpDownOnClick);
     m_sizer = new TXYSizer(this);
     m_sizer->setObjectName(QStringLiteral("itsXYSizer"));
     m_sizer->OnResize = [this](TXYSizer *, TPoint delta) { PartResize(delta); };
@@ -151,13 +153,12 @@ void TzuSchema_ComBasic::PlaceParts()
     m_area->setGeometry(ToQt(rects.Area));
     shown->setGeometry(ToQt(rects.Header));
     shown->show();
-    PlaceScroller();
+    UpdateScrollPos();
     m_sizer->setGeometry(ToQt(rects.Sizer));
     m_sizer->raise();
 }
 
-/// In the corner, close to the columns.
-void TzuSchema_ComBasic::PlaceScroller()
+void TzuSchema_ComBasic::UpdateScrollPos()
 {
     const QRect corner = ToQt(Parts().Corner);
     const QSize size = m_scroller->sizeHint().boundedTo(corner.size());
@@ -198,9 +199,19 @@ void TzuSchema_ComBasic::changeEvent(QEvent *event)
     QFrame::changeEvent(event);
     const bool seen = event->type() == QEvent::PaletteChange || event->type() == QEvent::FontChange
                       || event->type() == QEvent::StyleChange;
-    if (seen && m_sizer != nullptr) {
-        RePaint();
+    if (!seen || m_sizer == nullptr) {
+        return;
     }
+    const int header = m_header->sizeHint().height();
+    if (const int former = std::exchange(m_headerHint, header);
+        former != header && PartSizes().HeaderHeight == former) { // nobody has chosen another
+        TSchemaPartSizes sizes = PartSizes();
+        sizes.HeaderHeight = header;
+        SetPartSizes(sizes);
+    } else {
+        HeaderChanged();
+    }
+    RePaint();
 }
 
 void TzuSchema_ComBasic::_OnPrintResizeFont(TzuOffscreenPaint *caller, int &fontSize,

@@ -145,6 +145,11 @@ protected:
     void InitializeInConstructor();
     virtual TzuDateScaler *CreateDateScaler(QWidget *parent);
 
+    /// The buttons in the corner scroll the columns.
+    virtual void ColumnUpDownOnClick(int columns) { ScrollColumns(columns); }
+    /// Places them, in the corner and close to the columns.
+    virtual void UpdateScrollPos();
+
     void resizeEvent(QResizeEvent *event) override;
     void changeEvent(QEvent *event) override;
 
@@ -152,7 +157,6 @@ private:
     TzuDateScaler &DrawnAxis() const;
     TzuOffscreenPaint &DrawnArea() const;
     void CreateParts();
-    void PlaceScroller();
     void _OnPrintResizeFont(TzuOffscreenPaint *caller, int &fontSize, bool &defaultResize);
 
     // ISchemaHost
@@ -200,6 +204,7 @@ private:
     TNamedMenu m_popupSchema;
     TNamedMenu m_popupMenu;
     ISchemaPrintView *m_printView = nullptr;
+    int m_headerHint = 0; ///< the height that the header needs
     int m_wheelUnits = 0; ///< not yet a whole column
 };
 

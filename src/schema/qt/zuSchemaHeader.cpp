@@ -93,9 +93,10 @@ int TSchemaHeaderControl::EdgeAt(QPoint at) const
 
 // --- painting ------------------------------------------------------------------------------------
 
-void TSchemaHeaderControl::FillOption(QStyleOptionHeader &option, int column) const
+void TSchemaHeaderControl::DrawSection(QPainter &painter, int column)
 {
     const TDataListColumns &columns = m_schema.Columns();
+    QStyleOptionHeader option;
     option.initFrom(this);
     option.rect = SectionRect(column);
     option.orientation = m_flip ? Qt::Vertical : Qt::Horizontal;
@@ -110,6 +111,7 @@ void TSchemaHeaderControl::FillOption(QStyleOptionHeader &option, int column) co
     option.text =
         option.fontMetrics.elidedText(ToQt(columns.HeaderFromColumn(column)), Qt::ElideRight,
                                       option.rect.width() - 2 * std::max(margin, 2));
+    style()->drawControl(QStyle::CE_Header, &option, &painter, this);
 }
 
 void TSchemaHeaderControl::paintEvent(QPaintEvent * /*event*/)
@@ -120,12 +122,11 @@ void TSchemaHeaderControl::paintEvent(QPaintEvent * /*event*/)
     int far = 0;
     for (int column = columns.TopLeftCol(); columns.IsCol(column) && far < length; ++column) {
         far = columns.GetFarSideOffset_FW(m_flip, column);
-        QStyleOptionHeader option;
-        FillOption(option, column);
-        if (!option.rect.isEmpty()) {
+        const QRect section = SectionRect(column);
+        if (!section.isEmpty()) {
             painter.save();
-            painter.setClipRect(option.rect);
-            style()->drawControl(QStyle::CE_Header, &option, &painter, this);
+            painter.setClipRect(section);
+            DrawSection(painter, column);
             painter.restore();
         }
     }

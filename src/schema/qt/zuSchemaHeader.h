@@ -10,7 +10,7 @@
 #include <optional>
 #include <vector>
 
-class QStyleOptionHeader;
+class QPainter;
 class QToolButton;
 
 namespace korvane {
@@ -39,6 +39,9 @@ public:
     QSize sizeHint() const override;
 
 protected:
+    /// Draws the caption of a column into its section, which the painter is clipped to.
+    virtual void DrawSection(QPainter &painter, int column);
+
     bool event(QEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
     void mousePressEvent(QMouseEvent *event) override;
@@ -71,7 +74,6 @@ private:
     void EndResize();
     void CancelResize();
     void StartDrag(int column);
-    void FillOption(QStyleOptionHeader &option, int column) const;
 
     TzuSchema_ComBasic &m_schema;
     std::optional<TResizing> m_resizing;
@@ -103,6 +105,14 @@ public:
         : TSchemaHeaderControl(schema, true)
     {
     }
+
+protected:
+    /// Draws the caption of the column in a row.
+    virtual void DrawFlippedCell(QPainter &painter, int row)
+    {
+        TSchemaHeaderControl::DrawSection(painter, row);
+    }
+    void DrawSection(QPainter &painter, int column) override { DrawFlippedCell(painter, column); }
 };
 
 /// Two buttons that scroll the first shown column.

@@ -118,12 +118,12 @@ TEST_F(ScheduleEditTest, OfARepeatedEventTheUserSaysWhichOnesGo)
 
 TEST_F(ScheduleEditTest, TheMouseMakesEventsOnEmptyTimeAndCopies)
 {
-    QTest::mouseDClick(&Area(), Qt::LeftButton, {}, EmptyPlace(4, 16));
+    QTest::mouseDClick(&Area(), Qt::LeftButton, {}, EmptyPlace(3, 16));
     QCoreApplication::processEvents();
     ASSERT_NE(Dialog(), nullptr);
     Type(u"Clicked"_s);
     Accept();
-    EXPECT_EQ(StartsOf(u"Clicked"_s), QStringList(u"Fri 16:00"_s));
+    EXPECT_EQ(StartsOf(u"Clicked"_s), QStringList(u"Thu 16:00"_s));
 
     const auto band = [this](bool escape) {
         QTest::mousePress(&Area(), Qt::LeftButton, {}, EmptyPlace(2, 15));
@@ -159,6 +159,77 @@ TEST_F(ScheduleEditTest, TheMouseMakesEventsOnEmptyTimeAndCopies)
     QCoreApplication::processEvents();
     ASSERT_NE(Dialog(), nullptr);
     EXPECT_EQ(Dialog()->Draft().Title, u"Single"_s);
+}
+
+TEST_F(ScheduleEditTest, AllDayEventsAreStretchedOverDaysInTheirStrip)
+{
+    const auto daysOf = [this](const QString &title) {
+        QStringList days;
+        for (const QString &start : StartsOf(title)) {
+            days.append(start.left(3));
+        }
+        return days.join(u',');
+    };
+    EXPECT_EQ(TimeOf(u"Whole"_s), nullptr) << "it hides no hour";
+    DragInStrip(u"Whole"_s, -1, 2);
+    EXPECT_EQ(daysOf(u"Whole"_s), u"Thu,Fri,Sat"_s);
+    EXPECT_EQ(Steps(), u"Stretch “Whole”"_s);
+    DragInStrip(u"Whole"_s, 1, -1);
+    EXPECT_EQ(daysOf(u"Whole"_s), u"Wed,Thu,Fri,Sat"_s);
+    DragInStrip(u"Whole"_s, -1, -9);
+    EXPECT_EQ(daysOf(u"Whole"_s), u"Wed"_s) << "a day at least";
+    DragInStrip(u"Whole"_s, 30, 2, Qt::ControlModifier);
+    EXPECT_EQ(daysOf(u"Whole"_s), u"Wed,Fri"_s);
+    History().undo();
+    const auto key = [this](Qt::Key code, Qt::KeyboardModifiers keys) {
+        Strip().SchemaArea().setFocus();
+        QTest::keyClick(&Strip().SchemaArea(), code, keys);
+        QCoreApplication::processEvents();
+    };
+    m_window->activateWindow();
+    Strip().SelectOnly(*StripTimeOf(u"Whole"_s));
+    key(Qt::Key_Left, Qt::ControlModifier);
+    EXPECT_EQ(daysOf(u"Whole"_s), u"Tue"_s);
+    key(Qt::Key_Right, Qt::AltModifier);
+    EXPECT_EQ(daysOf(u"Whole"_s), u"Tue,Wed"_s);
+    key(Qt::Key_Left, Qt::AltModifier | Qt::ShiftModifier);
+    EXPECT_EQ(daysOf(u"Whole"_s), u"Mon,Tue,Wed"_s);
+    key(Qt::Key_PageDown, {});
+    EXPECT_EQ(std::floor(Strip().ScalerStart()), std::floor(m_window->View().ScalerStart()))
+        << "the days stay those of the columns";
+    EXPECT_GT(m_window->View().ScalerStart(), Start(8)) << "and these turn";
+    key(Qt::Key_Delete, {});
+    EXPECT_EQ(daysOf(u"Whole"_s), u""_s);
+    // On an empty day.
+    QTest::mouseDClick(&Strip().SchemaArea(), Qt::LeftButton, {}, {EmptyPlace(4, 9).x(), 5});
+    QCoreApplication::processEvents();
+    ASSERT_NE(Dialog(), nullptr);
+    Type(u"Day"_s);
+    Accept();
+    EXPECT_EQ(daysOf(u"Day"_s), u"Fri"_s);
+    EXPECT_TRUE(Strip().SelectedCount() == 1 && StripTimeOf(u"Day"_s)->GetSelected());
+}
+
+TEST_F(ScheduleEditTest, APlaceStaysWhenItsLastEventLeavesIt)
+{
+    Select(u"Single"_s); // its day is shown
+    Key(Qt::Key_4, Qt::AltModifier);
+    ScheduleView &view = m_window->View();
+    const auto captions = [&] {
+        QStringList texts;
+        for (const ScheduleColumn &column : view.Page().Columns) {
+            texts.append(column.Caption);
+        }
+        return texts.join(u',');
+    };
+    EXPECT_EQ(captions(), u"Hall,(no place)"_s);
+    Select(u"Single"_s);
+    Key(Qt::Key_Right, Qt::ControlModifier);
+    EXPECT_EQ(captions(), u"Hall,(no place)"_s);
+    EXPECT_TRUE(TimeOf(u"Single"_s)->GetSelected());
+    EXPECT_EQ(TimeOf(u"Single"_s)->Col(), 1);
+    Key(Qt::Key_Left, Qt::ControlModifier);
+    EXPECT_EQ(TimeOf(u"Single"_s)->Col(), 0);
 }
 
 TEST_F(ScheduleEditTest, TheFormChangesASeriesAfterAsking)

@@ -3,6 +3,7 @@
 
 #include "RemarksPanel.h"
 #include "ScheduleDocument.h"
+#include "ScheduleStrip.h"
 #include "ScheduleView.h"
 #include "ScheduleWindow.h"
 #include "SmallPlan.h"
@@ -71,6 +72,27 @@ protected:
         const auto block = std::ranges::find(blocks, title, &ScheduleBlock::Title);
         return m_window->View().FindSchemaTimeObjectFromUserReference(
             reinterpret_cast<void *>(block - blocks.begin() + 1));
+    }
+    /// The same in the strip of all-day events.
+    ScheduleStrip &Strip() { return m_window->View().Strip(); }
+    TzuDataEntity_SchemaTime *StripTimeOf(const QString &title)
+    {
+        const auto &blocks = Strip().Page().Blocks;
+        const auto block = std::ranges::find(blocks, title, &ScheduleBlock::Title);
+        return Strip().FindSchemaTimeObjectFromUserReference(
+            reinterpret_cast<void *>(block - blocks.begin() + 1));
+    }
+    /// Drags there, from pixels within the event's left end, or with negative ones its right end.
+    void DragInStrip(const QString &title, int fromEnd, int days, Qt::KeyboardModifiers keys = {})
+    {
+        const TRect rect = Strip().RectFromDataEntity(*StripTimeOf(title)).value_or(TRect{});
+        const QPoint from(fromEnd > 0 ? rect.Left + fromEnd : rect.Right + fromEnd, rect.Top + 5);
+        const QPoint to = from + QPoint(days * m_window->View().Columns().GetCol(0).GetWidth(), 0);
+        QTest::mousePress(&Strip().SchemaArea(), Qt::LeftButton, keys, from);
+        QTest::mouseMove(&Strip().SchemaArea(), (from + to) / 2);
+        QTest::mouseMove(&Strip().SchemaArea(), to);
+        QTest::mouseRelease(&Strip().SchemaArea(), Qt::LeftButton, keys, to);
+        QCoreApplication::processEvents();
     }
     /// Drags from the block's upper end on, by columns and hours.
     void Drag(const QString &title, int fromTop, int columns, double hours,

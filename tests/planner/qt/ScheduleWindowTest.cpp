@@ -12,9 +12,9 @@ TEST_F(ScheduleWindowTest, WhatIsDraggedIsAStepThatIsSaved)
     Drag(u"Single"_s, 1, 0, -1);
     EXPECT_EQ(StartsOf(u"Single"_s), QStringList(u"Wed 10:00"_s));
     EXPECT_EQ(History().undoText(), u"Stretch “Single”"_s);
-    Drag(u"Whole"_s, 200, -2, 3);
+    DragInStrip(u"Whole"_s, 30, -2);
     EXPECT_EQ(StartsOf(u"Whole"_s), QStringList(u"Tue 00:00"_s));
-    EXPECT_TRUE(TimeOf(u"Whole"_s)->GetSelected()) << "the change leaves the selection";
+    EXPECT_TRUE(StripTimeOf(u"Whole"_s)->GetSelected()) << "the change leaves the selection";
 
     m_window->Save();
     EXPECT_FALSE(m_window->isWindowModified());

@@ -1,0 +1,52 @@
+// The all-day events of some days.
+#pragma once
+
+#include "ScheduleBoard.h"
+
+namespace korvane::planner {
+
+class ScheduleView;
+
+/// Shows each all-day event of a page once, across the days that it lasts, in as many rows as there
+/// are at the same time. Its days lie under those of the view that it stands in; it takes its page
+/// from there.
+class ScheduleStrip : public ScheduleBoard
+{
+    Q_OBJECT
+
+public:
+    explicit ScheduleStrip(ScheduleView &view);
+    ~ScheduleStrip() override;
+
+    const SchedulePage &Page() const override;
+    /// The view's page anew; with what was selected.
+    void Fill(const std::set<Key> &selected);
+    using ScheduleBoard::Key;
+    using ScheduleBoard::SelectedKeys;
+    /// That all rows need, in pixels.
+    int HeightOfRows() const;
+    /// Takes over where the view has its days.
+    void Follow();
+    void ApplyLooks(int axisWidth);
+    void SchemaPaint() override;
+
+protected:
+    ScheduleMove MoveOf(const TzuDataEntity_SchemaTime &time, const AgendaRange &times,
+                        int col) const override;
+    std::optional<NewPlace> PlaceOfPress() override;
+    std::optional<NewPlace> PlaceOfBand(QPoint from, QPoint to) override;
+    bool IsPale(const ScheduleBlock & /*block*/) const override { return false; }
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
+private:
+    void TakeDays();
+    int RowHeight() const;
+    int DayOfAxis(TDateTime date) const;
+    const ScheduleBlock &LastBlockOf(int first) const;
+    TPixelSpan PixelsOf(const TzuDataEntity_SchemaTime &time) const;
+    void DrawDays(TCanvas &canvas);
+
+    ScheduleView &m_view;
+};
+
+} // namespace korvane::planner
