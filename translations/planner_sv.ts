@@ -2487,6 +2487,13 @@
     </message>
 </context>
 <context>
+    <name>korvane::planner::ScheduleStrip</name>
+    <message>
+        <source>All day</source>
+        <translation>Heldag</translation>
+    </message>
+</context>
+<context>
     <name>korvane::planner::ScheduleWindow</name>
     <message>
         <source>Planner</source>
