@@ -3,6 +3,7 @@
 #include "ScheduleView.h"
 #include "agenda/AgendaDates.h"
 #include "foundation/qt/zuConvert.h"
+#include "foundation/qt/zuXYSizer.h"
 
 #include <QCoreApplication>
 #include <QKeyEvent>
@@ -43,6 +44,7 @@ ScheduleStrip::ScheduleStrip(ScheduleView &view)
     TzuDataEntity_SchemaColumn *column = AddColumn();
     column->SetText(FromQt(tr("All day")));
     AddDataList();
+    Sizer().hide(); // the view's stands for both
     hide();
 }
 
@@ -75,6 +77,7 @@ void ScheduleStrip::Fill(const std::set<Key> &selected)
     DateScaler().SetRange(DateOfSeconds(Page().Columns.front().BaseDate),
                           DateOfSeconds(Page().Columns.back().BaseDate + kSecondsPerDay));
     UpdateSubColumnsNow();
+    Columns().SetColumnSize(true, 0, HeightOfRows());
     EndUpdate();
     Follow();
 }
