@@ -171,8 +171,8 @@ void ScheduleView::Update(SchedulePage page)
 std::vector<int> ScheduleView::SelectedOfAll()
 {
     std::vector<int> blocks;
-    for (TSchemaSelection *part : {static_cast<TSchemaSelection *>(this),
-                                   static_cast<TSchemaSelection *>(m_strip)}) {
+    for (TSchemaSelection *part :
+         {static_cast<TSchemaSelection *>(this), static_cast<TSchemaSelection *>(m_strip)}) {
         for (const TzuDataEntity_SchemaTime *time : part->SelectedTimes()) {
             blocks.push_back(IndexOf(*time));
         }

@@ -89,8 +89,9 @@ int AgendaPages::ChosenZone() const
             best = best == kUtc || count > counts.value(best) ? event.Start->Zone : best;
         }
     }
-    return best != kUtc ? best
-                        : m_agenda.Zones->Find(QTimeZone::systemTimeZoneId(), 0).value_or(kUtc);
+    const QByteArray system = QTimeZone::systemTimeZoneId();
+    return best != kUtc || system == "Etc/UTC" ? best
+                                               : m_agenda.Zones->Find(system, 0).value_or(kUtc);
 }
 
 AgendaSeconds AgendaPages::ShownWall(const AgendaTime &time) const
