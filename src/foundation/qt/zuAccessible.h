@@ -5,6 +5,7 @@
 
 #include <QAccessible>
 #include <QString>
+#include <QStringList>
 
 #include <cstddef>
 #include <vector>
@@ -27,6 +28,26 @@ void InstallAccessible()
     }();
     (void)installed;
 }
+
+/// A part of a control that is no widget, has no parts itself and on which something can be done.
+class KORVANE_WIDGETS_API TAccessibleLeaf : public QAccessibleInterface,
+                                            public QAccessibleActionInterface
+{
+public:
+    QObject *object() const override { return nullptr; }
+    int childCount() const override { return 0; }
+    QAccessibleInterface *child(int /*index*/) const override { return nullptr; }
+    QAccessibleInterface *childAt(int /*x*/, int /*y*/) const override { return nullptr; }
+    int indexOfChild(const QAccessibleInterface * /*child*/) const override { return -1; }
+    void setText(QAccessible::Text /*text*/, const QString & /*value*/) override {}
+    void *interface_cast(QAccessible::InterfaceType type) override
+    {
+        return type == QAccessible::ActionInterface
+                   ? static_cast<QAccessibleActionInterface *>(this)
+                   : nullptr;
+    }
+    QStringList keyBindingsForAction(const QString & /*name*/) const override { return {}; }
+};
 
 /// Interfaces of the parts of a control that are no widgets, by index. They are created when
 /// somebody asks for them and live as long as this object, however many parts there are meanwhile:

@@ -3,14 +3,13 @@
 #include "foundation/qt/zuConvert.h"
 #include "tree/zuTreeData.h"
 
-#include <QStringList>
 #include <QWindow>
 
 namespace korvane {
 
 namespace {
 
-class TTreeRowAccessible : public QAccessibleInterface, public QAccessibleActionInterface
+class TTreeRowAccessible : public TAccessibleLeaf
 {
 public:
     TTreeRowAccessible(const TTreeAccessible &tree, int row)
@@ -22,18 +21,12 @@ public:
     int Row() const { return m_row; }
 
     bool isValid() const override { return m_row < m_tree.childCount(); }
-    QObject *object() const override { return nullptr; }
     QWindow *window() const override { return m_tree.window(); }
     QAccessible::Role role() const override { return QAccessible::TreeItem; }
     QAccessibleInterface *parent() const override
     {
         return QAccessible::queryAccessibleInterface(&Tree());
     }
-    int childCount() const override { return 0; }
-    QAccessibleInterface *child(int /*index*/) const override { return nullptr; }
-    QAccessibleInterface *childAt(int /*x*/, int /*y*/) const override { return nullptr; }
-    int indexOfChild(const QAccessibleInterface * /*child*/) const override { return -1; }
-    void setText(QAccessible::Text /*text*/, const QString & /*value*/) override {}
 
     QRect rect() const override
     {
@@ -47,19 +40,12 @@ public:
     }
     QAccessible::State state() const override;
 
-    void *interface_cast(QAccessible::InterfaceType type) override
-    {
-        return type == QAccessible::ActionInterface
-                   ? static_cast<QAccessibleActionInterface *>(this)
-                   : nullptr;
-    }
     QStringList actionNames() const override
     {
         return IsExpandable() ? QStringList{setFocusAction(), toggleAction()}
                               : QStringList{setFocusAction()};
     }
     void doAction(const QString &name) override;
-    QStringList keyBindingsForAction(const QString & /*name*/) const override { return {}; }
 
 private:
     TzuTree_ComBasic &Tree() const { return m_tree.Tree(); }
