@@ -80,8 +80,16 @@ TCanvasFont::TKnownText &TCanvasFont::Find(std::string_view text)
     }
     TKnownText &added = m_recent[std::string(text)];
     added.Text = SingleLine(text);
-    added.Extent = {QFontMetrics(m_font).horizontalAdvance(added.Text), m_height};
     return added;
+}
+
+TSize TCanvasFont::Extent(std::string_view text)
+{
+    TKnownText &known = Find(text);
+    if (known.Width < 0) {
+        known.Width = QFontMetrics(m_font).horizontalAdvance(known.Text);
+    }
+    return {known.Width, m_height};
 }
 
 void TCanvasFont::LayOut(TKnownText &text) const

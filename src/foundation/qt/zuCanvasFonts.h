@@ -29,7 +29,8 @@ public:
     const QFont &Font() const { return m_font; }
 
     /// Extent in logical pixels.
-    TSize Extent(std::string_view text) { return Find(text).Extent; }
+    TSize Extent(std::string_view text);
+    int Height() const { return m_height; }
     enum class TMedium {
         Raster,
         Vector,
@@ -43,7 +44,7 @@ private:
     struct TKnownText
     {
         QString Text;
-        TSize Extent;
+        int Width = -1; ///< measured when it is first asked for, which costs as much as drawing
         bool Drawn = false;
         std::unique_ptr<QStaticText> Layout; ///< from the second time on
         double LayoutOffset = 0;             ///< from our top edge to the layout's

@@ -228,7 +228,7 @@ void TzuOffscreenPaint::paintEvent(QPaintEvent *event)
     QPainter window(this);
     try {
         // What lies below the scroll bars is nobody's to paint.
-        const QRect content(0, 0, width() - m_reservedRight, height() - m_reservedBottom);
+        const QRect content = UnreservedRect();
         const QRegion region = event->region().intersected(content);
         if (!region.isEmpty() || m_pendingInvalidates > 0) {
             Paint(window, region);
@@ -384,7 +384,7 @@ void TzuOffscreenPaint::PaintDirectly(QPainter &device)
         device.restore();
         FillReservedCorner();
     });
-    device.setClipRect(QRect(0, 0, width() - m_reservedRight, height() - m_reservedBottom),
+    device.setClipRect(UnreservedRect(),
                        device.hasClipping() ? Qt::IntersectClip : Qt::ReplaceClip);
     BeginCanvas(m_offscreenCanvas, device);
     m_offscreenCanvas.FillRect(ClientArea());
@@ -408,21 +408,31 @@ void TzuOffscreenPaint::SmashPaint()
     const QTransform transform = window->transform();
     window->scale(1 / ratio, 1 / ratio);
     window->setCompositionMode(QPainter::CompositionMode_Source);
-    window->drawImage(0, 0, m_image, 0, 0,
-                      static_cast<int>(std::ceil((width() - m_reservedRight) * ratio)),
-                      static_cast<int>(std::ceil((height() - m_reservedBottom) * ratio)));
+    const QRect content = UnreservedRect();
+    const int left = static_cast<int>(std::floor(content.left() * ratio));
+    window->drawImage(left, 0, m_image, left, 0,
+                      static_cast<int>(std::ceil((content.left() + content.width()) * ratio))
+                          - left,
+                      static_cast<int>(std::ceil(content.height() * ratio)));
     window->setCompositionMode(QPainter::CompositionMode_SourceOver);
     window->setTransform(transform);
     m_image.setDevicePixelRatio(ratio);
     FillReservedCorner();
 }
 
+QRect TzuOffscreenPaint::UnreservedRect() const
+{
+    return {isRightToLeft() ? m_reservedRight : 0, 0, width() - m_reservedRight,
+            height() - m_reservedBottom};
+}
+
 void TzuOffscreenPaint::FillReservedCorner()
 {
     if (m_reservedRight >= 1 && m_reservedBottom >= 1) {
         const TBrush brush = m_directCanvas.Brush();
+        const int left = isRightToLeft() ? 0 : width() - m_reservedRight;
         m_directCanvas.FillRect(
-            {width() - m_reservedRight, height() - m_reservedBottom, width(), height()}, clBtnFace);
+            {left, height() - m_reservedBottom, left + m_reservedRight, height()}, clBtnFace);
         m_directCanvas.SetBrush(brush);
     }
 }

@@ -184,8 +184,9 @@ protected:
     /// Whether PopupMenu is for a place; else the event goes on.
     virtual bool PopupMenuIsFor(const QContextMenuEvent & /*event*/) { return true; }
 
-    /// Strips at the right and bottom edge that child scroll bars cover and the copy leaves alone,
-    /// in pixels. The corner between two strips is filled with clBtnFace.
+    /// Strips at the right edge, from right to left at the left one, and at the bottom edge that
+    /// child scroll bars cover and the copy leaves alone, in pixels. The corner between two strips
+    /// is filled with clBtnFace.
     void SetReserved(int right, int bottom);
     int ReservedRight() const { return m_reservedRight; }
     int ReservedBottom() const { return m_reservedBottom; }
@@ -219,6 +220,7 @@ private:
     void PaintImage(const std::vector<TRect> &parts);
     bool MoveImage(const TImageMove &move);
     void PaintDirectly(QPainter &device);
+    QRect UnreservedRect() const;
     void FillReservedCorner();
     bool UpdateOffscreenCanvas(double ratio);
     QSize ImageSize(double ratio) const;

@@ -290,9 +290,11 @@ void TPainterCanvas::TextOut(TPoint at, std::string_view text)
     if (m_painter == nullptr || at.X >= clip.Right || at.Y >= clip.Bottom || text.empty()) {
         return;
     }
-    const TSize extent = m_canvasFont->Extent(text);
     // Slanted glyphs and accents may stand out of the extent, by less than its height.
-    if (at.X + extent.Width + extent.Height <= clip.Left || at.Y + 2 * extent.Height <= clip.Top) {
+    const int height = m_canvasFont->Height();
+    if (at.Y + 2 * height <= clip.Top
+        || (at.X + height <= clip.Left
+            && at.X + m_canvasFont->Extent(text).Width + height <= clip.Left)) {
         return;
     }
     UseText();
