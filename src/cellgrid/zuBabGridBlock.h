@@ -78,4 +78,25 @@ struct TGridHit
     TRect Rect; ///< of the crossing
 };
 
+enum class TGridRowPlace : std::uint8_t { Above, On, Below };
+
+/// Where dragged rows of the view's grid would be dropped: at a row, or behind the last one.
+struct TGridRowDrop
+{
+    int Row = -1;
+    TGridRowPlace Place = TGridRowPlace::Below;
+
+    friend bool operator==(const TGridRowDrop &, const TGridRowDrop &) = default;
+};
+
+/// What is marked under the mouse: a row (Cell, with the column -1), a header, or a button or box
+/// in a cell.
+struct TGridHot
+{
+    TGridPart Part = TGridPart::Nothing;
+    TGridCellAt At;
+
+    friend bool operator==(const TGridHot &, const TGridHot &) = default;
+};
+
 } // namespace korvane

@@ -6,6 +6,34 @@
 
 namespace korvane {
 
+namespace {
+
+using TStretches = std::vector<std::pair<int, int>>;
+
+/// What of the one is not in the other; first and end, ascending and apart.
+TStretches StretchesWithout(const TStretches &stretches, const TStretches &others)
+{
+    TStretches left;
+    auto other = others.begin();
+    for (auto [first, end] : stretches) {
+        while (other != others.end() && other->second <= first) {
+            ++other;
+        }
+        for (auto at = other; at != others.end() && at->first < end; ++at) {
+            if (first < at->first) {
+                left.emplace_back(first, at->first);
+            }
+            first = std::max(first, at->second);
+        }
+        if (first < end) {
+            left.emplace_back(first, end);
+        }
+    }
+    return left;
+}
+
+} // namespace
+
 TBabGridCell::TBabGridCell()
     : m_matris(*this)
     , m_columns(*this, kDefaultWidth)
@@ -15,6 +43,7 @@ TBabGridCell::TBabGridCell()
 
 TBabGridCell::~TBabGridCell()
 {
+    SetShowsTree(false);
     m_release(this);
 }
 
@@ -93,6 +122,64 @@ void TBabGridCell::SetSelected(bool selected)
     }
 }
 
+void TBabGridCell::SetShowsTree(bool showsTree)
+{
+    m_showsTree = showsTree;
+    if (m_told != nullptr) {
+        m_told->GridLives = false;
+    }
+    m_told = showsTree ? std::make_shared<TTold>() : nullptr;
+}
+
+/// What the nodes were told goes with the rows, as what is selected does.
+template <typename Change>
+void TBabGridCell::ChangeSelections(const Change &change)
+{
+    change(Selection());
+    if (m_told != nullptr) {
+        change(m_told->Rows);
+    }
+}
+
+/// Tells the nodes that are newly selected, or deselected. False when a node changed the rows, so
+/// that the rest is to be looked for anew.
+bool TBabGridCell::TellRows(const std::shared_ptr<TTold> &told, bool selected)
+{
+    const TCellSelection &now = selected ? Selection() : told->Rows;
+    const TCellSelection &before = selected ? told->Rows : Selection();
+    const auto changes = m_rows.Changes();
+    for (const auto &[first, end] : StretchesWithout(now.RowRanges(), before.RowRanges())) {
+        for (int row = first; row < end; ++row) {
+            if (told->Rows.RowHasSelected(row) == selected
+                || Selection().RowHasSelected(row) != selected) {
+                continue; // a node that was told before saw to it
+            }
+            const TCellRange range{0, row, TCellSelection::kAllColumns, row};
+            selected ? told->Rows.Select(range) : told->Rows.Deselect(range);
+            const TAxisContentItem *item = m_rows.FindLoaded(row);
+            if (IBabTreeRow *node = item != nullptr ? TreeRowOf(*item) : nullptr) {
+                node->TreeRowSelected(selected);
+            }
+            if (!told->GridLives || m_rows.Changes() != changes) {
+                return false;
+            }
+        }
+    }
+    return true;
+}
+
+void TBabGridCell::TellTreeSelection()
+{
+    constexpr int kMostRounds = 1000; // for nodes that change the rows each time
+    const auto told = m_told;
+    for (int round = 0; told != nullptr && round < kMostRounds; ++round) {
+        const bool done = TellRows(told, false) && TellRows(told, true);
+        if (done || !told->GridLives) {
+            return;
+        }
+    }
+}
+
 void TBabGridCell::TellAxisChanged(TAxisContentList &list)
 {
     if (TBabGridCellForViewer *viewer = GetViewerGridCell()) {
@@ -122,7 +209,7 @@ void TBabGridCell::DroppingAxisItem(TAxisContentList &list, int index)
 void TBabGridCell::MowingAxisItem(TAxisContentList &list, int from, int to)
 {
     if (&list == &m_rows) {
-        Selection().RowMoved(from, to);
+        ChangeSelections([=](TCellSelection &selection) { selection.RowMoved(from, to); });
     } else {
         Selection().ColumnMoved(from, to);
     }
@@ -142,13 +229,12 @@ void TBabGridCell::ReorderingAxisItems(TAxisContentList &list, int first,
 {
     TBabGridCellForViewer *viewer = GetViewerGridCell();
     const bool followed = viewer != nullptr && viewer->OnRowsReordered;
-    if (&list == &m_rows && (followed || !Selection().Empty())) {
+    const bool told = m_told != nullptr && !m_told->Rows.Empty();
+    if (&list == &m_rows && (followed || told || !Selection().Empty())) {
         std::vector<int> order(items.size());
         std::transform(items.begin(), items.end(), order.begin(),
                        [&](TAxisContentItem *item) { return list.IndexOf(*item) - first; });
-        if (!Selection().Empty()) {
-            Selection().RowsReordered(first, order);
-        }
+        ChangeSelections([&](TCellSelection &selection) { selection.RowsReordered(first, order); });
         if (followed) {
             viewer->OnRowsReordered(&list, first, order);
         }
@@ -159,7 +245,7 @@ void TBabGridCell::ReorderingAxisItems(TAxisContentList &list, int first,
 void TBabGridCell::AxisCountChanged(TAxisContentList &list, int index, int by)
 {
     if (&list == &m_rows) {
-        Selection().RowsChanged(index, by);
+        ChangeSelections([=](TCellSelection &selection) { selection.RowsChanged(index, by); });
     } else {
         Selection().ColumnsChanged(index, by);
     }

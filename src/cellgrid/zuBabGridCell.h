@@ -3,12 +3,14 @@
 
 #include "cellgrid/zuAxisContent.h"
 #include "cellgrid/zuBabCell.h"
+#include "cellgrid/zuBabGridBlock.h"
 #include "cellgrid/zuBabTreeRow.h"
 #include "cellgrid/zuCellMatris.h"
 #include "foundation/zuEventHandling.h"
 #include "foundation/zuExport.h"
 #include "foundation/zuMethod.h"
 
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -56,7 +58,10 @@ public:
 
     /// Whether the rows are the nodes of a tree.
     bool ShowsTree() const { return m_showsTree; }
-    void SetShowsTree(bool showsTree) { m_showsTree = showsTree; }
+    void SetShowsTree(bool showsTree);
+    /// Tells the nodes of the rows whose selection changed since this was called last. The view
+    /// calls it after every change of the selection.
+    void TellTreeSelection();
     /// The row's node; nil for the head, and where no tree is shown.
     IBabTreeRow *TreeRowOf(const TAxisContentItem &row) const
     {
@@ -83,7 +88,17 @@ public:
     bool HasSelectedCell(const TAxisContentList &list, int index) const;
 
 private:
+    /// Whole rows whose nodes know that they are selected.
+    struct TTold
+    {
+        TCellSelection Rows;
+        bool GridLives = true;
+    };
+
     void TellAxisChanged(TAxisContentList &list);
+    bool TellRows(const std::shared_ptr<TTold> &told, bool selected);
+    template <typename Change>
+    void ChangeSelections(const Change &change);
 
     TMethod<void(TBabGridCell *)> m_release;
     TCellMatris m_matris;
@@ -91,6 +106,7 @@ private:
     TAxisContentList m_rows;
     bool m_extendLastColumn = false;
     bool m_showsTree = false;
+    std::shared_ptr<TTold> m_told; ///< in trees only
 };
 
 /// A grid in a cell of another grid.
@@ -147,6 +163,9 @@ public:
     TOnCreateCell OnCreateCell;             ///< nil from it: a simple cell with text
     TOnGetCellText OnGetCellText;           ///< text of crossings without a cell
     TOnSetCellText OnSetCellText;           ///< the user changed the text of such a crossing
+    /// The selected rows are dragged: whether they can be dropped at a place, and the dropping.
+    TMethod<void(const TGridRowDrop &theDrop, bool &mayDrop)> OnMayDropRows;
+    TMethod<void(const TGridRowDrop &theDrop)> OnDropRows;
     /// The view's own: `by` items came at an index of an axis, or went from it; an item moved; rows
     /// are about to take another order; a sub-grid is about to go.
     TMethod<void(TAxisContentList *theList, int index, int by)> OnCountChanged;
@@ -154,6 +173,8 @@ public:
     TMethod<void(TAxisContentList *theList, int first, const std::vector<int> &order)>
         OnRowsReordered;
     TMethod<void(TBabGridCell *theGridCell)> OnSubGridGoes;
+    /// The view's own: a row is to be selected, or deselected.
+    TMethod<void(TBabGridCell *theGridCell, int row, bool selected)> OnSelectRow;
 };
 
 } // namespace korvane

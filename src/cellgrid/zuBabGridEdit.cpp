@@ -259,6 +259,14 @@ void TBabGridEdit::CellDoubleClicked(const TGridCellAt &at)
     BeginEdit(at, TEditBegin::AtEnd);
 }
 
+void TBabGridEdit::DropRows(const TGridRowDrop &drop)
+{
+    AsUserChange(TGridUserChange::ucMove, [&] {
+        TBabGridGestures::DropRows(drop);
+        return true;
+    });
+}
+
 // --- following changes
 // ----------------------------------------------------------------------------
 

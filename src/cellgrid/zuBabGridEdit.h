@@ -37,7 +37,7 @@ struct TGridPaste
     std::string FirstReason;
 };
 
-enum class TGridUserChange : std::uint8_t { ucEdit, ucPaste, ucClear };
+enum class TGridUserChange : std::uint8_t { ucEdit, ucPaste, ucClear, ucMove };
 
 /// The keys that an editor leaves to the grid first.
 enum class TEditKey : std::uint8_t {
@@ -124,6 +124,8 @@ public:
     TPublished<TOnCellEvent> OnBeforeEditWithCombo;
     TPublished<TOnEditStop> OnEditStop; ///< before the text is stored
     TPublished<TOnCellEdited> OnCellEdited;
+    /// A pasted block reaches that many rows beyond the last one: the application may add them.
+    TMethod<void(TObject *theGrid, TBabGridCell *theGridCell, int theCount)> OnAddRowsForPaste;
     TPublished<TOnGridBeginUserChange> OnBeginUserChange;
     TPublished<TOnGridEndUserChange> OnEndUserChange;
 
@@ -133,8 +135,13 @@ protected:
     void RowsReordered(TAxisContentList *list, int first, const std::vector<int> &order) override;
     void SubGridGoes(TBabGridCell *grid) override;
     bool MayLeaveCell() override { return CommitEdit(); }
+    /// From now on the place follows its cell, and is none when that goes. For members only.
+    void Follow(TGridCellAt &at) { m_followed.push_back(&at); }
+    /// Expires with the view.
+    std::weak_ptr<char> Life() const { return m_life; }
     void CellDoubleClicked(const TGridCellAt &at) override;
     void CheckBoxClicked(const TGridCellAt &at) override { ToggleCheckBox(at); }
+    void DropRows(const TGridRowDrop &drop) override;
 
 private:
     class TFollow;
@@ -160,6 +167,7 @@ private:
     template <typename Visit>
     void ForEachSelectedCell(const Visit &visit);
     void PasteInto(TGridCellAt at, const std::string &text, TGridPaste &result);
+    void AddRowsFor(const TGridCellAt &start, int rows);
     void PasteBlock(const TCellTable &block, TGridPaste &result);
     std::string CsvText(TAxisContentItem &column, TAxisContentItem &row);
     TRect ClipOf(const TBabGridCell &grid);

@@ -138,6 +138,22 @@ TGridPaste TBabGridEdit::PasteText(std::string_view text)
     return result;
 }
 
+/// Asks for the rows that are missing below a cell.
+void TBabGridEdit::AddRowsFor(const TGridCellAt &start, int rows)
+{
+    if (!OnAddRowsForPaste) {
+        return;
+    }
+    TShownIndexes row(start.Grid->Rows(), start.Row);
+    while (rows > 0 && row.Index() >= 0) {
+        --rows;
+        row.Next();
+    }
+    if (rows > 0) {
+        OnAddRowsForPaste(this, start.Grid, rows);
+    }
+}
+
 void TBabGridEdit::PasteBlock(const TCellTable &block, TGridPaste &result)
 {
     TGridCellAt start = FocusCell();
@@ -153,6 +169,10 @@ void TBabGridEdit::PasteBlock(const TCellTable &block, TGridPaste &result)
         return;
     }
     const TFollow follow(*this, start);
+    AddRowsFor(start, static_cast<int>(block.size()));
+    if (!follow.IsThere()) {
+        return;
+    }
     TShownIndexes row(start.Grid->Rows(), start.Row);
     TCellRange pasted{start.Column, start.Row, start.Column, start.Row};
     for (const auto &line : block) {

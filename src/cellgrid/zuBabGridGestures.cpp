@@ -62,6 +62,11 @@ void TBabGridGestures::MouseDown(TMouseButton button, TShiftState shift, TPoint 
 
 void TBabGridGestures::PressCell(const TGridHit &hit, TShiftState shift)
 {
+    const bool plain = !shift.Shift && !shift.Ctrl;
+    if (plain && MayDragRows(hit)) {
+        m_gesture = TGesture::Rows; // what is selected stays so until it is dropped, or released
+        return;
+    }
     TGridCellAt at = hit.At;
     const TAxisContentList &columns = at.Grid->Columns();
     const bool rowHeader = hit.Part == TGridPart::RowHeader;
@@ -79,6 +84,9 @@ void TBabGridGestures::PressCell(const TGridHit &hit, TShiftState shift)
     m_gesture = hit.Part == TGridPart::CheckBox ? TGesture::CheckBox
                 : rowHeader                     ? TGesture::SelectRows
                                                 : TGesture::SelectCells;
+    if (plain && !MultiSelect() && MayDragRows(hit)) {
+        m_gesture = TGesture::Rows;
+    }
 }
 
 void TBabGridGestures::MouseMove(TShiftState /*shift*/, TPoint point)
@@ -108,6 +116,16 @@ void TBabGridGestures::MouseMove(TShiftState /*shift*/, TPoint point)
         if (moved && MultiSelect()) {
             SelectTo(point);
         }
+        break;
+    case TGesture::Rows:
+        if (moved) {
+            m_gesture = TGesture::MoveRows;
+            m_restTicks = 0;
+            UpdateRowDrop();
+        }
+        break;
+    case TGesture::MoveRows:
+        UpdateRowDrop();
         break;
     case TGesture::CheckBox:
         break;
@@ -151,6 +169,19 @@ void TBabGridGestures::MouseUp(TMouseButton button, TShiftState shift, TPoint po
         }
         break;
     }
+    case TGesture::Rows: // a click after all
+        m_gesture = TGesture::None;
+        ChooseCell(pressed.Part == TGridPart::RowHeader
+                       ? TGridCellAt{pressed.At.Grid, FocusCell().Column, pressed.At.Row}
+                       : pressed.At,
+                   TGridChoice::Set);
+        break;
+    case TGesture::MoveRows:
+        Host().InvalidateGridOverlay();
+        if (m_mayDrop) {
+            DropRows(m_rowDrop);
+        }
+        break;
     default:
         break;
     }
@@ -172,7 +203,7 @@ void TBabGridGestures::DblClick(TPoint point)
 void TBabGridGestures::CancelGesture()
 {
     const TGesture gesture = std::exchange(m_gesture, TGesture::None);
-    if (gesture == TGesture::MoveColumn) {
+    if (gesture == TGesture::MoveColumn || gesture == TGesture::MoveRows) {
         Host().InvalidateGridOverlay();
     }
     const bool resizing = gesture == TGesture::ResizeColumn || gesture == TGesture::ResizeRow;
@@ -312,9 +343,27 @@ void TBabGridGestures::SelectTo(TPoint point)
 
 bool TBabGridGestures::AutoScroll()
 {
-    if (m_gesture != TGesture::SelectCells && m_gesture != TGesture::SelectRows) {
+    if (m_gesture == TGesture::MoveRows) {
+        constexpr int kTicksToExpand = 25;
+        if (ScrollStep()) {
+            UpdateRowDrop();
+        } else if (m_mayDrop && m_rowDrop.Place == TGridRowPlace::On
+                   && ++m_restTicks == kTicksToExpand) {
+            ExpandNode({&RootCell(), RootCell().Columns().FixedCount(), m_rowDrop.Row}, true);
+        }
+        return true;
+    }
+    const bool selects = m_gesture == TGesture::SelectCells || m_gesture == TGesture::SelectRows;
+    if (!selects || !MultiSelect() || !ScrollStep()) {
         return false;
     }
+    SelectTo(m_point);
+    return true;
+}
+
+/// Scrolls by what the mouse is beyond the edge.
+bool TBabGridGestures::ScrollStep()
+{
     const TSize size = Host().GridSize();
     const TSize page = PageSize();
     const auto step = [](int pixel, int near, int far) {
@@ -322,11 +371,10 @@ bool TBabGridGestures::AutoScroll()
     };
     const int x = step(m_point.X, size.Width - page.Width, size.Width);
     const int y = step(m_point.Y, size.Height - page.Height, size.Height);
-    if ((x == 0 && y == 0) || !MultiSelect()) {
+    if (x == 0 && y == 0) {
         return false;
     }
     ScrollTo(ScrollX() + x, ScrollY() + y);
-    SelectTo(m_point);
     return true;
 }
 
@@ -365,6 +413,8 @@ void TBabGridGestures::PaintOverlay(TCanvas &canvas)
         const TGridBlock &shown = Shown();
         canvas.FillRect({m_dropPixel - 1, shown.Area.Top, m_dropPixel + 1, shown.Area.Bottom},
                         clHighlight);
+    } else if (m_gesture == TGesture::MoveRows && m_mayDrop) {
+        PaintRowDrop(canvas);
     }
 }
 

@@ -24,14 +24,19 @@ public:
     bool ColumnMoving() const { return m_columnMoving; }
     void SetColumnMoving(bool value) { m_columnMoving = value; }
 
+    /// Whether the user may drag the selected rows of a tree to another place, at their headers and
+    /// in the tree's column.
+    bool RowMoving() const { return m_rowMoving; }
+    void SetRowMoving(bool value) { m_rowMoving = value; }
+
     void MouseDown(TMouseButton button, TShiftState shift, TPoint point);
     void MouseMove(TShiftState shift, TPoint point);
     void MouseUp(TMouseButton button, TShiftState shift, TPoint point);
     void DblClick(TPoint point);
     /// Escape, or the loss of the mouse: what the gesture changed is as before.
     void CancelGesture();
-    /// A step of scrolling while a selecting gesture is held beyond the edge. False when there is
-    /// nothing to do.
+    /// A tick of scrolling while a gesture that selects or moves rows is held beyond the edge; rows
+    /// that are dragged expand the node on which they rest. False when there is nothing to do.
     bool AutoScroll();
     bool InGesture() const { return m_gesture != TGesture::None; }
     /// Makes the column as wide as its shown cells ask for, or the row as high.
@@ -52,6 +57,8 @@ protected:
     virtual void CellDoubleClicked(const TGridCellAt & /*at*/) {}
     /// The user dropped a column at another place.
     virtual void MoveColumn(TBabGridCell &grid, int from, int to);
+    /// The user dropped the selected rows.
+    virtual void DropRows(const TGridRowDrop &drop) { RootCell().OnDropRows(drop); }
 
 private:
     enum class TGesture : std::uint8_t {
@@ -62,7 +69,9 @@ private:
         ResizeRow,
         SelectCells,
         SelectRows,
-        CheckBox
+        CheckBox,
+        Rows, ///< pressed on selected rows, which may become a moving
+        MoveRows
     };
 
     void PressCell(const TGridHit &hit, TShiftState shift);
@@ -71,6 +80,10 @@ private:
     void SetSize(TAxisContentItem &item, int size);
     void SelectTo(TPoint point);
     void UpdateDropPlace(TPoint point);
+    bool MayDragRows(const TGridHit &hit) const;
+    bool ScrollStep();
+    void UpdateRowDrop();
+    void PaintRowDrop(TCanvas &canvas);
     void UpdateCursor(TPoint point);
     TAxisContentItem *SizedItem() const;
     TGridChoice ChoiceOf(TShiftState shift) const;
@@ -84,6 +97,10 @@ private:
     bool m_sized = false;
     int m_dropIndex = -1; ///< before which column the moved one is dropped
     int m_dropPixel = 0;
+    TGridRowDrop m_rowDrop;
+    int m_restTicks = 0; ///< for which the rows have been dragged to this place
+    bool m_mayDrop = false;
+    bool m_rowMoving = false;
     bool m_userSizing = true;
     bool m_columnMoving = true;
 };

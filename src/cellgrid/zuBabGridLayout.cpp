@@ -39,6 +39,9 @@ TBabGridLayoutCore::TBabGridLayoutCore(IBabGridHost &host)
         RowsReordered(list, first, order);
     };
     m_root->OnSubGridGoes = [this](TBabGridCell *grid) { SubGridGoes(grid); };
+    m_root->OnSelectRow = [this](TBabGridCell *grid, int row, bool selected) {
+        SelectRow({grid, 0, row}, selected);
+    };
 }
 
 TBabGridLayoutCore::~TBabGridLayoutCore()
@@ -47,6 +50,7 @@ TBabGridLayoutCore::~TBabGridLayoutCore()
     m_root->OnMoved = nullptr;
     m_root->OnRowsReordered = nullptr;
     m_root->OnSubGridGoes = nullptr;
+    m_root->OnSelectRow = nullptr;
 }
 
 /// While a layout is made, columns and rows are loaded, which are painted as they come.
@@ -75,10 +79,18 @@ void TBabGridLayoutCore::OnHideEvent(TSingleEventListener * /*listener*/)
     HiddenChanged();
 }
 
-void TBabGridLayoutCore::OnSelectionEvent(TSingleEventListener * /*listener*/)
+void TBabGridLayoutCore::OnSelectionEvent(TSingleEventListener *listener)
 {
     InvalidatePicture();
-    SelectionEventFired();
+    // Nodes may do away with the view.
+    const std::weak_ptr<char> lives = m_lives;
+    if (auto *grid = dynamic_cast<TBabGridCell *>(listener->Data())) {
+        SelectionEventOf(*grid);
+        grid->TellTreeSelection();
+    }
+    if (!lives.expired()) {
+        SelectionEventFired();
+    }
 }
 
 void TBabGridLayoutCore::SetExtendLastColumnToWidth(bool extend)
@@ -156,7 +168,8 @@ void TBabGridLayoutCore::UpdateDefaultHeight()
     }
     TCanvas &canvas = m_host.MeasureCanvas();
     canvas.SetFont(m_host.GridFont());
-    m_root->Rows().SetDefaultSize(std::max(height, canvas.TextExtent("Xg").Height + kPadding));
+    m_textHeight = canvas.TextExtent("Xg").Height;
+    m_root->Rows().SetDefaultSize(std::max(height, m_textHeight + kPadding));
 }
 
 void TBabGridLayoutCore::EnsureLayout()

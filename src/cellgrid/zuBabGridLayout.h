@@ -28,6 +28,13 @@ public:
     static constexpr int kImage = 16;
     static constexpr int kTreeIndent = 16; ///< per level; the button lies in the last one
 
+    /// Whether a single line stands in the middle of `height`, where the layout wants it at an edge
+    /// but it hardly fits.
+    static constexpr bool StandsInMiddle(int height, int lineHeight)
+    {
+        return height - lineHeight < lineHeight / 2;
+    }
+
     /// The host outlives the core and is not called during construction.
     explicit TBabGridLayoutCore(IBabGridHost &host);
     ~TBabGridLayoutCore() override;
@@ -81,7 +88,10 @@ public:
     TGridHit HitTest(TPoint point);
     /// Where the content of a cell is drawn; without lines, icon and padding.
     TRect ContentRect(const TGridCellAt &at, const TRect &cell) const;
-    TRect CheckBoxRect(const TRect &cell) const;
+    /// The part of a cell that the first line of its text stands in: buttons, icons and check boxes
+    /// stand beside or in it. Without the line at the bottom.
+    TRect LineRect(const TGridCellAt &at, const TRect &cell) const;
+    TRect CheckBoxRect(const TGridCellAt &at, const TRect &cell) const;
     /// The row's node where the crossing lies in the column of a tree, else nil.
     static IBabTreeRow *TreeNodeAt(const TGridCellAt &at);
     /// What a click has to hit to expand or collapse the node; empty without a button.
@@ -122,6 +132,9 @@ protected:
     }
     virtual void SubGridGoes(TBabGridCell *) {}
     virtual void SelectionEventFired() {}
+    virtual void SelectRow(const TGridCellAt & /*at*/, bool /*selected*/) {}
+    /// Before it, while the grid is certain to exist.
+    virtual void SelectionEventOf(TBabGridCell & /*grid*/) {}
 
 private:
     struct TSpan
@@ -172,8 +185,10 @@ private:
     TGridBlock m_shown;
     TGridPicture m_picture;
     const TGridPrintSlice *m_printSlice = nullptr;
+    std::shared_ptr<char> m_lives = std::make_shared<char>();
     std::int64_t m_scrollX = 0;
     std::int64_t m_scrollY = 0;
+    int m_textHeight = 0; ///< of a line in the grid's font
     bool m_outOfDate = true;
     bool m_layingOut = false;
 };

@@ -1,6 +1,7 @@
 #include "cellgrid/zuBabGridPaint.h"
 
 #include "cellgrid/zuCellText.h"
+#include "foundation/zuMirrorCanvas.h"
 
 #include <algorithm>
 #include <array>
@@ -12,6 +13,7 @@ TBabGridPainter::TBabGridPainter(TBabGridLayoutCore &core, TCanvas &canvas,
     : m_core(core)
     , m_canvas(canvas)
     , m_state(state)
+    , m_mirrored(dynamic_cast<const TMirrorCanvas *>(&canvas) != nullptr)
     , m_gridFont(canvas.Font())
     , m_window(canvas.ResolveColor(clWindow))
     , m_lines(Mixed(clWindow, clWindowText, 16))
@@ -176,6 +178,7 @@ void TBabGridPainter::ChooseFont(const TFont &font)
 {
     if (m_state.FontChosen || !(font == m_canvas.Font())) {
         m_canvas.SetFont(font);
+        m_advances = {};
         m_state.FontChosen();
     }
 }
@@ -223,8 +226,10 @@ void TBabGridPainter::PaintCell(const TCellPlace &place, const TColumnLook &look
     if (m_core.IsLayoutOutOfDate()) {
         return; // a handler changed the grid; the next paint shows it
     }
-    if (cell.Selected || cell.BackColor != clWindow) {
-        m_canvas.FillRect(place.Rect, cell.BackColor);
+    const bool hot = !cell.Selected && !look.Grids && IsHotRow(place);
+    m_cellColor = hot ? Mixed(cell.BackColor, clHighlight, 8) : cell.BackColor;
+    if (m_cellColor != clWindow) {
+        m_canvas.FillRect(place.Rect, m_cellColor);
     }
     if (look.Grids) {
         PaintSubGrid(place);
@@ -252,7 +257,10 @@ void TBabGridPainter::PaintContent(const TCellPlace &place, const TColumnLook &l
     const TLayoutProp &layout = m_core.LayoutOf(grid, *place.Column.Item, *place.Row.Item);
     const TGridCellAt at{&grid, place.Column.Index, place.Row.Index};
     if (look.Tree) {
-        PaintTreeButton(place, cell.FrontColor);
+        PaintTreeLines(place, Mixed(m_cellColor, cell.FrontColor, 30));
+        PaintTreeButton(place, cell.Selected || !IsHot(place, TGridPart::TreeButton)
+                                   ? cell.FrontColor
+                                   : TColor(clHighlight));
     }
     const TRect shown = m_core.ContentRect(at, textRect.IsEmpty() ? place.Rect : textRect);
     if (look.Column != nullptr && look.Column->HasIcon() && m_state.Images != nullptr) {
@@ -260,17 +268,17 @@ void TBabGridPainter::PaintContent(const TCellPlace &place, const TColumnLook &l
         if (m_core.IsLayoutOutOfDate()) {
             return;
         }
-        // Beside the line that the text begins with.
-        const int lineEnd = place.Rect.Top + grid.Rows().DefaultSize();
-        const int bottom =
-            layout.VertAlignCenter ? place.Rect.Bottom : std::min(place.Rect.Bottom, lineEnd);
+        constexpr int kImage = TBabGridLayoutCore::kImage;
+        const TRect line = m_core.LineRect(at, place.Rect);
         const int right = shown.Left - TBabGridLayoutCore::kPadding;
-        m_canvas.DrawImage({right - TBabGridLayoutCore::kImage, place.Rect.Top, right, bottom - 1},
+        const int top = (line.Top + line.Bottom - kImage) / 2;
+        m_canvas.DrawImage(TRect{right - kImage, top, right, top + kImage}.Intersected(place.Rect),
                            *m_state.Images, index);
     }
     if (look.Kind == TColumnKind::tckBool) {
-        PaintCheckBox(m_core.CheckBoxRect(place.Rect), !cell.Text.empty() && cell.Text != "0",
-                      cell.FrontColor);
+        const bool hot = !cell.Selected && IsHot(place, TGridPart::CheckBox);
+        PaintCheckBox(m_core.CheckBoxRect(at, place.Rect), !cell.Text.empty() && cell.Text != "0",
+                      hot ? TColor(clHighlight) : cell.FrontColor);
     } else if (!textRect.IsEmpty() && !cell.Text.empty()) {
         const bool asked = m_state.BeforeRender || m_state.UserRender;
         SetFont(asked ? cell.Font : layout.UseFontInfo ? layout.Font : m_gridFont, cell.FrontColor);
@@ -296,15 +304,16 @@ TBabGridPainter::TTextLook TBabGridPainter::LookOf(const TLayoutProp &layout)
 void TBabGridPainter::PaintText(std::string_view text, const TRect &rect, const TTextLook &look)
 {
     const int lineHeight = m_canvas.TextExtent("Xg").Height;
-    if (!look.Wrap) {
+    const auto lines =
+        look.Wrap ? WrappedText(m_canvas, text, rect.Width()) : std::vector{FirstLine(text)};
+    if (lines.size() == 1) {
         const int room = rect.Height() - lineHeight;
-        // A single line that hardly fits stands in the middle, wherever it is wanted.
-        const bool middle = look.VertCenter || room < lineHeight / 2;
+        const bool middle =
+            look.VertCenter || TBabGridLayoutCore::StandsInMiddle(rect.Height(), lineHeight);
         const int top = rect.Top + (middle ? room / 2 : look.Bottom ? room : 0);
-        PaintLine(FirstLine(text), rect, top, look);
+        PaintLine(lines.front(), rect, top, look);
         return;
     }
-    const auto lines = WrappedText(m_canvas, text, rect.Width());
     const int room = rect.Height() - lineHeight * static_cast<int>(std::ssize(lines));
     int top = rect.Top;
     if (room > 0) {
@@ -319,195 +328,56 @@ void TBabGridPainter::PaintText(std::string_view text, const TRect &rect, const 
     }
 }
 
+/// Whether the text is certain to be no wider, found without laying it out.
+bool TBabGridPainter::SurelyFits(std::string_view text, int width)
+{
+    for (const char c : text) {
+        const auto code = static_cast<unsigned char>(c);
+        if (code >= m_advances.size()) {
+            return false;
+        }
+        int &advance = m_advances[code];
+        if (advance == 0) {
+            advance = m_canvas.TextExtent(std::string_view(&c, 1)).Width;
+        }
+        width -= advance;
+    }
+    return width >= 0;
+}
+
 void TBabGridPainter::PaintLine(std::string_view text, const TRect &rect, int top,
                                 const TTextLook &look)
 {
+    const int height = m_canvas.TextExtent("Xg").Height;
+    const bool inside = top >= rect.Top - 2 && top + height <= rect.Bottom + 2;
+    if (!look.Right && !look.Center && !look.Ellipsis) {
+        // Where it begins is known; its width, which costs as much as drawing it, is not needed.
+        PaintMarks(text, {rect.Left, top}, rect);
+        if (inside && SurelyFits(text, rect.Width())) {
+            m_canvas.TextOut({rect.Left, top}, text);
+        } else {
+            m_canvas.TextRect(rect, {rect.Left, top}, text);
+        }
+        return;
+    }
     const TSize extent = m_canvas.TextExtent(text);
     const int room = rect.Width() - extent.Width;
     if (room >= 0) {
         const int left = rect.Left + (look.Center ? room / 2 : look.Right ? room : 0);
-        if (top >= rect.Top - 2 && top + extent.Height <= rect.Bottom + 2) {
+        PaintMarks(text, {left, top}, rect);
+        if (inside) {
             m_canvas.TextOut({left, top}, text);
         } else {
             m_canvas.TextRect(rect, {left, top}, text);
         }
     } else if (look.Ellipsis) {
+        PaintMarks(text, {rect.Left, top}, rect);
         m_canvas.TextRect(rect, {rect.Left, top}, EllipsizedText(m_canvas, text, rect.Width()));
     } else {
-        m_canvas.TextRect(rect, {look.Right ? rect.Left + room : rect.Left, top}, text);
+        const int left = look.Right ? rect.Left + room : rect.Left;
+        PaintMarks(text, {left, top}, rect);
+        m_canvas.TextRect(rect, {left, top}, text);
     }
-}
-
-void TBabGridPainter::PaintHeader(const TCellPlace &place, const TColumnLook &look)
-{
-    const TRect &rect = place.Rect;
-    m_canvas.FillRect(rect, clBtnFace);
-    RightLine(rect, m_headerLines);
-    BottomLine(rect, m_headerLines);
-    TRect content =
-        m_core.ContentRect({place.Block.Grid, place.Column.Index, place.Row.Index}, rect);
-    if (look.Column != nullptr && look.Column->SortMark() != TSortMark::None) {
-        constexpr int kMark = 9;
-        PaintSortMark({content.Right - kMark, content.Top, content.Right, content.Bottom},
-                      look.Column->SortMark());
-        content.Right -= kMark + TBabGridLayoutCore::kPadding;
-    }
-    TFont font = m_gridFont;
-    font.Color = clBtnText;
-    ChooseFont(font);
-    if (look.Column != nullptr && look.Column->SortOrder() > 0) {
-        // Beside its mark.
-        const std::string order = std::to_string(look.Column->SortOrder());
-        const TSize extent = m_canvas.TextExtent(order);
-        const int left = content.Right - extent.Width + TBabGridLayoutCore::kPadding / 2;
-        const int top = (content.Top + content.Bottom - extent.Height) / 2;
-        m_canvas.TextRect(content, {left, top}, order);
-        content.Right = left - TBabGridLayoutCore::kPadding;
-    }
-    TTextLook text;
-    text.Ellipsis = true;
-    if (look.Column != nullptr) {
-        const TLayoutProp *layout = look.Column->LayoutProp();
-        text.Right = layout != nullptr && layout->HorzAlignRight;
-        text.Center = layout != nullptr && layout->HorzAlignCenter;
-    }
-    PaintText(place.Block.Grid->CellText(*place.Column.Item, *place.Row.Item), content, text);
-}
-
-void TBabGridPainter::PaintTreeButton(const TCellPlace &place, TColor color)
-{
-    const TGridCellAt at{place.Block.Grid, place.Column.Index, place.Row.Index};
-    const TRect button = m_core.TreeButtonRect(at, place.Rect);
-    if (button.IsEmpty()) {
-        return;
-    }
-    const bool expanded = TBabGridLayoutCore::TreeNodeAt(at)->IsTreeExpanded();
-    const TSmoothScope smooth(m_canvas);
-    const TClipScope clip(m_canvas, button);
-    // In the middle of a line and of an indent, also where the cell is smaller.
-    const int x = button.Left + TBabGridLayoutCore::kTreeIndent / 2;
-    const int y = (button.Top + button.Bottom) / 2;
-    m_canvas.SetPen({color, 1, TPenStyle::psSolid});
-    m_canvas.SetBrushColor(color);
-    const std::array down{TPoint{x - 4, y - 2}, TPoint{x + 4, y - 2}, TPoint{x, y + 2}};
-    const std::array right{TPoint{x - 2, y - 4}, TPoint{x + 2, y}, TPoint{x - 2, y + 4}};
-    m_canvas.Polygon(expanded ? down : right);
-}
-
-void TBabGridPainter::PaintSortMark(const TRect &rect, TSortMark mark)
-{
-    const TSmoothScope smooth(m_canvas);
-    const int middle = (rect.Top + rect.Bottom) / 2;
-    const int half = (rect.Width() - 1) / 2;
-    const int point = mark == TSortMark::Ascending ? -2 : 2;
-    const TColor color = Mixed(clBtnFace, clBtnText, 65);
-    m_canvas.SetPen({color, 1, TPenStyle::psSolid});
-    m_canvas.SetBrushColor(color);
-    const std::array corners{TPoint{rect.Left, middle - point},
-                             TPoint{rect.Left + 2 * half, middle - point},
-                             TPoint{rect.Left + half, middle + point}};
-    m_canvas.Polygon(corners);
-}
-
-/// The row of the focus is marked.
-void TBabGridPainter::PaintRowHeader(const TCellPlace &place)
-{
-    const TRect &rect = place.Rect;
-    m_canvas.FillRect(rect, clBtnFace);
-    RightLine(rect, m_headerLines);
-    BottomLine(rect, m_headerLines);
-    const bool focused = m_state.Marks && m_state.Focus.Grid == place.Block.Grid
-                         && m_state.Focus.Row == place.Row.Index && !place.Row.Fixed;
-    if (!focused) {
-        return;
-    }
-    const TSmoothScope smooth(m_canvas);
-    const int middle = (std::max(rect.Top, place.Block.FixedEnd.Y)
-                        + std::min(rect.Bottom, place.Block.Area.Bottom) - 1)
-                       / 2;
-    const int left = (rect.Left + rect.Right - 1) / 2 - 2;
-    const TColor color = Mixed(clBtnFace, clBtnText, 75);
-    m_canvas.SetPen({color, 1, TPenStyle::psSolid});
-    m_canvas.SetBrushColor(color);
-    const std::array corners{TPoint{left, middle - 4}, TPoint{left + 4, middle},
-                             TPoint{left, middle + 4}};
-    m_canvas.Polygon(corners);
-}
-
-void TBabGridPainter::PaintCheckBox(const TRect &box, bool checked, TColor color)
-{
-    m_canvas.SetBrushColor(color);
-    m_canvas.FrameRect(box);
-    if (!checked) {
-        return;
-    }
-    const TSmoothScope smooth(m_canvas);
-    m_canvas.SetPen({color, 2, TPenStyle::psSolid});
-    const std::array tick{TPoint{box.Left + 3, box.Top + 6}, TPoint{box.Left + 5, box.Top + 9},
-                          TPoint{box.Left + 10, box.Top + 3}};
-    m_canvas.Polyline(tick);
-}
-
-void TBabGridPainter::PaintFrame(const TRect &rect, const TLayoutProp &layout)
-{
-    const TRect in{rect.Left, rect.Top, rect.Right - 1, rect.Bottom - 1}; // corners, both included
-    const auto side = [&](TFrameOption option, TPoint from, TPoint to) {
-        if ((layout.FrameOptions & option) != 0) {
-            PaintFrameLine(from, to, option, layout);
-        }
-    };
-    side(foLeft, {in.Left, in.Top}, {in.Left, in.Bottom});
-    side(foTop, {in.Left, in.Top}, {in.Right, in.Top});
-    side(foRight, {in.Right, in.Top}, {in.Right, in.Bottom});
-    side(foBottom, {in.Left, in.Bottom}, {in.Right, in.Bottom});
-}
-
-void TBabGridPainter::PaintFrameLine(TPoint from, TPoint to, TFrameOption side,
-                                     const TLayoutProp &layout)
-{
-    if (layout.OnFrameLineDraw) {
-        bool handled = false;
-        layout.OnFrameLineDraw(m_canvas, from, to, side, handled);
-        if (handled) {
-            return;
-        }
-    }
-    const bool upper = side == foLeft || side == foTop;
-    TPen pen{layout.FrameColor, 1, TPenStyle::psSolid};
-    if (layout.FrameKind == TFrameKind::fkRaised || layout.FrameKind == TFrameKind::fkLowered) {
-        const bool light = upper == (layout.FrameKind == TFrameKind::fkRaised);
-        pen.Color = light ? clBtnHighlight : clBtnShadow;
-    } else if (layout.FrameKind == TFrameKind::fkDotted) {
-        pen.Style = TPenStyle::psDot;
-    }
-    m_canvas.SetPen(pen);
-    m_canvas.Line(from, to);
-    if (layout.FrameKind == TFrameKind::fkDouble) {
-        const int inward = upper ? 2 : -2;
-        const TPoint by = from.X == to.X ? TPoint{inward, 0} : TPoint{0, inward};
-        m_canvas.Line({from.X + by.X, from.Y + by.Y}, {to.X + by.X, to.Y + by.Y});
-    }
-}
-
-void TBabGridPainter::PaintFocus(const TGridBlock &block)
-{
-    if (m_core.IsLayoutOutOfDate() || !m_state.HasFocus || !m_state.FocusRects
-        || m_state.Focus.Grid != block.Grid) {
-        return;
-    }
-    const auto bandOf = [](const TGridBands &bands, int index) {
-        return std::find_if(bands.begin(), bands.end(),
-                            [index](const TGridBand &band) { return band.Index == index; });
-    };
-    const auto column = bandOf(block.Columns, m_state.Focus.Column);
-    const auto row = bandOf(block.Rows, m_state.Focus.Row);
-    if (column == block.Columns.end() || row == block.Rows.end()) {
-        return;
-    }
-    const TClipScope clip(m_canvas, {column->Fixed ? block.Area.Left : block.FixedEnd.X,
-                                     row->Fixed ? block.Area.Top : block.FixedEnd.Y,
-                                     block.Area.Right, block.Area.Bottom});
-    m_canvas.DrawFocusRect({column->Near, row->Near, column->Far - 1, row->Far - 1});
 }
 
 } // namespace korvane

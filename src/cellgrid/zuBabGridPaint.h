@@ -5,6 +5,7 @@
 #include "foundation/zuExport.h"
 #include "foundation/zuMethod.h"
 
+#include <array>
 #include <string>
 #include <string_view>
 
@@ -45,6 +46,9 @@ struct TGridPaintState
     TOnUserRenderCell UserRender;
     bool Marks = true;               ///< selection, focus and the focus' row
     TMethod<void()> FontChosen = {}; ///< after every change of the canvas' font
+    bool TreeLines = true;
+    TGridHot Hot = {};
+    std::string_view MarkedText = {}; ///< marked where it stands
 };
 
 /// Paints once: the blocks of the core, fixed and scrolling parts from the same bands.
@@ -89,12 +93,15 @@ private:
                       const TCellRender &cell);
     void PaintSubGrid(const TCellPlace &place);
     bool PaintedByUser(const TCellRender &cell);
+    void PaintHeadGround(const TRect &rect, bool hot);
     void PaintHeader(const TCellPlace &place, const TColumnLook &look);
     void PaintRowHeader(const TCellPlace &place);
+    void PaintTreeLines(const TCellPlace &place, TColor color);
     void PaintTreeButton(const TCellPlace &place, TColor color);
     void PaintSortMark(const TRect &rect, TSortMark mark);
     void PaintCheckBox(const TRect &box, bool checked, TColor color);
     void PaintText(std::string_view text, const TRect &rect, const TTextLook &look);
+    bool SurelyFits(std::string_view text, int width);
     void PaintLine(std::string_view text, const TRect &rect, int top, const TTextLook &look);
     void PaintFrame(const TRect &rect, const TLayoutProp &layout);
     void PaintFrameLine(TPoint from, TPoint to, TFrameOption side, const TLayoutProp &layout);
@@ -103,6 +110,9 @@ private:
     void BottomLine(const TRect &rect, TColor color);
     void PaintLines(const TCellPlace &place, bool joinedBelow);
     void PaintFocus(const TGridBlock &block);
+    bool IsHotRow(const TCellPlace &place) const;
+    bool IsHot(const TCellPlace &place, TGridPart part) const;
+    void PaintMarks(std::string_view line, TPoint at, const TRect &rect);
     void SetFont(TFont font, TColor color);
     void ChooseFont(const TFont &font);
     bool JoinsAbove(const TGridBlock &block, const TGridBand &column, const TGridBand &row) const;
@@ -113,7 +123,10 @@ private:
     TBabGridLayoutCore &m_core;
     TCanvas &m_canvas;
     TGridPaintState m_state;
+    bool m_mirrored; ///< what is not symmetrical and not to be mirrored is turned back
+    std::array<int, 128> m_advances{}; ///< of characters in the canvas' font; 0 where unknown
     TFont m_gridFont;
+    TColor m_cellColor = clWindow; ///< of the cell that is being painted
     TColor m_window;
     TColor m_lines;
     TColor m_headerLines;

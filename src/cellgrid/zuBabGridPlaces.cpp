@@ -108,7 +108,7 @@ TGridHit TBabGridLayoutCore::HitIn(const TGridBlock &block, TPoint point)
     }
     const TBabColumn *info = ColumnOf(*column->Item);
     if (info != nullptr && info->Kind() == TColumnKind::tckBool
-        && CheckBoxRect(hit.Rect).Contains(point)) {
+        && CheckBoxRect(hit.At, hit.Rect).Contains(point)) {
         hit.Part = TGridPart::CheckBox;
     }
     if (TreeButtonRect(hit.At, hit.Rect).Contains(point)) {
@@ -126,10 +126,39 @@ TGridHit TBabGridLayoutCore::HitIn(const TGridBlock &block, TPoint point)
     return hit;
 }
 
-TRect TBabGridLayoutCore::CheckBoxRect(const TRect &cell) const
+TRect TBabGridLayoutCore::LineRect(const TGridCellAt &at, const TRect &cell) const
 {
+    TRect line{cell.Left, cell.Top, cell.Right, cell.Bottom - 1};
+    const TAxisContentItem *column = at.Grid->Columns().FindLoaded(at.Column);
+    const TAxisContentItem *row = at.Grid->Rows().FindLoaded(at.Row);
+    if (column == nullptr || row == nullptr) {
+        return line;
+    }
+    const TLayoutProp &layout = LayoutOf(*at.Grid, *column, *row);
+    const auto flag = [&layout](int wanted) {
+        return layout.WindowsFlagDraw && (layout.WindowsFlags & wanted) != 0;
+    };
+    const bool center =
+        layout.WindowsFlagDraw ? flag(TLayoutProp::kTextVCenter) : layout.VertAlignCenter;
+    const TRect content = ContentRect(at, cell);
+    if (center || StandsInMiddle(content.Height(), m_textHeight)) {
+        return line;
+    }
+    if (flag(TLayoutProp::kTextBottom)) {
+        line.Top = content.Bottom - m_textHeight;
+        line.Bottom = content.Bottom;
+    } else {
+        line.Top = content.Top;
+        line.Bottom = content.Top + m_textHeight;
+    }
+    return line;
+}
+
+TRect TBabGridLayoutCore::CheckBoxRect(const TGridCellAt &at, const TRect &cell) const
+{
+    const TRect line = LineRect(at, cell);
     const int left = (cell.Left + cell.Right - 1 - kCheckBox) / 2;
-    const int top = (cell.Top + cell.Bottom - 1 - kCheckBox) / 2;
+    const int top = (line.Top + line.Bottom - kCheckBox) / 2;
     return {left, top, left + kCheckBox, top + kCheckBox};
 }
 
@@ -149,10 +178,11 @@ TRect TBabGridLayoutCore::TreeButtonRect(const TGridCellAt &at, const TRect &cel
     if (node == nullptr || !node->HasTreeButton()) {
         return {};
     }
-    // Beside the line that the text begins with.
+    const TRect line = LineRect(at, cell);
     const int left = cell.Left + kPadding + node->TreeLevel() * kTreeIndent;
-    const int bottom = std::min(cell.Bottom, cell.Top + at.Grid->Rows().DefaultSize());
-    return TRect{left, cell.Top, left + kTreeIndent, bottom - 1}.Intersected(cell);
+    const int middle = (line.Top + line.Bottom) / 2;
+    const int half = std::max(line.Height(), kTreeIndent) / 2;
+    return TRect{left, middle - half, left + kTreeIndent, middle + half}.Intersected(cell);
 }
 
 TRect TBabGridLayoutCore::ContentRect(const TGridCellAt &at, const TRect &cell) const

@@ -7,6 +7,7 @@
 #include "foundation/zuPublished.h"
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -54,6 +55,13 @@ public:
     bool FocusRects() const { return m_focusRects; }
     void SetFocusRects(bool value);
 
+    /// Whether the row, the header or the button under the mouse is marked.
+    bool HotTrack() const { return m_hotTrack; }
+    void SetHotTrack(bool value);
+    /// Whether lines in the column of a tree join nodes with their parents.
+    bool TreeLines() const { return m_treeLines; }
+    void SetTreeLines(bool value);
+
     /// The cell with the focus; no grid when there is none.
     TGridCellAt FocusCell() const { return m_focus; }
     /// Gives a cell behind the heads the focus, selects by the choice and scrolls to it. False when
@@ -61,6 +69,8 @@ public:
     bool ChooseCell(const TGridCellAt &at, TGridChoice choice);
     /// Selects from the anchor's to the cell's column or row as a whole.
     void SelectColumn(const TGridCellAt &at, TGridChoice choice);
+    /// Selects the whole row, beside others when several may be, or nothing of it; the focus stays.
+    void SelectRow(const TGridCellAt &at, bool selected) override;
     void SelectAll();
     void ClearSelection();
     bool IsSelected(const TGridCellAt &at) const
@@ -74,6 +84,8 @@ public:
     bool MoveFocus(TGridMove move, TGridChoice choice);
     /// Expands or collapses the node of the crossing's row. False when there is nothing to do.
     bool ExpandNode(const TGridCellAt &at, bool expand);
+    /// Expands the node of the crossing's row and all below it.
+    bool ExpandNodeBelow(const TGridCellAt &at);
     /// What Left and Right do in the column of a tree beyond moving: expand, collapse, and go to
     /// the parent from where Left leads nowhere. False when they move.
     bool MoveInTree(TGridMove move);
@@ -107,13 +119,20 @@ protected:
     void ItemMoved(TAxisContentList *list, int from, int to) override;
     void RowsReordered(TAxisContentList *list, int first, const std::vector<int> &order) override;
     void SubGridGoes(TBabGridCell *grid) override;
+    void SelectionEventOf(TBabGridCell &grid) override;
     void SelectionEventFired() override { OnSelectionChanged(this); }
     /// Another cell has the focus; before OnFocusCellChanged.
     virtual void FocusCellMoved() {}
     /// Before the focus goes to another cell; false keeps it.
     virtual bool MayLeaveCell() { return true; }
+    /// Where the mouse rests on the view; nothing when it is elsewhere, or held.
+    void SetMousePlace(std::optional<TPoint> place);
+    /// What the view looks for now; painted where it stands.
+    virtual std::string_view MarkedText() const { return {}; }
     /// Whether there is such a cell, behind the heads.
     bool IsCell(const TGridCellAt &at) const;
+    /// The cell that the grid is of another grid; nothing for the view's.
+    TGridCellAt CellOf(TBabGridCell &grid) const;
 
 private:
     void Select(const TGridCellAt &at, TGridChoice choice);
@@ -125,16 +144,22 @@ private:
     TGridCellAt PageAway(int direction);
     TGridCellAt FirstCell() const;
     TGridCellAt LastCell() const;
-    TGridCellAt CellOf(TBabGridCell &grid) const;
+    static IBabTreeRow *NodeOfRow(const TGridCellAt &at);
+    TGridHot HotNow();
+    TRect StripOf(const TGridHot &hot);
     template <typename BeginRow, typename Visit>
     void ForEachSelected(const BeginRow &beginRow, const Visit &visit);
 
     TGridCellAt m_focus;
     TGridCellAt m_anchor;
     TBabGridCell *m_selectedGrid = nullptr;
+    std::optional<TPoint> m_mouse;
+    TGridHot m_hot; ///< as it was painted last
     bool m_rowSelect = false;
     bool m_multiSelect = false;
     bool m_focusRects = true;
+    bool m_hotTrack = true;
+    bool m_treeLines = true;
 };
 
 } // namespace korvane

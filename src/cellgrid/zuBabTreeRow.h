@@ -18,6 +18,15 @@ public:
     virtual bool HasTreeButton() const = 0;
     virtual bool IsTreeExpanded() const = 0;
     virtual void SetTreeExpanded(bool expanded) = 0;
+    /// Expands the node and all below it that are there.
+    virtual void ExpandTreeBelow() = 0;
+    /// Whether a row that is shown, of the same parent, stands below.
+    virtual bool HasNextTreeRow() const = 0;
+    /// Whether the row can be shown by expanding what it is below.
+    virtual bool CanShowTreeRow() const = 0;
+    virtual void ShowTreeRow() = 0;
+    /// A cell of the row was selected, or none is any longer.
+    virtual void TreeRowSelected(bool selected) = 0;
     /// Nil for rows without parent.
     virtual TAxisContentItem *ParentRow() const = 0;
     /// The row is about to be dropped.

@@ -145,6 +145,22 @@ std::vector<TCellRange> TCellSelection::Ranges() const
     return ranges;
 }
 
+std::vector<std::pair<int, int>> TCellSelection::RowRanges() const
+{
+    std::vector<std::pair<int, int>> ranges;
+    for (int row = NextRow(0); row >= 0;) {
+        const auto run = m_rows.RunAt(row);
+        const int end = run.First + run.Count;
+        if (!ranges.empty() && ranges.back().second == run.First) {
+            ranges.back().second = end;
+        } else {
+            ranges.emplace_back(run.First, end);
+        }
+        row = NextRow(end);
+    }
+    return ranges;
+}
+
 void TCellSelection::RowsChanged(int row, int by)
 {
     if (row >= m_rows.Count()) {

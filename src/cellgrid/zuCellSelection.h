@@ -6,6 +6,7 @@
 
 #include <limits>
 #include <map>
+#include <utility>
 #include <vector>
 
 namespace korvane {
@@ -45,6 +46,9 @@ public:
     void Clear();
     /// The selected blocks from top to bottom; they do not overlap.
     std::vector<TCellRange> Ranges() const;
+
+    /// Rows with a selected cell as first and end of stretches, ascending and apart.
+    std::vector<std::pair<int, int>> RowRanges() const;
 
     void RowsChanged(int row, int by);
     void ColumnsChanged(int column, int by);

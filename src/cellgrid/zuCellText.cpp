@@ -55,6 +55,17 @@ std::size_t LineLength(const TCanvas &canvas, std::string_view text, int width)
 
 } // namespace
 
+std::size_t FindCaseless(std::string_view text, std::string_view part, std::size_t from)
+{
+    const auto lower = [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c + 32) : c; };
+    const std::string_view rest = text.substr(std::min(from, text.size()));
+    const auto found = std::search(rest.begin(), rest.end(), part.begin(), part.end(),
+                                   [lower](char a, char b) { return lower(a) == lower(b); });
+    return found == rest.end() && !part.empty()
+               ? std::string_view::npos
+               : text.size() - static_cast<std::size_t>(rest.end() - found);
+}
+
 std::string_view FirstLine(std::string_view text)
 {
     return text.substr(0, text.find('\n'));

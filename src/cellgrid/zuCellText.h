@@ -17,6 +17,10 @@ KORVANE_CORE_API std::vector<std::string_view> WrappedText(const TCanvas &canvas
 /// The text, or its longest beginning that fits into the width with an ellipsis behind it.
 KORVANE_CORE_API std::string EllipsizedText(const TCanvas &canvas, std::string_view text,
                                             int width);
+/// Where the part stands in the text from an index on, whatever the case of ASCII letters; npos for
+/// nowhere.
+KORVANE_CORE_API std::size_t FindCaseless(std::string_view text, std::string_view part,
+                                          std::size_t from = 0);
 /// The text up to its first line end.
 KORVANE_CORE_API std::string_view FirstLine(std::string_view text);
 

@@ -36,6 +36,15 @@ TzuGridCore::TzuGridCore(TBabGridCellForViewer &root, TMethod<void()> changed)
     root.OnGetCellText = korvane::TOnGetCellText::Bind<&TzuGridCore::GetCellText>(this);
     root.OnSetCellText = [this](auto *grid, auto *column, auto *row, const auto &text,
                                 bool &stored) { OnSetCellText(grid, column, row, text, stored); };
+    root.OnMayDropRows = [this](const TGridRowDrop &drop, bool &mayDrop) {
+        mayDrop = m_tree != nullptr
+                  && TzuGridTree::CanMove(m_tree->MoveTo(drop, m_tree->TopmostSelected()));
+    };
+    root.OnDropRows = [this](const TGridRowDrop &drop) {
+        if (m_tree != nullptr) {
+            m_tree->MoveByUser(m_tree->MoveTo(drop, m_tree->TopmostSelected()));
+        }
+    };
     InitColumnsAndFixed(root, m_columns, m_hasInfoCol, m_hasHeaders);
     m_subTreeColumns.Add().SetTreeButton(true);
 }
@@ -44,6 +53,8 @@ TzuGridCore::~TzuGridCore()
 {
     m_tree.reset();
     m_root.OnCreateCell = nullptr;
+    m_root.OnMayDropRows = nullptr;
+    m_root.OnDropRows = nullptr;
     m_root.OnGetCellText = nullptr;
     m_root.OnSetCellText = nullptr;
 }

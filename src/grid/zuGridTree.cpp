@@ -82,6 +82,11 @@ void TzuGridTree::FillController()
     m_controller.OnInfoPush = forNode([this](TNode &node) { OnInfoPush(this, &node); });
     m_controller.OnBeforeCanEditItem =
         forNode([this](TNode &node) { OnBeforeCanEditItem(this, &node); });
+    m_controller.OnSelectionChanged = [this](TzuDataList *, TzuDataEntity *entity) {
+        if (TNode *node = NodeOfEntity(entity)) {
+            SelectionChanged(*node);
+        }
+    };
     m_controller.OnHandlePerformedMove = [this](TzuDataEntity *entity, int, int) {
         if (TNode *node = NodeOfEntity(entity)) {
             MoveRows(*node);
@@ -255,6 +260,18 @@ void TzuGridTree::DropRow(TNode &node)
     }
 }
 
+void TzuGridTree::SelectionChanged(TNode &node)
+{
+    const TzuLifeWatch lives(node);
+    TBabGridCellForViewer *viewer = m_gridCell.GetViewerGridCell();
+    if (!node.m_told && node.m_row != nullptr && viewer != nullptr) {
+        viewer->OnSelectRow(&m_gridCell, GetRow(node), node.GetSelected());
+    }
+    if (lives) {
+        OnSelectionChanged(this, &node);
+    }
+}
+
 // --- places --------------------------------------------------------------------------------------
 
 TzuDataEntity_GridTreeNode *TzuGridTree::NodeOf(const TAxisContentItem *row)
@@ -294,6 +311,13 @@ TzuDataEntity_GridTreeNode *TzuGridTree::GetPrevVisible(const TNode *node) const
 {
     const int row = node != nullptr ? GetRow(*node) : Rows().Count();
     return row <= 0 ? nullptr : GetDataEntityFromRow(Rows().NearestShown(row - 1, -1));
+}
+
+bool TzuGridTree::HasNextShown(const TNode &node) const
+{
+    // What is shown next is of the same parent, or of one further up.
+    const TNode *next = GetDataEntityFromRow(Rows().NearestShown(RowBehind(node), 1));
+    return next != nullptr && next->GetDataList() == node.GetDataList();
 }
 
 /// The row behind the node's and those below it.

@@ -31,6 +31,15 @@ using TOnGridTreeIntegrationEvent = TMethod<void(TzuGridTree *theTree, TGridTree
 using TOnGetNodeKey =
     TMethod<void(TzuGridTree *theTree, TzuDataEntity_GridTreeNode *theNode, std::string &theKey)>;
 
+/// Nodes that are to come below a parent (nil: as roots), in their order, before what stands at
+/// Index of its list now; an Index of Count or more is behind the last one.
+struct TGridTreeMove
+{
+    std::vector<TzuDataEntity_GridTreeNode *> Nodes;
+    TzuDataEntity_GridTreeNode *NewParent = nullptr;
+    int Index = 0;
+};
+
 /// Nodes as rows of one grid cell, in pre-order behind the head. The rows are the tree's own: the
 /// application adds and removes nodes, not rows. Inserting and looking up cost a logarithm and the
 /// depth of the node; expanding and collapsing cost what is shown or hidden by it.
@@ -41,6 +50,7 @@ using TOnGetNodeKey =
 class KORVANE_CORE_API TzuGridTree : public TObject
 {
 public:
+    static constexpr int kAllLevels = 1 << 30;
     using TNodeNotify = TMethod<void(TzuGridTree *theTree, TzuDataEntity_GridTreeNode *theNode)>;
 
     /// Both outlive the tree. The grid cell's rows behind the head are cleared.
@@ -73,12 +83,16 @@ public:
     /// The next node that is not hidden; of nil the first. Nil when there is none.
     TzuDataEntity_GridTreeNode *GetNextVisible(const TzuDataEntity_GridTreeNode *node) const;
     TzuDataEntity_GridTreeNode *GetPrevVisible(const TzuDataEntity_GridTreeNode *node) const;
+    /// Whether a node of the same parent is shown below this one.
+    bool HasNextShown(const TzuDataEntity_GridTreeNode &node) const;
 
     // Expanding. Children that are given on demand are not asked for by these.
-    void FullExpand() { ExpandLevels(1 << 30); }
+    void FullExpand() { ExpandLevels(kAllLevels); }
     void FullCollapse();
     /// Expands the nodes of levels 0..levels - 1.
     void ExpandLevels(int levels);
+    /// Expands the node and what is below it.
+    void ExpandBelow(TzuDataEntity_GridTreeNode &node);
     /// Expands what hides the node.
     void ExpandAncestors(const TzuDataEntity_GridTreeNode &node);
     /// Keys of the expanded nodes, and of those that are awaited.
@@ -88,6 +102,18 @@ public:
     /// Whether nodes without children have a button until they were asked for them.
     bool LoadsOnDemand() const;
 
+    // Moving.
+    /// The nodes whose rows are selected, without those below others of them, from top to bottom.
+    std::vector<TzuDataEntity_GridTreeNode *> TopmostSelected() const;
+    /// What dropping nodes there moves.
+    TGridTreeMove MoveTo(const TGridRowDrop &drop, std::vector<TzuDataEntity_GridTreeNode *> nodes);
+    /// Nothing comes below itself.
+    static bool CanMove(const TGridTreeMove &move);
+    /// Moves without asking. Rows, cells and selection stay with their nodes.
+    void MoveNodes(const TGridTreeMove &move);
+    /// As the user wants it: asked by OnBeforeMove. A new parent's children are asked for first.
+    bool MoveByUser(TGridTreeMove move);
+
     /// Sorts siblings by the order in which their rows stand here, all rows of the tree.
     void Sort(const std::vector<TAxisContentItem *> &order);
 
@@ -96,11 +122,17 @@ public:
     TOnGetNodeKey OnGetNodeKey;
     TNodeNotify OnInsertItem;
     TNodeNotify OnDeleteItem; ///< before the node is freed
+    TNodeNotify OnSelectionChanged;
     TNodeNotify OnExpanded;
     TNodeNotify OnCollapsed;
     TNodeNotify OnInfoPush;
     TNodeNotify OnBeforeCanEditItem;
     TMethod<void(TzuGridTree *theTree, TzuDataList_GridTree *theList)> OnContentChanged;
+    /// A handler that does the moving itself sets `handled`.
+    TMethod<void(TzuGridTree *theTree, const TGridTreeMove &theMove, bool &allow, bool &handled)>
+        OnBeforeMove;
+    /// After a move by the user.
+    TMethod<void(TzuGridTree *theTree, const TGridTreeMove &theMove)> OnMoved;
 
 private:
     friend class TzuDataEntity_GridTreeNode;
@@ -133,8 +165,10 @@ private:
     static int RowsOf(const TNode &node);
     bool IsDisplayed(const TNode &node) const;
     void NodeChanged(TNode &node, bool image);
+    void SelectionChanged(TNode &node);
     void SetNodeExpanded(TNode &node, bool expanded);
     bool LoadChildren(TNode &node);
+    void ExpandRows(int first, TNode *top, int levels);
     void UpdateShown(TNode &node);
     enum class TBelowCollapsed : std::uint8_t { IsHidden, MayBeShown };
     void UpdateShown(int first, int end, TBelowCollapsed below);

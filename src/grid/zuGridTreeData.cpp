@@ -125,6 +125,45 @@ bool TzuDataEntity_GridTreeNode::HasTreeButton() const
     return HasChildren() || (tree != nullptr && tree->LoadsOnDemand());
 }
 
+void TzuDataEntity_GridTreeNode::ExpandTreeBelow()
+{
+    if (TzuGridTree *tree = Tree()) {
+        tree->ExpandBelow(*this);
+    }
+}
+
+bool TzuDataEntity_GridTreeNode::HasNextTreeRow() const
+{
+    const TzuGridTree *tree = Tree();
+    return tree != nullptr && tree->HasNextShown(*this);
+}
+
+bool TzuDataEntity_GridTreeNode::CanShowTreeRow() const
+{
+    const TzuDataEntity_GridTreeNode *node = this;
+    while (node != nullptr && !node->m_hideNode) {
+        node = node->ParentNode();
+    }
+    return node == nullptr;
+}
+
+void TzuDataEntity_GridTreeNode::ShowTreeRow()
+{
+    if (TzuGridTree *tree = Tree()) {
+        tree->ExpandAncestors(*this);
+    }
+}
+
+void TzuDataEntity_GridTreeNode::TreeRowSelected(bool selected)
+{
+    const TzuLifeWatch lives(*this);
+    m_told = true;
+    SetSelected(selected);
+    if (lives) {
+        m_told = false;
+    }
+}
+
 TAxisContentItem *TzuDataEntity_GridTreeNode::ParentRow() const
 {
     const TzuDataEntity_GridTreeNode *parent = ParentNode();

@@ -15,7 +15,8 @@ class TzuDataList_GridTree;
 class TzuGridTree;
 
 /// A row of a grid that is a tree. Every node has its row, hidden while an ancestor is collapsed,
-/// so that cells, heights and selections stay with it.
+/// so that cells, heights and selections stay with it. A node is selected when a cell of its row
+/// is; selecting it selects the row.
 class KORVANE_CORE_API TzuDataEntity_GridTreeNode : public TzuDataEntity, public IBabTreeRow
 {
 public:
@@ -69,6 +70,11 @@ public:
     bool HasTreeButton() const override;
     bool IsTreeExpanded() const override { return m_expanded; }
     void SetTreeExpanded(bool expanded) override { SetExpanded(expanded); }
+    void ExpandTreeBelow() override;
+    bool HasNextTreeRow() const override;
+    bool CanShowTreeRow() const override;
+    void ShowTreeRow() override;
+    void TreeRowSelected(bool selected) override;
     TAxisContentItem *ParentRow() const override;
     void RowGoes() override { m_row = nullptr; }
 
@@ -88,6 +94,7 @@ private:
     bool m_childrenLoaded = false;
     bool m_hideNode = false;
     bool m_leaving = false; ///< being deleted
+    bool m_told = false;    ///< is selected because its row is
 };
 
 /// The children of one node, or the roots of a tree.

@@ -145,15 +145,32 @@ void TzuGridTree::FullCollapse()
 
 void TzuGridTree::ExpandLevels(int levels)
 {
-    for (int row = Rows().FixedCount(); row < Rows().Count(); ++row) {
+    ExpandRows(Rows().FixedCount(), nullptr, levels);
+}
+
+void TzuGridTree::ExpandBelow(TNode &node)
+{
+    const TzuLifeWatch lives(node);
+    SetNodeExpanded(node, true); // asks for children
+    if (lives && node.m_row != nullptr) {
+        ExpandRows(GetRow(node), &node, kAllLevels);
+    }
+}
+
+/// Expands from a row on to the last one below the node; nil: to the last of all.
+void TzuGridTree::ExpandRows(int first, TNode *top, int levels)
+{
+    const auto end = [&] { return top != nullptr ? RowBehind(*top) : Rows().Count(); };
+    for (int row = first; row < end(); ++row) {
         TNode *node = GetDataEntityFromRow(row);
-        if (node != nullptr && node->HasChildren() && node->GetLevel() < levels) {
+        if (node != nullptr && node->HasChildren()
+            && (levels == kAllLevels || node->GetLevel() < levels)) {
             node->m_expanded = true;
             CountChanged(*node->m_childList);
         }
     }
-    UpdateShown(Rows().FixedCount(), Rows().Count(), TBelowCollapsed::MayBeShown);
-    Tell(TGridTreeEvent::RowVisibleChanged, nullptr);
+    UpdateShown(first, end(), TBelowCollapsed::MayBeShown);
+    Tell(TGridTreeEvent::RowVisibleChanged, top);
 }
 
 void TzuGridTree::ExpandAncestors(const TNode &node)

@@ -1,7 +1,7 @@
 // A grid's view without a window, for tests.
 #pragma once
 
-#include "cellgrid/zuBabGridEdit.h"
+#include "cellgrid/zuBabGridFind.h"
 #include "grid/zuGrid.h"
 #include "support/RecordingCanvas.h"
 
@@ -63,7 +63,7 @@ public:
 struct TestGrid : FakeGridHost
 {
     FakeGridEditor Editor;
-    TBabGridEdit View{*this, Editor};
+    TBabGridFind View{*this, Editor};
     TzuGridCore Grid{View.RootCell(), [this] { View.LayoutOutOfDate(); }};
 
     TestGrid()

@@ -1,4 +1,5 @@
 // Mouse, keyboard and tooltips of the grid view.
+#include "cellgrid/qt/zuBabGridFindBar.h"
 #include "cellgrid/qt/zuBabGridView.h"
 #include "foundation/qt/zuConvert.h"
 
@@ -11,6 +12,8 @@
 #include <QToolTip>
 #include <QWheelEvent>
 
+#include <algorithm>
+#include <array>
 #include <optional>
 
 namespace korvane {
@@ -70,7 +73,9 @@ void TBabGridView_Custom::mouseMoveEvent(QMouseEvent *event)
     const QPointer<QWidget> self(this);
     TzuOffscreenPaint::mouseMoveEvent(event);
     if (!self.isNull()) {
-        MouseMove(FromQt(event->modifiers()), ToGrid(event->position().toPoint()));
+        const TPoint place = ToGrid(event->position().toPoint());
+        SetMousePlace(event->buttons() == Qt::NoButton ? std::optional(place) : std::nullopt);
+        MouseMove(FromQt(event->modifiers()), place);
     }
 }
 
@@ -104,6 +109,7 @@ void TBabGridView_Custom::mouseDoubleClickEvent(QMouseEvent *event)
 void TBabGridView_Custom::leaveEvent(QEvent *event)
 {
     TzuOffscreenPaint::leaveEvent(event);
+    SetMousePlace(std::nullopt);
     if (!InGesture()) {
         SetGridCursor(TGridCursor::Arrow);
     }
@@ -193,7 +199,15 @@ void TBabGridView_Custom::keyPressEvent(QKeyEvent *event)
     if (self.isNull() || key == 0) {
         return;
     }
-    if (KeyMoves(*event) || self.isNull() || KeyActs(*event) || self.isNull() || KeyEdits(*event)) {
+    using TKey = bool (TBabGridView_Custom::*)(const QKeyEvent &);
+    constexpr std::array<TKey, 5> kKeys{
+        &TBabGridView_Custom::KeyMoves, &TBabGridView_Custom::KeyActs,
+        &TBabGridView_Custom::KeyFinds, &TBabGridView_Custom::KeyExpands,
+        &TBabGridView_Custom::KeyEdits};
+    const bool used = std::any_of(kKeys.begin(), kKeys.end(), [&](TKey handle) {
+        return self.isNull() || (this->*handle)(*event);
+    });
+    if (used) {
         event->accept();
     } else if (!self.isNull()) {
         QWidget::keyPressEvent(event);
@@ -246,6 +260,42 @@ bool TBabGridView_Custom::KeyActs(const QKeyEvent &event)
     default:
         return false;
     }
+}
+
+bool TBabGridView_Custom::KeyFinds(const QKeyEvent &event)
+{
+    const bool next = event.matches(QKeySequence::FindNext);
+    if (!m_findEnable
+        || (!next && !event.matches(QKeySequence::FindPrevious)
+            && !event.matches(QKeySequence::Find))) {
+        return false;
+    }
+    if (event.matches(QKeySequence::Find) || FindBar().Text().isEmpty()) {
+        ShowFindBar();
+    } else {
+        FindBar().Find(next ? TGridFindFrom::Next : TGridFindFrom::Previous);
+    }
+    return true;
+}
+
+bool TBabGridView_Custom::KeyExpands(const QKeyEvent &event)
+{
+    const TGridCellAt at = FocusCell();
+    const QString text = event.text();
+    if (!at || !at.Grid->ShowsTree() || text.size() != 1 || !QStringLiteral("+-*").contains(text)) {
+        return false;
+    }
+    const bool keypad = event.modifiers().testFlag(Qt::KeypadModifier);
+    const bool types = AutoEditMode() && MayEdit(at);
+    if (!keypad && (types || TreeNodeAt(at) == nullptr)) {
+        return false;
+    }
+    if (text == QStringLiteral("*")) {
+        ExpandNodeBelow(at);
+    } else {
+        ExpandNode(at, text == QStringLiteral("+"));
+    }
+    return true;
 }
 
 bool TBabGridView_Custom::KeyEdits(const QKeyEvent &event)

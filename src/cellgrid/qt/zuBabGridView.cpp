@@ -1,6 +1,7 @@
 #include "cellgrid/qt/zuBabGridView.h"
 
 #include "cellgrid/qt/zuBabGridAccessible.h"
+#include "cellgrid/qt/zuBabGridFindBar.h"
 #include "foundation/qt/zuAccessible.h"
 #include "foundation/qt/zuConvert.h"
 #include "foundation/zuMirrorCanvas.h"
@@ -32,7 +33,7 @@ int BarValue(std::int64_t pixels)
 
 TBabGridView_Custom::TBabGridView_Custom(QWidget *parent)
     : TzuOffscreenPaint(parent)
-    , TBabGridEdit(static_cast<IBabGridHost &>(*this), m_editOpener)
+    , TBabGridFind(static_cast<IBabGridHost &>(*this), m_editOpener)
     , m_vertical(new QScrollBar(Qt::Vertical, this))
     , m_horizontal(new QScrollBar(Qt::Horizontal, this))
 {
@@ -48,6 +49,7 @@ TBabGridView_Custom::TBabGridView_Custom(QWidget *parent)
     for (QScrollBar *bar : {m_vertical, m_horizontal}) {
         bar->hide();
         bar->setCursor(Qt::ArrowCursor);
+        bar->installEventFilter(this);
         connect(bar, &QScrollBar::valueChanged, this, &TBabGridView_Custom::ScrolledByBar);
     }
 }
@@ -60,6 +62,64 @@ void TBabGridView_Custom::SetImageList(const TImageList *images)
         m_images = images;
         LayoutOutOfDate();
     }
+}
+
+void TBabGridView_Custom::SetScrollBarsShown(bool value)
+{
+    if (value != m_scrollBarsShown) {
+        m_scrollBarsShown = value;
+        UpdateScrollBars();
+    }
+}
+
+// --- finding
+// --------------------------------------------------------------------------------------
+
+TBabGridFindBar &TBabGridView_Custom::FindBar()
+{
+    if (m_findBar == nullptr) {
+        m_findBar = new TBabGridFindBar(*this);
+        m_findBar->hide();
+        m_findBar->installEventFilter(this);
+    }
+    return *m_findBar;
+}
+
+int TBabGridView_Custom::FindBarHeight() const
+{
+    return m_findBar != nullptr && !m_findBar->isHidden() ? m_findBar->sizeHint().height() : 0;
+}
+
+void TBabGridView_Custom::SetFindEnable(bool value)
+{
+    m_findEnable = value;
+    if (!value && FindBarHeight() > 0) {
+        m_findBar->Close();
+    }
+}
+
+void TBabGridView_Custom::ShowFindBar()
+{
+    if (m_findEnable && CommitEdit()) {
+        FindBar().Open(m_typed);
+        m_typed.clear();
+    }
+}
+
+std::string TBabGridView_Custom::FoldCase(std::string text) const
+{
+    return FromQt(ToQt(text).toCaseFolded());
+}
+
+bool TBabGridView_Custom::eventFilter(QObject *object, QEvent *event)
+{
+    const bool shows = event->type() == QEvent::Show || event->type() == QEvent::Hide;
+    if (shows && object == m_findBar) {
+        UpdateScrollBars();
+    } else if (event->type() == QEvent::Enter && object != m_findBar) {
+        SetMousePlace(std::nullopt); // onto a scroll bar
+    }
+    return TzuOffscreenPaint::eventFilter(object, event);
 }
 
 QSize TBabGridView_Custom::sizeHint() const
@@ -152,7 +212,8 @@ void TBabGridView_Custom::OffscreenPaint()
 void TBabGridView_Custom::PaintOn(TCanvas &canvas)
 {
     if (isRightToLeft()) {
-        TMirrorCanvas mirrored(canvas, GridSize().Width);
+        // On screen the strip of the scroll bar is at the left.
+        TMirrorCanvas mirrored(canvas, GetIsPrinting() ? GridSize().Width : width());
         TBabGridSelectCore::Paint(mirrored);
     } else {
         TBabGridSelectCore::Paint(canvas);
@@ -162,7 +223,7 @@ void TBabGridView_Custom::PaintOn(TCanvas &canvas)
 void TBabGridView_Custom::OverlayPaint(TCanvas &canvas)
 {
     if (isRightToLeft()) {
-        TMirrorCanvas mirrored(canvas, GridSize().Width);
+        TMirrorCanvas mirrored(canvas, width());
         TBabGridGestures::PaintOverlay(mirrored);
     } else {
         TBabGridGestures::PaintOverlay(canvas);
@@ -181,11 +242,16 @@ void TBabGridView_Custom::RedrawIfNeeded()
 void TBabGridView_Custom::PlaceScrollBars(bool vertical, bool horizontal)
 {
     const int right = vertical ? m_vertical->sizeHint().width() : 0;
-    const int bottom = horizontal ? m_horizontal->sizeHint().height() : 0;
-    m_vertical->setGeometry(width() - right, 0, right, height() - bottom);
-    m_horizontal->setGeometry(0, height() - bottom, width() - right, bottom);
+    const int barHeight = horizontal ? m_horizontal->sizeHint().height() : 0;
+    const int bottom = barHeight + FindBarHeight();
+    const bool mirrored = isRightToLeft();
+    m_vertical->setGeometry(mirrored ? 0 : width() - right, 0, right, height() - bottom);
+    m_horizontal->setGeometry(mirrored ? right : 0, height() - bottom, width() - right, barHeight);
     m_vertical->setVisible(vertical);
     m_horizontal->setVisible(horizontal);
+    if (FindBarHeight() > 0) {
+        m_findBar->setGeometry(0, height() - FindBarHeight(), width(), FindBarHeight());
+    }
     if (right != ReservedRight() || bottom != ReservedBottom()) {
         SetReserved(right, bottom);
         LayoutOutOfDate();
@@ -246,11 +312,12 @@ void TBabGridView_Custom::UpdateScrollBars()
     TellCounts();
     const std::int64_t contentWidth = RootCell().Columns().TotalSize();
     const std::int64_t contentHeight = RootCell().Rows().TotalSize();
-    bool vertical = contentHeight > height();
+    const int forGrid = height() - FindBarHeight();
+    bool vertical = contentHeight > forGrid;
     const bool horizontal =
         contentWidth > width() - (vertical ? m_vertical->sizeHint().width() : 0);
-    vertical = contentHeight > height() - (horizontal ? m_horizontal->sizeHint().height() : 0);
-    PlaceScrollBars(vertical, horizontal);
+    vertical = contentHeight > forGrid - (horizontal ? m_horizontal->sizeHint().height() : 0);
+    PlaceScrollBars(m_scrollBarsShown && vertical, m_scrollBarsShown && horizontal);
     EnsureLayout();
     m_settingBars = true;
     const TSize page = PageSize();
@@ -297,6 +364,7 @@ void TBabGridView_Custom::changeEvent(QEvent *event)
     if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange
         || event->type() == QEvent::LayoutDirectionChange) {
         LayoutOutOfDate();
+        UpdateScrollBars();
     }
 }
 
@@ -315,12 +383,12 @@ void TBabGridView_Custom::PasteFromClipboard()
 
 TPoint TBabGridView_Custom::ToGrid(QPoint place) const
 {
-    return {isRightToLeft() ? GridSize().Width - 1 - place.x() : place.x(), place.y()};
+    return {isRightToLeft() ? width() - 1 - place.x() : place.x(), place.y()};
 }
 
 QRect TBabGridView_Custom::FromGrid(const TRect &rect) const
 {
-    const int left = isRightToLeft() ? GridSize().Width - rect.Right : rect.Left;
+    const int left = isRightToLeft() ? width() - rect.Right : rect.Left;
     return {left, rect.Top, rect.Width(), rect.Height()};
 }
 

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "cellgrid/qt/zuBabGridEditor.h"
-#include "cellgrid/zuBabGridEdit.h"
+#include "cellgrid/zuBabGridFind.h"
 #include "foundation/qt/zuOffscreenPaint.h"
 #include "foundation/zuExport.h"
 
@@ -16,15 +16,19 @@ class QScrollBar;
 
 namespace korvane {
 
+class TBabGridFindBar;
+
 /// A view of cells with scroll bars, mouse and keyboard. What is shown lives in its grid cell
 /// (RootCell); columns of kinds and looks come with TzuGrid.
 ///
 /// Keys: arrows, Page Up and Down, Home and End (with Ctrl: first and last cell), Tab and Shift+Tab
 /// from cell to cell, Enter down or into a grid in a cell and Escape out of it, with Shift
 /// selecting; Left and Right in the column of a tree, and with Alt in any column, collapse and
-/// expand the row; Ctrl+A, Ctrl+C, Ctrl+X and Ctrl+V; Delete empties the selected cells. Space
-/// turns a check box. F2 edits the cell; with AutoEditMode typing does, and Backspace beginning
-/// with an empty text. Elsewhere typed letters look for the row that begins with them.
+/// expand the row, as do + and -, and * all below it, on the keypad or where typing does not edit
+/// the tree's column; Ctrl+F opens a bar to find text, F3 and Shift+F3 go on; Ctrl+A, Ctrl+C,
+/// Ctrl+X and Ctrl+V; Delete empties the selected cells. Space turns a check box. F2 edits the
+/// cell; with AutoEditMode typing does, and Backspace beginning with an empty text. Elsewhere typed
+/// letters look for the row that begins with them.
 ///
 /// In an editor Enter and Tab store and go on, Escape gives up, Up and Down store, and after
 /// typing on the cell Left and Right, too; F2 changes between both. Another control that gets the
@@ -32,7 +36,7 @@ namespace korvane {
 /// calls CommitEdit. Alt+Enter breaks the line of a
 /// memo, Alt+Down opens choices and calendars.
 class KORVANE_WIDGETS_API TBabGridView_Custom : public TzuOffscreenPaint,
-                                                public TBabGridEdit,
+                                                public TBabGridFind,
                                                 private IBabGridHost
 {
     Q_OBJECT
@@ -44,6 +48,10 @@ class KORVANE_WIDGETS_API TBabGridView_Custom : public TzuOffscreenPaint,
     Q_PROPERTY(
         bool ExtendLastColumnToWidth READ ExtendLastColumnToWidth WRITE SetExtendLastColumnToWidth)
     Q_PROPERTY(bool SmoothScrolling READ SmoothScrolling WRITE SetSmoothScrolling)
+    Q_PROPERTY(bool RowMoving READ RowMoving WRITE SetRowMoving)
+    Q_PROPERTY(bool HotTrack READ HotTrack WRITE SetHotTrack)
+    Q_PROPERTY(bool TreeLines READ TreeLines WRITE SetTreeLines)
+    Q_PROPERTY(bool FindEnable READ FindEnable WRITE SetFindEnable)
 
 public:
     explicit TBabGridView_Custom(QWidget *parent = nullptr);
@@ -52,6 +60,14 @@ public:
     /// Whether the vertical scroll bar and the wheel move by pixels rather than by whole rows.
     bool SmoothScrolling() const { return m_smoothScrolling; }
     void SetSmoothScrolling(bool value) { m_smoothScrolling = value; }
+    /// Whether the user can look for text.
+    bool FindEnable() const { return m_findEnable; }
+    void SetFindEnable(bool value);
+    /// Opens the bar in which the user looks for text.
+    void ShowFindBar();
+    /// Without, the scroll bars stay away, as in pictures; what they show can still be scrolled.
+    bool ScrollBarsShown() const { return m_scrollBarsShown; }
+    void SetScrollBarsShown(bool value);
     /// Images of columns with icons; observed, nil for none.
     const TImageList *ImageList() const { return m_images; }
     void SetImageList(const TImageList *images);
@@ -78,6 +94,7 @@ protected:
     void OverlayPaint(TCanvas &canvas) override;
     void FocusCellMoved() override;
     void SelectionEventFired() override;
+    std::string FoldCase(std::string text) const override;
 
     bool event(QEvent *event) override;
     void resizeEvent(QResizeEvent *event) override;
@@ -92,6 +109,7 @@ protected:
     void timerEvent(QTimerEvent *event) override;
     void changeEvent(QEvent *event) override;
     bool focusNextPrevChild(bool next) override;
+    bool eventFilter(QObject *object, QEvent *event) override;
 
 private:
     void InvalidateGrid() override;
@@ -113,6 +131,10 @@ private:
     void ScrolledByBar();
     bool ScrolledByFinger(QEvent &event);
     void ShowToolTip(const QHelpEvent &help);
+    TBabGridFindBar &FindBar();
+    int FindBarHeight() const;
+    bool KeyFinds(const QKeyEvent &event);
+    bool KeyExpands(const QKeyEvent &event);
     bool KeyMoves(const QKeyEvent &event);
     bool KeyActs(const QKeyEvent &event);
     bool KeyEdits(const QKeyEvent &event);
@@ -122,12 +144,15 @@ private:
     TBabGridEditOpener m_editOpener{*this};
     QScrollBar *m_vertical;
     QScrollBar *m_horizontal;
+    TBabGridFindBar *m_findBar = nullptr; ///< made when it is first wanted
     const TImageList *m_images = nullptr;
     QBasicTimer m_autoScroll;
     QElapsedTimer m_sinceTyped;
     QString m_typed;
     QPoint m_wheelRest; ///< turns of the wheel that were too small to scroll
     bool m_smoothScrolling = true;
+    bool m_findEnable = true;
+    bool m_scrollBarsShown = true;
     int m_toldRows = 0; ///< to assistive tools
     int m_toldColumns = 0;
     bool m_updateQueued = false;
