@@ -13,6 +13,7 @@
 QWidget *CreateDateScalerPage();
 QWidget *CreateTreePage();
 QWidget *CreateGanttPage();
+QWidget *CreateGanttGridPage();
 QWidget *CreateSchemaPage();
 QWidget *CreateGridPage();
 
@@ -28,6 +29,7 @@ inline const std::array kGalleryPages = {
     TGalleryPage{"Date scaler", "date-scaler", QSize(1000, 590), &CreateDateScalerPage},
     TGalleryPage{"Tree", "tree", QSize(1000, 480), &CreateTreePage},
     TGalleryPage{"Gantt chart", "gantt", QSize(1200, 600), &CreateGanttPage},
+    TGalleryPage{"Gantt chart with a grid", "gantt-grid", QSize(1200, 420), &CreateGanttGridPage},
     TGalleryPage{"Schedule", "schedule", QSize(1200, 560), &CreateSchemaPage},
     TGalleryPage{"Grid", "grid", QSize(1000, 480), &CreateGridPage},
     TGalleryPage{"Show a plan", "show-a-plan", QSize(760, 240), &ShowAPlan},
