@@ -28,6 +28,15 @@ public:
             m_watches.push_back(node != nullptr ? std::make_unique<TzuLifeWatch>(*node) : nullptr);
         }
     }
+    TLivingNodes(const TLivingNodes &) = delete;
+    TLivingNodes &operator=(const TLivingNodes &) = delete;
+    ~TLivingNodes()
+    {
+        while (!m_watches.empty()) {
+            m_watches.pop_back(); // watches end in the reverse order of their beginning
+        }
+    }
+
     bool Lives(std::size_t index) const
     {
         return m_watches[index] == nullptr || static_cast<bool>(*m_watches[index]);
