@@ -150,20 +150,19 @@ bool TBabGridCell::TellRows(const std::shared_ptr<TTold> &told, bool selected)
     const auto changes = m_rows.Changes();
     for (const auto &[first, end] : StretchesWithout(now.RowRanges(), before.RowRanges())) {
         for (int row = first; row < end; ++row) {
-            if (told->Rows.RowHasSelected(row) == selected
-                || Selection().RowHasSelected(row) != selected) {
+            if (Selection().RowHasSelected(row) != selected) {
                 continue; // a node that was told before saw to it
             }
-            const TCellRange range{0, row, TCellSelection::kAllColumns, row};
-            selected ? told->Rows.Select(range) : told->Rows.Deselect(range);
             const TAxisContentItem *item = m_rows.FindLoaded(row);
             if (IBabTreeRow *node = item != nullptr ? TreeRowOf(*item) : nullptr) {
                 node->TreeRowSelected(selected);
             }
             if (!told->GridLives || m_rows.Changes() != changes) {
-                return false;
+                return false; // those that were told already are told once more
             }
         }
+        const TCellRange rows{0, first, TCellSelection::kAllColumns, end - 1};
+        selected ? told->Rows.Select(rows) : told->Rows.Deselect(rows);
     }
     return true;
 }

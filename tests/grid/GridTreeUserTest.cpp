@@ -139,7 +139,7 @@ TEST_F(GridTreeUser, NodesAndRowsAreSelectedTogether)
     View.SetMultiSelect(false);
     Named["a2"]->SetSelected(true);
     Named["b"]->SetSelected(true);
-    EXPECT_EQ(logged(), "+a2+b-a2");
+    EXPECT_EQ(logged(), "+a2-a2+b");
 
     // A handler that changes the rows while nodes are being told.
     Grid.GetTree()->OnSelectionChanged = [this](TzuGridTree *tree, TNode *node) {
