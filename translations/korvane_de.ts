@@ -552,6 +552,33 @@
     </message>
 </context>
 <context>
+    <name>korvane::TBabGridFindBar</name>
+    <message>
+        <source>Find</source>
+        <translation>Suchen</translation>
+    </message>
+    <message>
+        <source>Find Previous</source>
+        <translation>Vorherige Stelle</translation>
+    </message>
+    <message>
+        <source>Find Next</source>
+        <translation>Nächste Stelle</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Schließen</translation>
+    </message>
+    <message>
+        <source>Not found</source>
+        <translation>Nicht gefunden</translation>
+    </message>
+    <message>
+        <source>Went on from the other end</source>
+        <translation>Am anderen Ende weitergesucht</translation>
+    </message>
+</context>
+<context>
     <name>korvane::TCollectionEditor</name>
     <message>
         <source>Columns</source>

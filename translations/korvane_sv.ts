@@ -552,6 +552,33 @@
     </message>
 </context>
 <context>
+    <name>korvane::TBabGridFindBar</name>
+    <message>
+        <source>Find</source>
+        <translation>Sök</translation>
+    </message>
+    <message>
+        <source>Find Previous</source>
+        <translation>Föregående träff</translation>
+    </message>
+    <message>
+        <source>Find Next</source>
+        <translation>Nästa träff</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Stäng</translation>
+    </message>
+    <message>
+        <source>Not found</source>
+        <translation>Hittades inte</translation>
+    </message>
+    <message>
+        <source>Went on from the other end</source>
+        <translation>Fortsatte från andra änden</translation>
+    </message>
+</context>
+<context>
     <name>korvane::TCollectionEditor</name>
     <message>
         <source>Columns</source>
