@@ -27,7 +27,8 @@ void TBabGridPainter::PaintMarks(std::string_view line, TPoint at, const TRect &
         return;
     }
     const TSize extent = m_canvas.TextExtent(line);
-    const TColor color = Mixed(m_cellColor, Rgb(0xff, 0xb0, 0x00), 50);
+    const TColor color = m_cellColor == clHighlight ? Mixed(clHighlight, clHighlightText, 35)
+                                                    : Mixed(m_cellColor, Rgb(0xff, 0xb0, 0x00), 50);
     for (auto from = FindCaseless(line, marked); from != std::string_view::npos;
          from = FindCaseless(line, marked, from + marked.size())) {
         const int begin = m_canvas.TextExtent(line.substr(0, from)).Width;

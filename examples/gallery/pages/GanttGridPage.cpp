@@ -37,6 +37,11 @@ enum { kName, kWho, kDays };
 
 void AddColumns(TzuGant &gant)
 {
+    TzuCellLayout &right = gant.Grid_CellLayouts().Add();
+    right.SetName("Right");
+    right.SetHorzAlignRight(true);
+    right.SetVertAlignCenter(true);
+    right.SetMinHeight(kRowHeight);
     TzuGrid_Columns &columns = gant.Grid_Columns();
     columns.At(kName).SetHeaderText("Job");
     columns.At(kName).SetWidth(170);
@@ -47,6 +52,7 @@ void AddColumns(TzuGant &gant)
     days.SetHeaderText("Days");
     days.SetWidth(60);
     days.SetNumericSort(true);
+    days.SetLayoutName("Right");
     days.SetReadOnly(true);
     for (int i = 0; i < columns.Count(); ++i) {
         columns.At(i).SetSortEnable(true);

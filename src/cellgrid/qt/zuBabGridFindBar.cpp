@@ -21,10 +21,10 @@ constexpr int kCellsPerLook = 200;
 constexpr int kSliceMilliseconds = 8;
 constexpr int kFieldWidth = 220;
 
-QToolButton *CreateButton(QWidget *bar, QStyle::StandardPixmap icon)
+QToolButton *CreateButton(QWidget *bar, Qt::ArrowType arrow)
 {
     auto *button = new QToolButton(bar);
-    button->setIcon(bar->style()->standardIcon(icon));
+    button->setArrowType(arrow);
     button->setAutoRaise(true);
     button->setFocusPolicy(Qt::NoFocus);
     return button;
@@ -37,11 +37,12 @@ TBabGridFindBar::TBabGridFindBar(TBabGridView_Custom &view)
     , m_view(view)
     , m_field(new QLineEdit(this))
     , m_message(new QLabel(this))
-    , m_previous(CreateButton(this, QStyle::SP_ArrowUp))
-    , m_next(CreateButton(this, QStyle::SP_ArrowDown))
-    , m_close(CreateButton(this, QStyle::SP_TitleBarCloseButton))
+    , m_previous(CreateButton(this, Qt::UpArrow))
+    , m_next(CreateButton(this, Qt::DownArrow))
+    , m_close(CreateButton(this, Qt::NoArrow))
 {
     setAutoFillBackground(true);
+    m_close->setIcon(style()->standardIcon(QStyle::SP_TitleBarCloseButton));
     setCursor(Qt::ArrowCursor);
     m_field->setClearButtonEnabled(true);
     m_field->setMaximumWidth(kFieldWidth);
