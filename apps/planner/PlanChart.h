@@ -179,6 +179,8 @@ private:
     void MakeTable();
     void FillTable();
     void AddGridNode(int task);
+    void ItemsAdded(std::span<const int> added, std::size_t count);
+    void TextsChanged();
     void MoveGridNode(int task);
     void CopyExpansions();
     void ApplyTableLooks();

@@ -199,7 +199,7 @@ void PlanChart::TasksInserted(std::span<const int> tasks)
             AddGridNode(task);
         }
     }
-    PlacesChanged();
+    ItemsAdded(tasks, m_items.size());
 }
 
 void PlanChart::TasksRemoved(std::span<const int> tasks)
@@ -262,7 +262,25 @@ void PlanChart::AddLine(int index)
 
 void PlanChart::LinkChanged(int /*link*/)
 {
-    PlacesChanged();
+    TextsChanged();
+}
+
+/// Items of which there are `count` now; where they came behind all others these keep their places.
+void PlanChart::ItemsAdded(std::span<const int> added, std::size_t count)
+{
+    if (static_cast<std::size_t>(added.front()) + added.size() == count) {
+        TextsChanged();
+    } else {
+        PlacesChanged();
+    }
+}
+
+void PlanChart::TextsChanged()
+{
+    if (m_table != nullptr) {
+        m_table->PlanChanged();
+    }
+    GantArea().Invalidate();
 }
 
 /// Tasks have other numbers, or links lead elsewhere.
@@ -270,9 +288,8 @@ void PlanChart::PlacesChanged()
 {
     if (m_table != nullptr) {
         m_table->LinksChanged();
-        m_table->PlanChanged();
     }
-    GantArea().Invalidate();
+    TextsChanged();
 }
 
 void PlanChart::LinksInserted(std::span<const int> links)
@@ -282,7 +299,7 @@ void PlanChart::LinksInserted(std::span<const int> links)
     for (const int link : links) {
         AddLine(link);
     }
-    PlacesChanged();
+    ItemsAdded(links, m_lines.size());
 }
 
 void PlanChart::LinksRemoved(std::span<const int> links)

@@ -189,6 +189,19 @@ void PlanEdits::SetCell(const TaskCellText &cell, const TaskCells &cells, Predec
     });
 }
 
+bool PlanEdits::AppendTasks(int count)
+{
+    try {
+        m_document.Edit([&](Plan &plan) {
+            m_cells.Append(PlanEditor(plan, m_watcher)
+                               .Append(count, tr("New task"), NewTaskDates(kNoIndex).Dates));
+        });
+    } catch (const PlanEditRefusal &) {
+        return false; // the cells are told to lie outside
+    }
+    return true;
+}
+
 void PlanEdits::EndCells(const std::function<QString(int count)> &text)
 {
     if (--m_cellDepth > 0 || m_cells.IsEmpty()) {

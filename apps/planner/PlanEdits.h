@@ -40,6 +40,8 @@ public:
     void EndCells(const std::function<QString(int count)> &text);
     /// Throws PlanEditRefusal instead of reporting. Only between BeginCells and EndCells.
     void SetCell(const TaskCellText &cell, const TaskCells &cells, PredecessorIndex &links);
+    /// Likewise only there: that many new tasks at the end of the plan. False when it has no room.
+    bool AppendTasks(int count);
     /// A new task above the given one and on its level, or at the end of the plan for kNoIndex.
     bool Insert(int above);
     bool Delete(const std::vector<int> &tasks);

@@ -83,6 +83,13 @@ PlanTable::PlanTable(TzuGrid &grid, PlanDocument &document, QObject *parent)
     m_grid.OnUserSort = [this](TObject *, TzuGrid_Column *, bool &handled) { Sort(handled); };
     m_grid.OnSelectionChanged = [this](TObject *) { Q_EMIT selectionChanged(); };
     m_grid.OnAfterUserSize = [this](TObject *) { StoreColumns(); };
+    m_grid.OnBeforeRenderCell = [this](TObject *, TCellRender &cell) {
+        const auto *node = TzuGridTree::NodeOf(cell.Row);
+        if (node != nullptr && ColumnOf(*cell.Column) == TaskColumn::Name) {
+            const auto task = static_cast<std::size_t>(PlanChart::TaskOfNode(*node));
+            cell.Font.Bold = GetPlan().Tasks.at(task).HasChildren;
+        }
+    };
     ConnectEditing();
 }
 
@@ -412,6 +419,11 @@ void PlanTable::ConnectEditing()
                                   const std::string &text, bool &stored) {
         SetCell(TaskOf(*row), ColumnOf(*column), ToQt(text));
         stored = true;
+    };
+    m_grid.OnAddRowsForPaste = [this](TObject *, TBabGridCell *, int count) {
+        if (m_edits != nullptr) {
+            m_edits->AppendTasks(count);
+        }
     };
     m_grid.OnBeginUserChange = [this](TObject *, TGridUserChange) {
         if (m_edits != nullptr) {

@@ -7,6 +7,7 @@
 #include "PlanTree.h"
 #include "foundation/qt/zuConvert.h"
 #include "foundation/zuDateUtils.h"
+#include "grid/qt/zuGrid.h"
 #include "plan/PlanDates.h"
 
 #include <QEvent>
@@ -152,6 +153,7 @@ void PlanView::SetScrollBarShown(bool shown)
     m_scrollBarShown = shown;
     QWidget *holder = VertScrollBar().parentWidget();
     holder->setFixedWidth(shown ? VertScrollBar().sizeHint().width() : 0);
+    Grid().SetScrollBarsShown(shown);
 }
 
 bool PlanView::IsSeparated() const

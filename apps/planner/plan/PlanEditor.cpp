@@ -59,10 +59,10 @@ void Resize(PlanTask &task, const PlanSpan &dates)
     task.Parts.back().Finish = task.Dates->Finish;
 }
 
-bool IsLinked(const Plan &plan, int predecessor, int successor)
+bool IsLinked(const Plan &plan, int predecessor, int successor, PredecessorIndex &links)
 {
-    return std::ranges::any_of(plan.Links, [=](const PlanLink &link) {
-        return link.Predecessor == predecessor && link.Successor == successor;
+    return std::ranges::any_of(links.LinksTo(plan, successor), [&](int link) {
+        return plan.Links[link].Predecessor == predecessor;
     });
 }
 
@@ -273,6 +273,13 @@ PlanChange PlanEditor::SetDetails(int task, const TaskDetails &details)
 
 QString PlanEditor::WhyNotLinked(const Plan &plan, int predecessor, int successor)
 {
+    PredecessorIndex links;
+    return WhyNotLinked(plan, predecessor, successor, links);
+}
+
+QString PlanEditor::WhyNotLinked(const Plan &plan, int predecessor, int successor,
+                                 PredecessorIndex &links)
+{
     const QString first = QuotedName(plan.Tasks.at(predecessor));
     const QString second = QuotedName(plan.Tasks.at(successor));
     if (predecessor == successor) {
@@ -283,10 +290,10 @@ QString PlanEditor::WhyNotLinked(const Plan &plan, int predecessor, int successo
         return PlannerText::tr("%1 cannot be linked to its own summary task %2.")
             .arg(isFirstBelow ? first : second, isFirstBelow ? second : first);
     }
-    if (IsLinked(plan, predecessor, successor)) {
+    if (IsLinked(plan, predecessor, successor, links)) {
         return PlannerText::tr("%1 is linked to %2 already.").arg(first, second);
     }
-    if (WouldCloseCircle(plan, predecessor, successor)) {
+    if (WouldCloseCircle(plan, predecessor, successor, links)) {
         return PlannerText::tr("A link from %1 to %2 would close a circle.").arg(first, second);
     }
     if (plan.Links.size() >= PlanBuilder::kMaxItems) {
@@ -323,11 +330,12 @@ PlanChange PlanEditor::LinkInOrder(std::span<const int> tasks)
         if (tasks.size() < 2) {
             Refuse(PlannerText::tr("Select the tasks to be linked, two at least."));
         }
+        PredecessorIndex links;
         for (std::size_t i = 1; i < tasks.size(); ++i) {
-            if (tasks.size() > 2 && IsLinked(m_plan, tasks[i - 1], tasks[i])) {
+            if (tasks.size() > 2 && IsLinked(m_plan, tasks[i - 1], tasks[i], links)) {
                 continue;
             }
-            const QString reason = WhyNotLinked(m_plan, tasks[i - 1], tasks[i]);
+            const QString reason = WhyNotLinked(m_plan, tasks[i - 1], tasks[i], links);
             if (!reason.isEmpty()) {
                 Refuse(reason);
             }

@@ -80,6 +80,8 @@ public:
     /// A task of the given name and dates below `parent` (kNoIndex: at the top), before its
     /// subtask `before` (kNoIndex: as the last one).
     PlanChange Insert(int parent, int before, const QString &name, std::optional<PlanSpan> dates);
+    /// That many tasks at the end and at the top, all alike.
+    PlanChange Append(int count, const QString &name, const PlanSpan &dates);
     PlanChange Delete(std::span<const int> tasks);
     /// Copies stand behind their originals and so many days later, with copies of their subtasks
     /// and of the links and assignments among them.
@@ -102,6 +104,9 @@ public:
     PlanChange RemoveLinks(std::span<const int> links);
     /// Why the tasks cannot be linked; empty when they can.
     static QString WhyNotLinked(const Plan &plan, int predecessor, int successor);
+    /// The same at the cost of the tasks between them.
+    static QString WhyNotLinked(const Plan &plan, int predecessor, int successor,
+                                PredecessorIndex &links);
 
 private:
     /// Tells where tasks stand after one was moved.
@@ -131,9 +136,9 @@ private:
     void ApplyStart(int index, TDateTime start);
     void ApplyFinish(int index, TDateTime finish);
     void ApplyDuration(int index, double minutes, bool isElapsed);
-    void ApplyPredecessors(int task, const std::vector<PlanLink> &wanted);
+    void ApplyPredecessors(int task, const std::vector<PlanLink> &wanted, PredecessorIndex &links);
     void ApplyAssignments(int task, std::vector<PlanAssignment> wanted);
-    void ApplyCell(const TaskCellText &cell, const TaskCells &cells);
+    void ApplyCell(const TaskCellText &cell, const TaskCells &cells, PredecessorIndex &links);
     /// Copies of the tasks with all below them; tells where the copy of each task is to stand.
     TaskRows Copies(std::span<const int> tops, TDateTime days, std::vector<int> &copyOf) const;
     TaskMove ApplyMove(int task, int parent, int before);

@@ -67,15 +67,13 @@ void PlanEditor::ApplyDuration(int index, double minutes, bool isElapsed)
 }
 
 /// Links that stay keep their place, so that what shows them does as well.
-void PlanEditor::ApplyPredecessors(int task, const std::vector<PlanLink> &wanted)
+void PlanEditor::ApplyPredecessors(int task, const std::vector<PlanLink> &wanted,
+                                   PredecessorIndex &links)
 {
     LinkRows gone{{}, {}, true};
     std::vector<PlanLink> added = wanted;
-    for (int index = 0; index < std::ssize(m_plan.Links); ++index) {
+    for (const int index : links.LinksTo(m_plan, task)) {
         const PlanLink &link = m_plan.Links[index];
-        if (link.Successor != task) {
-            continue;
-        }
         const auto found = std::ranges::find(added, link.Predecessor, &PlanLink::Predecessor);
         if (found == added.end()) {
             gone.Indices.push_back(index);
@@ -88,10 +86,12 @@ void PlanEditor::ApplyPredecessors(int task, const std::vector<PlanLink> &wanted
     }
     if (!gone.Indices.empty()) {
         Do(std::move(gone));
+        links.OutOfDate();
     }
     for (const PlanLink &link : added) {
-        const QString reason = WhyNotLinked(m_plan, link.Predecessor, task);
+        const QString reason = WhyNotLinked(m_plan, link.Predecessor, task, links);
         if (!reason.isEmpty()) {
+            links.OutOfDate(); // what was done is taken back
             Refuse(reason);
         }
         InsertLinks({link});
@@ -105,7 +105,8 @@ void PlanEditor::ApplyAssignments(int task, std::vector<PlanAssignment> wanted)
     }
 }
 
-void PlanEditor::ApplyCell(const TaskCellText &cell, const TaskCells &cells)
+void PlanEditor::ApplyCell(const TaskCellText &cell, const TaskCells &cells,
+                           PredecessorIndex &links)
 {
     const int index = cell.Task;
     const WorkCalendar &calendar = m_plan.ProjectCalendar();
@@ -130,7 +131,7 @@ void PlanEditor::ApplyCell(const TaskCellText &cell, const TaskCells &cells)
         return ApplyDuration(index, duration.Minutes, duration.IsElapsed);
     }
     case TaskColumn::Predecessors:
-        return ApplyPredecessors(index, cells.ParsePredecessors(m_plan, index, cell.Text));
+        return ApplyPredecessors(index, cells.ParsePredecessors(m_plan, index, cell.Text), links);
     case TaskColumn::Resources:
         return ApplyAssignments(index, cells.ParseResources(m_plan, index, cell.Text));
     case TaskColumn::PercentComplete: {
@@ -149,7 +150,7 @@ PlanChange PlanEditor::SetCell(const TaskCellText &cell, const TaskCells &cells,
         const QString shown = cells.Text(m_plan, cell.Task, cell.Column, links);
         // What is shown may be less exact than what is there.
         if (cell.Text.simplified() != shown.simplified()) {
-            ApplyCell(cell, cells);
+            ApplyCell(cell, cells, links);
         }
     });
 }

@@ -70,6 +70,26 @@ PlanChange PlanEditor::Insert(int parent, int before, const QString &name,
     });
 }
 
+PlanChange PlanEditor::Append(int count, const QString &name, const PlanSpan &dates)
+{
+    return Edit([&] {
+        CheckRoom(static_cast<std::size_t>(count));
+        TaskRows rows;
+        const std::int64_t first = NextTaskUid(m_plan);
+        for (int i = 0; i < count; ++i) {
+            PlanTask task;
+            task.Uid = first == kNoUid ? kNoUid : first + i;
+            task.Name = CheckedName(name);
+            task.Dates = dates;
+            task.Level = 1;
+            rows.Indices.push_back(static_cast<int>(m_plan.Tasks.size()) + i);
+            rows.Kept.push_back(std::move(task));
+        }
+        m_change.TasksAfter = rows.Indices;
+        Do(std::move(rows));
+    });
+}
+
 PlanChange PlanEditor::Delete(std::span<const int> tasks)
 {
     return Edit([&] {

@@ -2,25 +2,26 @@
 
 #include "plan/PlanOutline.h"
 
+#include <set>
+#include <span>
+#include <utility>
+
 namespace korvane::planner {
 
 namespace {
-
-/// Which end of the links is looked from.
-enum class Direction : std::uint8_t { Forward, Backward };
 
 /// The neighbours of every task in one direction, as slices of one list.
 class Neighbours
 {
 public:
-    Neighbours(const Plan &plan, Direction direction)
+    Neighbours(const Plan &plan, LinkDirection direction)
         : m_first(plan.Tasks.size() + 1)
         , m_others(plan.Links.size())
     {
         const auto near =
-            direction == Direction::Forward ? &PlanLink::Predecessor : &PlanLink::Successor;
+            direction == LinkDirection::Forward ? &PlanLink::Predecessor : &PlanLink::Successor;
         const auto far =
-            direction == Direction::Forward ? &PlanLink::Successor : &PlanLink::Predecessor;
+            direction == LinkDirection::Forward ? &PlanLink::Successor : &PlanLink::Predecessor;
         for (const PlanLink &link : plan.Links) {
             ++m_first[link.*near];
         }
@@ -46,7 +47,7 @@ private:
 };
 
 /// Takes away, again and again, the tasks that no remaining link leads to.
-void Peel(const Plan &plan, Direction direction, std::vector<bool> &isLeft)
+void Peel(const Plan &plan, LinkDirection direction, std::vector<bool> &isLeft)
 {
     const Neighbours next(plan, direction);
     std::vector<int> incoming(plan.Tasks.size());
@@ -79,8 +80,8 @@ void Peel(const Plan &plan, Direction direction, std::vector<bool> &isLeft)
 std::vector<int> TasksInCircles(const Plan &plan)
 {
     std::vector<bool> isLeft(plan.Tasks.size(), true);
-    Peel(plan, Direction::Forward, isLeft);
-    Peel(plan, Direction::Backward, isLeft);
+    Peel(plan, LinkDirection::Forward, isLeft);
+    Peel(plan, LinkDirection::Backward, isLeft);
     std::vector<int> tasks;
     for (int task = 0; task < static_cast<int>(isLeft.size()); ++task) {
         if (isLeft[task]) {
@@ -90,40 +91,142 @@ std::vector<int> TasksInCircles(const Plan &plan)
     return tasks;
 }
 
-bool WouldCloseCircle(const Plan &plan, int predecessor, int successor)
+// --- the index -----------------------------------------------------------------------------------
+
+void PredecessorIndex::Update(const Plan &plan)
 {
-    const Neighbours next(plan, Direction::Forward);
-    std::vector<bool> isReached(plan.Tasks.size());
-    std::vector<bool> isDelayed(plan.Tasks.size()); // as a whole, with its subtasks
-    std::vector<int> open;
-    const auto reach = [&](int task) {
-        if (!isReached[task]) {
-            isReached[task] = true;
-            open.push_back(task);
+    if (!m_isUpToDate || m_to.Next.size() > plan.Links.size()
+        || m_to.First.size() > plan.Tasks.size()) {
+        m_from = m_to = {};
+    }
+    m_isUpToDate = true;
+    const auto take = [&plan](Chains &chains, int PlanLink::*end) {
+        chains.First.resize(plan.Tasks.size(), kNoIndex);
+        chains.Last.resize(plan.Tasks.size(), kNoIndex);
+        for (std::size_t link = chains.Next.size(); link < plan.Links.size(); ++link) {
+            const auto task = static_cast<std::size_t>(plan.Links[link].*end);
+            const int last = std::exchange(chains.Last.at(task), static_cast<int>(link));
+            (last == kNoIndex ? chains.First[task] : chains.Next[static_cast<std::size_t>(last)]) =
+                static_cast<int>(link);
+            chains.Next.push_back(kNoIndex);
         }
     };
-    const auto delay = [&](int task) {
-        if (isDelayed[task]) {
-            return;
+    take(m_from, &PlanLink::Predecessor);
+    take(m_to, &PlanLink::Successor);
+}
+
+std::vector<int> PredecessorIndex::LinksOf(const Plan &plan, LinkDirection direction, int task)
+{
+    Update(plan);
+    const Chains &chains = direction == LinkDirection::Forward ? m_from : m_to;
+    std::vector<int> links;
+    for (int link = chains.First.at(static_cast<std::size_t>(task)); link != kNoIndex;
+         link = chains.Next[static_cast<std::size_t>(link)]) {
+        links.push_back(link);
+    }
+    return links;
+}
+
+// --- circles -------------------------------------------------------------------------------------
+
+namespace {
+
+/// A search along the links from one end. Forward a task is reached when it is delayed at all, and
+/// whole when all below it is, too; backward likewise what delays it.
+class Reach
+{
+public:
+    Reach(const Plan &plan, PredecessorIndex &links, LinkDirection direction)
+        : m_plan(plan)
+        , m_links(links)
+        , m_isForward(direction == LinkDirection::Forward)
+    {
+    }
+
+    void Touch(int task) { Add(task, false); }
+    void TouchWhole(int task) { Add(task, true); }
+    bool HasTouched(int task) const { return m_known.contains({task, false}); }
+    bool HasTouchedWhole(int task) const { return m_known.contains({task, true}); }
+
+    /// False when there is nothing left to look at.
+    bool Step()
+    {
+        if (m_open.empty()) {
+            return false;
         }
-        const int end = SubtreeEnd(plan, task);
-        for (int below = task; below < end; ++below) {
-            isDelayed[below] = true;
-            reach(below);
-        }
-    };
-    delay(successor);
-    while (!open.empty()) {
-        const int task = open.back();
-        open.pop_back();
-        for (const int other : next.Of(task)) {
-            delay(other);
-        }
-        if (plan.Tasks[task].Parent != kNoIndex) {
-            reach(plan.Tasks[task].Parent);
+        const auto [task, whole] = m_open.back();
+        m_open.pop_back();
+        m_isForward ? Forward(task, whole) : Backward(task, whole);
+        return true;
+    }
+
+private:
+    void Add(int task, bool whole)
+    {
+        if (m_known.insert({task, whole}).second) {
+            m_open.emplace_back(task, whole);
         }
     }
-    return isReached[predecessor];
+    template <typename Use>
+    void ForEachChild(int task, Use use) const
+    {
+        const int end = SubtreeEnd(m_plan, task);
+        for (int child = task + 1; child < end; child = SubtreeEnd(m_plan, child)) {
+            use(child);
+        }
+    }
+    void Forward(int task, bool whole)
+    {
+        if (whole) {
+            Touch(task);
+            ForEachChild(task, [this](int child) { TouchWhole(child); });
+            return;
+        }
+        for (const int link : m_links.LinksOf(m_plan, LinkDirection::Forward, task)) {
+            TouchWhole(m_plan.Links[static_cast<std::size_t>(link)].Successor);
+        }
+        const int parent = m_plan.Tasks[static_cast<std::size_t>(task)].Parent;
+        if (parent != kNoIndex) {
+            Touch(parent);
+        }
+    }
+    void Backward(int task, bool whole)
+    {
+        if (!whole) {
+            TouchWhole(task);
+            ForEachChild(task, [this](int child) { Touch(child); });
+            return;
+        }
+        for (const int link : m_links.LinksOf(m_plan, LinkDirection::Backward, task)) {
+            Touch(m_plan.Links[static_cast<std::size_t>(link)].Predecessor);
+        }
+        const int parent = m_plan.Tasks[static_cast<std::size_t>(task)].Parent;
+        if (parent != kNoIndex) {
+            TouchWhole(parent);
+        }
+    }
+
+    const Plan &m_plan;
+    PredecessorIndex &m_links;
+    bool m_isForward;
+    std::set<std::pair<int, bool>> m_known;
+    std::vector<std::pair<int, bool>> m_open;
+};
+
+} // namespace
+
+bool WouldCloseCircle(const Plan &plan, int predecessor, int successor, PredecessorIndex &links)
+{
+    Reach after(plan, links, LinkDirection::Forward);
+    Reach before(plan, links, LinkDirection::Backward);
+    after.TouchWhole(successor);
+    before.Touch(predecessor);
+    while (after.Step() && before.Step()) {
+        if (after.HasTouched(predecessor) || before.HasTouchedWhole(successor)) {
+            return true;
+        }
+    }
+    return after.HasTouched(predecessor) || before.HasTouchedWhole(successor);
 }
 
 } // namespace korvane::planner

@@ -99,36 +99,6 @@ std::string_view TaskColumnKey(TaskColumn column)
     return Of(column).Key;
 }
 
-// --- links ---------------------------------------------------------------------------------------
-
-void PredecessorIndex::Build(const Plan &plan)
-{
-    m_first.assign(plan.Tasks.size() + 1, 0);
-    for (const PlanLink &link : plan.Links) {
-        ++m_first.at(static_cast<std::size_t>(link.Successor) + 1);
-    }
-    for (std::size_t task = 1; task < m_first.size(); ++task) {
-        m_first[task] += m_first[task - 1];
-    }
-    std::vector<int> next(m_first.begin(), m_first.end());
-    m_links.resize(plan.Links.size());
-    for (std::size_t link = 0; link < plan.Links.size(); ++link) {
-        int &place = next[static_cast<std::size_t>(plan.Links[link].Successor)];
-        m_links[static_cast<std::size_t>(place++)] = static_cast<int>(link);
-    }
-    m_isUpToDate = true;
-}
-
-std::span<const int> PredecessorIndex::LinksTo(const Plan &plan, int task)
-{
-    if (!m_isUpToDate) {
-        Build(plan);
-    }
-    const auto at = static_cast<std::size_t>(task);
-    const auto from = static_cast<std::size_t>(m_first.at(at));
-    return std::span(m_links).subspan(from, static_cast<std::size_t>(m_first.at(at + 1)) - from);
-}
-
 // --- texts ---------------------------------------------------------------------------------------
 
 QString TaskCells::Text(const Plan &plan, int task, TaskColumn column,

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "plan/Plan.h"
+#include "plan/PlanLinks.h"
 
 #include <QDate>
 #include <QLocale>
@@ -33,23 +34,6 @@ QString TaskColumnTitle(TaskColumn column);
 QString TaskColumnName(TaskColumn column);
 /// Of settings and of the command line: "duration".
 std::string_view TaskColumnKey(TaskColumn column);
-
-/// Which links lead to a task, at the cost of these.
-class PredecessorIndex
-{
-public:
-    /// The links have changed, or the tasks have other numbers.
-    void OutOfDate() { m_isUpToDate = false; }
-    /// Indices into Plan::Links, ascending.
-    std::span<const int> LinksTo(const Plan &plan, int task);
-
-private:
-    void Build(const Plan &plan);
-
-    std::vector<int> m_links; ///< by successor
-    std::vector<int> m_first; ///< per task and, at the end, their number
-    bool m_isUpToDate = false;
-};
 
 /// Shows and reads values as the user's language writes them. Texts that were shown read as what
 /// they show; Parse functions throw PlanEditRefusal with a sentence for the user.

@@ -176,6 +176,36 @@ TEST_F(PlanTableTest, PastedCellsAreOneStep)
     UndoAll();
 }
 
+TEST_F(PlanTableTest, APasteBeyondTheLastRowBringsNewTasksInTheSameStep)
+{
+    Focus(4, Name);
+    QApplication::clipboard()->setText(u"Four\t\t\t2d\t1\nFive\t\t\t1d\t5\nSix\t\t\t3d\t5, 6"_s);
+    Grid().PasteFromClipboard();
+    ASSERT_EQ(Now().Tasks.size(), 7U);
+    EXPECT_EQ(Text(5, Name) + Text(5, Duration) + Text(5, Predecessors), "Five1d5");
+    EXPECT_EQ(Text(6, Name) + Text(6, Duration) + Text(6, Predecessors), "Six3d5, 6");
+    EXPECT_EQ(Now().Tasks[6].Level, 1);
+    EXPECT_EQ(History().count(), 1);
+    UndoAll();
+    EXPECT_EQ(Grid().RootCell().Rows().Count(), 6);
+    History().redo();
+    EXPECT_EQ(Text(6, Predecessors), "5, 6");
+    UndoAll();
+}
+
+TEST_F(PlanTableTest, SummaryTasksAreBold)
+{
+    std::string bold;
+    const TOnBeforeRenderCell looks = Grid().OnBeforeRenderCell;
+    Grid().OnBeforeRenderCell = [&](TObject *grid, TCellRender &cell) {
+        looks(grid, cell);
+        bold += cell.Font.Bold ? cell.Text : "";
+    };
+    Grid().Invalidate();
+    Settle();
+    EXPECT_EQ(bold, Text(0, Name));
+}
+
 TEST_F(PlanTableTest, SortingOrdersTheRowsAlone)
 {
     Grid().SortByUser(Grid().Columns().At(static_cast<int>(Name)), false);
