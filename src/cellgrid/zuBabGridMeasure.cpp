@@ -111,10 +111,15 @@ int TBabGridLayoutCore::BestColumnWidth(const TGridCellAt &at)
         const std::string text = at.Grid->CellText(*column, *row.Item);
         const TRect cell{0, 0, kFarAway, row.Far - row.Near};
         const TRect content = ContentRect({at.Grid, at.Column, row.Index}, cell);
-        constexpr int kSortMark = 14;
+        constexpr int kSortMark = 14; // has room in every header, a number beside it where it is
+        const TBabColumn *info = row.Fixed ? ColumnOf(*column) : nullptr;
+        const int order = info != nullptr ? info->SortOrder() : 0;
+        const int marks =
+            (row.Fixed ? kSortMark : 0)
+            + (order > 0 ? canvas.TextExtent(std::to_string(order)).Width + kPadding : 0);
         for (const std::string_view line : WrappedText(canvas, text, kFarAway)) {
-            width = std::max(width, canvas.TextExtent(line).Width + kFarAway - content.Width()
-                                        + (row.Fixed ? kSortMark : 0));
+            width =
+                std::max(width, canvas.TextExtent(line).Width + kFarAway - content.Width() + marks);
         }
         width = std::max(width, row.Fixed ? 0 : layout.MinWidth);
     }
