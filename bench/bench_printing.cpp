@@ -59,7 +59,15 @@ void SavesPdf(benchmark::State &state)
     const auto chart = ChartOf(pages * kRowsPerPage);
     const QTemporaryDir folder;
     TzuGanttPrinting printing(*chart);
-    printing.Scaling() = {.Fit = TPrintFit::pfPages, .PagesAcross = 1, .PagesDown = pages};
+    // Paper as high as the rows of a page.
+    constexpr double kPointsPerPixel = 0.75;
+    const int height = kRowsPerPage * chart->Tree().RowHeight() + chart->GetScalerHeight();
+    const QSizeF paper = QSizeF(1200, height) * kPointsPerPixel;
+    printing.Paper().Layout() =
+        QPageLayout(QPageSize(paper, QPageSize::Point, {}, QPageSize::ExactMatch),
+                    QPageLayout::Portrait, QMarginsF(), QPageLayout::Point);
+    printing.Paper().Header() = {};
+    printing.Paper().Footer() = {};
     const double before = PeakMegabytes();
     for (auto _ : state) {
         printing.SavePdf(folder.filePath(QStringLiteral("plan.pdf")));

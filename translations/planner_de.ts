@@ -215,8 +215,8 @@
         <translation>Art</translation>
     </message>
     <message>
-        <source>Show the table of tasks beside the chart in the picture.</source>
-        <translation>Im Bild die Vorgangstabelle neben dem Diagramm zeigen.</translation>
+        <source>Show the table of tasks beside the chart in picture or print.</source>
+        <translation>In Bild oder Druck die Vorgangstabelle neben dem Diagramm zeigen.</translation>
     </message>
     <message>
         <source>First date or date-time in the picture, or of the occurrences to count (ISO 8601).</source>

@@ -215,8 +215,8 @@
         <translation>typ</translation>
     </message>
     <message>
-        <source>Show the table of tasks beside the chart in the picture.</source>
-        <translation>Visa aktivitetstabellen bredvid schemat i bilden.</translation>
+        <source>Show the table of tasks beside the chart in picture or print.</source>
+        <translation>Visa aktivitetstabellen bredvid schemat i bild eller utskrift.</translation>
     </message>
     <message>
         <source>First date or date-time in the picture, or of the occurrences to count (ISO 8601).</source>

@@ -53,7 +53,7 @@ struct Options
         PlannerText::tr("kind", "value of an option")};
     QCommandLineOption Table{
         QStringLiteral("table"),
-        PlannerText::tr("Show the table of tasks beside the chart in the picture.")};
+        PlannerText::tr("Show the table of tasks beside the chart in picture or print.")};
     QCommandLineOption From{QStringLiteral("from"),
                             PlannerText::tr("First date or date-time in the picture, or of the "
                                             "occurrences to count (ISO 8601)."),

@@ -151,6 +151,14 @@ PrintFeatures PlanPrint::Features() const
     return features;
 }
 
+void PlanPrint::ShowTable()
+{
+    if (m_tasks != nullptr) {
+        m_tasks->SetTableShown(true);
+        QApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+    }
+}
+
 /// By their real indexes.
 std::vector<int> PlanPrint::ShownGridColumns() const
 {

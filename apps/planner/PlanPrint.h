@@ -32,6 +32,8 @@ public:
     PrintFeatures Features() const override;
     void Apply(const PrintOptions &options) override;
 
+    /// Prints the table of the tasks beside the chart, in place of the tree.
+    void ShowTable();
     /// Prints a stretch of time, as wide as the whole plan is otherwise.
     void SetRange(TDateTime from, TDateTime to);
     PlanView &Chart() { return *m_chart; }

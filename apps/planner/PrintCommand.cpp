@@ -82,8 +82,12 @@ ExitCode PrintPlan(const QString &fileName, const ReadOptions &options, const Pr
         return ExitCode::UnusableFile;
     }
     const ViewKind view = range.View.value_or(
-        result->Value.Kind == PlanKind::Intervals ? ViewKind::Resources : ViewKind::Tasks);
+        result->Value.Kind == PlanKind::Intervals && !range.Table ? ViewKind::Resources
+                                                                  : ViewKind::Tasks);
     PlanPrint print(std::move(result->Value), fileName, view);
+    if (range.Table) {
+        print.ShowTable();
+    }
     print.Apply(OptionsOf(request, print));
     if (range.From || range.To) {
         const TDateTime from = range.From.value_or(print.Chart().Start());

@@ -45,7 +45,6 @@ PrintDialog::PrintDialog(std::unique_ptr<PrintJob> job, QWidget *parent)
     QPushButton *save = buttons->addButton(tr("E&xport..."), QDialogButtonBox::ActionRole);
     print->setObjectName(QStringLiteral("print"));
     save->setObjectName(QStringLiteral("export"));
-    print->setDefault(true);
     connect(print, &QPushButton::clicked, this, &PrintDialog::Print);
     connect(save, &QPushButton::clicked, this, &PrintDialog::Export);
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
@@ -57,6 +56,7 @@ PrintDialog::PrintDialog(std::unique_ptr<PrintJob> job, QWidget *parent)
     layout->addWidget(MakeBar());
     layout->addLayout(middle, 1);
     layout->addWidget(buttons);
+    print->setDefault(true); // now that it is in the dialog
     m_form->setFocus();
     m_changes.setSingleShot(true);
     m_changes.setInterval(kChangesDelay);

@@ -439,7 +439,13 @@ void TPainterCanvas::UseBrush()
 void TPainterCanvas::UseText()
 {
     if (!m_fontInUse) {
-        m_painter->setFont(m_canvasFont->Font());
+        QFont font = m_canvasFont->Font();
+        if (m_vector) {
+            // Any letter spacing, also one that changes nothing, keeps letters apart that would be
+            // one glyph: readers of a document look for "fi" in vain where it is one.
+            font.setLetterSpacing(QFont::PercentageSpacing, 100);
+        }
+        m_painter->setFont(font);
         m_fontInUse = true;
     }
     if (m_penUse != TPenUse::Text) {

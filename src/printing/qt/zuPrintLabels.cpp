@@ -5,7 +5,6 @@
 #include "printing/qt/zuPrintParts.h"
 #include "tree/qt/zuTreeComBasic.h"
 
-#include <QFontInfo>
 #include <QFontMetricsF>
 #include <QPainter>
 #include <QPolygonF>
@@ -73,12 +72,9 @@ std::vector<TPrintGroup> GroupsOf(const std::vector<int> &parents)
     return groups;
 }
 
-/// The tree's font in pixels, so that no device makes points of its own density of it.
 QFont TPrintLabels::Font() const
 {
-    QFont font = m_tree->font();
-    font.setPixelSize(QFontInfo(font).pixelSize());
-    return font;
+    return PaperFont(m_tree->font());
 }
 
 void TPrintLabels::Measure(TzuTree_ComBasic &tree, const std::vector<TzuDataEntity_Tree *> &rows)

@@ -1,5 +1,7 @@
 #include "printing/qt/zuPrintPaper.h"
 
+#include "printing/qt/zuPrintParts.h"
+
 #include <QFontMetricsF>
 #include <QPageSize>
 #include <QPainter>
@@ -68,7 +70,7 @@ void TPrintPaper::Paint(QPainter &painter, const TPrintFields &fields, const QRe
 {
     const QRectF inner = Inner();
     const double line = LineHeight();
-    painter.setFont(m_font);
+    painter.setFont(PaperFont(m_font));
     painter.setPen(Qt::black);
     PaintLine(painter, m_header, {inner.left(), inner.top(), inner.width(), line}, fields);
     PaintLine(painter, m_footer, {inner.left(), inner.bottom() - line, inner.width(), line},

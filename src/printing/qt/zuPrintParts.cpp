@@ -4,6 +4,7 @@
 #include "foundation/zuTranslate.h"
 #include "scaler/qt/zuScaler.h"
 
+#include <QFontInfo>
 #include <QFontMetricsF>
 #include <QLocale>
 #include <QPainter>
@@ -27,6 +28,13 @@ void UsePaper(TzuOffscreenPaint &control)
     control.setPalette(PaperPalette());
     control.setFrameShape(QFrame::NoFrame);
     control.SetColor(clWindow);
+}
+
+QFont PaperFont(QFont font)
+{
+    font.setPixelSize(QFontInfo(font).pixelSize());
+    font.setLetterSpacing(QFont::PercentageSpacing, 100);
+    return font;
 }
 
 QColor ReadableOnPaper(const QColor &color)

@@ -6,6 +6,7 @@
 #include "printing/zuPrintLayout.h"
 
 #include <QColor>
+#include <QFont>
 #include <QPalette>
 #include <QRectF>
 #include <QSizeF>
@@ -37,6 +38,9 @@ inline constexpr int kMostPrintHeadings = 4;
 KORVANE_WIDGETS_API QPalette PaperPalette();
 /// A control that only draws for paper.
 KORVANE_WIDGETS_API void UsePaper(TzuOffscreenPaint &control);
+/// The font in pixels, so that no device makes points of its own density of it, and without
+/// ligatures, so that readers of a document find its texts letter by letter.
+KORVANE_WIDGETS_API QFont PaperFont(QFont font);
 /// Ink that can be read on white paper.
 KORVANE_WIDGETS_API QColor ReadableOnPaper(const QColor &color);
 

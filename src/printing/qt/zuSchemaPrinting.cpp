@@ -5,7 +5,6 @@
 #include "schema/qt/zuSchemaComBasic.h"
 #include "schema/qt/zuSchemaPrintView.h"
 
-#include <QFontInfo>
 #include <QFontMetricsF>
 #include <QPainter>
 #include <QScopeGuard>
@@ -21,9 +20,7 @@ constexpr TColor kPaleStripe = Rgb(246, 246, 246);
 
 QFont CaptionFont(const TzuSchema_ComBasic &schema)
 {
-    QFont font = schema.font();
-    font.setPixelSize(QFontInfo(font).pixelSize());
-    return font;
+    return PaperFont(schema.font());
 }
 
 } // namespace

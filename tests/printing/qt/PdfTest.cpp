@@ -23,12 +23,12 @@ constexpr int kRowsPerGroup = 8;
 
 QString RowName(int number)
 {
-    return QStringLiteral("Row%1x").arg(number, 4, 10, QLatin1Char('0'));
+    return QStringLiteral("fire%1x").arg(number, 4, 10, QLatin1Char('0'));
 }
 
 QString ItemName(int number)
 {
-    return QStringLiteral("Bar%1x").arg(number, 4, 10, QLatin1Char('0'));
+    return QStringLiteral("flag%1x").arg(number, 4, 10, QLatin1Char('0'));
 }
 
 /// A chart of groups whose items have texts, and its print over pages in both directions.
