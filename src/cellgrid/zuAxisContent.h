@@ -26,26 +26,33 @@ class TBabGridCellForViewer;
 class KORVANE_CORE_API TAxisContentList : public TObject
 {
 public:
+    /// The grid cell outlives the axis; `defaultSize` is in pixels.
     TAxisContentList(TBabGridCell &gridCell, int defaultSize);
     ~TAxisContentList() override;
 
+    /// The grid whose axis this is, and which of its two.
     TBabGridCell &getGridCell() const { return m_gridCell; }
     bool IsRowAxis() const;
 
+    /// Numbers of items: all, hidden or not, those that are loaded, and those that the last layout
+    /// showed.
     int Count() const { return m_loaded.Size() + m_unloadedBefore + m_unloadedAfter; }
     int LoadedCount() const { return m_loaded.Size(); }
     int VisibleCount() const { return m_visibles.Size(); }
     /// Number of loaded items that are hidden.
     int GetHiddenRowCount() const { return m_hiddenCount; }
+    /// Numbers of items that are only counted, before and behind the block.
     int UnloadedBefore() const { return m_unloadedBefore; }
     int UnloadedAfter() const { return m_unloadedAfter; }
-    /// Items of the head. The caller sees to it that they are loaded.
+    /// Items of the head; 0 by default. The caller sees to it that they are loaded.
     int FixedCount() const { return m_fixedCount; }
     void SetFixedCount(int count);
     /// Compares with UnloadedBefore alone, so that with a head and unloaded items behind it the
     /// last of those count as loaded; IsPresent tells the truth.
     bool IsLoaded(int index) const;
+    /// Whether the item is loaded; false for indexes that do not exist.
     bool IsPresent(int index) const;
+    /// Between real index and position; of items that are loaded.
     int IndexConvert_RealToLoaded(int index) const
     {
         return index < m_fixedCount ? index : index - m_unloadedBefore;
@@ -62,7 +69,7 @@ public:
     {
         return IsPresent(index) ? m_loaded.At(IndexConvert_RealToLoaded(index)) : nullptr;
     }
-    /// These two throw std::out_of_range.
+    /// Throw std::out_of_range. The second one counts what the last layout showed.
     TAxisContentItem *getLoadedAxisContentItem(int position) const { return m_loaded.At(position); }
     TAxisContentItem *getVisibleAxisContentItem(int k) const { return m_visibles.At(k); }
     /// Real index of an item of this list; costs no refreshing of the others.
@@ -71,6 +78,8 @@ public:
         return IndexConvert_LoadedToReal(m_loaded.IndexOf(&item));
     }
 
+    /// Appends an item, loading the last one. Nil when a handler released the axis. `value` is
+    /// observed.
     TAxisContentItem *AddNew(TObject *value);
     /// Throws std::logic_error while items are being loaded, std::out_of_range beyond 0..Count.
     TAxisContentItem *InsertNew(int index, TObject *value);
@@ -83,16 +92,20 @@ public:
     /// Removes items that are only counted; the viewer's handler may change the range. Both tests
     /// use the raw counts, and a range that starts right behind the block leaves the tail alone.
     void DeleteOfUnloaded(int from, int to);
+    /// Remove everything, or all behind the head, from the last item to the first.
     void Clear() { CommonClear(0); }
     void ClearKeepFixedItems() { CommonClear(m_fixedCount); }
-    /// Puts the loaded items behind the head in another order.
+    /// Puts the loaded items behind the head in another order. Throws std::invalid_argument, and
+    /// changes nothing, for another number of items.
     void Reorder(const std::vector<TAxisContentItem *> &items);
+    /// A copy, the head included.
     std::vector<TAxisContentItem *> LoadedItems() const { return m_loaded.Items(); }
 
     /// The item at a real index behind the head; loads it and what lies between it and the block.
     TAxisContentItem *EnsureLoadedItem(int index);
     /// Creates the items `from`..`to` (both included) at one end of the block.
     void LoadItems(int from, int to, TBlockEnd end);
+    /// Within LoadItems; and whether the last of these was at the front.
     bool IsLoading() const { return m_loadNesting > 0; }
     bool LastLoadAtFront() const { return m_lastLoadAtFront; }
     /// Throws std::out_of_range when the item is not loaded.
@@ -111,11 +124,14 @@ public:
     /// The view fills these anew at each layout.
     void AddToVisible(TAxisContentItem &item);
     void ClearVisibles();
+    /// Keeps the number of hidden items; for the items alone.
     void UpdateHiddenItemsList(TAxisContentItem &item, bool hide);
     /// SetHide of the loaded items `first`..`last` (both included) without the hide event, which is
     /// the caller's to fire.
     void SetHidden(int first, int last, bool hide);
 
+    /// Cached indexes: whether they may be stale and from where, and their refreshing. An item that
+    /// is asked for its index brings all up to date.
     bool IndexesOutOfDate() const { return m_indexesOutOfDate; }
     int FirstStaleIndex() const { return m_firstStaleIndex; }
     void EnsureListIndexes();
@@ -123,12 +139,14 @@ public:
     void UpdateListIndexesFrom(int index);
     int ListIndexOf(const TAxisContentItem &item);
 
-    // Extents in pixels. Items that are not loaded keep the size that was measured, or the default.
+    /// Pixels. Items that are not loaded keep the size that was measured, or the default; hidden
+    /// ones have 0. Indexes out of range throw std::out_of_range.
     int DefaultSize() const { return m_extents.Default(); }
     void SetDefaultSize(int size) { m_extents.SetDefault(size); }
     int SizeAt(int index) const { return m_extents.ExtentAt(index); }
     /// Where the item begins, from the beginning of the axis; also for Count.
     std::int64_t OffsetOf(int index) const { return m_extents.OffsetOf(index); }
+    /// Sum of all sizes, in pixels.
     std::int64_t TotalSize() const { return m_extents.Total(); }
     /// The item at an offset, or the nearest one that is not hidden; -1 when there is none.
     int IndexAt(std::int64_t offset) const { return m_extents.IndexAt(offset); }

@@ -22,6 +22,7 @@ class KORVANE_CORE_API TUserSizeItem : public TObject
 public:
     ~TUserSizeItem() override;
 
+    /// Whether the size counts, and the size in pixels; false and 0 to begin with.
     bool GetUserSizeActive() const { return m_userSizeActive; }
     void SetUserSizeActive(bool active);
     int GetUserSize() const { return m_userSize; }
@@ -43,11 +44,12 @@ class KORVANE_CORE_API TAxisContentItem : public TObject, public TzuLifeWatched
 public:
     ~TAxisContentItem() override;
 
-    /// The application's objects of this column or row; never interpreted here.
+    /// The application's objects of this column or row; observed, never interpreted here.
     TObject *Value() const { return m_value; }
     void SetValue(TObject *value) { m_value = value; }
     TObject *Value2() const { return m_value2; }
     void SetValue2(TObject *value) { m_value2 = value; }
+    /// The axis that holds the item.
     TAxisContentList *List() const { return m_list; }
 
     /// The size that the user or the application set, in pixels, and whether it overrides the
@@ -55,17 +57,21 @@ public:
     int GetUserSize() const;
     /// Also fires the viewer's user-size event, whatever the size was.
     void SetUserSize(int size);
+    /// Whether that size counts; false to begin with.
     bool GetUserSizeActive() const;
     void SetUserSizeActive(bool active);
+    /// The shared size, or nil; observed.
     TUserSizeItem *UserSizeItem() const { return m_userSizeItem; }
     void SetUserSizeItem(TUserSizeItem *shared);
     /// The size that the content asks for; kNotMeasured until a layout pass found it out.
     int AutoSize() const { return m_autoSize; }
     void SetAutoSize(int size);
+    /// See AutoSize.
     static constexpr int kNotMeasured = -1;
     /// Pixels that the item takes; 0 while it is hidden.
     int Size() const;
 
+    /// Whether it takes no room; false to begin with.
     bool GetHide() const { return m_hide; }
     /// A change fires the viewer's hide event.
     void SetHide(bool hide);

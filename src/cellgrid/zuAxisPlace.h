@@ -9,6 +9,7 @@ namespace korvane {
 
 /// After `by` items came at another index, or went from it; -1 when it went.
 KORVANE_CORE_API int ShiftedPlace(int place, int index, int by);
+/// After the item at `from` was moved to `to`.
 KORVANE_CORE_API int PlaceAfterMove(int place, int from, int to);
 /// After items from `first` on took another order: the new one at first + i was at first +
 /// order[i].

@@ -31,6 +31,7 @@ public:
     virtual bool Understand(std::string & /*text*/) const { return true; }
 };
 
+/// Any text.
 class KORVANE_CORE_API TBabCellData_Text : public TBabCellData
 {
 public:
@@ -49,6 +50,7 @@ private:
 class KORVANE_CORE_API TBabCellData_Bool : public TBabCellData
 {
 public:
+    /// False to begin with.
     bool Value() const { return m_value; }
     void SetValue(bool value) { m_value = value; }
     std::string Text() const override { return m_value ? "1" : "0"; }
@@ -72,33 +74,40 @@ private:
 class TBabCellData_Combo : public TBabCellData_Text
 {
 public:
+    /// The texts to choose from, in this order.
     std::vector<std::string> Items;
     bool FreeText = false; ///< the user may enter other texts than the items
 };
 
+/// Which half of an instant a cell is about.
 enum class TDateTimePart : std::uint8_t { Date, Time };
 
 /// A date or a time of day in the locale's short form; may be empty.
 class KORVANE_CORE_API TBabCellData_DateTime : public TBabCellData
 {
 public:
+    /// Empty to begin with.
     explicit TBabCellData_DateTime(TDateTimePart part)
         : m_part(part)
     {
     }
+    /// Whether there is no date or time.
     bool IsEmpty() const { return m_empty; }
+    /// The instant, of which only one half shows; meaningless while empty.
     TDateTime Value() const { return m_value; }
     void SetValue(TDateTime value)
     {
         m_value = value;
         m_empty = false;
     }
+    /// The text is empty then, too.
     void SetEmpty() { m_empty = true; }
     std::string Text() const override;
     /// Understands year, month and day as numbers in the order of the locale's short date, the
     /// month by its name, too; hours, minutes and seconds, with the locale's text for the
     /// afternoon; the empty text.
     bool SetText(std::string_view text) override;
+
     bool Understand(std::string &text) const override;
 
 private:
@@ -111,6 +120,7 @@ private:
 class KORVANE_CORE_API TBabCell : public TObject, public TzuLifeWatched
 {
 public:
+    /// Where the cell stands; nil for a cell in no grid.
     TBabGridCell *GridCell() const { return m_gridCell; }
     TAxisContentItem *Column() const { return m_column; }
     TAxisContentItem *Row() const { return m_row; }
@@ -118,12 +128,16 @@ public:
     /// Nil: that of the column, else the grid's. Shared with the layout that it comes from.
     const TLayoutProp *LayoutProp() const { return m_layoutProp.get(); }
     void SetLayoutProp(std::shared_ptr<const TLayoutProp> layout);
+    /// Whether the user cannot change it; false to begin with.
     bool ReadOnly() const { return m_readOnly; }
     void SetReadOnly(bool readOnly) { m_readOnly = readOnly; }
 
+    /// As shown; empty unless a class says otherwise.
     virtual std::string Text() const { return {}; }
     /// False when the cell takes no such text.
     virtual bool SetText(std::string_view /*text*/) { return false; }
+
+    /// By the selection of the grid; a change fires SelectionEvent.
     virtual bool GetSelected() const;
     virtual void SetSelected(bool selected);
 
@@ -153,10 +167,12 @@ public:
         : TBabSimpleCell(std::make_unique<TBabCellData_Text>())
     {
     }
+    /// The cell owns the data, which is not nil.
     explicit TBabSimpleCell(std::unique_ptr<TBabCellData> data)
         : m_data(std::move(data))
     {
     }
+    /// Never nil. A change shows with the next paint.
     TBabCellData &Data() const { return *m_data; }
     void SetData(std::unique_ptr<TBabCellData> data);
     std::string Text() const override { return m_data->Text(); }

@@ -47,17 +47,24 @@ enum class TSortMark : std::uint8_t { None, Ascending, Descending };
 class KORVANE_CORE_API TBabColumn : public TObject, public TzuLifeWatched
 {
 public:
+    /// What the cells hold and how they are edited.
     virtual TColumnKind Kind() const = 0;
+    /// What the head of the column says; UTF-8.
     virtual const std::string &HeaderText() const = 0;
+    /// Whether the user may sort by the column, and how the rows are sorted by it.
     virtual bool SortEnable() const = 0;
     virtual TSortMark SortMark() const = 0;
     /// From 1 on among several columns that are sorted by; 0 beside no other one.
     virtual int SortOrder() const { return 0; }
+    /// Whether the user cannot change any of its cells.
     virtual bool ReadOnly() const = 0;
+    /// Whether it shows the buttons and indents of a tree.
     virtual bool TreeButton() const = 0;
     /// Whether the column shows the tree, in grids whose rows are one.
     bool IsTreeColumn() const { return TreeButton() || Kind() == TColumnKind::tckSubTree; }
+    /// Whether its cells have an image; see IconIndex.
     virtual bool HasIcon() const = 0;
+    /// Whether neighbours that show the same become one; see InOneGroup.
     virtual bool Groupcells() const = 0;
     /// Whether neighbouring cells are shown as one.
     bool GroupsIn(bool gridShowsTree) const

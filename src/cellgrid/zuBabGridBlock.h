@@ -15,20 +15,22 @@ class TBabGridCell;
 /// A column or row that is shown, wholly or in part. Pixels along its axis, half-open.
 struct TGridBand
 {
-    TAxisContentItem *Item = nullptr;
-    int Index = 0;
-    int Near = 0;
-    int Far = 0;
-    bool Fixed = false;
+    TAxisContentItem *Item = nullptr; ///< observed
+    int Index = 0;                    ///< real index
+    int Near = 0;                     ///< pixel at which it begins, scrolled
+    int Far = 0;                      ///< pixel behind its last one
+    bool Fixed = false;               ///< of the head
 };
+/// Bands in order, the fixed ones first.
 using TGridBands = std::vector<TGridBand>;
 
 /// A grid as far as it is shown.
 struct TGridBlock
 {
-    TBabGridCell *Grid = nullptr;
-    TRect Area;      ///< where its bands lie; the rest of it is empty
-    TPoint FixedEnd; ///< where the fixed columns and rows end
+    TBabGridCell *Grid = nullptr; ///< observed
+    TRect Area;                   ///< where its bands lie; the rest of it is empty
+    TPoint FixedEnd;              ///< where the fixed columns and rows end
+    /// Those that are seen at least in part.
     TGridBands Columns;
     TGridBands Rows;
 };
@@ -37,13 +39,15 @@ struct TGridBlock
 /// real index. Heads may be among the rows.
 struct TGridPrintSlice
 {
+    /// A column of the slice.
     struct TColumn
     {
-        int Index = 0;
-        int Width = 0;
+        int Index = 0; ///< real index
+        int Width = 0; ///< in pixels
     };
+    /// From left to right.
     std::vector<TColumn> Columns;
-    int FirstRow = 0;
+    int FirstRow = 0;                ///< real index
     int LastRow = -1;                ///< included
     TMethod<void()> FontChosen = {}; ///< after every change of the canvas' font
 };
@@ -51,14 +55,17 @@ struct TGridPrintSlice
 /// A crossing by real indexes.
 struct TGridCellAt
 {
+    /// The grid, or nil for no crossing; real indexes.
     TBabGridCell *Grid = nullptr;
     int Column = -1;
     int Row = -1;
 
+    /// Whether it is a crossing; not whether that still exists.
     explicit operator bool() const { return Grid != nullptr; }
     friend bool operator==(const TGridCellAt &, const TGridCellAt &) = default;
 };
 
+/// What a point of a view lies on.
 enum class TGridPart : std::uint8_t {
     Nothing,
     Cell,
@@ -71,8 +78,10 @@ enum class TGridPart : std::uint8_t {
     TreeButton
 };
 
+/// What a point hits.
 struct TGridHit
 {
+    /// What was hit, and of which crossing.
     TGridPart Part = TGridPart::Nothing;
     TGridCellAt At;
     TRect Rect; ///< of the crossing

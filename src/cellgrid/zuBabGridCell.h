@@ -22,12 +22,14 @@ class TBabGridCellForViewer;
 class KORVANE_CORE_API TBabGridCell : public TBabCell
 {
 public:
+    /// Sizes, in pixels, of columns and rows without one of their own.
     static constexpr int kDefaultWidth = 64;
     static constexpr int kDefaultHeight = 20;
 
     TBabGridCell();
     ~TBabGridCell() override;
 
+    /// The axes, the cells and the selection; owned by the grid.
     TAxisContentList &Columns() { return m_columns; }
     const TAxisContentList &Columns() const { return m_columns; }
     TAxisContentList &Rows() { return m_rows; }
@@ -45,6 +47,7 @@ public:
     TBabCell &GetCell(TAxisContentItem &column, TAxisContentItem &row);
     /// Likewise by real indexes, loading on demand; nil when there is no such crossing.
     TBabCell *GetCell(int column, int row);
+    /// Nil when the cell does not exist; makes none.
     TBabCell *FindCell(const TAxisContentItem &column, const TAxisContentItem &row) const
     {
         return m_matris.FindCell(column, row);
@@ -52,11 +55,13 @@ public:
     /// What the crossing shows: its cell's text or, without a cell, what the viewer's handler says.
     std::string CellText(TAxisContentItem &column, TAxisContentItem &row);
 
-    /// Whether the last column takes what is left of the width that the grid is shown in.
+    /// Whether the last column takes what is left of the width that the grid is shown in; false by
+    /// default.
     bool ExtendLastColumnToWidth() const { return m_extendLastColumn; }
     void SetExtendLastColumnToWidth(bool extend) { m_extendLastColumn = extend; }
 
-    /// Whether the rows are the nodes of a tree.
+    /// Whether the rows are the nodes of a tree; false by default. Their values are of IBabTreeRow
+    /// then.
     bool ShowsTree() const { return m_showsTree; }
     void SetShowsTree(bool showsTree);
     /// Tells the nodes of the rows whose selection changed since this was called last. The view
@@ -75,7 +80,8 @@ public:
     /// something else, and when it goes.
     void TieTo(TMethod<void(TBabGridCell *theGridCell)> release);
 
-    // Called by the axes.
+    /// Called by the axes: an item has come, is about to go, has moved; something that is not
+    /// loaded has changed. Fires AxisEvent.
     virtual void InsertingAxisItem(TAxisContentList &list, int index);
     virtual void DroppingAxisItem(TAxisContentList &list, int index);
     virtual void MowingAxisItem(TAxisContentList &list, int from, int to);
@@ -85,6 +91,7 @@ public:
                              const std::vector<TAxisContentItem *> &items);
     /// `by` items came at the index, or went from it, loaded or not.
     void AxisCountChanged(TAxisContentList &list, int index, int by);
+    /// Whether any cell of the column or row is selected.
     bool HasSelectedCell(const TAxisContentList &list, int index) const;
 
 private:
@@ -119,24 +126,30 @@ public:
     int Level() const;
 };
 
+/// An item was created that is only counted, and is to be filled.
 using TOnVirtualLoad =
     TMethod<void(TBabGridCell *theGridCell, TAxisContentItem *theItem, bool isRow)>;
 /// A handler that clears `counted` takes the item off the count, too.
 using TOnVirtualUnLoad =
     TMethod<void(TBabGridCell *theGridCell, TAxisContentItem *theItem, bool isRow, bool &counted)>;
+/// Whether the item may be unloaded; `canUnload` is false on entry.
 using TOnCanUnload = TMethod<void(TBabGridCell *theGridCell, TAxisContentItem *theItem, bool isRow,
                                   bool &canUnload)>;
 /// May widen the real indexes `first`..`last` around an item.
 using TOnUnloadIntervall = TMethod<void(TBabGridCell *theGridCell, TAxisContentItem *theItem,
                                         bool isRow, int &first, int &last)>;
+/// Items that are only counted are about to be deleted; the handler may change the range, both ends
+/// included.
 using TOnDeleteOfUnloaded =
     TMethod<void(TBabGridCell *theGridCell, bool isRow, int &from, int &to)>;
+/// Makes the cell of a crossing; nil for the usual one.
 using TOnCreateCell = TMethod<std::unique_ptr<TBabCell>(
     TBabGridCell *theGridCell, TAxisContentItem *theColumn, TAxisContentItem *theRow)>;
 /// A handler that kept the text sets `stored`.
 using TOnSetCellText =
     TMethod<void(TBabGridCell *theGridCell, TAxisContentItem *theColumn, TAxisContentItem *theRow,
                  const std::string &theText, bool &stored)>;
+/// Fills in the text of a crossing without a cell; empty on entry.
 using TOnGetCellText = TMethod<void(TBabGridCell *theGridCell, TAxisContentItem *theColumn,
                                     TAxisContentItem *theRow, std::string &theText)>;
 
@@ -169,6 +182,7 @@ public:
     /// The view's own: `by` items came at an index of an axis, or went from it; an item moved; rows
     /// are about to take another order; a sub-grid is about to go.
     TMethod<void(TAxisContentList *theList, int index, int by)> OnCountChanged;
+    /// See above.
     TMethod<void(TAxisContentList *theList, int from, int to)> OnMoved;
     TMethod<void(TAxisContentList *theList, int first, const std::vector<int> &order)>
         OnRowsReordered;

@@ -20,6 +20,7 @@ inline int ToPixel(std::int64_t value)
 class TGridChanges
 {
 public:
+    /// The grid, and those that it is in, are observed.
     explicit TGridChanges(const TBabGridCell &grid)
     {
         for (const TBabGridCell *each = &grid; each != nullptr; each = each->GridCell()) {

@@ -17,24 +17,25 @@ namespace korvane {
 /// A change of one cell that the user wants.
 struct TCellEdit
 {
+    /// The cell, and its column and row.
     TGridCellAt At;
     TAxisContentItem *Column = nullptr;
     TAxisContentItem *Row = nullptr;
     TBabCell *Cell = nullptr; ///< nil where no cell was put into the crossing
-    std::string Before;
-    std::string Text; ///< that the cell is to get; a handler may change it
-    bool Allow = true;
-    std::string Reason; ///< why not; told to the user
+    std::string Before;       ///< the text that the cell has
+    std::string Text;         ///< that the cell is to get; a handler may change it
+    bool Allow = true;        ///< false: the edit is refused
+    std::string Reason;       ///< why not; told to the user
 };
 
 /// What of a block of texts found a place.
 struct TGridPaste
 {
-    int Stored = 0;
-    int ReadOnly = 0;
-    int Refused = 0; ///< texts that their cells do not take
-    int Outside = 0; ///< beyond the last column or row
-    std::string FirstReason;
+    int Stored = 0;          ///< texts
+    int ReadOnly = 0;        ///< cells that cannot be changed
+    int Refused = 0;         ///< texts that their cells do not take
+    int Outside = 0;         ///< beyond the last column or row
+    std::string FirstReason; ///< of what was refused; told to the user
 };
 
 enum class TGridUserChange : std::uint8_t { ucEdit, ucPaste, ucClear, ucMove };
@@ -55,10 +56,16 @@ enum class TEditKey : std::uint8_t {
     PageDown
 };
 
+/// A text is about to be stored; the handler may change or refuse it.
 using TOnEditStop = TMethod<void(TObject *theGrid, TCellEdit &theEdit)>;
+/// A text was stored.
 using TOnCellEdited = TMethod<void(TObject *theGrid, const TCellEdit &theEdit)>;
+/// Whether the user may change the cell; `theAllow` is true on entry.
 using TOnBeforeEdit = TMethod<void(TObject *theGrid, const TGridCellAt &theCell, bool &theAllow)>;
+/// An event about one cell.
 using TOnCellEvent = TMethod<void(TObject *theGrid, TBabCell *theCell)>;
+/// Bracket around everything that one action of the user changes, for applications that can undo.
+/// With `theChanged` false all is as before.
 using TOnGridBeginUserChange = TMethod<void(TObject *theGrid, TGridUserChange theKind)>;
 using TOnGridEndUserChange =
     TMethod<void(TObject *theGrid, TGridUserChange theKind, bool theChanged)>;
@@ -76,11 +83,11 @@ public:
     /// Both outlive the core and are not called during construction.
     TBabGridEdit(IBabGridHost &host, IBabGridEditHost &editHost);
 
-    /// Whether typing on a cell edits it. Without, only F2 and a double click do, and typing looks
-    /// for the row that begins so.
+    /// Whether typing on a cell edits it; false by default. Without, only F2 and a double click do,
+    /// and typing looks for the row that begins so.
     bool AutoEditMode() const { return m_autoEditMode; }
     void SetAutoEditMode(bool value) { m_autoEditMode = value; }
-    /// Whether the user cannot change any cell.
+    /// Whether the user cannot change any cell; false by default. A change cancels an edit.
     bool ReadOnly() const { return m_readOnly; }
     void SetReadOnly(bool value);
 
@@ -89,10 +96,12 @@ public:
     /// Opens an editor on a cell behind the heads, which gets the focus. False when it has no
     /// editor or may not be changed.
     bool BeginEdit(TGridCellAt at, TEditBegin how, std::string_view typed = {});
+    /// Whether an editor is open, and on which cell; no grid when none is.
     bool IsEditing() const { return m_edited.Grid != nullptr; }
     TGridCellAt EditedCell() const { return m_edited; }
     /// Stores what was typed and closes the editor. False when it is refused and still open.
     bool CommitEdit();
+    /// Closes the editor, and forgets what was typed; nothing without one.
     void CancelEdit();
     /// Scrolls to the cell that is being edited; for when the user types.
     void ShowEditedCell();
@@ -118,6 +127,7 @@ public:
     /// spreadsheets would take for a formula gets an apostrophe.
     void WriteCsv(std::ostream &out);
 
+    /// Asked whenever the user wants to change a cell, and by MayEdit.
     TOnBeforeEdit OnBeforeEdit;
     /// A combo is about to open, or a text to be checked by it: fill the Items of the cell's
     /// TBabCellData_Combo. A cell that is made for this goes afterwards.
@@ -139,6 +149,7 @@ protected:
     void Follow(TGridCellAt &at) { m_followed.push_back(&at); }
     /// Expires with the view.
     std::weak_ptr<char> Life() const { return m_life; }
+    /// The default is an edit, and the turn of the check box.
     void CellDoubleClicked(const TGridCellAt &at) override;
     void CheckBoxClicked(const TGridCellAt &at) override { ToggleCheckBox(at); }
     void DropRows(const TGridRowDrop &drop) override;

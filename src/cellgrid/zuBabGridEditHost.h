@@ -22,20 +22,23 @@ enum class TEditBegin : std::uint8_t {
 /// An editor that is to open.
 struct TEditStart
 {
-    TGridCellAt At;
-    TColumnKind Kind = TColumnKind::tckSimpleEdit;
-    TEditBegin How = TEditBegin::Whole;
-    std::string Text;               ///< that it begins with
-    std::vector<std::string> Items; ///< to choose from; for a combo
-    bool FreeText = true;           ///< whether other texts than the items are taken
+    TGridCellAt At;                                ///< the cell
+    TColumnKind Kind = TColumnKind::tckSimpleEdit; ///< of its column
+    TEditBegin How = TEditBegin::Whole;            ///< see the type
+    std::string Text;                              ///< that it begins with
+    std::vector<std::string> Items;                ///< to choose from; for a combo
+    bool FreeText = true;                          ///< whether other texts than the items are taken
 };
 
+/// Shows the editor and tells what is in it.
 class KORVANE_CORE_API IBabGridEditHost
 {
 public:
     virtual ~IBabGridEditHost() = default;
 
+    /// PlaceEditor follows. At most one editor is open.
     virtual void OpenEditor(const TEditStart &start) = 0;
+    /// What the editor holds now, UTF-8.
     virtual std::string EditorText() const = 0;
     /// The cell has come to lie at `cell`, of which what lies in `clip` may be covered. In pixels
     /// of the view.

@@ -10,6 +10,7 @@ namespace korvane {
 class TBabGridEdit::TFollow
 {
 public:
+    /// Both are observed; `at` becomes the cell's new place, or no grid once the cell is gone.
     TFollow(TBabGridEdit &edit, TGridCellAt &at);
     TFollow(const TFollow &) = delete;
     TFollow &operator=(const TFollow &) = delete;
@@ -18,6 +19,7 @@ public:
     /// Whether the view and the cell still exist.
     bool IsThere() const { return !m_life.expired() && m_at.Grid != nullptr; }
 
+    /// Where the cell is now.
     const TGridCellAt &At() const { return m_at; }
 
 private:

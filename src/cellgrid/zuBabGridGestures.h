@@ -9,6 +9,7 @@
 
 namespace korvane {
 
+/// The user has given a column or a row a size, in pixels.
 using TOnResizeEvent = TMethod<void(TObject *theGrid, TAxisContentItem *theItem, int theSize)>;
 
 /// Selecting, resizing columns and rows, moving columns, and clicks on headers. A press and release
@@ -18,7 +19,8 @@ class KORVANE_CORE_API TBabGridGestures : public TBabGridSelectCore
 public:
     using TBabGridSelectCore::TBabGridSelectCore;
 
-    /// Whether the user may resize columns and rows, and move columns, at their headers.
+    /// Whether the user may resize columns and rows, and move columns, at their headers; true by
+    /// default.
     bool UserSizing() const { return m_userSizing; }
     void SetUserSizing(bool value) { m_userSizing = value; }
     bool ColumnMoving() const { return m_columnMoving; }
@@ -28,7 +30,8 @@ public:
     /// in the tree's column.
     bool RowMoving() const { return m_rowMoving; }
     void SetRowMoving(bool value) { m_rowMoving = value; }
-
+    /// The events of the mouse, in pixels of the view. The left button alone begins gestures;
+    /// another one selects what it goes down on.
     void MouseDown(TMouseButton button, TShiftState shift, TPoint point);
     void MouseMove(TShiftState shift, TPoint point);
     void MouseUp(TMouseButton button, TShiftState shift, TPoint point);
@@ -38,6 +41,7 @@ public:
     /// A tick of scrolling while a gesture that selects or moves rows is held beyond the edge; rows
     /// that are dragged expand the node on which they rest. False when there is nothing to do.
     bool AutoScroll();
+    /// From the press to the release, or to CancelGesture.
     bool InGesture() const { return m_gesture != TGesture::None; }
     /// Makes the column as wide as its shown cells ask for, or the row as high.
     void FitColumn(const TGridCellAt &at);
@@ -52,6 +56,8 @@ public:
 
 protected:
     void SubGridGoes(TBabGridCell *grid) override;
+    /// What a click does beyond selecting; nothing here. `at` is a crossing of the header in the
+    /// first.
     virtual void HeaderClicked(const TGridCellAt & /*at*/, TShiftState /*shift*/) {}
     virtual void CheckBoxClicked(const TGridCellAt & /*at*/) {}
     virtual void CellDoubleClicked(const TGridCellAt & /*at*/) {}

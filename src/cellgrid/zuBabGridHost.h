@@ -9,8 +9,10 @@
 
 namespace korvane {
 
+/// Shapes of the pointer over the grid.
 enum class TGridCursor : std::uint8_t { Arrow, ColumnResize, RowResize };
 
+/// What the layout needs of the control; implemented by the view.
 class KORVANE_CORE_API IBabGridHost
 {
 public:
@@ -26,10 +28,13 @@ public:
     virtual TSize GridSize() const = 0;
     /// Measures text; its font may be set.
     virtual TCanvas &MeasureCanvas() = 0;
+    /// The font of cells that have none of their own.
     virtual TFont GridFont() const = 0;
     /// Nil for none.
     virtual const TImageList *GridImages() const = 0;
+    /// Whether the view has the keyboard.
     virtual bool GridHasFocus() const = 0;
+    /// Shows a pointer over the grid until the next call.
     virtual void SetGridCursor(TGridCursor cursor) = 0;
 };
 

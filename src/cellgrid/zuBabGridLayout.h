@@ -22,10 +22,10 @@ namespace korvane {
 class KORVANE_CORE_API TBabGridLayoutCore : public TObject
 {
 public:
-    static constexpr int kPadding = 4;
-    static constexpr int kGrip = 4; ///< how near to a border counts as on it
-    static constexpr int kCheckBox = 13;
-    static constexpr int kImage = 16;
+    static constexpr int kPadding = 4;     ///< pixels between a border and text
+    static constexpr int kGrip = 4;        ///< how near to a border counts as on it
+    static constexpr int kCheckBox = 13;   ///< side of the box, in pixels
+    static constexpr int kImage = 16;      ///< room for an image, in pixels
     static constexpr int kTreeIndent = 16; ///< per level; the button lies in the last one
 
     /// Whether a single line stands in the middle of `height`, where the layout wants it at an edge
@@ -37,12 +37,15 @@ public:
 
     /// The host outlives the core and is not called during construction.
     explicit TBabGridLayoutCore(IBabGridHost &host);
+    /// Grids in cells go first.
     ~TBabGridLayoutCore() override;
 
+    /// The grid of the view; the columns and rows that an application fills are its axes.
     TBabGridCellForViewer &RootCell() { return *m_root; }
     const TBabGridCellForViewer &RootCell() const { return *m_root; }
     /// The cell at real indexes, made when it does not exist; nil when there is no such crossing.
     TBabCell *GetCell(int column, int row) { return m_root->GetCell(column, row); }
+    /// See TBabGridCell; of the view's grid.
     bool ExtendLastColumnToWidth() const { return m_root->ExtendLastColumnToWidth(); }
     void SetExtendLastColumnToWidth(bool extend);
     /// Look of cells without a layout of their own or of their column.
@@ -51,7 +54,9 @@ public:
 
     /// Everything is laid out anew before it is needed next, and painted.
     void LayoutOutOfDate();
+    /// Brings the layout up to date; nothing when it is.
     void EnsureLayout();
+    /// Whether EnsureLayout would do something.
     bool IsLayoutOutOfDate() const { return m_outOfDate; }
     /// How the picture that was painted last becomes the next one; nothing when all of it is to be
     /// painted.
@@ -71,6 +76,7 @@ public:
     std::int64_t ScrollY() const { return m_scrollY; }
     /// Both come into the range that the content allows.
     void ScrollTo(std::int64_t x, std::int64_t y);
+    /// The largest values that ScrollTo takes; 0 when all fits.
     std::int64_t MaxScrollX() const;
     std::int64_t MaxScrollY() const;
     /// Extent of the scrolling part of the view.
@@ -85,6 +91,7 @@ public:
     /// Where a crossing lies, whether it is in view or not; empty when there is none or it is
     /// hidden.
     TRect CellRect(const TGridCellAt &at);
+    /// What lies at a point of the view; columns and rows that are not loaded count as well.
     TGridHit HitTest(TPoint point);
     /// Where the content of a cell is drawn; without lines, icon and padding.
     TRect ContentRect(const TGridCellAt &at, const TRect &cell) const;
@@ -97,17 +104,22 @@ public:
     /// What a click has to hit to expand or collapse the node; empty without a button.
     TRect TreeButtonRect(const TGridCellAt &at, const TRect &cell) const;
 
+    /// The column that an item stands for; nil for plain text.
     static TBabColumn *ColumnOf(const TAxisContentItem &item);
+    /// The layout of the cell, or that of its column, or the default one.
     const TLayoutProp &LayoutOf(const TBabGridCell &grid, const TAxisContentItem &column,
                                 const TAxisContentItem &row) const;
+    /// The layout's font with UseFontInfo, else the grid's in the layout's FrontColor.
     TFont FontOf(const TLayoutProp &layout) const;
     /// Width that the column's shown cells and its header ask for.
     int BestColumnWidth(const TGridCellAt &at);
+    /// Height that the row's loaded cells ask for, in pixels; at least the default.
     int BestRowHeight(const TGridCellAt &at);
     /// The text of a cell when it does not fit into it, else nothing.
     std::string CutText(const TGridCellAt &at);
 
 protected:
+    /// As given to the constructor.
     IBabGridHost &Host() const { return m_host; }
     /// What is shown stays where it is, but is to be painted anew.
     void InvalidatePicture();
@@ -116,6 +128,7 @@ protected:
     void PictureFollows() { m_picture.Remember(m_shown); }
     /// Adds what else is to be painted anew.
     virtual void AddToPictureMove(TGridPictureMove &) {}
+    /// Nil while the view is shown.
     const TGridPrintSlice *PrintSlice() const { return m_printSlice; }
     /// Before a layout changes what is shown at the top left.
     virtual void TopLeftChanged() {}
@@ -123,6 +136,7 @@ protected:
     virtual void LayoutLost() {}
     /// Columns or rows were hidden or shown.
     virtual void HiddenChanged() {}
+    /// What the grid's events of the same names tell.
     virtual void CountChanged(TAxisContentList *, int /*index*/, int /*by*/) {}
     virtual void ItemMoved(TAxisContentList *, int /*from*/, int /*to*/) {}
     /// Rows from `first` on are about to take another order, as TCellSelection::RowsReordered says.
@@ -130,6 +144,8 @@ protected:
                                const std::vector<int> & /*order*/)
     {
     }
+
+    /// A grid in a cell is about to go; the selection of some grid has changed.
     virtual void SubGridGoes(TBabGridCell *) {}
     virtual void SelectionEventFired() {}
     virtual void SelectRow(const TGridCellAt & /*at*/, bool /*selected*/) {}

@@ -14,17 +14,19 @@ namespace korvane {
 /// A cell that is about to be painted, and how.
 struct TCellRender
 {
+    /// The cell; all are observed.
     TBabGridCell *Grid = nullptr;
     TAxisContentItem *Column = nullptr;
     TAxisContentItem *Row = nullptr;
     TBabCell *Cell = nullptr; ///< nil where nothing was put into the crossing
     TRect Rect;               ///< with its lines, at the right and below
+    /// How it is marked; the colours say so already.
     bool Selected = false;
     bool Focused = false;
     TColor BackColor = clWindow;
     TColor FrontColor = clWindowText;
-    TFont Font{}; ///< its colour does not count
-    std::string Text{};
+    TFont Font{};       ///< its colour does not count
+    std::string Text{}; ///< that it shows
 };
 /// May change colours, font and text. Like the next one for cells behind the heads that hold no
 /// grid, which move as they are when the view scrolls.
@@ -37,11 +39,12 @@ using TOnUserRenderCell =
 /// What a paint shows beyond the cells themselves.
 struct TGridPaintState
 {
-    TGridCellAt Focus;
-    bool HasFocus = false; ///< the view has the keyboard
-    bool FocusRects = true;
-    const TImageList *Images = nullptr;
-    TObject *View = nullptr; ///< what handlers get as the grid
+    TGridCellAt Focus;                  ///< the cell with the focus; no grid for none
+    bool HasFocus = false;              ///< the view has the keyboard
+    bool FocusRects = true;             ///< a frame marks it
+    const TImageList *Images = nullptr; ///< nil draws none
+    TObject *View = nullptr;            ///< what handlers get as the grid
+    /// Of the core; empty ones are skipped.
     TOnBeforeRenderCell BeforeRender;
     TOnUserRenderCell UserRender;
     bool Marks = true;               ///< selection, focus and the focus' row
@@ -55,8 +58,10 @@ struct TGridPaintState
 class KORVANE_CORE_API TBabGridPainter
 {
 public:
+    /// All are observed and outlive the painter.
     TBabGridPainter(TBabGridLayoutCore &core, TCanvas &canvas, const TGridPaintState &state);
 
+    /// Paints everything that the core shows.
     void Paint();
 
 private:

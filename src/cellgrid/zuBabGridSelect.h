@@ -13,6 +13,7 @@
 
 namespace korvane {
 
+/// Where the focus can go.
 enum class TGridMove : std::uint8_t {
     Left,
     Right,
@@ -44,14 +45,17 @@ class KORVANE_CORE_API TBabGridSelectCore : public TBabGridLayoutCore
 public:
     using TBabGridLayoutCore::TBabGridLayoutCore;
 
+    /// An event without more to say.
     using TNotify = TMethod<void(TObject *theGrid)>;
 
-    /// Whether whole rows are selected.
+    /// Whether whole rows are selected; false by default. A change clears the selection.
     bool RowSelect() const { return m_rowSelect; }
     void SetRowSelect(bool value);
-    /// Whether more than one cell or row can be selected.
+    /// Whether more than one cell or row can be selected; false by default. A change clears the
+    /// selection.
     bool MultiSelect() const { return m_multiSelect; }
     void SetMultiSelect(bool value);
+    /// Whether the cell with the focus has a frame; true by default.
     bool FocusRects() const { return m_focusRects; }
     void SetFocusRects(bool value);
 
@@ -71,8 +75,11 @@ public:
     void SelectColumn(const TGridCellAt &at, TGridChoice choice);
     /// Selects the whole row, beside others when several may be, or nothing of it; the focus stays.
     void SelectRow(const TGridCellAt &at, bool selected) override;
+    /// All cells behind the heads of the grid with the focus; nothing without MultiSelect.
     void SelectAll();
+    /// The focus stays.
     void ClearSelection();
+    /// Whether the crossing is selected, whether it is in view or not.
     bool IsSelected(const TGridCellAt &at) const
     {
         return at.Grid != nullptr && at.Grid->Selection().IsSelected(at.Column, at.Row);
@@ -103,6 +110,7 @@ public:
     /// Paints everything on the canvas, whose font is the grid's.
     void Paint(TCanvas &canvas);
 
+    /// Each cell behind the heads is about to be painted; see the types. Must not change the grid.
     TOnBeforeRenderCell OnBeforeRenderCell;
     TOnUserRenderCell OnUserRenderCell;
     TPublished<TNotify> OnSelectionChanged;

@@ -15,8 +15,10 @@ public:
 
     /// 0 for rows without parent.
     virtual int TreeLevel() const = 0;
+    /// Whether the node can be expanded or collapsed, and whether it is expanded.
     virtual bool HasTreeButton() const = 0;
     virtual bool IsTreeExpanded() const = 0;
+    /// Shows or hides the rows below, which may be made only then.
     virtual void SetTreeExpanded(bool expanded) = 0;
     /// Expands the node and all below it that are there.
     virtual void ExpandTreeBelow() = 0;

@@ -17,6 +17,7 @@ class TAxisContentList;
 class KORVANE_CORE_API TCellMatris : public TObject
 {
 public:
+    /// The grid outlives its cells.
     explicit TCellMatris(TBabGridCell &gridCell)
         : m_gridCell(gridCell)
     {
@@ -27,6 +28,7 @@ public:
     /// The cell replaces the one that is there.
     TBabCell &PutCell(TAxisContentItem &column, TAxisContentItem &row,
                       std::unique_ptr<TBabCell> cell);
+    /// Frees it; nothing when there is none.
     void RemoveCell(const TAxisContentItem &column, TAxisContentItem &row);
     /// Number of cells that exist.
     int CellCount() const { return m_cellCount; }
@@ -34,6 +36,7 @@ public:
     void RowGoes(TAxisContentItem &row);
     void ColumnGoes(const TAxisContentItem &column, const TAxisContentList &rows);
 
+    /// Which crossings are selected, whether they have a cell or not.
     TCellSelection &Selection() { return m_selection; }
     const TCellSelection &Selection() const { return m_selection; }
 

@@ -14,6 +14,7 @@ namespace korvane {
 /// A block of cells; First and Last belong to it.
 struct TCellRange
 {
+    /// Real indexes, both ends included.
     int FirstColumn = 0;
     int FirstRow = 0;
     int LastColumn = 0;
@@ -31,25 +32,31 @@ public:
     /// Last column of whole rows: they stay whole when columns are added.
     static constexpr int kAllColumns = std::numeric_limits<int>::max() - 1;
 
+    /// Whether nothing is selected.
     bool Empty() const { return m_rows.Count() == 0 || IsOneRun(0); }
+    /// Costs the logarithm of the stored runs; indexes that do not exist are not selected.
     bool IsSelected(int column, int row) const;
+    /// Whether any cell of the row or column is selected.
     bool RowHasSelected(int row) const;
     bool ColumnHasSelected(int column) const;
+    /// Whether the row is selected as a whole, as kAllColumns says.
     bool IsWholeRow(int row) const { return IsSelected(kAllColumns, row); }
     /// Number of rows with a selected cell.
     int RowCount() const;
     /// The first row from `row` on that has a selected cell; -1 when there is none.
     int NextRow(int row) const;
 
+    /// Rows and columns need not exist; negative rows are left out. The others keep what they have.
     void Select(const TCellRange &range) { Change(range, true); }
     void Deselect(const TCellRange &range) { Change(range, false); }
+    /// Deselects everything.
     void Clear();
     /// The selected blocks from top to bottom; they do not overlap.
     std::vector<TCellRange> Ranges() const;
 
     /// Rows with a selected cell as first and end of stretches, ascending and apart.
     std::vector<std::pair<int, int>> RowRanges() const;
-
+    /// `by` columns or rows came at the index, or went from it when negative; one moved.
     void RowsChanged(int row, int by);
     void ColumnsChanged(int column, int by);
     void RowMoved(int from, int to);

@@ -9,6 +9,7 @@
 
 namespace korvane {
 
+/// Rows of texts; they may differ in length.
 using TCellTable = std::vector<std::vector<std::string>>;
 
 /// Lines of tab-separated texts. A text that begins with a quotation mark goes up to the next

@@ -13,6 +13,7 @@ namespace korvane {
 struct TGridPictureMove
 {
     TRect Area; ///< moves within itself
+    /// To the right and down, in pixels.
     TPoint By;
     std::vector<TRect> Anew; ///< to be painted
 };
@@ -25,6 +26,7 @@ public:
     void Forget() { m_known = m_groupsInside = false; }
     /// Grids in cells show groups, whose texts do not move with them.
     void HasGroupsInside() { m_groupsInside = true; }
+    /// The block was painted.
     void Remember(const TGridBlock &shown);
     /// How the picture becomes that of the block, when it only scrolled in one direction and what
     /// is shown before and after has kept its size; nothing otherwise.

@@ -12,6 +12,7 @@ namespace korvane {
 class TKeepSelection
 {
 public:
+    /// The grid outlives the object.
     explicit TKeepSelection(TBabGridCell &grid)
         : m_grid(grid)
         , m_kept(std::exchange(grid.Selection(), TCellSelection()))

@@ -18,36 +18,45 @@ namespace korvane {
 class KORVANE_CORE_API TRunSequence
 {
 public:
+    /// Stands for the default extent.
     static constexpr int kDefault = -1;
 
+    /// Equal neighbours.
     struct TRun
     {
         int First = 0; ///< index of its first entry
-        int Count = 0;
-        int Value = 0;
+        int Count = 0; ///< of entries, at least 1
+        int Value = 0; ///< that they share
     };
 
+    /// Empty.
     explicit TRunSequence(int defaultExtent = 0)
         : m_default(defaultExtent)
     {
     }
 
+    /// Number of entries, and of runs that hold them; read at no cost.
     int Count() const { return m_root == kNone ? 0 : m_nodes[m_root].Entries; }
     int RunCount() const { return static_cast<int>(m_nodes.size() - m_free.size()) - 1; }
+    /// The extent of entries with the value kDefault; a change costs nothing.
     int Default() const { return m_default; }
     void SetDefault(int extent) { m_default = extent; }
 
+    /// The value as stored; kDefault for such an entry.
     int ValueAt(int index) const { return RunAt(index).Value; }
     /// The whole run that holds the index.
     TRun RunAt(int index) const;
+    /// The default extent for such an entry.
     int ExtentAt(int index) const { return Extent(ValueAt(index)); }
 
     /// `index` is 0..Count.
     void Insert(int index, int count, int value);
+    /// `count` entries from the index on.
     void Erase(int index, int count);
     void Fill(int index, int count, int value);
     /// The entry comes to stand at index `to`, counted without it.
     void Move(int from, int to);
+    /// The default extent stays.
     void Clear();
 
     /// Sum of all extents.

@@ -24,19 +24,22 @@ public:
     /// Fires OnDeleteItem, then OnContentChanged, and parts with the list. Does not take the entity
     /// out of the list.
     void CleanForFree() override;
-    /// A change fires OnVisibleChanged.
+    /// Whether the components show it; true once AfterCreate has run. A change fires
+    /// OnVisibleChanged.
     virtual void SetVisible(bool visible);
     virtual bool GetVisible() const { return m_visible; }
     /// Second step of creation, called by the list: takes the list and makes the entity visible.
     virtual void AfterCreate(TzuDataList *list);
 
+    /// False to begin with; the list counts those that are true.
     bool GetSelected() const { return m_selected; }
     /// A change fires OnSelectionChanged.
     void SetSelected(bool selected);
-    /// Fires OnBeforeCanEditItem first, whose handler may decide the answer.
+    /// Whether the user may change it; false to begin with. Asking fires OnBeforeCanEditItem first,
+    /// whose handler may decide the answer.
     bool GetCanEdit();
     void SetCanEdit(bool canEdit) { m_canEdit = canEdit; }
-    /// At the application's disposal; never interpreted.
+    /// At the application's disposal; never interpreted or released. Nil to begin with.
     void *GetUserReference() const { return m_userReference; }
     void SetUserReference(void *reference) { m_userReference = reference; }
 

@@ -16,12 +16,15 @@ namespace korvane {
 /// Beyond this many loaded items a virtual list is purged before it loads more.
 inline constexpr int kMaxLoaded = 500;
 
+/// The order of a sort.
 enum class TSortDirection : std::uint8_t { Ascending, Descending };
+/// One end of the loaded block.
 enum class TBlockEnd : std::uint8_t { Front, Back };
 
 /// How a list's sequence finds the chunk that holds an entity.
 struct TDataEntityPlace
 {
+    /// For the list alone to write.
     static std::uint32_t &Of(TzuDataEntity &entity) { return entity.m_chunk; }
 };
 
@@ -52,14 +55,18 @@ public:
     /// then OnCountChanged.
     virtual void AddUnloaded(int count);
 
+    /// What AfterCreate was given; nil, and no class, before.
     TzuListController *Controller() const { return m_controller; }
     const EntityClass &GetEntityClass() const { return m_entityClass; }
 
+    /// How many items there are, how many of them are objects, and how many are only counted before
+    /// and after these.
     bool IsFullyLoaded() const { return m_unloadedBefore == 0 && m_unloadedAfter == 0; }
     int Count() const { return m_unloadedBefore + m_items.Size() + m_unloadedAfter; }
     int LoadedCount() const { return m_items.Size(); }
     int UnloadedBefore() const { return m_unloadedBefore; }
     int UnloadedAfter() const { return m_unloadedAfter; }
+    /// False for every index outside 0..Count()-1.
     bool IsLoaded(int index) const
     {
         return index >= m_unloadedBefore && index - m_unloadedBefore < m_items.Size();
@@ -77,6 +84,8 @@ public:
     TzuDataEntity *InsertItem(int position);
     /// Creates an entity at an index 0..Count. Returns and throws as InsertItem.
     TzuDataEntity *Insert(int index);
+
+    /// The same at the end.
     TzuDataEntity *Add() { return Insert(Count()); }
     /// Deletes the item at the entity's ListIndex; nothing when the entity was taken out already.
     void Remove(TzuDataEntity *entity);
@@ -108,10 +117,12 @@ public:
 
     /// Number of loaded entities that are visible.
     int VisibleCount() const;
+    /// Whether there is such an item, loaded or not; false before AfterCreate.
     bool ValidIndexDataEntity(int index) const
     {
         return m_created && index >= 0 && index < Count();
     }
+    /// Whether there is such an item, and it is visible. Loads it.
     bool VisibleIndexDataEntity(int index);
     /// How many items up to and including the index are visible, less 1; -1 before the first item.
     /// Loads what it passes.
@@ -120,9 +131,11 @@ public:
     /// none. -1 therefore asks for a hidden first item. Loads what it passes.
     int VisibleIndexToListIndex(int visibleIndex);
 
+    /// Cleared by EnsureListIndexes.
     bool IndexesOutOfDate() const { return m_indexesOutOfDate; }
     /// The lowest index from which cached indexes may be stale.
     int FirstStaleIndex() const { return m_firstStaleIndex; }
+    /// Nothing is renumbered until an index is asked for.
     void ListIndexesOutOfDate(int index);
     /// Refreshes what is stale. Throws as UpdateListIndexesFrom.
     void EnsureListIndexes();

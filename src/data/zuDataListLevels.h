@@ -24,8 +24,10 @@ class TDataListContainer : public TzuExposable
 public:
     /// Empties the container; the members stay.
     void CleanForFree() override { m_members.Clear(); }
+    /// Begins with no members.
     void AfterCreate() { m_members.Clear(); }
 
+    /// Number of members, a member that was added several times included as often.
     int Count() const { return m_members.Size(); }
     /// Throws std::invalid_argument for nil.
     void Add(T *member) { m_members.Append(Checked(member)); }
@@ -40,9 +42,12 @@ public:
     }
     /// The first occurrence, or -1.
     int IndexOf(const T *member) const { return m_members.IndexOf(member); }
+    /// The members stay.
     void Clear() { m_members.Clear(); }
 
 protected:
+    /// The index is 0..Count()-1, otherwise std::out_of_range is thrown; so is
+    /// std::invalid_argument for nil.
     T *Member(int index) const { return m_members.At(index); }
     void SetMember(int index, T *member) { m_members.Replace(index, Checked(member)); }
 
@@ -69,6 +74,7 @@ public:
     void ClearSelections();
     /// The first selected entity, loading those before it, or nil.
     TzuDataEntity *FindSelected();
+    /// Sets its Selected and leaves that of others.
     void SelectDataEntity(TzuDataEntity *entity);
     /// Selects only the entity behind the first selected one, the first one behind the last; the
     /// first when none is selected.
@@ -77,6 +83,7 @@ public:
     /// last when none is selected.
     void SelectPrev();
 
+    /// Asked for one index after the other until it is there.
     TOnMissingIndex OnMissingIndex;
 
 private:

@@ -21,8 +21,10 @@ namespace korvane {
 class KORVANE_CORE_API TDataListTrav : public TObject
 {
 public:
+    /// How many levels of lists are walked.
     enum class TMode : std::uint8_t { ThreeLevel, TwoLevel, OneLevel };
 
+    /// The walk begins with First or Last, not here.
     explicit TDataListTrav(TzuDataList *list);
     explicit TDataListTrav(TzuDataList2lev *lists);
     /// Begins at the list `startIndex` and goes round. An index that does not exist counts as 0.
@@ -30,17 +32,23 @@ public:
     /// Walks the lists with these indexes, in this order; -1 is skipped. Of the indexes no more
     /// than there are lists now are taken.
     TDataListTrav(TzuDataList2lev *lists, std::span<const int> indexes);
+    /// As the others: the walk begins with First or Last.
     explicit TDataListTrav(TzuDataList3lev *lists);
+
     ~TDataListTrav() override;
 
+    /// What was given to the constructor.
     TMode Mode() const { return m_mode; }
 
+    /// On to the first or last entity, with the lists taken down anew.
     void First();
     void Last();
+    /// On by one entity, also into the next or previous list that is not empty.
     void Next();
     void Prev();
     /// On to the first entity of the next list.
     void NextList();
+    /// Past the last entity; before the first. The walk stands on no entity then.
     bool Eof() const;
     bool BOF() const { return m_listIndex < 0 || m_itemIndex < 0; }
     /// The current entity, loaded when need be. Throws std::out_of_range when the walk stands on no

@@ -34,6 +34,7 @@ public:
             std::make_shared<const Description>(Description{std::move(factory), &IsInstance<T>}));
     }
 
+    /// Whether it stands for a class.
     explicit operator bool() const { return m_description != nullptr; }
 
     /// A new entity. Throws std::bad_function_call when the value stands for no class.

@@ -14,6 +14,7 @@ namespace korvane {
 /// An interval that begins at Low and ends before High. `Owner` is the user's number for it.
 struct TIndexedInterval
 {
+    /// See above: half-open, in any unit.
     double Low = 0;
     double High = 0;
     int Owner = 0;
@@ -26,6 +27,7 @@ struct TIndexedInterval
 class KORVANE_CORE_API TIntervalIndex
 {
 public:
+    /// What the intervals are at first.
     enum class TInitially : unsigned char { Inactive, ActiveAtLevel0 };
 
     /// The intervals are observed and sorted by Low. A position counts them.
@@ -50,6 +52,7 @@ public:
     {
         SetLeaf(position, {m_intervals[position].High, level});
     }
+    /// It is found no longer; nothing when it is inactive.
     void Deactivate(std::size_t position) { SetLeaf(position, {}); }
 
     /// Number of intervals that begin before `high`, found in a time that grows with the distance

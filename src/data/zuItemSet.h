@@ -13,9 +13,11 @@ template <typename Item, typename Place>
 class TItemSet
 {
 public:
+    /// Number of items, and all of them until the set is changed.
     int Count() const { return static_cast<int>(m_items.size()); }
     const std::vector<Item *> &Items() const { return m_items; }
 
+    /// Each costs the same at any size. Adding what is there and removing what is not does nothing.
     bool Contains(const Item *item) const
     {
         const std::uint32_t slot = Place::Of(*item);
@@ -37,6 +39,7 @@ public:
             m_items.pop_back();
         }
     }
+    /// Leaves the numbers in the items as they are.
     void Clear() { m_items.clear(); }
 
 private:

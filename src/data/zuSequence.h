@@ -11,6 +11,7 @@
 
 namespace korvane {
 
+/// Whether items of a sequence carry numbers.
 enum class TNumbering : std::uint8_t { None, PerItem };
 
 /// Inserting, erasing and finding by position or by item cost O(chunk + n / chunk) with vectorised
@@ -28,6 +29,7 @@ class TSequence : private Place
     static constexpr bool kNumbered = numbering == TNumbering::PerItem;
 
 public:
+    /// Number of items; read at no cost.
     int Size() const { return m_chunks ? m_chunks->Starts.back() : m_slots.Size(); }
     bool Empty() const { return Size() == 0; }
 
@@ -52,6 +54,7 @@ public:
 
     /// The item comes to stand at the position, 0..Size. Throws std::out_of_range.
     void Insert(int position, T *item, int number = 0);
+    /// Behind the last one, with the number 0.
     void Append(T *item) { Insert(Size(), item); }
     /// Returns the item that was erased. Throws std::out_of_range.
     T *Erase(int position);
@@ -60,12 +63,14 @@ public:
     T *Replace(int position, T *item);
     /// Puts the sequence's own items in another order; the numbers stay with the positions.
     void Reorder(const std::vector<T *> &items);
+    /// Takes out all items, the last first.
     void Clear();
 
     /// The first position from `position` on whose item is accepted; Size when there is none. The
     /// function must leave the sequence as it is.
     template <typename Accepts>
     int FindFrom(int position, const Accepts &accepts) const;
+    /// A copy, in order.
     std::vector<T *> Items() const;
 
 private:

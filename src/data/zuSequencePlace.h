@@ -7,6 +7,7 @@
 
 namespace korvane {
 
+/// The chunk of an item that is in no sequence.
 inline constexpr std::uint32_t kNoChunk = 0xFFFFFFFFU;
 
 /// For items that are in one sequence at most: the item itself keeps its chunk, in the field that
@@ -15,14 +16,17 @@ template <typename T, typename Field>
 class TPlaceInItem
 {
 protected:
+    /// What the sequence tells: an item came into a chunk, left it, or moved from one to another.
     void Put(T *item, std::uint32_t chunk) { Field::Of(*item) = chunk; }
     void Take(T *item, std::uint32_t /*chunk*/) { Field::Of(*item) = kNoChunk; }
     void Move(T *item, std::uint32_t /*from*/, std::uint32_t to) { Field::Of(*item) = to; }
+    /// Calls visit(chunk) for each chunk that may hold the item.
     template <typename Visit>
     void ForEachChunk(const T *item, const Visit &visit) const
     {
         visit(Field::Of(*const_cast<T *>(item)));
     }
+    /// The sequence has become several chunks, or one again.
     void BeginChunks() {}
     void EndChunks() {}
 };
@@ -33,6 +37,7 @@ template <typename T>
 class TPlaceInMap
 {
 protected:
+    /// What the sequence tells: an item came into a chunk, left it, or moved from one to another.
     void Put(T *item, std::uint32_t chunk)
     {
         if (m_chunks) {
@@ -51,6 +56,7 @@ protected:
             Find(item, from)->second = to;
         }
     }
+    /// Calls visit(chunk) for each chunk that may hold the item.
     template <typename Visit>
     void ForEachChunk(const T *item, const Visit &visit) const
     {
@@ -59,6 +65,7 @@ protected:
             visit(entry->second);
         }
     }
+    /// The sequence has become several chunks, or one again.
     void BeginChunks() { m_chunks = std::make_unique<Chunks>(); }
     void EndChunks() { m_chunks.reset(); }
 

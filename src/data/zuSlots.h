@@ -15,9 +15,11 @@ template <typename T, bool kNumbered>
 class TSlots
 {
 public:
+    /// The most pointers that fit.
     static constexpr int kCapacity = 512;
 
     TSlots() = default;
+    /// The other one is left empty, or with what this one held.
     TSlots(TSlots &&other) noexcept
         : m_items(std::exchange(other.m_items, nullptr))
         , m_size(std::exchange(other.m_size, std::uint16_t{0}))
@@ -33,6 +35,7 @@ public:
     }
     ~TSlots() { ::operator delete(m_items); }
 
+    /// Slots are 0..Size()-1; there are numbers only where kNumbered says so.
     int Size() const { return m_size; }
     bool IsFull() const { return m_size == kCapacity; }
     T *const *begin() const { return m_items; }
@@ -49,6 +52,7 @@ public:
         return found == end() ? -1 : static_cast<int>(found - begin());
     }
 
+    /// Moves the slots from `slot` on; there must be room.
     void Insert(int slot, T *item, std::int32_t number)
     {
         if (m_size == m_capacity) {
@@ -64,6 +68,7 @@ public:
         ++m_size;
     }
 
+    /// Closes the gap, and gives memory back once much is free.
     void Erase(int slot)
     {
         std::copy(m_items + slot + 1, m_items + m_size, m_items + slot);

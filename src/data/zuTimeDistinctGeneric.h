@@ -16,8 +16,8 @@ namespace korvane {
 /// One interval to place.
 struct TDistinctTimeHolder
 {
-    TDateTime Start = 0;
-    TDateTime Stop = 0;
+    TDateTime Start = 0;          ///< in days
+    TDateTime Stop = 0;           ///< exclusive; after Start
     std::string Key;              ///< only holders with equal keys can be in conflict
     int SubCol = 0;               ///< sub-row, 1 = first; 0 = not placed
     TObject *Reference = nullptr; ///< what the holder stands for; only compared, never used
@@ -30,6 +30,7 @@ class KORVANE_CORE_API TDistinctTimeHolderList
 public:
     /// An interval without length becomes 0.1 day long, so that it still occupies time.
     TDistinctTimeHolder &Add(TDateTime start, TDateTime stop, std::string key, TObject *reference);
+    /// Number of intervals.
     int Count() const { return static_cast<int>(m_holders.size()); }
     /// Throws std::out_of_range.
     TDistinctTimeHolder &Get(int index) { return m_holders.at(static_cast<std::size_t>(index)); }
@@ -39,6 +40,7 @@ public:
     }
     /// The first holder with the reference, or null. The first search prepares the others.
     TDistinctTimeHolder *FindFromReference(const TObject *reference);
+    /// Removes and frees all.
     void Clear();
 
 private:
@@ -61,10 +63,12 @@ public:
     explicit TTimeDistinctGeneric(TDistinctTimeHolderList &list,
                                   const std::atomic<bool> *terminated = nullptr);
 
+    /// Whether any two intervals are in conflict; false when it was terminated before.
     bool HasConflicts() { return ConflictLoop(TMode::Find); }
     /// Places the holders that have conflicts and no sub-row yet.
     void ResolveConflicts() { ConflictLoop(TMode::Resolve); }
 
+    /// Whether they overlap and have equal keys. Not whether they share a sub-row.
     static bool InConflict(const TDistinctTimeHolder &a, const TDistinctTimeHolder &b);
     /// Places a holder of the list beside those placed before by this object.
     void MoveToConflictFreePosition(TDistinctTimeHolder &holder);

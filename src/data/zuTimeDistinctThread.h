@@ -20,19 +20,24 @@ class KORVANE_CORE_API TTimeDistinctGenericThread
       public std::enable_shared_from_this<TTimeDistinctGenericThread>
 {
 public:
+    /// Called on the main thread.
     using TDone = TMethod<void(TTimeDistinctGenericThread *sender)>;
 
+    /// Suspended; nothing runs before Resume.
     static std::shared_ptr<TTimeDistinctGenericThread> Create();
 
+    /// To be filled before Resume and read in OnDone; the worker's in between.
     TDistinctTimeHolderList &Holders() { return m_holders; }
     /// Queues the work in the shared pool. Once only.
     void Resume();
     /// Makes the work stop early. OnDone is not called any more.
     void Terminate() { m_terminated = true; }
+    /// Whether Terminate was called; on any thread.
     bool IsTerminated() const { return m_terminated; }
 
     /// The work itself: separates, then asks for DoOnDone unless terminated meanwhile.
     void Execute();
+    /// Calls OnDone, unless terminated. Main thread.
     void DoOnDone();
 
     /// The sub-rows are found. Main thread.

@@ -29,19 +29,24 @@ public:
     /// Not a number is before everything as a start and after everything as a stop.
     struct TEntry
     {
+        /// Takes the times down.
         explicit TEntry(Item &item);
 
+        /// By start; equal ones in an order that stays the same.
         bool IsBefore(const TEntry &other) const;
 
+        /// A stop before the start counts as the start.
         TDateTime Start;
         TDateTime Stop;
         Item *Owner;
     };
+    /// Some entries in order of their start.
     using TEntries = std::vector<TEntry>;
 
     /// Of different items.
     explicit TNotedTimeIndex(const std::vector<Item *> &items);
 
+    /// An item that is not in the index yet.
     void Add(Item &item);
     /// Nothing when the item is not in the index.
     void Remove(Item &item);
@@ -49,6 +54,7 @@ public:
     void Touch(Item &item);
     /// The same of all items.
     void TouchAll();
+    /// Number of items.
     std::size_t Count() const { return m_count; }
     /// All items, in order of time.
     std::vector<Item *> Items() const;
@@ -277,6 +283,7 @@ void TNotedTimeIndex<Item, Notes>::ForEachBlock(TDateTime from, TDateTime to, co
     }
 }
 
+/// Nothing is kept about a block.
 struct TNoNotes
 {
 };

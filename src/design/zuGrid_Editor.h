@@ -24,11 +24,13 @@ class IPropertyEditor
 public:
     virtual ~IPropertyEditor() = default;
 
+    /// Of the property, as it is published.
     virtual std::string GetName() const = 0;
     /// Opens it and returns when the user is done.
     virtual void Edit() = 0;
 };
 
+/// Called with the editor of one property.
 using TGetPropEditProc = TMethod<void(IPropertyEditor &propertyEditor)>;
 
 /// The part of a form designer that component editors use.
@@ -53,9 +55,11 @@ public:
     {
     }
 
+    /// How many verbs there are; always one.
     int GetVerbCount() const { return 1; }
     /// What the context menu shows; the same for any index.
     std::string GetVerb(int index) const;
+    /// Does the verb, the same for any index; comes back when the user is done.
     void ExecuteVerb(int index);
     /// Opens the editor of the property `Columns`, whatever the case of its letters.
     void Props(IPropertyEditor &propertyEditor);

@@ -17,9 +17,9 @@ struct TPaletteComponent
 {
     std::string_view ClassName; ///< without the namespace
     std::string_view Header;    ///< as programs include it
-    std::string_view ToolTip;
-    std::string_view WhatsThis;
-    TSize Size; ///< when it is dropped on a form, in pixels
+    std::string_view ToolTip;   ///< one line
+    std::string_view WhatsThis; ///< some sentences
+    TSize Size;                 ///< when it is dropped on a form, in pixels
 };
 
 /// What a designer lets a package do while it is installed.
@@ -28,6 +28,7 @@ class IDesignerPackage
 public:
     virtual ~IDesignerPackage() = default;
 
+    /// Called once; the texts live forever.
     virtual void RegisterComponents(std::string_view page,
                                     std::span<const TPaletteComponent> components) = 0;
     /// The components of that class are edited by TzuGridEditorWakeUpGlue.

@@ -15,7 +15,9 @@ public:
 
     /// Pixels past the top (negative) or bottom edge; 0 = inside.
     void SetBeyond(int pixels);
+    /// As SetBeyond(0), and forgets the part of a row that was due.
     void Stop() { *this = {}; }
+    /// Whether the pointer was past an edge last.
     bool IsRunning() const { return m_beyond != 0; }
 
     /// The rows to scroll now, down when positive.

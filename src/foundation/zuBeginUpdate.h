@@ -14,8 +14,10 @@ class KORVANE_CORE_API TzuBeginUpdate : public TObject
 public:
     /// Either may be empty. `onEnd` runs in the destructor and must not throw.
     TzuBeginUpdate(TMethod<void()> onBegin, TMethod<void()> onEnd);
+    /// Calls `onEnd` if a change was marked.
     ~TzuBeginUpdate() override;
 
+    /// Whether `onBegin` has run.
     bool Marked() const { return m_marked; }
     /// To be called just before each change. When `onBegin` throws, nothing counts as marked.
     void Mark();

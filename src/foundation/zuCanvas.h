@@ -14,34 +14,38 @@ namespace korvane {
 /// A font as the components' properties hold it.
 struct TFont
 {
-    std::string Name = "Arial";
-    int Size = 8; ///< in points
-    TColor Color = clWindowText;
-    bool Bold = false;
-    bool Italic = false;
-    bool Underline = false;
-    bool StrikeOut = false;
+    std::string Name = "Arial";  ///< of a family; one that is not installed is replaced
+    int Size = 8;                ///< in points
+    TColor Color = clWindowText; ///< of the text
+    bool Bold = false;           ///< the heavier weight
+    bool Italic = false;         ///< slanted, or the family's italic
+    bool Underline = false;      ///< the text has a line below it
+    bool StrikeOut = false;      ///< the text has a line through it
 
     friend bool operator==(const TFont &, const TFont &) = default;
 };
 
+/// What a line looks like; psClear draws none.
 enum class TPenStyle : unsigned char { psSolid, psDash, psDot, psClear };
 
+/// What lines are drawn with.
 struct TPen
 {
-    TColor Color = clBlack;
-    int Width = 1; ///< in pixels
-    TPenStyle Style = TPenStyle::psSolid;
+    TColor Color = clBlack;               ///< of the line
+    int Width = 1;                        ///< in pixels
+    TPenStyle Style = TPenStyle::psSolid; ///< psClear for no line
 
     friend bool operator==(const TPen &, const TPen &) = default;
 };
 
+/// How an area is filled; bsClear leaves it as it is.
 enum class TBrushStyle : unsigned char { bsSolid, bsClear, bsPattern };
 
 /// What areas are filled with.
 struct TBrush
 {
-    TColor Color = clWhite;
+    TColor Color = clWhite; ///< of bsSolid
+    /// See the type.
     TBrushStyle Style = TBrushStyle::bsSolid;
     /// For bsPattern: a tile of 2 by 2 pixels, row by row, anchored at the canvas origin.
     std::array<TColor, 4> Pattern{};
@@ -52,6 +56,7 @@ struct TBrush
 /// Factors by which painted coordinates grow while printing; 1 on screen.
 struct TPrintScale
 {
+    /// Along the width and along the height.
     double X = 1;
     double Y = 1;
 };
@@ -60,6 +65,7 @@ struct TPrintScale
 class KORVANE_CORE_API TImageList : public TObject
 {
 public:
+    /// Valid indexes are 0..Count()-1.
     virtual int Count() const = 0;
 };
 
@@ -75,6 +81,7 @@ public:
     TCanvas &operator=(const TCanvas &) = delete;
     virtual ~TCanvas() = default;
 
+    /// State; initially black lines one pixel wide, white areas, and text in Arial of 8 points.
     virtual const TPen &Pen() const = 0;
     virtual void SetPen(const TPen &pen) = 0;
     virtual const TBrush &Brush() const = 0;
@@ -113,6 +120,7 @@ public:
 
     /// Narrows the clip region until the matching PopClip.
     virtual void PushClip(const TRect &rect) = 0;
+    /// Goes back to the region from before the matching PushClip; calls come in pairs.
     virtual void PopClip() = 0;
     /// Bounds of the current clip region.
     virtual TRect ClipRect() const = 0;
@@ -120,7 +128,7 @@ public:
     /// The colour as 0x00BBGGRR, system colours looked up in the palette in use.
     virtual TColor ResolveColor(TColor color) const = 0;
 
-    // Shorthands on the operations above.
+    /// Shorthands on the operations above. FillRect in a colour leaves the brush with it.
     void Line(TPoint from, TPoint to)
     {
         const std::array points{from, to};
@@ -139,6 +147,7 @@ public:
 class TClipScope
 {
 public:
+    /// The canvas outlives the scope.
     TClipScope(TCanvas &canvas, const TRect &rect)
         : m_canvas(canvas)
     {
@@ -156,6 +165,7 @@ private:
 class TSmoothScope
 {
 public:
+    /// The canvas outlives the scope; afterwards smoothing is off, whatever it was.
     explicit TSmoothScope(TCanvas &canvas)
         : m_canvas(canvas)
     {

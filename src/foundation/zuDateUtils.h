@@ -9,19 +9,20 @@ namespace korvane {
 /// Year 1..9999, month 1..12, day of month 1..31.
 struct TDateParts
 {
-    int Year = 1;
-    int Month = 1;
-    int Day = 1;
+    int Year = 1;  ///< 1..9999
+    int Month = 1; ///< 1..12
+    int Day = 1;   ///< 1..31, as the month permits
 
     friend bool operator==(const TDateParts &, const TDateParts &) = default;
 };
 
+/// A time of day.
 struct TTimeParts
 {
-    int Hour = 0;
-    int Minute = 0;
-    int Second = 0;
-    int Millisecond = 0;
+    int Hour = 0;        ///< 0..23
+    int Minute = 0;      ///< 0..59
+    int Second = 0;      ///< 0..59
+    int Millisecond = 0; ///< 0..999
 
     friend bool operator==(const TTimeParts &, const TTimeParts &) = default;
 };
@@ -29,8 +30,8 @@ struct TTimeParts
 /// A date with its time of day, taken together to the nearest millisecond.
 struct TDateTimeParts
 {
-    TDateParts Date;
-    TTimeParts Time;
+    TDateParts Date; ///< of the rounded instant
+    TTimeParts Time; ///< of the rounded instant
 };
 
 /// Throws std::invalid_argument when there is no such date in years 1..9999.
@@ -41,6 +42,7 @@ KORVANE_CORE_API TDateTime EncodeTime(int hour, int minute, int second, int mill
 /// Date and time of day, rounded to the nearest millisecond with carry into the date. Instants
 /// outside years 1..9999 give the nearest limit, NaN the lower one.
 KORVANE_CORE_API TDateTimeParts DecodeDateTime(TDateTime value);
+/// The two halves of DecodeDateTime, rounded and carried together.
 KORVANE_CORE_API TDateParts DecodeDate(TDateTime value);
 KORVANE_CORE_API TTimeParts DecodeTime(TDateTime value);
 

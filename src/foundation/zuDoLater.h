@@ -31,6 +31,7 @@ public:
     static void DoAllNow();
     /// Whether an equal call with the identical parameter is queued or running.
     static bool AlreadyInList(const TDoLaterCall &call, TObject *parameter);
+    /// The equality by which calls are merged.
     static bool CompareMethodPointer(const TDoLaterCall &a, const TDoLaterCall &b)
     {
         return a == b;
@@ -50,6 +51,7 @@ struct TDoLaterTransport
     TMethod<void()> Destroy;
 };
 
+/// Replaces the transport. Main thread only.
 KORVANE_CORE_API void SetDoLaterTransport(TDoLaterTransport transport);
 
 } // namespace korvane

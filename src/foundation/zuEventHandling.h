@@ -27,6 +27,7 @@ public:
     /// Unsubscribes the listeners from first to last and frees those that ask for it.
     ~TEvent() override;
 
+    /// The sender of every delivery, and the number of subscriptions.
     TObject *Owner() const { return m_owner; }
     std::size_t ListenerCount() const { return m_listeners.size(); }
 
@@ -58,10 +59,12 @@ class KORVANE_CORE_API TSingleEventListener : public TObject
 public:
     /// With `freeWithEvent` the event owns the listener, which must live on the heap.
     TSingleEventListener(TEvent &event, TOnEvent onEvent, bool freeWithEvent);
+    /// Ends the subscription.
     ~TSingleEventListener() override;
 
     /// The event subscribed to, or nil.
     TEvent *Event() const { return m_event; }
+    /// Whether the event frees the listener at its own end.
     bool FreeWithEvent() const { return m_freeWithEvent; }
     void SetFreeWithEvent(bool value) { m_freeWithEvent = value; }
 
@@ -73,6 +76,7 @@ public:
     /// Keeps the three values and calls OnEvent.
     void Trigger(TObject *sender, TEvent *event, TObject *data);
 
+    /// Empty ones are skipped.
     TOnEvent OnEvent;
 
 private:

@@ -25,6 +25,7 @@ public:
     /// Throws std::bad_cast when the object is not a TzuExposable.
     static void FreeCall(TObject *object);
 
+    /// Whether FreeCall found that it could not be freed yet.
     bool FreeRequested() const { return m_freeRequested; }
 
 private:

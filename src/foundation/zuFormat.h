@@ -18,13 +18,13 @@ struct KORVANE_CORE_API TFormatSettings
     std::array<std::string, 12> ShortMonthNames; ///< from January
     std::array<std::string, 12> LongMonthNames;  ///< from January
     std::string ShortDateFormat;                 ///< pattern of an empty date format
-    std::string LongDateFormat;
-    std::string ShortTimeFormat; ///< pattern of an empty time format
-    std::string LongTimeFormat;
-    std::string AmText;
-    std::string PmText;
-    char DateSeparator = '-';
-    char TimeSeparator = ':';
+    std::string LongDateFormat;                  ///< pattern of `dddddd`
+    std::string ShortTimeFormat;                 ///< pattern of an empty time format
+    std::string LongTimeFormat;                  ///< pattern of `tt`
+    std::string AmText;                          ///< of the first half of the day
+    std::string PmText;                          ///< of the second half
+    char DateSeparator = '-';                    ///< stands for `/`
+    char TimeSeparator = ':';                    ///< stands for `:`
 
     /// English names and ISO 8601 forms.
     static TFormatSettings Invariant();
@@ -32,7 +32,8 @@ struct KORVANE_CORE_API TFormatSettings
     friend bool operator==(const TFormatSettings &, const TFormatSettings &) = default;
 };
 
-/// The settings in use; the invariant ones until replaced.
+/// The settings in use, of the whole process; the invariant ones until replaced. Main thread only.
+/// What was formatted before stays as it is.
 KORVANE_CORE_API const TFormatSettings &FormatSettings();
 KORVANE_CORE_API void SetFormatSettings(TFormatSettings settings);
 

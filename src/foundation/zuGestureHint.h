@@ -32,6 +32,7 @@ struct KORVANE_CORE_API TItemDragData
     std::string Json = "[]"; ///< [{"caption": text, "start": ISO 8601, "stop": ISO 8601}, ...]
     bool Copy = false;       ///< copies are offered, not the items
 
+    /// Appends an item to both texts.
     void Add(const std::string &caption, TDateTime start, TDateTime stop);
 };
 

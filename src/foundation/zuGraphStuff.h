@@ -11,9 +11,11 @@ namespace korvane {
 class KORVANE_CORE_API TSnapHandler
 {
 public:
+    /// Which ends are rounded.
     bool SnapStart = true;
     bool SnapStop = true;
     bool StretchOnMove = false; ///< a move may change the length, since both ends snap
+    /// In days: 5 minutes and 1 minute.
     TDateTime StartSnapStep = 5.0 / (24 * 60);
     TDateTime StopSnapStep = 1.0 / (24 * 60);
     /// The time that one snap unit of the screen covers at the current zoom; 0 = the steps alone

@@ -7,6 +7,7 @@
 
 namespace korvane {
 
+/// Whether an edge looks raised or lowered.
 enum class TBevel : unsigned char { bvRaised, bvLowered };
 
 /// Drawing helpers; rectangles are half-open pixels. Pen and brush are left changed.

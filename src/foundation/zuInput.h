@@ -3,6 +3,7 @@
 
 namespace korvane {
 
+/// The three buttons that the components know.
 enum class TMouseButton : unsigned char { mbLeft, mbRight, mbMiddle };
 
 /// How far, in pixels, the mouse goes from the press on either axis before it drags.
@@ -11,9 +12,9 @@ inline constexpr int kDragDistance = 4;
 /// Which modifiers were held.
 struct TShiftState
 {
-    bool Shift = false;
-    bool Ctrl = false;
-    bool Alt = false;
+    bool Shift = false; ///< for ranges
+    bool Ctrl = false;  ///< for single additions and copies
+    bool Alt = false;   ///< with the keyboard only
 
     friend bool operator==(const TShiftState &, const TShiftState &) = default;
 };

@@ -21,6 +21,7 @@ class TMethod<R(Args...)>
 {
 public:
     TMethod() = default;
+    /// An empty slot.
     TMethod(std::nullptr_t) {} // NOLINT(google-explicit-constructor): slot = nullptr clears it
 
     /// Takes any callable; the slot shares ownership of it with its copies. Implicit for
@@ -50,8 +51,10 @@ public:
         return result;
     }
 
+    /// Whether a call runs anything.
     explicit operator bool() const { return m_code != nullptr; }
 
+    /// Calls the handler; what it throws goes to the caller.
     R operator()(Args... args) const
     {
         if (m_code == nullptr) {

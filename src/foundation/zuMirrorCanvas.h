@@ -11,6 +11,7 @@ namespace korvane {
 class KORVANE_CORE_API TMirrorCanvas : public TMappedCanvas
 {
 public:
+    /// The canvas outlives the mirror; `width` is in pixels.
     TMirrorCanvas(TCanvas &canvas, int width)
         : TMappedCanvas(canvas)
         , m_width(width)

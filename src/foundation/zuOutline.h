@@ -32,8 +32,10 @@ public:
 /// What is shown of a gesture at one moment, in area pixels.
 struct KORVANE_CORE_API TGestureFeedback
 {
+    /// Of items; none when nothing is moved or resized.
     std::vector<TRect> Frames;
     TRect Band; ///< of a rubber band; empty when there is none
+    /// Of a dependency; they count only with HasArrow.
     TPoint ArrowFrom;
     TPoint ArrowTo;
     bool HasArrow = false;

@@ -8,6 +8,7 @@
 
 namespace korvane {
 
+/// What shows a report. Called on the thread that reports, which may be a worker.
 using TReportHook = TMethod<void(std::string_view text)>;
 
 /// Shows a text to the user without blocking: through the hook when one is set, else on standard

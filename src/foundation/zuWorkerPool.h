@@ -19,6 +19,7 @@ class KORVANE_CORE_API TWorkerPool
 public:
     /// `threads` is at least 1.
     explicit TWorkerPool(unsigned threads);
+
     TWorkerPool(const TWorkerPool &) = delete;
     TWorkerPool &operator=(const TWorkerPool &) = delete;
     /// Drops what has not begun and waits for the rest.

@@ -37,13 +37,16 @@ public:
 
     /// Requests a repaint of the area; several requests before a paint cause one.
     virtual void InvalidateArea() = 0;
+    /// Size of the area, or of the page that is printed, in pixels.
     virtual TSize AreaSize() const = 0;
     /// Where the area is drawn now: the offscreen image or the printer.
     virtual TCanvas &AreaCanvas() = 0;
+    /// How much larger than on screen a print is drawn; 1 each on screen.
     virtual TPrintScale AreaPrintScale() const = 0;
     /// Enlarges the canvas font while printing; called after every change of the font.
     virtual void PrintResizeAreaFont() = 0;
 
+    /// Another item is the active one, or none.
     virtual void ActiveItemChanged() {}
 
     /// Whether selection, focus and the link pointed at are marked; a print leaves them out.
@@ -60,17 +63,23 @@ class KORVANE_CORE_API TGantCore : public TObject, protected TGantDataKeeper
 public:
     /// `component` is what event handlers receive as the chart; it may be null.
     TGantCore(IGantHost &host, TzuGant_ComBasic *component);
+    /// Calls FinalizeData.
     ~TGantCore() override;
 
+    /// As given to the constructor; the host outlives the chart.
     IGantHost &Host() { return m_host; }
     const IGantHost &Host() const { return m_host; }
 
     /// False before the lists are created and once they are released.
     bool HasData() const { return m_rows != nullptr && !m_destroying; }
+
+    /// The rows, owned by the chart. Not to be asked for without data.
     TGantRowList &GantRows() { return *m_rows; }
     const TGantRowList &GantRows() const { return *m_rows; }
     /// Every row's layers, for walks over all time items.
     TzuDataList3lev &AllTimeItems() { return *m_store; }
+
+    /// The links, owned by the chart, in the order in which they are drawn.
     TzuDataList &GetLinks() { return *m_links; }
 
     /// Appends a white, square, editable item to a layer (0-based), which is created when missing.
@@ -102,30 +111,35 @@ public:
     TzuDataEntity_Link *HoverLink() const { return m_hoverLink; }
     void SetHoverLink(TzuDataEntity_Link *link);
 
+    /// Both colours of the background, which mixes them as a checkerboard of single pixels; silver
+    /// and gray by default.
     TColor GantBackColor() const { return m_backColor; }
     void SetGantBackColor(TColor color);
     TColor GantPyjamasColor() const { return m_pyjamasColor; }
     void SetGantPyjamasColor(TColor color);
-    /// Whether alternate major periods of the axis are shaded.
+    /// Whether alternate major periods of the axis are shaded; false by default.
     bool VerticalPyjamas() const { return m_verticalPyjamas; }
     void SetVerticalPyjamas(bool on);
     /// Whether the axis' minor marks are continued as lines through the area, not the major ones
-    /// alone.
+    /// alone; false by default.
     bool DrawShortLines() const { return m_drawShortLines; }
     void SetDrawShortLines(bool on);
+    /// lsOneEndVisible by default.
     TLinkShow LinkShow() const { return m_linkShow; }
     void SetLinkShow(TLinkShow show);
+    /// What AddLink gives a new link, tlsDefault in blue by default; other links keep theirs.
     TLinkStyle DefaultLinkStyle() const { return m_defaultLinkStyle; }
     void SetDefaultLinkStyle(TLinkStyle style) { m_defaultLinkStyle = style; }
     TColor DefaultLinkColor() const { return m_defaultLinkColor; }
     void SetDefaultLinkColor(TColor color) { m_defaultLinkColor = color; }
-    /// Images of style sbsImage; observed.
+    /// Images of style sbsImage; observed, null by default.
     const TImageList *ImageList() const { return m_imageList; }
     void SetImageList(const TImageList *images);
     /// Font of item texts, style 1, 2 or 3; any other number means 1.
     const TFont &FontTimeItemStyle(int style) const;
     void SetFontTimeItemStyle(int style, const TFont &font);
-    /// Whether the rows are those of the grid's nodes rather than of the row tree's.
+    /// Whether the rows are those of the grid's nodes rather than of the row tree's; false by
+    /// default.
     bool UseGridNotTree() const { return m_useGrid; }
     /// Rows of the other kind keep their items, but are not shown.
     virtual void SetUseGridNotTree(bool value);
@@ -178,12 +192,15 @@ public:
     TPublished<TOnCollisionDetected> OnCollisionDetected;
     TPublished<TGantRowNotify> OnAfterAddGantRow;
     TPublished<TGantRowNotify> OnBeforeFreeGantRow;
+    /// Set, it makes the rows in place of CreateRow.
     TUserCreateGantRow OnUserCreateGantRow;
-    // Drawing handlers must not add or remove nodes, items or links.
+    /// Drawing in place of the chart. Handlers that draw must not add or remove nodes, items or
+    /// links.
     TOnUserDrawTime OnUserDrawTime;
     TOnUserDrawLinks OnUserDrawLinks;
     /// Asked before OnUserDrawLinks, so that such links can be pointed at and marked.
     TOnLinkRoute OnLinkRoute;
+    /// Draws below everything in place of DefaultBackGround; draws above all items and links.
     TOnUserDrawContent OnUserDrawBackground;
     TOnUserDrawContent OnUserDrawForeground;
 
@@ -201,21 +218,30 @@ protected:
     /// destructor of the class whose parts the handlers use.
     void FinalizeData();
 
+    /// Factories of InitializeData, which also wires what they make.
     virtual std::unique_ptr<TzuDataList> CreateLinkList();
     virtual std::unique_ptr<TGantRowList> CreateRowList();
     /// The result is owned by the row list.
     virtual TGantRow *CreateRow(TzuDataEntity_Tree *treeNode, TzuDataEntity_GridTreeNode *gridNode);
+    /// The results are wired already. The row's layers own the first, the list of all items the
+    /// second.
     virtual TzuDataList_GantRow *CreateDataList_GantRow();
     virtual TzuDataList2lev *CreateDataList2Lev();
+    /// Wired by InitializeData.
     virtual std::unique_ptr<TzuDataList3lev> CreateDataList3Lev();
 
+    /// What the lists of items and links tell: each asks for a repaint and fires its event.
     virtual void _OnInsertItem(TzuDataEntity *item);
     virtual void _OnDeleteItem(TzuDataEntity *item);
     virtual void _OnContentChanged(TzuDataList *list);
     virtual void _OnInfoPush(TzuDataEntity *item);
     virtual void _OnSelectionChanged(TzuDataList *list, TzuDataEntity *item);
+
+    /// Around an item's move to another list.
     virtual void _OnBeforeChangeOwner(TzuDataEntity * /*item*/) {}
     virtual void _OnAfterChangeOwner(TzuDataEntity * /*item*/) {}
+
+    /// As above: what the lists of items and links tell.
     virtual void _OnBeforeCanEditItem(TzuDataEntity *item);
     virtual void _OnVirtualLoadTimeItem(TzuDataEntity *item);
     virtual void _OnVirtualUnLoadTimeItem(TzuDataEntity *item, bool &canUnload);
@@ -225,6 +251,7 @@ protected:
     void _OnLinkFreed(const TzuDataEntity_Link *link) override;
     /// Has the application draw an item of style sbsUser.
     virtual void UserDrawTime(TzuDataEntity_Spanbar &item, const TRect &rect, TCanvas &canvas);
+    /// Sets the font of a style before a text is drawn.
     void _OnTimeItemSyleSet(const TzuTimeItemTextCollection &collection, TCanvas &canvas,
                             int style);
 

@@ -15,13 +15,15 @@ namespace korvane {
 class KORVANE_CORE_API TGantChanges : public TGantSelection
 {
 public:
+    /// As that of TGantSelection.
     TGantChanges(IGantHost &host, IGantInputHost &inputHost, TzuGant_ComBasic *component);
     ~TGantChanges() override;
 
-    /// Whether a move to another row also moves in time.
+    /// Whether a move to another row also moves in time; false by default.
     bool MoveInTimeWhenMoveRow() const { return m_moveInTimeWhenMoveRow; }
     void SetMoveInTimeWhenMoveRow(bool on) { m_moveInTimeWhenMoveRow = on; }
-    /// Whether moves by more than 12 hours become moves by whole days. Applied after snapping.
+    /// Whether moves by more than 12 hours become moves by whole days, after snapping; false by
+    /// default.
     bool MoveOver12Then24() const { return m_moveOver12Then24; }
     void SetMoveOver12Then24(bool on) { m_moveOver12Then24 = on; }
     /// The grid of gestures. Its ScreenSnap is kept at the time that 3 pixels cover.
@@ -42,10 +44,12 @@ protected:
     /// Where an item would come to lie.
     struct TDrop
     {
+        /// Snapped; those of the item where it keeps them.
         TDateTime Start = 0;
         TDateTime Stop = 0;
-        TGantRow *Row = nullptr;
+        TGantRow *Row = nullptr; ///< the item's own, or another one
     };
+    /// Changes an item; false when nothing was to be changed.
     using TItemChange = std::function<bool(TzuDataEntity_Spanbar &item)>;
 
     /// Fits the grid to the zoom level.

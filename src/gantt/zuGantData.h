@@ -25,17 +25,20 @@ public:
     /// Links that still refer to the item lose that end.
     ~TzuDataEntity_Spanbar() override;
 
+    /// When the item starts; 0 until it is set.
     TDateTime GetStartDateTime() const { return m_start; }
     void SetStartDateTime(TDateTime start) { SetTimes(start, m_stop); }
-    /// May lie before the start; the item is then drawn at its least width.
+    /// When the item stops; 0 until it is set. May lie before the start; the item is then drawn at
+    /// its least width.
     TDateTime GetStopDateTime() const { return m_stop; }
     void SetStopDateTime(TDateTime stop) { SetTimes(m_start, stop); }
 
     void SetVisible(bool visible) override;
 
+    /// sbsSquare until it is set.
     TSpanbarStyle GetStyle() const { return m_style; }
     void SetStyle(TSpanbarStyle style) { Assign(m_style, style); }
-    /// Fill or line colour.
+    /// Fill or line colour; black until it is set, white when AddSpanbar has made the item.
     TColor GetColor() const { return m_color; }
     void SetColor(TColor color) { m_color = color; }
     /// Pixels left free between the row's (or sub-row's) top edge and the item.
@@ -60,6 +63,7 @@ public:
     TzuTimeItemTextCollection &Texts();
     /// The same without allocating it; null when there is none.
     const TzuTimeItemTextCollection *TextsIfAny() const { return m_texts.get(); }
+    /// Whether it has any text; allocates nothing.
     bool HasTexts() const { return m_texts != nullptr && m_texts->GetCount() > 0; }
 
     /// Whether the item is drawn, and how, has changed by other means than a setter.
@@ -70,7 +74,7 @@ public:
         }
     }
 
-    /// The row that the item lies on. The item must be in a row's list.
+    /// The row that the item lies on; null while it is in no row's list.
     TGantRow *GetRow() const;
     /// Links that start or end at the item, in no particular order.
     const std::vector<TzuDataEntity_Link *> &Links() const;
@@ -121,6 +125,7 @@ private:
 /// Where a set of time items finds its number in the item.
 struct TSpanbarSetPlace
 {
+    /// The item's number in the set that holds it; for the set alone to write.
     static std::uint32_t &Of(TzuDataEntity_Spanbar &item) { return item.m_setSlot; }
     static std::uint32_t Of(const TzuDataEntity_Spanbar &item) { return item.m_setSlot; }
 };
@@ -132,13 +137,14 @@ public:
     TzuDataEntity_Link() = default;
     ~TzuDataEntity_Link() override;
 
-    /// The item the link starts at; observed.
+    /// The item the link starts at; observed, null for none.
     TzuDataEntity_Spanbar *First() const { return m_first.Item; }
     void SetFirst(TzuDataEntity_Spanbar *item);
-    /// The item the link ends at; observed.
+    /// The item the link ends at; observed, null for none.
     TzuDataEntity_Spanbar *Second() const { return m_second.Item; }
     void SetSecond(TzuDataEntity_Spanbar *item);
 
+    /// tlsDefault and blue until they are set; AddLink gives a link the chart's defaults.
     TLinkStyle GetStyle() const { return m_style; }
     void SetStyle(TLinkStyle style) { m_style = style; }
     TColor GetColor() const { return m_color; }
@@ -178,6 +184,7 @@ public:
     TzuDataList_GantRow();
     ~TzuDataList_GantRow() override;
 
+    /// The row whose layer it is, which tells its layers so; null for a list in no row.
     TGantRow *GetRow() const { return m_row; }
     void SetRow(TGantRow *row) { m_row = row; }
 

@@ -17,11 +17,13 @@ class TGantCore;
 class KORVANE_CORE_API TGantRanks
 {
 public:
+    /// The layer is observed, and must stay as it is meanwhile.
     explicit TGantRanks(const TzuDataList &layer)
         : m_layer(layer)
     {
     }
 
+    /// 0-based place of an item in the layer.
     int Of(const TzuDataEntity_Spanbar &item) const;
 
 private:
@@ -69,6 +71,7 @@ private:
 class KORVANE_CORE_API TGantDensity final : public TGantGroupVisitor
 {
 public:
+    /// `rowY` is the row's height in area pixels. All are observed; nothing is drawn before Draw.
     TGantDensity(TGantCore &gant, const TGantRow &row, const TzuDataList &layer, TPixelSpan rowY);
 
     bool TakeGroup(const TGantItemGroup &group) override;

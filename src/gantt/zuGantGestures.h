@@ -40,12 +40,14 @@ namespace korvane {
 class KORVANE_CORE_API TGantGestures : public TGantChanges
 {
 public:
+    /// As that of TGantChanges.
     TGantGestures(IGantHost &host, IGantInputHost &inputHost, TzuGant_ComBasic *component);
     ~TGantGestures() override;
 
+    /// What the running gesture does; mmNone without one, and while the rubber band runs.
     TGantMouseMoveMode GetMouseMoveMode() const { return m_mode; }
+    /// What the next left press on an item starts; every press resets it to smNone.
     TGantStickyMode StickyMode() const { return m_stickyMode; }
-    /// Decides what the next left press on an item starts; every press resets it.
     void SetStickyMode(TGantStickyMode mode) { m_stickyMode = mode; }
     /// Whether a button went down in the area and has not been released.
     bool MouseIsDown() const { return m_mouseDown; }
@@ -56,10 +58,10 @@ public:
     /// From the press to the release of the last gesture, in pixels; zero when that was no drag.
     TPoint LastDelta() const { return m_lastDelta; }
 
-    /// Whether items dragged out of the control go on as drag and drop.
+    /// Whether items dragged out of the control go on as drag and drop; false by default.
     bool StartDragWhenTimeMoveOutside() const { return m_startDragOutside; }
     void SetStartDragWhenTimeMoveOutside(bool on) { m_startDragOutside = on; }
-    // Events of the area, in its pixels.
+    /// Events of the area, in its pixels.
     void GantAreaMouseDown(TMouseButton button, const TShiftState &shift, int x, int y);
     void GantAreaMouseMove(const TShiftState &shift, int x, int y);
     void GantAreaMouseUp(TMouseButton button, const TShiftState &shift, int x, int y);
@@ -68,6 +70,7 @@ public:
     void OnGADblClick();
     /// The tick of the timer that the host runs while asked to.
     void GestureTick();
+
     void GantAreaPaint() override;
     /// Draws the outlines of the running gesture; they never become part of the area's picture.
     void GantAreaPaintOverlay(TCanvas &canvas);
@@ -96,7 +99,7 @@ public:
     TPublished<TGantMouseButtonEvent> OnGantAreaMouseUp;
 
 protected:
-    // Fire the events of clicks, on ItemUnderMouse and on an item, which may be null.
+    /// Fire the events of clicks, on ItemUnderMouse and on an item, which may be null.
     virtual void DoClickGantArea(TMouseButton button);
     virtual void DoDblClickGantArea(TzuDataEntity_Spanbar *item)
     {
@@ -107,6 +110,7 @@ protected:
     virtual void DrawOutline(const TRect &rect, TCanvas &canvas);
     /// Draws those of the items as the running gesture would leave them.
     virtual void DrawOutlineOfSelected(std::span<const TRect> frames, TCanvas &canvas);
+    /// Draws the line of the dependency that is being drawn, in area pixels.
     virtual void DrawOutlineOfDependencyArrow(TPoint from, TPoint to, TCanvas &canvas);
 
     void _OnDeleteItem(TzuDataEntity *item) override;

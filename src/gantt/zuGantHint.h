@@ -14,6 +14,7 @@ namespace korvane {
 KORVANE_CORE_API TGestureHint HintOfDependency(const TzuDataEntity_Spanbar *first,
                                                const TzuDataEntity_Spanbar *second);
 
+/// What an item dragged out of the chart offers: captions and times of all.
 KORVANE_CORE_API TItemDragData DragDataOf(std::span<TzuDataEntity_Spanbar *const> items, bool copy);
 
 } // namespace korvane

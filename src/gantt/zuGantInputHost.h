@@ -21,14 +21,17 @@ enum class TGantCursor : unsigned char {
     Forbidden
 };
 
+/// What the mouse and the keyboard need of the controls; implemented by the chart control.
 class KORVANE_CORE_API IGantInputHost
 {
 public:
     virtual ~IGantInputHost() = default;
 
+    /// Gives the area the keyboard focus.
     virtual void FocusArea() = 0;
     /// Whether the area has got the focus by the keyboard.
     virtual bool AreaHasFocus() const { return false; }
+    /// Shows a pointer over the area until the next call.
     virtual void SetAreaCursor(TGantCursor cursor) = 0;
     /// Requests that the overlay is drawn again in a part of the area.
     virtual void InvalidateOverlay(const TRect &rect) = 0;
@@ -44,6 +47,7 @@ public:
     virtual void SetGestureTimer(bool on) = 0;
     /// Shows the hint beside a point of the area, or moves it there.
     virtual void ShowGestureHint(const TGestureHint &hint, TPoint at) = 0;
+    /// Takes the hint away; nothing without one.
     virtual void HideGestureHint() = 0;
     /// Lets the user carry items out of the chart. May come back only after the drop.
     virtual void StartItemDrag(const TItemDragData &data) = 0;

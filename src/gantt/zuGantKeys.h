@@ -69,8 +69,8 @@ enum class TGantKeyFunction : unsigned char {
 /// A hint, and where it holds, in area pixels.
 struct TAreaHint
 {
-    std::string Text;
-    TRect Rect;
+    std::string Text; ///< lines; empty for no hint
+    TRect Rect;       ///< the hint goes when the pointer leaves it
 };
 
 /// Adds the keyboard to the chart.
@@ -91,6 +91,7 @@ struct TAreaHint
 class KORVANE_CORE_API TGantKeys : public TGantGestures
 {
 public:
+    /// As that of TGantGestures.
     using TGantGestures::TGantGestures;
 
     /// Whether the key was used.
@@ -102,6 +103,7 @@ public:
     bool PerformGantAreaKeyfunction(TGantKeyFunction function, bool extend = false);
     /// The mouse is over a point of the area: marks the link there. An item above it comes first.
     void PointAt(int x, int y);
+    /// The mouse has left the area: no link is marked.
     void PointAway() { SetHoverLink(nullptr); }
     /// What a hint says about the item or link at a point: its caption, and when the item starts
     /// and stops. Empty where there is neither.
@@ -113,6 +115,7 @@ public:
     /// have the keyboard focus.
     void EnsureActiveDataEntity();
 
+    /// HintAt has found an item, or a link; the handler may say something else.
     TOnItemHint OnItemHint;
     TOnLinkHint OnLinkHint;
     /// The user wants to edit an item, which can be edited.

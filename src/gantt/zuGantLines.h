@@ -53,6 +53,7 @@ public:
 class KORVANE_CORE_API TGantTreeLines : public IGantLines
 {
 public:
+    /// Both are observed.
     TGantTreeLines(TTreeCore &tree, const TGantRowList &rows)
         : m_tree(tree)
         , m_rows(rows)
@@ -71,6 +72,7 @@ public:
     TGantRow *CurrentRow() override;
 
 protected:
+    /// Where the lines of the tree lie now, in pixels of the tree.
     virtual TTreeGeometry Geometry() const = 0;
     /// Distance from the top of the tree's first line on screen to the top of the area, in pixels.
     virtual int Offset() const = 0;

@@ -22,6 +22,7 @@ struct TLinkEnd
 /// Where a link leaves its first item and enters its second.
 struct TLinkPoints
 {
+    /// In area pixels.
     TPoint Start;
     TPoint End;
     int Heading = 1; ///< direction in which a line from the side enters: 1 rightwards, -1 leftwards
@@ -44,6 +45,7 @@ public:
     /// tlsDefault gives three segments, every other style two.
     TLinkRoute(TLinkPoints points, TLinkStyle style);
 
+    /// From the first item to the second; as many points as segments and one.
     std::span<const TPoint> Line() const { return std::span(m_line).first(m_lineCount); }
     /// The triangle at the end; its first point is the tip.
     std::span<const TPoint, 3> ArrowHead() const { return m_arrowHead; }
@@ -64,6 +66,7 @@ private:
 /// none.
 KORVANE_CORE_API double DistanceToLine(std::span<const TPoint> line, TPoint point);
 
+/// How a link is marked.
 enum class TLinkMark : unsigned char {
     None,
     Hovered, ///< drawn thicker

@@ -25,10 +25,12 @@ class TTimeDistinctGenericThread;
 class KORVANE_CORE_API TGantRow : public TzuExposable
 {
 public:
+    /// Makes the row's layers. The nodes are observed; either may be null.
     explicit TGantRow(TGantRowList &rowList, TzuDataEntity_Tree *treeNode,
                       TzuDataEntity_GridTreeNode *gridNode = nullptr);
     ~TGantRow() override;
 
+    /// The chart and its list of rows; both outlive the row.
     TGantCore &Gant() const { return m_gant; }
     TGantRowList &RowList() const { return m_rowList; }
     /// The node of the row tree, or null.
@@ -38,13 +40,13 @@ public:
     /// The one of the two that the row has, the tree's first.
     TzuDataEntity *Node() const;
 
-    /// Whether items may be moved in time with the mouse.
+    /// Whether items may be moved in time with the mouse; true by default.
     bool TimeItems_CanMove() const { return m_canMove; }
     void SetTimeItems_CanMove(bool can) { m_canMove = can; }
-    /// Whether items may be dragged to another row.
+    /// Whether items may be dragged to another row; true by default.
     bool TimeItems_CanChangeRow() const { return m_canChangeRow; }
     void SetTimeItems_CanChangeRow(bool can) { m_canChangeRow = can; }
-    /// Whether items may be resized with the mouse.
+    /// Whether items may be resized with the mouse; true by default.
     bool TimeItems_CanResize() const { return m_canResize; }
     void SetTimeItems_CanResize(bool can) { m_canResize = can; }
 
@@ -89,6 +91,7 @@ public:
     bool GetVisible() const;
     /// The row's rectangle in area pixels, (-1, -1, -1, -1) while the row is scrolled away.
     TRect GetRect() const;
+    /// Whether the row has a rectangle: it is not scrolled away.
     bool IsOnScreen() const;
     /// Takes the rectangle afresh from the node.
     void UpdateRect();

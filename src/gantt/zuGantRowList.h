@@ -15,9 +15,9 @@ class TGantCore;
 /// A line of the row tree or of the grid that is on screen. One of the nodes is null.
 struct TVisibleNode
 {
-    TzuDataEntity_Tree *Node = nullptr;
-    TRect Rect; ///< in area pixels
-    TzuDataEntity_GridTreeNode *GridNode = nullptr;
+    TzuDataEntity_Tree *Node = nullptr;             ///< of the row tree
+    TRect Rect;                                     ///< in area pixels
+    TzuDataEntity_GridTreeNode *GridNode = nullptr; ///< of the grid
 };
 
 /// All rows in creation order. It owns them; rows come and go with the nodes of the row tree
@@ -25,12 +25,15 @@ struct TVisibleNode
 class KORVANE_CORE_API TGantRowList : public TzuExposable
 {
 public:
+    /// The chart owns the list.
     explicit TGantRowList(TGantCore &gant)
         : m_gant(gant)
     {
     }
 
+    /// The chart whose rows these are.
     TGantCore &Gant() const { return m_gant; }
+    /// Number of rows, shown or not.
     int Count() const { return m_rows.Size(); }
     /// Null outside 0..Count()-1.
     TGantRow *GetGantRow(int index) const;

@@ -29,9 +29,11 @@ class TTreeCore;
 class KORVANE_CORE_API TGantSelection : public TGantCore
 {
 public:
+    /// Both hosts outlive the chart; `component` is that of TGantCore.
     TGantSelection(IGantHost &host, IGantInputHost &inputHost, TzuGant_ComBasic *component);
     ~TGantSelection() override;
 
+    /// Of the time items, without the links; costs the same however many are selected.
     int SelectedCount() const { return m_selected.Count(); }
     bool IsSelected(const TzuDataEntity_Spanbar &item) const { return m_selected.Contains(&item); }
     /// The selected items as a walk over all items meets them: by row, layer and place in the
@@ -72,12 +74,15 @@ public:
     /// any pixel of its rectangle is. The rectangle may reach beyond the area: rows that are
     /// scrolled away are reached at the height of the rows on screen.
     void SelectInRect(const TRect &rect, TSelectHow how);
+    /// Keeps what is selected now.
     void EndSelectInRect();
     /// Goes back to what was selected at BeginSelectInRect.
     void CancelSelectInRect();
+    /// From BeginSelectInRect to its end.
     bool SelectingInRect() const { return m_band != nullptr; }
 
-    /// The next row with a node that is shown, whether scrolled away or not; null at either end.
+    /// The next or previous row with a node that is shown, whether scrolled away or not; null at
+    /// either end.
     TGantRow *NextShownRow(const TGantRow &row) const;
     TGantRow *PrevShownRow(const TGantRow &row) const;
 
@@ -112,6 +117,7 @@ public:
     TPublished<TOnGantNotify> OnAfterSelectionChanged;
 
 protected:
+    /// As given to the constructor.
     IGantInputHost &InputHost() { return m_inputHost; }
     const IGantInputHost &InputHost() const { return m_inputHost; }
 

@@ -12,6 +12,7 @@ namespace korvane {
 class TGantSelection::TChangeScope
 {
 public:
+    /// Scopes nest; the outermost asks for the repaint.
     explicit TChangeScope(TGantSelection &selection)
         : m_selection(selection)
     {
@@ -37,10 +38,12 @@ private:
 struct TGantSelection::TBand
 {
     std::unordered_set<TzuDataEntity_Spanbar *> Before; ///< selected when it began
+    /// Items in the rectangle now; how it was applied last, and whether it was.
     TItems Inside;
     TSelectHow How = TSelectHow::Replace;
     bool Applied = false;
 
+    /// Whether an item is selected that lies inside or outside.
     bool Wants(TzuDataEntity_Spanbar *item, bool inside) const
     {
         switch (How) {

@@ -19,11 +19,11 @@ struct TGantItemGroup
     TzuDataEntity_Spanbar *Last = nullptr;   ///< that begins last
     TzuDataEntity_Spanbar *Latest = nullptr; ///< that stops last
     TzuDataEntity_Spanbar *Top = nullptr;    ///< that is drawn last
-    TDateTime FirstStart = 0;
-    TDateTime LastStop = 0;
-    TDateTime Busy = 0; ///< sum of the lengths
-    int Count = 0;
-    int Instants = 0; ///< items without a length
+    TDateTime FirstStart = 0;                ///< of First
+    TDateTime LastStop = 0;                  ///< of Latest
+    TDateTime Busy = 0;                      ///< sum of the lengths
+    int Count = 0;                           ///< of all, Instants included
+    int Instants = 0;                        ///< items without a length
     /// They are drawn alike and lie at the same height: bars, or symbols of one look and size. All
     /// are selected or none is, and none is drawn by the application.
     bool Uniform = true;
@@ -38,6 +38,7 @@ public:
     /// False: the group is visited in smaller parts, down to its items. Some of its items may lie
     /// outside the time asked for.
     virtual bool TakeGroup(const TGantItemGroup &group) = 0;
+    /// An item of a group that was not taken.
     virtual void TakeItem(TzuDataEntity_Spanbar &item) = 0;
     /// Grows in the order in which items are drawn.
     virtual int RankOf(const TzuDataEntity_Spanbar &item) const = 0;

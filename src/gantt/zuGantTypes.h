@@ -63,12 +63,14 @@ enum class TGantUserChange : unsigned char {
     ucOther
 };
 
+/// How a link is drawn.
 enum class TLinkStyle : unsigned char {
     tlsDefault,   ///< out, across and in: three segments with an open arrow head
     tlsMSProject, ///< across and down or up: two segments with a filled arrow head
     tlsUserDraw,  ///< drawn by OnUserDrawLinks
 };
 
+/// One end of an item in time.
 enum class TGantEnd : unsigned char { Start, Stop };
 
 /// A direction along the rows, or from row to row.
@@ -81,9 +83,14 @@ enum class TLinkShow : unsigned char {
     lsAlways,          ///< at least one end on a row that is not scrolled away
 };
 
+/// What the chart tells of itself.
 using TOnGantNotify = TMethod<void(TzuGant_ComBasic *theGant)>;
+/// What the chart tells of one time item.
 using TOnInfoPush_Spanbar =
     TMethod<void(TzuGant_ComBasic *theGant, TzuDataEntity_Spanbar *theDataEntity)>;
+
+/// An item that is not loaded is needed, and to be filled; one is to be unloaded. `canUnload` is
+/// false on entry: it may go only when the handler can fill it again.
 using TOnGantVirtualLoad = TOnInfoPush_Spanbar;
 using TOnGantVirtualUnLoad =
     TMethod<void(TzuGant_ComBasic *theGant, TzuDataEntity_Spanbar *theDataEntity, bool &canUnload)>;
@@ -143,6 +150,8 @@ using TOnTimeCopyOrChangeRow =
     TMethod<void(TzuGant_ComBasic *theGant, TzuDataEntity_Spanbar *item, TGantRow *row,
                  TGantRow *newRow, TDateTime start, TDateTime stop)>;
 
+/// Draws an item of style sbsUser, or a link of style tlsUserDraw, in painted pixels; `rect` is the
+/// item's without its insets, `start` and `end` are where the link leaves and enters its items.
 using TOnUserDrawTime = TMethod<void(TzuGant_ComBasic *theGant, TzuDataEntity_Spanbar *item,
                                      TCanvas &canvas, const TRect &rect)>;
 using TOnUserDrawLinks = TMethod<void(TzuGant_ComBasic *theGant, TzuDataEntity_Link *link,
@@ -159,6 +168,7 @@ using TOnLinkHint =
 using TOnUserDrawContent =
     TMethod<void(TzuGant_ComBasic *theGant, const TRect &rect, TCanvas &canvas)>;
 
+/// A row has come or is about to go.
 using TGantRowNotify = TMethod<void(TGantRowList *theGantRowList, TGantRow *theGantRow)>;
 /// Creates the row of a node of the row tree or of the grid; the other one is null. Leaving
 /// `result` null gives the node no row.

@@ -19,6 +19,7 @@ class TzuTimeItemTextCollection;
 class TzuTimeItemText
 {
 public:
+    /// See Text, Pos and Style.
     TzuTimeItemText(std::string_view text, TPoint pos, int style)
         : m_text(text)
         , m_pos(pos)
@@ -50,6 +51,7 @@ using TOnStyleSet =
 class KORVANE_CORE_API TzuTimeItemTextCollection
 {
 public:
+    /// Number of texts, empty ones included.
     int GetCount() const { return static_cast<int>(m_texts.size()); }
     /// Throws std::out_of_range outside 0..GetCount()-1.
     TzuTimeItemText &GetTimeItemText(int index) { return m_texts.at(static_cast<size_t>(index)); }

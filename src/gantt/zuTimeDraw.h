@@ -9,7 +9,7 @@ namespace korvane {
 
 /// By how much the upper and lower edges of bars are darker than the bar, in TintColor's terms.
 inline constexpr int kEdgeTint = -35;
-
+/// Whether a line has upright marks at its ends.
 enum class TLineEnds : unsigned char { leNone, leMarks };
 
 /// Drawing routines of the item styles. Rectangles are half-open pixels and may reach far beyond

@@ -22,14 +22,18 @@ KORVANE_CORE_API bool SameName(std::string_view a, std::string_view b);
 class KORVANE_CORE_API TzuCellLayout : public TObject
 {
 public:
+    /// The collection outlives its layouts.
     explicit TzuCellLayout(TzuCellLayouts &layouts)
         : m_layouts(layouts)
     {
     }
 
-    /// By which columns and cells refer to the layout, whatever the case of its letters.
+    /// By which columns and cells refer to the layout, whatever the case of its letters; empty to
+    /// begin with.
     const std::string &Name() const { return m_name; }
     void SetName(std::string name);
+    /// As the members of TLayoutProp with these names, and with their defaults. A change is shown
+    /// in every cell that has the layout.
     TColor BackColor() const { return m_prop->BackColor; }
     void SetBackColor(TColor value) { Set(m_prop->BackColor, value); }
     TColor FrontColor() const { return m_prop->FrontColor; }
@@ -88,9 +92,11 @@ private:
     std::shared_ptr<TLayoutProp> m_prop = std::make_shared<TLayoutProp>();
 };
 
+/// The layouts of a grid.
 class KORVANE_CORE_API TzuCellLayouts : public TGridCollection<TzuCellLayout>
 {
 public:
+    /// The host outlives the collection.
     explicit TzuCellLayouts(IGridModelHost &host)
         : m_host(host)
     {

@@ -20,8 +20,8 @@ namespace korvane {
 /// A column to sort by.
 struct TGridSortKey
 {
-    TzuGrid_Column *Column = nullptr;
-    bool Descending = false;
+    TzuGrid_Column *Column = nullptr; ///< of the view's grid; observed
+    bool Descending = false;          ///< from the greatest to the least
 
     friend bool operator==(const TGridSortKey &, const TGridSortKey &) = default;
 };
@@ -31,7 +31,9 @@ using TOnGetUserSortCompareString = TMethod<void(TObject *theGrid, TzuGrid_Colum
                                                  std::string &theKey, TBabCell *theCell)>;
 /// Sorts the rows itself and sets `handled`, or leaves it to the grid.
 using TOnUserSort = TMethod<void(TObject *theGrid, TzuGrid_Column *theColumn, bool &handled)>;
+/// About one column of the view's grid, or nil.
 using TOnGridColumn = TMethod<void(TObject *theGrid, TzuGrid_Column *theColumn)>;
+/// About the grid in a cell, which was made from nothing but its columns.
 using TOnInitSubGrid = TMethod<void(TObject *theGrid, TBabSubGridCell *theSubGrid,
                                     TAxisContentItem *theColumn, TAxisContentItem *theRow)>;
 
@@ -45,30 +47,36 @@ using TOnInitTreeSubDataList = TMethod<void(TObject *theGrid, TzuDataEntity_Grid
 class KORVANE_CORE_API TzuGridCore : private IGridModelHost
 {
 public:
+    /// Width of the info column and height of the header, in pixels.
     static constexpr int kInfoColumnWidth = 20;
     static constexpr int kHeaderHeight = 20;
 
     /// The view's grid cell outlives the grid. `changed` is called when something is to be shown
     /// anew.
     TzuGridCore(TBabGridCellForViewer &root, TMethod<void()> changed);
+
     TzuGridCore(const TzuGridCore &) = delete;
     TzuGridCore &operator=(const TzuGridCore &) = delete;
     virtual ~TzuGridCore();
 
+    /// Whether there are a row of headers and an info column at the left, both fixed; true by
+    /// default.
     bool HasHeaders() const { return m_hasHeaders; }
     void SetHasHeaders(bool value);
     bool HasInfoCol() const { return m_hasInfoCol; }
     void SetHasInfoCol(bool value);
+    /// Owned by the grid. Each change reaches the cells that exist.
     TzuGrid_Columns &Columns() { return m_columns; }
     const TzuGrid_Columns &Columns() const { return m_columns; }
     TzuGrid_SubGrids &SubGrids() { return m_subGrids; }
     const TzuGrid_SubGrids &SubGrids() const { return m_subGrids; }
     TzuCellLayouts &CellLayouts() { return m_layouts; }
     const TzuCellLayouts &CellLayouts() const { return m_layouts; }
-    /// Whether a click on the header of a column with SortEnable sorts.
+    /// Whether a click on the header of a column with SortEnable sorts; false by default.
     bool UserSortEnable() const { return m_userSortEnable; }
     void SetUserSortEnable(bool value) { m_userSortEnable = value; }
 
+    /// As given to the constructor.
     TBabGridCellForViewer &RootCell() const { return m_root; }
     /// Gives a grid its fixed column and row and one item per column.
     static void InitColumnsAndFixed(TBabGridCell &gridCell, TzuGrid_Columns &columns,
@@ -77,18 +85,21 @@ public:
     TAxisContentItem *AddRows(int count);
     /// Text of a crossing by column and row behind the heads; nothing when there is none.
     std::string CellText(int column, int row);
+    /// Makes the cell; nothing when there is no such crossing, or when the cell does not take the
+    /// text.
     void SetCellText(int column, int row, std::string_view text);
     /// What the sub-grid of a cell was built from; nil for the view's grid.
     TzuGrid_SubGrid *SubGridOf(const TBabGridCell &gridCell) const;
 
-    /// Whether the rows are a tree. A change clears the rows. Columns with TreeButton, or of kind
-    /// tckSubTree, show levels and expand buttons.
+    /// Whether the rows are a tree; false by default. A change clears the rows. Columns with
+    /// TreeButton, or of kind tckSubTree, show levels and expand buttons.
     bool UseTree() const { return m_tree != nullptr; }
     void SetUseTree(bool useTree);
     /// Nil when the rows are none.
     TzuGridTree *GetTree() const { return m_tree.get(); }
 
-    // Sorting. Only what is loaded completely is sorted here.
+    /// What the rows are sorted by, the foremost first. Only what is loaded completely is sorted
+    /// here.
     const std::vector<TGridSortKey> &SortKeys() const { return m_sortKeys; }
     /// The column that is sorted by first, or nil.
     TzuGrid_Column *SortColumn() const;
@@ -102,7 +113,9 @@ public:
     /// By what the row is sorted in the first sort column.
     std::string GetSortString(TAxisContentItem &row);
 
+    /// The key by which a row is sorted is made.
     TOnGetUserSortCompareString OnGetUserSortCompareString;
+    /// Before the grid sorts.
     TOnUserSort OnUserSort;
     TPublished<TOnGridColumn> OnColumnSort; ///< after the rows were sorted
     /// Without it nodes have the children that the application gave them.

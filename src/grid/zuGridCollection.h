@@ -17,7 +17,9 @@ template <typename Item>
 class TGridCollection : public TObject
 {
 public:
+    /// Number of items.
     int Count() const { return static_cast<int>(m_items.size()); }
+    /// An item; the collection owns it.
     Item &At(int index) const { return *m_items.at(static_cast<std::size_t>(index)); }
     /// -1 when the item is not in the collection.
     int IndexOf(const Item *item) const
@@ -26,6 +28,7 @@ public:
                                         [item](const auto &each) { return each.get() == item; });
         return found == m_items.end() ? -1 : static_cast<int>(found - m_items.begin());
     }
+    /// Creates an item, at the end or at an index 0..Count.
     Item &Add() { return Insert(Count()); }
     Item &Insert(int index)
     {
@@ -36,6 +39,7 @@ public:
         Inserted(index);
         return result;
     }
+    /// Frees an item, or all from the last to the first.
     void Delete(int index)
     {
         Check(index, Count());
@@ -64,7 +68,9 @@ public:
     }
 
 protected:
+    /// Called within Add and Insert; must not give null.
     virtual std::unique_ptr<Item> CreateItem() = 0;
+    /// The item is at the index; is about to go from it; stands elsewhere.
     virtual void Inserted(int /*index*/) { Changed(); }
     virtual void Deleting(int /*index*/) {}
     virtual void Moved(int /*from*/, int /*to*/) { Changed(); }

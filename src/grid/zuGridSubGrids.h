@@ -15,21 +15,26 @@ namespace korvane {
 class TzuGrid_SubGrid : public TObject
 {
 public:
+    /// Both outlive it.
     TzuGrid_SubGrid(IGridModelHost &host, const TzuCellLayouts &layouts)
         : m_host(host)
         , m_columns(host, layouts)
     {
     }
 
+    /// By which columns refer to it, whatever the case of the letters; empty to begin with.
     const std::string &Name() const { return m_name; }
     void SetName(std::string name) { m_name = std::move(name); }
+    /// Owned by the sub-grid; every cell built from it follows them.
     TzuGrid_Columns &Columns() { return m_columns; }
     const TzuGrid_Columns &Columns() const { return m_columns; }
+    /// Whether it has a row of headers; true by default.
     bool HasHeaders() const { return m_hasHeaders; }
     void SetHasHeaders(bool value) { Set(m_hasHeaders, value); }
+    /// Whether it has a fixed info column at the left; false by default.
     bool HasInfoCol() const { return m_hasInfoCol; }
     void SetHasInfoCol(bool value) { Set(m_hasInfoCol, value); }
-    /// Whether the last column takes the room that is left in the cell.
+    /// Whether the last column takes the room that is left in the cell; false by default.
     bool ExtendLastColumnToWidth() const { return m_extendLastColumn; }
     void SetExtendLastColumnToWidth(bool value) { Set(m_extendLastColumn, value); }
 
@@ -50,9 +55,11 @@ private:
     TzuGrid_Columns m_columns;
 };
 
+/// The sub-grids of a grid.
 class KORVANE_CORE_API TzuGrid_SubGrids : public TGridCollection<TzuGrid_SubGrid>
 {
 public:
+    /// Both outlive the collection.
     TzuGrid_SubGrids(IGridModelHost &host, const TzuCellLayouts &layouts)
         : m_host(host)
         , m_layouts(layouts)

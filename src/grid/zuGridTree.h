@@ -25,6 +25,7 @@ enum class TGridTreeEvent : std::uint8_t {
     RowVisibleChanged, ///< rows at or below the node were hidden or shown; nil: any rows
     RowsReordered      ///< sorted; the node is nil
 };
+/// A row has come, gone, moved, or was hidden or shown.
 using TOnGridTreeIntegrationEvent = TMethod<void(TzuGridTree *theTree, TGridTreeEvent theEvent,
                                                  TzuDataEntity_GridTreeNode *theNode)>;
 /// The key by which a node is recognised when it comes again; empty for none.
@@ -51,25 +52,32 @@ class KORVANE_CORE_API TzuGridTree : public TObject
 {
 public:
     static constexpr int kAllLevels = 1 << 30;
+    /// Something happened to a node.
     using TNodeNotify = TMethod<void(TzuGridTree *theTree, TzuDataEntity_GridTreeNode *theNode)>;
 
     /// Both outlive the tree. The grid cell's rows behind the head are cleared.
     TzuGridTree(TzuGridCore &grid, TBabGridCell &gridCell);
+    /// Frees the nodes, and with them the rows.
     ~TzuGridTree() override;
 
+    /// As given to the constructor.
     TBabGridCell &GridCell() const { return m_gridCell; }
     TzuGridCore &Grid() const { return m_grid; }
 
-    // Content. Nodes belong to their lists, lists to their parent node or to the tree.
+    /// The roots; made when first asked for, nil once the tree is being released. Nodes belong to
+    /// their lists, lists to their parent node or to the tree.
     TzuDataList_GridTree *DataList();
     /// Every list of the tree that was asked for.
     const TzuDataList2lev &DataLists() const { return *m_lists; }
+    /// The controller of all these lists; its slots are the tree's to set.
     TzuListController_GridTree &Controller() { return m_controller; }
     /// Appends below the parent, or a root when it is nil. Nil when a handler removed it.
     TzuDataEntity_GridTreeNode *AddDataEntity(TzuDataEntity_GridTreeNode *parent = nullptr);
-    /// Inserts at an index 0..Count of the list.
+    /// Inserts at an index 0..Count of the list; throws std::out_of_range for others. Nil as above.
     TzuDataEntity_GridTreeNode *InsertDataEntity(TzuDataList_GridTree &list, int index);
+    /// Takes it out and frees it, with all below it; nil and what is in no list are ignored.
     void RemoveDataEntity(TzuDataEntity_GridTreeNode *node);
+    /// Removes everything.
     void Clear() { DataList()->Clear(); }
 
     // Rows.
@@ -77,11 +85,13 @@ public:
     static TzuDataEntity_GridTreeNode *NodeOf(const TAxisContentItem *row);
     /// Index in the grid's rows, hidden or not; -1 without a row.
     int GetRow(const TzuDataEntity_GridTreeNode &node) const;
+    /// Nil for rows of the head, and for indexes that do not exist.
     TzuDataEntity_GridTreeNode *GetDataEntityFromRow(int row) const;
     /// The nodes whose rows are shown now, from top to bottom.
     std::vector<TzuDataEntity_GridTreeNode *> VisibleNodes() const;
     /// The next node that is not hidden; of nil the first. Nil when there is none.
     TzuDataEntity_GridTreeNode *GetNextVisible(const TzuDataEntity_GridTreeNode *node) const;
+    /// The same upwards; of nil the last.
     TzuDataEntity_GridTreeNode *GetPrevVisible(const TzuDataEntity_GridTreeNode *node) const;
     /// Whether a node of the same parent is shown below this one.
     bool HasNextShown(const TzuDataEntity_GridTreeNode &node) const;
@@ -118,15 +128,20 @@ public:
     void Sort(const std::vector<TAxisContentItem *> &order);
 
     TEvent NodeImageEvent; ///< an image index changed; data: the node
+    /// Called within changes: only note what happened.
     TOnGridTreeIntegrationEvent OnIntegrationEvent;
+    /// Asked when a node goes, and when one comes that may have been expanded.
     TOnGetNodeKey OnGetNodeKey;
-    TNodeNotify OnInsertItem;
+    TNodeNotify OnInsertItem; ///< the node has its row
     TNodeNotify OnDeleteItem; ///< before the node is freed
     TNodeNotify OnSelectionChanged;
+    /// One node was expanded or collapsed, by the user or by SetExpanded.
     TNodeNotify OnExpanded;
     TNodeNotify OnCollapsed;
+    /// DoInfoPush was called; the handler may set CanEdit before it is read.
     TNodeNotify OnInfoPush;
     TNodeNotify OnBeforeCanEditItem;
+    /// As TzuListController::OnContentChanged.
     TMethod<void(TzuGridTree *theTree, TzuDataList_GridTree *theList)> OnContentChanged;
     /// A handler that does the moving itself sets `handled`.
     TMethod<void(TzuGridTree *theTree, const TGridTreeMove &theMove, bool &allow, bool &handled)>
@@ -195,10 +210,12 @@ private:
 class KORVANE_CORE_API TzuSubTreeCell : public TBabSubGridCell
 {
 public:
+    /// With one column for the tree, unless a sub-grid gives others. The grid outlives it.
     explicit TzuSubTreeCell(TzuGridCore &grid)
         : m_tree(std::make_unique<TzuGridTree>(grid, *this))
     {
     }
+    /// Owned by the cell.
     TzuGridTree &Tree() const { return *m_tree; }
     /// Has the application give the roots.
     void AfterPlaced() override;

@@ -27,16 +27,18 @@ public:
     /// Whether the row is not hidden. Scrolled away is still visible.
     bool GetVisible() const override;
 
-    /// What the tree's column shows where neither a cell nor the application has a text.
+    /// What the tree's column shows where neither a cell nor the application has a text; UTF-8,
+    /// empty to begin with.
     const std::string &GetText() const { return m_text; }
     void SetText(std::string_view text);
-    /// Images of the tree's column, where it has icons; -1 shows none.
+    /// Images of the tree's column, where it has icons; -1, the default, shows none.
     int GetImageIndex() const { return m_imageIndex; }
     void SetImageIndex(int index);
-    /// Image of a selected node; -1 shows the normal one.
+    /// Image of a selected node; -1, the default, shows the normal one.
     int GetSelectedIndex() const { return m_selectedIndex; }
     void SetSelectedIndex(int index);
 
+    /// False to begin with.
     bool GetExpanded() const { return m_expanded; }
     /// Asks for children first that were not loaded yet; without any the node stays collapsed when
     /// it is the application that gives them on demand.
@@ -45,6 +47,7 @@ public:
     /// are none.
     bool ChildrenLoaded() const { return m_childrenLoaded; }
     void SetChildrenLoaded(bool loaded);
+    /// False to begin with.
     bool Get_HideNode() const { return m_hideNode; }
     /// Hides the row and everything below it.
     void Set_HideNode(bool hide);
@@ -57,9 +60,13 @@ public:
     TzuDataList_GridTree *ChildList();
     /// The same without making it.
     const TzuDataList_GridTree *LoadedChildren() const { return m_childList; }
+    /// Children that are only counted are children, too.
     bool HasChildren() const;
+    /// Nil for a root, and for a node in no tree.
     TzuDataEntity_GridTreeNode *ParentNode() const;
+    /// 0 for a root. Costs the levels.
     int GetLevel() const;
+    /// Nil for a node in no tree.
     TzuGridTree *Tree() const;
 
     /// The object that an embedding component keeps beside the node; observed, not owned.
@@ -105,6 +112,7 @@ public:
 
     /// Nil for the root list.
     TzuDataEntity_GridTreeNode *ParentEntity() const { return m_parentEntity; }
+    /// Nil for a list that was not made by a tree.
     TzuGridTree *Tree() const { return m_tree; }
     /// GetItems with the entity's own class.
     TzuDataEntity_GridTreeNode *Node(int index)
@@ -119,13 +127,16 @@ private:
     TzuDataEntity_GridTreeNode *m_parentEntity = nullptr;
 };
 
+/// The controller of every list of one tree.
 class TzuListController_GridTree : public TzuListController
 {
 public:
+    /// The tree outlives the controller.
     explicit TzuListController_GridTree(TzuGridTree &tree)
         : m_tree(tree)
     {
     }
+    /// The tree whose lists it serves.
     TzuGridTree &Tree() const { return m_tree; }
 
 private:

@@ -16,6 +16,7 @@ class KORVANE_CORE_API IPrintAxis
 public:
     virtual ~IPrintAxis() = default;
 
+    /// Extent of the content; 0 for nothing to print.
     virtual double Length() const = 0;
     /// The best end for a page that begins at `from` and may reach `limit`, which lies before the
     /// end of the content: from < result <= limit.
@@ -27,9 +28,10 @@ public:
 /// A page's share of an axis. The repeated part stands before it and is not counted in From and To.
 struct TPageSpan
 {
+    /// Positions on the axis, half-open.
     double From = 0;
     double To = 0;
-    double Repeated = 0;
+    double Repeated = 0; ///< room for what is shown again
 
     friend bool operator==(const TPageSpan &, const TPageSpan &) = default;
 };
@@ -47,21 +49,27 @@ KORVANE_CORE_API double CapacityForPages(const IPrintAxis &axis, int pages);
 class KORVANE_CORE_API TPrintRows : public IPrintAxis
 {
 public:
-    /// Without headings. Sizes are positive.
+    /// Without headings. Sizes are positive; throws std::invalid_argument for others, and
+    /// std::runtime_error when their sum is beyond the 32-bit range.
     explicit TPrintRows(const std::vector<int> &sizes);
     /// `parents` has an entry for each row: the index of its heading, which stands before it, or
     /// -1. Not more than `maxHeadings` innermost headings are repeated.
     TPrintRows(const std::vector<int> &sizes, std::vector<int> parents, int maxHeadings);
-    /// Rows of one height.
+    /// -1. `rowHeight` is positive. Not more than `maxHeadings` innermost headings are repeated.
+    /// Throws likewise.
     TPrintRows(std::vector<int> parents, int rowHeight, int maxHeadings);
 
+    /// Sum of the sizes.
     double Length() const override { return static_cast<double>(m_tops.back()); }
+
     double BreakBefore(double from, double limit) const override;
     double RepeatedAt(double from) const override;
 
+    /// Number of rows.
     int Count() const { return static_cast<int>(m_tops.size()) - 1; }
     /// Where a row begins; also for Count().
     int TopOf(int row) const { return m_tops[static_cast<std::size_t>(row)]; }
+    /// Its height or width, as given.
     int SizeOf(int row) const { return TopOf(row + 1) - TopOf(row); }
     /// The row that a position lies in; the last one behind all.
     int RowAt(double position) const;
@@ -87,6 +95,7 @@ public:
     /// The mapping between times and whole pixels of the content.
     struct TMapping
     {
+        /// Inverse to each other at whole pixels.
         std::function<int(TDateTime)> ToPixel;
         std::function<TDateTime(int)> ToDate;
     };
@@ -94,7 +103,9 @@ public:
     /// `firstDayOfWeek` is 1 (Sunday) to 7.
     TPrintTime(TMapping mapping, int length, int firstDayOfWeek);
 
+    /// As given to the constructor.
     double Length() const override { return m_length; }
+
     double BreakBefore(double from, double limit) const override;
 
 private:

@@ -8,6 +8,7 @@
 
 namespace korvane {
 
+/// By what the size of a print is decided.
 enum class TPrintFit : unsigned char {
     pfPercent, ///< as large as Percent says
     pfWidth,   ///< one page wide
@@ -15,8 +16,10 @@ enum class TPrintFit : unsigned char {
     pfPages    ///< at most PagesAcross by PagesDown pages
 };
 
+/// How large something is printed.
 struct TPrintScaling
 {
+    /// See the type; the numbers count only where it says so.
     TPrintFit Fit = TPrintFit::pfPercent;
     double Percent = 100; ///< of the size on screen, at 96 pixels per inch
     int PagesAcross = 1;  ///< 0: as many as it takes
@@ -28,15 +31,17 @@ struct TPrintScaling
 /// (labels at the left), and at its top and bottom (the head at the top).
 struct TPrintContent
 {
+    /// What is cut into pages; observed. Extents are pixels of content.
     const IPrintAxis &Across;
     const IPrintAxis &Down;
-    double LabelWidth = 0; ///< both sides together
-    double HeadHeight = 0; ///< top and bottom together
+    double LabelWidth = 0; ///< of what is repeated at the left
+    double HeadHeight = 0; ///< of what is repeated, at top and bottom together
 };
 
 /// The part of a page within margins, header and footer, in pixels at 96 per inch.
 struct TPrintRoom
 {
+    /// Paper pixels.
     double Width = 0;
     double Height = 0;
 };
@@ -44,8 +49,10 @@ struct TPrintRoom
 /// One page: a column of pages by a row of pages.
 struct TPrintPage
 {
+    /// Both from 0.
     int Column = 0;
     int Row = 0;
+    /// What the page shows of the content.
     TPageSpan Across;
     TPageSpan Down;
 };
@@ -64,12 +71,15 @@ public:
     /// What every page repeats, in pixels of content.
     double LabelWidth() const { return m_labelWidth; }
     double HeadHeight() const { return m_headHeight; }
+    /// Pages beside and below each other, and all of them.
     int Columns() const { return static_cast<int>(m_across.size()); }
     int Rows() const { return static_cast<int>(m_down.size()); }
     int PageCount() const { return Columns() * Rows(); }
     /// Page 0 .. PageCount() - 1; throws std::out_of_range for others.
     TPrintPage Page(int index) const;
+    /// The page of a column and a row of pages, both from 0; not checked.
     int PageIndex(int column, int row) const { return column * Rows() + row; }
+    /// The pages of the two axes, in order.
     const std::vector<TPageSpan> &Across() const { return m_across; }
     const std::vector<TPageSpan> &Down() const { return m_down; }
 

@@ -20,6 +20,7 @@ public:
     /// `pattern` is observed. Throws std::range_error when the start cannot be snapped.
     TScaleWalk(TDateTime step, TDateTime start, int firstDayOfWeek, const TDayPattern &pattern);
 
+    /// The current position, hidden or not.
     TDateTime Date() const;
     /// What the passes say about the current position.
     TPassInfo Info() const { return m_pattern.At(m_millisecond); }

@@ -21,18 +21,22 @@
 
 namespace korvane {
 
+/// How the indicator is drawn: not at all, as a thin line with a pointer, or as a band with the
+/// time in words.
 enum class TIndicatorStyle : unsigned char { isNone, isNormal, isColorfull };
 
 /// Where and how much larger DoThePaint draws: pixels along an axis are multiplied by its factor.
 struct TScaleTarget
 {
-    TCanvas &Canvas;
-    TRect Rect;
+    TCanvas &Canvas; ///< observed
+    TRect Rect;      ///< the whole scaler
+    /// Whole factors of a print; 1 on screen.
     int XFactor = 1;
     int YFactor = 1;
     std::optional<TColor> Background = {}; ///< put behind labels where ticks would cross them
 };
 
+/// The row of the finer marks and that of the coarser ones.
 enum class TScaleRow : unsigned char { Minor, Major };
 
 /// The toolkit-free half of the date scaler.
@@ -47,16 +51,19 @@ enum class TScaleRow : unsigned char { Minor, Major };
 class KORVANE_CORE_API TDateScalerCore : public TObject, public TScalerLabels
 {
 public:
+    /// What OnChange is; the sender is the scaler.
     using TNotify = TMethod<void(TObject *sender)>;
 
+    /// The number of passes; the pixel of an indicator that is not shown.
     static constexpr int kPassCount = 10;
     static constexpr int kNoIndicator = -1;
 
     /// Shows a week from today. The host is observed and must outlive the scaler.
     explicit TDateScalerCore(IDateScalerHost &host);
 
+    /// The visible time, half-open; infinite and undefined values are ignored. From 1899-12-30 on:
+    /// an earlier start gives that date.
     TDateTime GetStart() const { return m_start; }
-    /// From 1899-12-30 on; what is earlier gives that date.
     void SetStart(TDateTime start);
     TDateTime GetStop() const { return m_stop; }
     /// Up to 4000-01-01, and not compared with Start: a range may be empty or inverted.
@@ -74,19 +81,22 @@ public:
     /// fonts, passes, label handlers.
     void AssignLook(const TDateScalerCore &other);
 
+    /// Whether time runs from left to right rather than down; false by default.
     bool Horizontal() const { return m_horizontal; }
     void SetHorizontal(bool horizontal);
-    /// The least distance of two minor marks, in pixels; below 1 there are no marks.
+    /// The least distance of two minor marks, in pixels; 15 by default. Below 1 there are no marks.
     int PixelsForModeSwitch() const { return m_pixelsForModeSwitch; }
     void SetPixelsForModeSwitch(int pixels);
+    /// Whether the indicator is drawn, and how; true and isNormal by default.
     bool IndicatorOn() const { return m_indicatorOn; }
     void SetIndicatorOn(bool on);
     TIndicatorStyle IndicatorStyle() const { return m_indicatorStyle; }
     void SetIndicatorStyle(TIndicatorStyle style);
-    /// The position on the axis that the indicator marks, for example the pointer's.
+    /// The pixel of the axis that the indicator marks, for example the pointer's; kNoIndicator by
+    /// default, and for what is less.
     int IndicatorPixel() const { return m_indicatorPixel; }
     void SetIndicatorPixel(int pixel);
-    /// By what a notch of the wheel multiplies the scale.
+    /// By what a notch of the wheel multiplies the scale; 0.9 by default.
     double ZoomFactor() const { return m_zoomFactor; }
     void SetZoomFactor(double factor) { m_zoomFactor = factor; }
 
@@ -111,9 +121,12 @@ public:
     /// Pass 0..9, earlier ones first; throws std::out_of_range for others. Changes of a pass show
     /// after CalcDrawMode or EndUpdate.
     TDateScalePass &GetPassList(int index) { return m_passes.at(static_cast<std::size_t>(index)); }
+    /// What the passes say about the time of day of an instant at the present minor step; colour 0
+    /// where none applies.
     TPassInfo GetPassInfoFromDateTime(TDateTime date) const;
     /// Recomputes steps, marks and labels from range, length and passes.
     void CalcDrawMode();
+    /// Days between marks of the rows, as StepFork counts them, and the names of these steps.
     TDateTime MinorStep() const { return m_minorStep.Length; }
     std::string_view MinorStepName() const { return m_minorStep.Name; }
     TDateTime MajorStep() const { return m_majorStep.Length; }
@@ -129,6 +142,7 @@ public:
     TScaleMarkPair FindScaleMarksFromDate(TDateTime date) const;
     /// B: the first minor mark beyond the pixel, A: the one before it.
     TScaleMarkPair FindScaleMarksFromPixel(int pixel) const;
+    /// Where the mark is on an axis of the present length.
     int GetPixelFromScaleMark(const TScaleMark &mark) const;
 
     // Painting.
@@ -138,6 +152,7 @@ public:
     void DoThePaint(TCanvas &canvas, const TRect &rect);
     /// Ticks of one row of marks.
     void DrawScaleMarks(TScaleMarkList &marks, const TScaleTarget &target);
+    /// Labels of one row of marks; those that would overlap an earlier one are left out.
     void DrawScaleMarksText(const TScaleMarkList &marks, const TScaleTarget &target, TScaleRow row);
     /// Distance of a row's labels from the edge where the scroll buttons are, in pixels.
     int RowOffset(TScaleRow row) const
@@ -161,6 +176,7 @@ public:
     virtual void EndUpdate();
     /// The control's size has changed.
     void Resize();
+    /// A change waits for the next paint or for CallChange.
     bool ChangePending() const { return m_changePending; }
     /// Delivers a change that PostChange has announced.
     virtual void CallChange();
@@ -168,6 +184,7 @@ public:
     bool Interacting() const { return m_interaction.Interacting; }
     /// A mouse button is down on the scaler.
     bool Dragging() const { return m_interaction.Dragging; }
+    /// The scroll button for later or earlier times is held down.
     bool StepUpPressed() const { return m_interaction.StepUpPressed; }
     bool StepDownPressed() const { return m_interaction.StepDownPressed; }
 
@@ -176,8 +193,10 @@ public:
     TPublished<TNotify> OnChange;
 
 protected:
+    /// What the mouse is doing with the scaler.
     struct TInteraction
     {
+        /// As the public functions of these names tell.
         bool Interacting = false;
         bool Dragging = false;
         bool StepUpPressed = false;
@@ -188,10 +207,13 @@ protected:
     virtual bool HasChangeListener() const { return static_cast<bool>(OnChange); }
     /// As the release of a mouse button does; a failed computation of marks calls it.
     virtual void EndInteraction();
+    /// A pending change is not announced.
     void ForgetChange() { m_changePending = false; }
+    /// As given to the constructor, and the passes at the present minor step.
     IDateScalerHost &AxisHost() const { return m_host; }
     TDayPattern DayPattern() const { return {m_passes, MinorStep()}; }
 
+    /// Kept by the gestures.
     TInteraction m_interaction;
 
 private:

@@ -21,12 +21,15 @@ namespace korvane {
 class KORVANE_CORE_API TDateScalerGestures : public TDateScalerNavigation
 {
 public:
+    /// Both are observed, and usually the same object.
     TDateScalerGestures(IDateScalerHost &host, IScalerInputHost &input);
 
-    /// Whether a drag with Ctrl zooms and one without it pans, instead of the other way round.
+    /// Whether a drag with Ctrl zooms and one without it pans, instead of the other way round;
+    /// false by default.
     bool RescaleWithCtrl() const { return m_rescaleWithCtrl; }
     void SetRescaleWithCtrl(bool on) { m_rescaleWithCtrl = on; }
 
+    /// The events of the mouse, in client pixels.
     void MouseDown(TMouseButton button, const TShiftState &shift, int x, int y);
     void MouseMove(const TShiftState &shift, int x, int y);
     void MouseUp(TMouseButton button, const TShiftState &shift, int x, int y);
@@ -62,8 +65,8 @@ public:
     TScaleRow RowAt(TPoint at) const;
 
 protected:
-    // The toolkit's own handling of an event, which calls the application's handlers. False when
-    // one of them has destroyed the scaler.
+    /// The toolkit's own handling of an event, which calls the application's handlers. False when
+    /// one of them has destroyed the scaler.
     virtual bool ToolkitMouseDown(TMouseButton button, const TShiftState &shift, TPoint at);
     virtual bool ToolkitMouseMove(const TShiftState &shift, TPoint at);
     virtual bool ToolkitMouseUp(TMouseButton button, const TShiftState &shift, TPoint at);

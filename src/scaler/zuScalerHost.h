@@ -12,12 +12,14 @@ class KORVANE_CORE_API IDateScalerHost
 public:
     /// Client size in pixels.
     virtual TSize ClientSize() const = 0;
+    /// The present instant, in local time.
     virtual TDateTime Now() const = 0;
     /// Asks for a paint soon; requests before it are one.
     virtual void Refresh() = 0;
     /// Asks for one call of TDateScalerCore::CallChange from the event loop.
     virtual void PostChange() = 0;
 
+    /// Whether the canvas is that of a print.
     virtual bool GetIsPrinting() const = 0;
     /// Horizontal and vertical enlargement of a print; 1 on screen.
     virtual double GetScalex() const = 0;
@@ -27,6 +29,7 @@ public:
 
 protected:
     IDateScalerHost() = default;
+    /// For the classes derived from it alone.
     IDateScalerHost(const IDateScalerHost &) = default;
     IDateScalerHost &operator=(const IDateScalerHost &) = default;
     ~IDateScalerHost() = default;

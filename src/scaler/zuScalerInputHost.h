@@ -9,6 +9,7 @@ namespace korvane {
 /// Shapes of the pointer over the axis; they tell what a drag does.
 enum class TScalerCursor : unsigned char { Button, Zoom, Pan };
 
+/// Is asked from the first mouse event on.
 class KORVANE_CORE_API IScalerInputHost
 {
 public:
@@ -18,10 +19,12 @@ public:
     virtual TPoint PointerPosition() const = 0;
     /// Gives the scaler the keyboard focus.
     virtual void TakeFocus() = 0;
+    /// Shows a pointer until the next call.
     virtual void ShowCursor(TScalerCursor cursor) = 0;
 
 protected:
     IScalerInputHost() = default;
+    /// For the classes derived from it alone.
     IScalerInputHost(const IScalerInputHost &) = default;
     IScalerInputHost &operator=(const IScalerInputHost &) = default;
     ~IScalerInputHost() = default;

@@ -18,6 +18,8 @@ namespace korvane {
 /// A label and the font it is drawn in.
 struct TScaleLabel
 {
+    /// The text is empty where a step has no label; the font is the first one unless a handler has
+    /// said otherwise.
     std::string Text;
     TScalerFont Font = TScalerFont::sTextFont1;
 };
@@ -30,15 +32,20 @@ public:
     using TOnUserStringEvent =
         TMethod<void(TDateTime date, TDateTime step, std::string &text, TScalerFont font)>;
 
+    /// Patterns of FormatDate and FormatTime; empty by default, which means the short forms of the
+    /// locale.
     const std::string &DateFormat() const { return m_dateFormat; }
     void SetDateFormat(std::string format) { SetLabelText(m_dateFormat, std::move(format)); }
     const std::string &TimeFormat() const { return m_timeFormat; }
     void SetTimeFormat(std::string format) { SetLabelText(m_timeFormat, std::move(format)); }
+    /// 1 (Sunday) to 7, 2 by default; other values are ignored.
     int FirstDayOfWeek() const { return m_firstDayOfWeek; }
-    /// 1 (Sunday) to 7; other values are ignored.
     void SetFirstDayOfWeek(int day);
+    /// Whether weeks are numbered rather than named by their days; false by default.
     bool WeekNumbers() const { return m_weekNumbers; }
     void SetWeekNumbers(bool on);
+    /// What stands before the number of a week, " w " by default, and the pattern of FormatDateTime
+    /// for the year before that, "YYYY" by default.
     const std::string &WeekPrefix() const { return m_weekPrefix; }
     void SetWeekPrefix(std::string prefix) { SetLabelText(m_weekPrefix, std::move(prefix)); }
     const std::string &WeekYearFormat() const { return m_weekYearFormat; }
@@ -46,8 +53,10 @@ public:
     {
         SetLabelText(m_weekYearFormat, std::move(format));
     }
+    /// What stands before the number of a quarter; " Q" by default.
     const std::string &QuarterPrefix() const { return m_quarterPrefix; }
     void SetQuarterPrefix(std::string prefix) { SetLabelText(m_quarterPrefix, std::move(prefix)); }
+    /// The three fonts that a label can have; Arial of 7 points by default.
     const TFont &TextFont1() const { return m_textFonts[0]; }
     void SetTextFont1(const TFont &font) { SetTextFont(TScalerFont::sTextFont1, font); }
     const TFont &TextFont2() const { return m_textFonts[1]; }
@@ -57,6 +66,7 @@ public:
 
     // Calendar.
 
+    /// As the free functions of these names, with FirstDayOfWeek.
     TDateTime TruncToFirstDayOfWeek(TDateTime date) const
     {
         return korvane::TruncToFirstDayOfWeek(date, m_firstDayOfWeek);
@@ -71,6 +81,7 @@ public:
     }
     /// Year and week number, or the range of days by `format` unless WeekNumbers.
     std::string GetWeekString(std::string_view format, TDateTime date) const;
+    /// As the free function.
     int DateToQuarter(TDateTime date) const { return korvane::DateToQuarter(date); }
 
     /// The label of a minor mark.
@@ -78,6 +89,7 @@ public:
     /// The label of a major mark.
     TScaleLabel GetApprioateStringLong(TDateTime step, TDateTime date) const;
 
+    /// Called for each minor or major mark whenever marks are computed.
     TOnUserStringEvent OnUserStringShort;
     TOnUserStringEvent OnUserStringLong;
 
@@ -94,6 +106,7 @@ protected:
     /// Only the looks have changed.
     virtual void LabelFontsChanged() = 0;
 
+    /// One of the three.
     const TFont &FontOf(TScalerFont font) const
     {
         return m_textFonts[static_cast<std::size_t>(font)];

@@ -9,6 +9,7 @@ namespace korvane {
 /// A stretch of time; Stop does not belong to it.
 struct TTimePeriod
 {
+    /// Instants.
     TDateTime Start = 0;
     TDateTime Stop = 0;
 
@@ -52,6 +53,7 @@ public:
     void MoveTo(TDateTime start);
     /// Moves so that the instant is in the middle.
     void GoTo(TDateTime date) { KeepAt(date, GetScaleLen() / 2); }
+    /// Does what a command says.
     void Execute(TScalerCommand command);
 
     /// Lets the period fill the axis. Nothing happens when it is shorter than a minute.

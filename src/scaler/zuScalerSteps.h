@@ -8,7 +8,7 @@
 
 namespace korvane {
 
-// Units of time, in days.
+/// Units of time, in days.
 inline constexpr TDateTime kYear = 365;
 inline constexpr TDateTime kMonth = 30;
 inline constexpr TDateTime kWeek = 7;
@@ -16,8 +16,8 @@ inline constexpr TDateTime kDay = 1;
 inline constexpr TDateTime kHour = 3'600'000.0 / 86'400'000.0;
 inline constexpr TDateTime kMinute = 60'000.0 / 86'400'000.0;
 
-// Steps between marks, in days. Those of months and longer are nominal: shorter than any real month
-// (27) and quarter (86), and years counted from year 1.
+/// Steps between marks, in days. Those of months and longer are nominal: shorter than any real
+/// month (27) and quarter (86), and years counted from year 1.
 inline constexpr TDateTime kScale10Hun = 10.0 / 86'400'000.0;
 inline constexpr TDateTime kScale1Sec = 1'000.0 / 86'400'000.0;
 inline constexpr TDateTime kScale10Sec = 10'000.0 / 86'400'000.0;
@@ -39,8 +39,8 @@ KORVANE_CORE_API TDateTime LatestStop();
 /// A rung of the ladder. The names are Swedish and stay so: applications look for them.
 struct TScaleStep
 {
-    TDateTime Length = 0; ///< one of the kScale... constants
-    std::string_view Name;
+    TDateTime Length = 0;  ///< one of the kScale... constants
+    std::string_view Name; ///< see above
 };
 
 /// The first step of the ladder that is strictly longer than `length`, or else the longest one.

@@ -6,15 +6,17 @@
 
 namespace korvane {
 
+/// The first week of a year.
 struct TFirstWeek
 {
     TDateTime Date = 0;   ///< first day of week 1
     bool IsInYear = true; ///< false: the year's 1 January lies before it
 };
 
+/// The number of a week.
 struct TWeekNum
 {
-    int Number = 1;
+    int Number = 1;        ///< 1..54
     bool NextYear = false; ///< the week is the first one of the year after the date's
 };
 

@@ -36,11 +36,15 @@ public:
 
     /// Requests a repaint of the area; several requests before a paint cause one.
     virtual void InvalidateArea() = 0;
+    /// Size of the area, or of the page that is printed, in pixels.
     virtual TSize AreaSize() const = 0;
     /// Where the area is drawn now: the offscreen image or the printer.
     virtual TCanvas &AreaCanvas() = 0;
+    /// How much larger than on screen a print is drawn; 1 each on screen.
     virtual TPrintScale AreaPrintScale() const = 0;
+    /// Whether the canvas is that of a print; the paper stays white then.
     virtual bool AreaIsPrinting() const = 0;
+    /// Whether the focus is to be marked; not in prints.
     virtual bool AreaHasFocus() const = 0;
     /// Enlarges the canvas font while printing; called after every change of the font.
     virtual void PrintResizeAreaFont() = 0;
@@ -61,6 +65,7 @@ public:
     /// Whether selection and focus are marked; a print leaves them out.
     virtual bool ShowsMarks() const { return true; }
 
+    /// Another time is the active one, or none.
     virtual void ActiveTimeChanged() {}
     /// A time or a column is gone; its address alone may be used.
     virtual void EntityLeft(const TzuDataEntity * /*entity*/) {}
@@ -75,12 +80,15 @@ public:
 class KORVANE_CORE_API TSchemaCore : public TObject
 {
 public:
+    /// Times, observed.
     using TTimes = TSchemaTimeIndex::TTimes;
 
     /// `component` is what event handlers receive as the schedule; it may be null.
     TSchemaCore(ISchemaHost &host, TzuSchema_ComBasic *component);
+    /// Calls FinalizeData.
     ~TSchemaCore() override;
 
+    /// As given to the constructor; the host outlives the schedule.
     ISchemaHost &Host() { return m_host; }
     const ISchemaHost &Host() const { return m_host; }
     /// The schedule as event handlers receive it; may be null.
@@ -90,18 +98,23 @@ public:
 
     // --- data, zuSchema.cpp ---
 
+    /// Owned by the schedule. Not to be asked for without data.
     TDataListColumns &Columns() { return *m_columns; }
     const TDataListColumns &Columns() const { return *m_columns; }
-    /// The data lists that hold the times.
+    /// The data lists that hold the times; owned by the schedule.
     TzuDataList2lev &DataLists() { return *m_times; }
 
     /// Appends a column. Null when a handler has removed it.
     TzuDataEntity_SchemaColumn *AddColumn();
+    /// Removes and frees a column; null and columns of others are ignored. Times keep their
+    /// numbers, and so come to lie in other columns.
     void RemoveColumn(TzuDataEntity_SchemaColumn *column);
+    /// Removes all columns. The times stay.
     void ClearColumns();
     /// Appends a time to a data list, which is created when missing. Null when a handler has
     /// removed it. Throws std::out_of_range for a negative index.
     TzuDataEntity_SchemaTime *AddSchemaTime(int index);
+    /// Appends a data list, which the schedule owns.
     TzuDataList *AddDataList();
     /// Removes and frees a time. Null and times in no list are ignored.
     void RemoveSchemaTime(TzuDataEntity_SchemaTime *time);
@@ -116,11 +129,13 @@ public:
     /// where there is no such column.
     struct TPlace
     {
-        TDateTime Start = 0;
-        TDateTime Stop = 0;
-        int Col = 0;
+        TDateTime Start = 0; ///< in days, relative to the base date
+        TDateTime Stop = 0;  ///< as Start
+        int Col = 0;         ///< also a number without a column
     };
+    /// See TPlace.
     TPlace GetStartStopDateAndCol(const TzuDataEntity_SchemaTime &time) const;
+    /// Whether there is a column of the time's number.
     bool IsInColumn(const TzuDataEntity_SchemaTime &time) const
     {
         return m_columns->IsCol(time.Col());
@@ -128,18 +143,22 @@ public:
 
     // --- properties, zuSchemaProperties.cpp ---
 
+    /// Whether columns lie one below the other and time runs to the right; false by default. Each
+    /// view has sizes of its own for parts and columns.
     bool FlipView() const { return m_flipView; }
     void SetFlipView(bool on);
+    /// Background; clGreen by default. A print leaves it out.
     TColor SchemaColor() const { return m_color; }
     void SetSchemaColor(TColor color);
-    /// Every other column is a checkerboard of this and SchemaColor.
+    /// Every other column is a checkerboard of this and SchemaColor; clOlive by default.
     TColor SchemaPyjamasColor() const { return m_pyjamasColor; }
     void SetSchemaPyjamasColor(TColor color);
     /// Whether the axis' minor marks are continued as lines through the area, not the major ones
-    /// alone.
+    /// alone; false by default.
     bool DrawShortLines() const { return m_drawShortLines; }
     void SetDrawShortLines(bool on);
-    /// Of the lines at major marks and between columns, and of those at minor marks.
+    /// Of the lines at major marks and between columns, and of those at minor marks; clBackground
+    /// and clSilver by default.
     TColor LineColor() const { return m_lineColor; }
     void SetLineColor(TColor color);
     TColor ShortLineColor() const { return m_shortLineColor; }
@@ -147,49 +166,55 @@ public:
     /// Font of text style 1, 2 or 3; throws std::out_of_range for others.
     const TFont &TextFont(int style) const { return m_textFonts.at(FontSlot(style)); }
     void SetTextFont(int style, const TFont &font);
+    /// Whether resizing one column in the header resizes all; true by default.
     bool ResizeAllCol() const { return m_resizeAllCol; }
     void SetResizeAllCol(bool on) { m_resizeAllCol = on; }
     /// Data lists as they lie above each other, the topmost first; -1 is skipped. Times of lists
     /// that are not named are neither drawn nor found. Initially 0 to 10.
     const TDrawLayerArray &DrawLayers() const { return m_drawLayers; }
     void SetDrawLayers(TDrawLayerArray layers);
+    /// When the buttons that scroll the columns are seen; svWhenNeeded by default.
     TScrollVisibility GetScrollVisibility() const { return m_scrollVisibility; }
     void SetScrollVisibility(TScrollVisibility visibility);
-    /// Whether times that overlap get sub-columns. Switching it off puts every time across its
-    /// whole column again.
+    /// Whether times that overlap get sub-columns; true by default. Switching it off puts every
+    /// time across its whole column again.
     bool CollisionDetect() const { return m_collisionDetect; }
     void SetCollisionDetect(bool on);
-    /// Whether times of different data lists share sub-columns. All times are one group then,
-    /// whatever column they are in.
+    /// Whether times of different data lists share sub-columns; false by default. All times are one
+    /// group then, whatever column they are in.
     bool CollisionDetectBetweenDataList() const { return m_collisionBetweenLists; }
     void SetCollisionDetectBetweenDataList(bool on);
     /// Least width of a sub-column, in pixels: a column with more of them is widened as far as that
-    /// needs, once they have been worked out. 0 leaves columns alone.
+    /// needs, once they have been worked out. 0, the default, leaves columns alone.
     int LeastSubColWidth() const { return m_leastSubColWidth; }
     void SetLeastSubColWidth(int pixels);
 
-    // Sizes of the parts, in pixels. The scaler's are those of its own rectangle in either view;
-    // setting them takes effect when the event loop next comes round.
+    /// What the user and the application have chosen; setting lays the parts out at once.
     const TSchemaPartSizes &PartSizes() const { return m_partSizes; }
     void SetPartSizes(const TSchemaPartSizes &sizes);
+    /// Where the parts lie now, within the component.
     TSchemaPartRects Parts() const;
+    /// In pixels, those of the scaler's own rectangle in either view. Setting takes effect when the
+    /// event loop next comes round.
     int GetScalerWidth() const;
     void SetScalerWidth(int value);
     int GetScalerHeight() const;
     void SetScalerHeight(int value);
-    /// The corner between the parts was dragged by so much.
+    /// The corner between the parts was dragged by so much; no size goes below 0.
     void PartResize(TPoint delta);
     /// Lays out the parts at once.
     void UpdatePartSize();
     /// A header needs another size, because of its font for example.
     void HeaderChanged() { UpdatePartSize(); }
+    /// Asks for UpdatePartSize when the event loop next comes round.
     void LayoutLater();
     /// Brings the column scroller up to date.
     void UpdateColumnScroller();
+    /// Asks for that when the event loop next comes round.
     void UpdateColumnScrollerLater();
     /// Scrolls by so many columns, forward when positive, as far as there are columns to come.
     void ScrollColumns(int columns);
-    /// Extent of the area along the columns.
+    /// Extent of the area along the columns, in pixels.
     int ColumnRoom() const;
 
     // --- geometry, zuSchemaGeometry.cpp ---
@@ -200,6 +225,7 @@ public:
     /// The column at a pixel of the column axis: -1 before the first shown one, their count behind
     /// the last.
     int PixelToColumn(int pixel) const { return m_columns->ColumnAt(m_flipView, pixel); }
+    /// Sum of the sizes of all columns in this view, also of those scrolled away.
     int GetColumnSpace() const { return m_columns->GetColumnSpace(m_flipView); }
 
     /// Pixels of a time across its column, or its sub-column. The column is there.
@@ -208,6 +234,7 @@ public:
     /// Pixels of a time along the axis; long enough to be drawn 5 pixels long.
     TPixelSpan ScalerPixelsFromStartStopFromDataEntity(bool flip,
                                                        const TzuDataEntity_SchemaTime &time) const;
+    /// The same for any times, relative to a base date.
     TPixelSpan TimePixels(bool flip, TDateTime start, TDateTime stop) const;
     /// Where a time is drawn. Nothing for one in no column or in one without extent, and when
     /// OnGetDrawingRect hides it.
@@ -221,10 +248,13 @@ public:
     /// The times, absolute, and the column that a rectangle drawn by the user stands for.
     struct TStartAndLength
     {
+        /// Absolute.
         TDateTime Start = 0;
+        /// In days; negative for an inverted rectangle.
         TDateTime Length = 0;
-        int Col = 0;
+        int Col = 0; ///< as PixelToColumn says
     };
+    /// By the middle of the rectangle across the columns.
     TStartAndLength StartAndLengthFromRect(const TRect &rect) const;
     /// The topmost time at a point of the area, or null.
     TzuDataEntity_SchemaTime *GetDataEntityFromXY(int x, int y);
@@ -233,7 +263,7 @@ public:
     /// The visible times of a column, scrolled away or not, topmost first.
     TTimes VisibleTimesOf(int col) { return VisibleTimesOf(col, col + 1); }
 
-    // A point or a rectangle along the two axes.
+    /// A point or a rectangle along the two axes, in area pixels.
     int AlongColumns(TPoint at) const { return m_flipView ? at.Y : at.X; }
     int AlongTime(TPoint at) const { return m_flipView ? at.X : at.Y; }
     TPixelSpan AlongColumns(const TRect &rect) const;
@@ -246,13 +276,17 @@ public:
 
     /// Draws the whole area on the host's canvas.
     virtual void SchemaPaint();
+    /// Colours, stripes and lines; the rectangle is that of the colour, in pixels.
     void DoBackground(TCanvas &canvas, int x, int y, int w, int h) const;
+    /// All times in view, those on top last.
     void DoForeGround();
     /// Draws one time into its rectangle, selection and focus marks included.
     void DrawContent(TzuDataEntity_SchemaTime &time, const TRect &rect, TCanvas &canvas);
     /// What OnDrawTimeContent replaces; handlers may call it and draw on top.
     void DefaultDrawContent(const TzuDataEntity_SchemaTime &time, const TRect &rect,
                             TCanvas &canvas) const;
+    /// Sets the font of a text style; every other number than 1 to 3 means the component's own
+    /// font.
     void EnterTextStyle(TCanvas &canvas, int style) const;
 
     // --- sub-columns, zuSchemaSubCols.cpp ---
@@ -272,11 +306,12 @@ public:
     /// The scaler shows another time.
     void ScaleChanged();
 
-    // Called by the lists, times and columns.
+    /// Called by the lists: a time has come to one, or left it. It may be half destroyed.
     virtual void TimeJoined(TzuDataEntity_SchemaTime &time);
     virtual void TimeLeft(TzuDataEntity_SchemaTime &time);
     /// Before column, start or stop of a time change.
     void TimeWillChange(TzuDataEntity_SchemaTime &time);
+    /// Called by the columns: header and area are out of date.
     void ColumnsChanged();
 
     TPublished<TOnContentChanged> OnContentChanged_SchemaTime;
@@ -294,13 +329,20 @@ public:
     TPublished<TOnBeforeCanEditItem> OnBeforeCanEditItem_Column;
     /// After a change of start, stop or column of a time.
     TPublished<TOnChangeDataEntity_SchemaTime> OnChangeDataEntity_SchemaTime;
+    /// Called for each new column, before OnInsertItem_Column.
     TOnInitColumnDataObject OnInitColumnDataObject;
+    /// Asked for each caption that is shown or measured.
     THeaderFromColumn OnHeaderFromColumn;
+    /// Asked for each column that is about to be resized by the user.
     TUserDecideColSize OnUserDecideColSize;
     /// With a handler, all times of the shown columns are passed for each paint.
     TOnIsVisible OnIsVisible;
+    /// Asked for each time that is drawn or looked for; a rectangle that is changed counts for
+    /// hits, too.
     TOnGetDrawingRect OnGetDrawingRect;
+    /// Set, it draws each time; marks of selection and focus come on top.
     TOnDrawTimeContent OnDrawTimeContent;
+    /// Draws over the background, and over everything.
     TDrawBackAndForeEvent OnDrawBackground;
     TDrawBackAndForeEvent OnDrawForeground;
     TPublished<TSchemaNotify> OnScalerChange;
@@ -313,12 +355,14 @@ protected:
     /// use.
     void FinalizeData();
 
+    /// Factories of InitializeData, and of AddDataList.
     virtual std::unique_ptr<TzuDataList_Schema> CreateDataList();
     virtual std::unique_ptr<TDataListColumns> CreateColumnsCollection();
     virtual std::unique_ptr<TzuDataList2lev> Create2LevList();
     virtual EntityClass ClassOfDataEntity_SchemaTime() const;
     virtual EntityClass ClassOfDataEntity_SchemaColumn() const;
 
+    /// What the lists tell: each asks for a repaint and fires its event.
     virtual void _OnInsertItem(TzuDataEntity *item);
     virtual void _OnDeleteItem(TzuDataEntity *item);
     virtual void _OnContentChanged(TzuDataList *list);
@@ -327,6 +371,7 @@ protected:
     virtual void _OnBeforeCanEditItem(TzuDataEntity *item);
     virtual void _OnBeforeCanEditItem_Column(TzuDataEntity *item);
 
+    /// Whether the time is in a list of a schedule; false for null.
     bool Knows(const TzuDataEntity_SchemaTime *time) const
     {
         return time != nullptr && TSchemaTimeIndex::Knows(*time);
@@ -336,10 +381,10 @@ protected:
     /// Puts times in the order in which a walk over the lists meets them; times of other lists are
     /// dropped.
     static void SortByPlace(const std::vector<TzuDataList *> &lists, TTimes &times);
+    /// The data lists in their own order.
     std::vector<TzuDataList *> AllLists();
 
-    // Times of drawn data lists, topmost first, wherever columns and time are scrolled.
-
+    /// Times of drawn data lists, topmost first, wherever columns and time are scrolled.
     TTimes VisibleTimesOfAllColumns() { return VisibleTimesOf(0, m_columns->Count()); }
     /// Of columns from..to-1.
     TTimes VisibleTimesOf(int from, int to);

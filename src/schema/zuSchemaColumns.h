@@ -19,25 +19,31 @@ namespace korvane {
 class KORVANE_CORE_API TDataListColumns : public TzuDataList
 {
 public:
+    /// No column is made smaller by the user, in pixels.
     static constexpr int kLeastSize = 7;
 
+    /// The schedule outlives the columns.
     explicit TDataListColumns(TSchemaCore &schema)
         : m_schema(schema)
     {
     }
 
+    /// The schedule whose columns these are.
     TSchemaCore &Schema() const { return m_schema; }
     /// Throws std::bad_cast for an item of another class, std::out_of_range for no item.
     TzuDataEntity_SchemaColumn &GetCol(int index);
     const TzuDataEntity_SchemaColumn &GetCol(int index) const;
+    /// Whether there is a column of that number.
     bool IsCol(int index) const { return index >= 0 && index < Count(); }
+    /// Removes all columns.
     void ClearColumns() { Clear(); }
 
     /// Brackets nest; header and area are refreshed once, at the end.
     void BeginUpdate() { ++m_updates; }
     void EndUpdate();
 
-    /// Of new columns and of the stripes beyond the last one, in pixels.
+    /// Of new columns and of the stripes beyond the last one, in pixels; 120 and 18 to begin with,
+    /// then what the user gave the last column that he resized. Columns that exist keep theirs.
     int DefaultWidth() const { return m_defaultSize[0]; }
     void SetDefaultWidth(int pixels);
     int DefaultHeight() const { return m_defaultSize[1]; }
@@ -79,6 +85,7 @@ public:
     class TPrintScroll
     {
     public:
+        /// Nothing is drawn or announced by the scroll itself.
         TPrintScroll(TDataListColumns &columns, int first);
         TPrintScroll(const TPrintScroll &) = delete;
         TPrintScroll &operator=(const TPrintScroll &) = delete;
@@ -96,11 +103,13 @@ public:
     void SetColumnSize(bool flip, int index, int size);
     /// The column whose size the user has changed last.
     int ResizeCol() const { return m_resizeCol; }
+    /// Within a resizing by the user, and within a change of TopLeftCol.
     bool HeaderResizing() const { return m_headerResizing; }
     bool SettingTopLeft() const { return m_settingTopLeft; }
 
-    // The user has resized a column in the header. It, or with ResizeAllCol every column, gets the
-    // size, at least 7 pixels; OnUserDecideColSize may change each.
+    /// The user has resized a column in the header, of the normal or the flipped view. It, or with
+    /// ResizeAllCol every column, gets the size, at least kLeastSize; OnUserDecideColSize may
+    /// change each.
     void HeaderControlSectionResize(int section, int width);
     void FlippedHeaderResize(int row, int height);
     /// The same for the column resized last, in the current view.
@@ -108,11 +117,11 @@ public:
     /// The flipped header was scrolled to another top row.
     void ChangeTopLeft(int topRow);
 
-    // What changed is shown soon.
+    /// What changed is shown soon; within brackets at their end.
     void CaptionsChanged();
     void SizesChanged();
 
-    // Handlers of the list's controller.
+    /// Handlers of the list's controller; they fire the events of the schedule.
     void _OnColumnsInsertItem(TzuDataEntity *item);
     void _OnColumnsDeleteItem(TzuDataEntity *item);
     void _OnColumnsContentChanged(TzuDataList *list);

@@ -24,6 +24,7 @@ class TzuSchemaText
 {
 public:
     TzuSchemaText() = default;
+    /// See Text, Pos and Style.
     TzuSchemaText(std::string_view text, TPoint pos, int style)
         : m_text(text)
         , m_pos(pos)
@@ -54,44 +55,53 @@ private:
 class KORVANE_CORE_API TzuDataEntity_SchemaTime : public TzuDataEntity
 {
 public:
+    /// Lines of text in the order in which they were added.
     using TTexts = std::vector<TzuSchemaText>;
 
     TzuDataEntity_SchemaTime() = default;
     ~TzuDataEntity_SchemaTime() override;
     void AfterCreate(TzuDataList *list) override;
 
-    // Absolute times, whatever the column's base date.
+    /// When it starts and stops, in absolute times, whatever the column's base date; 0 until set.
+    /// The stop may lie before the start; the time is then drawn at its least length. A change
+    /// calls DoInfoPush.
     TDateTime GetStartDateTime() const { return m_start; }
     void SetStartDateTime(TDateTime start);
     TDateTime GetStopDateTime() const { return m_stop; }
     void SetStopDateTime(TDateTime stop);
     /// Number of the column; any number that there is no column for puts the time in none. Another
-    /// column takes the time out of its sub-column.
+    /// column takes the time out of its sub-column. A change calls DoInfoPush; 0 until set.
     int Col() const { return m_col; }
     void SetCol(int col);
 
     /// The sub-column, 0-based, that separates the time from those that overlap it. Without
     /// InSubCol the time is drawn across the whole column. Both hold for a time that is visible.
     int SubCol() const;
-    /// Whether that is a change, as SetInSubCol.
+    /// For the separation alone; whether that is a change.
     bool SetSubCol(int subCol) { return std::exchange(m_subCol, subCol) != subCol; }
+    /// See SubCol; false while the time is drawn across the whole column.
     bool InSubCol() const;
+    /// As SetSubCol.
     bool SetInSubCol(bool on) { return std::exchange(m_inSubCol, on) != on; }
 
+    /// Of the block and of its frame; white and black until set.
     TColor Color() const { return m_color; }
     void SetColor(TColor color) { m_color = color; }
     TColor FrameColor() const { return m_frameColor; }
     void SetFrameColor(TColor color) { m_frameColor = color; }
-    /// Pixels left free across the column, at its near and at its far side.
+    /// Pixels left free across the column, at its near and at its far side; 0 until set.
     int NearMargin() const { return m_nearMargin; }
     void SetNearMargin(int pixels) { m_nearMargin = pixels; }
     int FarMargin() const { return m_farMargin; }
     void SetFarMargin(int pixels) { m_farMargin = pixels; }
 
+    /// None until one is added.
     const TTexts &Texts() const;
+    /// Appends a line; x and y are those of TzuSchemaText::Pos.
     void AddText(std::string_view text, int x, int y, int style);
     /// Replaces a line; an index that does not exist is ignored.
     void AlterText(int index, std::string_view text, int x, int y, int style);
+    /// Removes all lines.
     void ClearTexts() { m_texts.reset(); }
 
 private:
@@ -122,17 +132,21 @@ private:
     bool m_inSubCol = false;
 };
 
+/// Where sets of times keep a time's number; for the sets alone to write.
 struct TSchemaSelectionPlace
 {
     template <typename Time>
+    /// The number that the selection keeps.
     static auto &Of(Time &time)
     {
         return time.m_selectionSlot;
     }
 };
+/// As TSchemaSelectionPlace, for times that wait to be put in order.
 struct TSchemaPendingPlace
 {
     template <typename Time>
+    /// The number that the index keeps.
     static auto &Of(Time &time)
     {
         return time.m_pendingSlot;
@@ -150,7 +164,7 @@ public:
     /// the list is of another class.
     TDataListColumns *Columns() const;
 
-    /// The header's caption.
+    /// The header's caption, UTF-8; see TDataListColumns::HeaderFromColumn.
     const std::string &GetText() const { return m_text; }
     void SetText(std::string_view text);
     /// The shown size in the current view, in pixels: 0 while the column is scrolled away.
@@ -176,7 +190,7 @@ public:
     /// Whether that is a change.
     bool SetSubColCount(int count) { return std::exchange(m_subColCount, count) != count; }
 
-    /// What OnInitColumnDataObject made for the column, which owns it.
+    /// What OnInitColumnDataObject made for the column, which owns it; null without a handler.
     TObject *DataObject() const { return m_dataObject.get(); }
     void SetDataObject(std::unique_ptr<TObject> object) { m_dataObject = std::move(object); }
 

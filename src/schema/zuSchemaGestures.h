@@ -41,27 +41,32 @@ public:
     /// The time between two ticks of the gesture timer.
     static constexpr int kTickMilliseconds = 90;
 
+    /// As that of TSchemaSelection.
     TSchemaGestures(ISchemaHost &host, ISchemaInputHost &inputHost, TzuSchema_ComBasic *component);
     ~TSchemaGestures() override;
 
+    /// Whether moved and stretched times are rounded; true by default.
     bool StartSnapONOFF() const { return m_startSnapOn; }
     void SetStartSnapONOFF(bool on) { m_startSnapOn = on; }
     bool LengthSnapONOFF() const { return m_lengthSnapOn; }
     void SetLengthSnapONOFF(bool on) { m_lengthSnapOn = on; }
-    /// Steps of snapping, in days; 0 or less snaps nothing.
+    /// Steps of snapping, in days; 0 or less snaps nothing. 5 minutes and 1 minute by default.
     TDateTime StartSnap() const { return m_startSnap; }
     void SetStartSnap(TDateTime step) { m_startSnap = step; }
     TDateTime LengthSnap() const { return m_lengthSnap; }
     void SetLengthSnap(TDateTime step) { m_lengthSnap = step; }
+    /// Whether a move to a column with another base date moves by the difference of the dates;
+    /// false by default.
     bool MoveInTimeWhenColSwitch() const { return m_moveInTimeWhenColSwitch; }
     void SetMoveInTimeWhenColSwitch(bool on) { m_moveInTimeWhenColSwitch = on; }
+    /// Whether times dragged out of the area go on as drag and drop; false by default.
     bool StartDragWhenTimeMoveOutside() const { return m_startDragOutside; }
     void SetStartDragWhenTimeMoveOutside(bool on) { m_startDragOutside = on; }
-    /// Whether a time that the pointer rests on is shown enlarged.
+    /// Whether a time that the pointer rests on is shown enlarged; true by default.
     bool ShowBigONOFF() const { return m_showBig; }
     void SetShowBigONOFF(bool on);
 
-    // Events of the area, in its pixels.
+    /// Events of the area, in its pixels.
     void SchemaMouseDown(TMouseButton button, const TShiftState &shift, int x, int y);
     void SchemaMouseMove(const TShiftState &shift, int x, int y);
     void SchemaMouseUp(TMouseButton button, const TShiftState &shift, int x, int y);
@@ -71,6 +76,7 @@ public:
     void SchemaDblClick(int x, int y);
     /// The tick of the timer that the host runs while asked to.
     void GestureTick();
+
     void SchemaPaint() override;
     /// Draws the outlines of the running gesture; they never become part of the area's picture.
     void SchemaPaintOverlay(TCanvas &canvas);
@@ -91,6 +97,7 @@ public:
                             bool &atStart) const;
     /// Rounds the length to LengthSnap, and the start to StartSnap counted from its midnight.
     void Snap(TDateTime &start, TDateTime &length) const;
+    /// Fires OnSwitchCol.
     void SwitchCol(TzuDataEntity_SchemaTime &time, int oldCol, int newCol)
     {
         OnSwitchCol(Component(), &time, oldCol, newCol);
@@ -99,6 +106,7 @@ public:
     /// once; only for a time that can be edited. True when anything has changed.
     bool SetStartStopDateAndCol(TzuDataEntity_SchemaTime &time, TDateTime start, TDateTime stop,
                                 int col);
+
     /// Moves the selected times by an offset in pixels.
     void HandleMoveOfSelected(TPoint offset);
     /// Moves the selected times by a time and a number of columns.

@@ -15,12 +15,15 @@ enum class TSchemaCursor : unsigned char {
     Copy,   ///< while copies are dragged
 };
 
+/// What the mouse and the keyboard need of the controls; implemented by the schedule's control.
 class KORVANE_CORE_API ISchemaInputHost
 {
 public:
     virtual ~ISchemaInputHost() = default;
 
+    /// Gives the area the keyboard focus.
     virtual void FocusArea() = 0;
+    /// Shows a pointer over the area until the next call.
     virtual void SetAreaCursor(TSchemaCursor cursor) = 0;
     /// Requests that the overlay is drawn again in a part of the area.
     virtual void InvalidateOverlay(const TRect &rect) = 0;
@@ -28,6 +31,7 @@ public:
     virtual void SetGestureTimer(bool on) = 0;
     /// Shows the small hint beside a point of the area, or moves it there.
     virtual void ShowGestureHint(const TGestureHint &hint, TPoint at) = 0;
+    /// Takes the small hint away; nothing without one.
     virtual void HideGestureHint() = 0;
     /// The pointer has come to a time, or with null to none: the big hint of the one before goes,
     /// and that of this one comes after a while.

@@ -46,6 +46,7 @@ enum class TSchemaKey : unsigned char {
 class KORVANE_CORE_API TSchemaKeys : public TSchemaGestures
 {
 public:
+    /// As that of TSchemaGestures.
     using TSchemaGestures::TSchemaGestures;
 
     /// Whether the key was used.

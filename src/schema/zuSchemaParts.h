@@ -10,12 +10,10 @@ namespace korvane {
 /// Sizes that the user and the application choose, in pixels; each belongs to one view.
 struct TSchemaPartSizes
 {
-    // Normal view: scaler at the left, header at the top.
-    int ScalerWidth = 70;
-    int HeaderHeight = 20;
-    // Flipped view: header at the left, scaler at the top.
-    int FlippedHeaderWidth = 70;
-    int ScalerHeight = 50;
+    int ScalerWidth = 70;        ///< of the normal view, at the left
+    int HeaderHeight = 20;       ///< of the normal view, at the top
+    int FlippedHeaderWidth = 70; ///< at the left
+    int ScalerHeight = 50;       ///< of the flipped view, at the top
 
     friend bool operator==(const TSchemaPartSizes &, const TSchemaPartSizes &) = default;
 };
@@ -23,10 +21,10 @@ struct TSchemaPartSizes
 /// The parts' rectangles within the component.
 struct TSchemaPartRects
 {
-    TRect Scaler;
+    TRect Scaler; ///< of the time axis
     TRect Header; ///< of the current view
-    TRect Area;
-    TRect Sizer;
+    TRect Area;   ///< that is drawn
+    TRect Sizer;  ///< the square that moves the corner
     TRect Corner; ///< between scaler and header; the column scroller stands there
 };
 

@@ -26,9 +26,11 @@ namespace korvane {
 class KORVANE_CORE_API TSchemaSelection : public TSchemaCore
 {
 public:
+    /// Both hosts outlive the schedule; `component` is that of TSchemaCore.
     TSchemaSelection(ISchemaHost &host, ISchemaInputHost &inputHost, TzuSchema_ComBasic *component);
     ~TSchemaSelection() override;
 
+    /// Costs the same however many are selected.
     int SelectedCount() const { return m_selected.Count(); }
     bool IsSelected(const TzuDataEntity_SchemaTime &time) const
     {
@@ -39,7 +41,9 @@ public:
 
     /// Selects every time that the columns have within the visible time.
     void SelectAll();
+    /// Deselects every time.
     void ClearSelection();
+    /// Makes the time the only one selected.
     void SelectOnly(TzuDataEntity_SchemaTime &time);
     /// Selects what lies in the columns from one time to another and overlaps, relative to the base
     /// dates, the time from the earlier start to the later stop of the two. Replace selects it
@@ -68,9 +72,11 @@ public:
     /// Applies a rectangle in area pixels, which may reach beyond the area to where scrolled
     /// columns and times would lie.
     void SelectInRect(const TRect &rect, TSelectHow how);
+    /// Keeps what is selected now.
     void EndSelectInRect() { m_band.reset(); }
     /// Goes back to what was selected at BeginSelectInRect.
     void CancelSelectInRect();
+    /// From BeginSelectInRect to its end.
     bool SelectingInRect() const { return m_band != nullptr; }
 
     /// Scrolls columns and time as little as shows the time; its beginning when it is longer than
@@ -84,6 +90,7 @@ public:
     TPublished<TSchemaNotify> OnAfterSelectionChanged;
 
 protected:
+    /// As given to the constructor.
     ISchemaInputHost &InputHost() { return m_inputHost; }
     /// In no particular order.
     const TTimes &Selected() const { return m_selected.Items(); }

@@ -18,6 +18,8 @@ namespace korvane {
 class KORVANE_CORE_API TSubColsDue
 {
 public:
+    /// A time of the column, or one that is about to leave it, has changed; numbers without a
+    /// column are ignored.
     void Changed(int col)
     {
         if (col >= 0 && Index(col) < m_columns.size()) {
@@ -26,6 +28,7 @@ public:
     }
     /// Also when there are other columns than before.
     void AllChanged() { m_allChanged = ++m_changes; }
+    /// What was asked for until now counts from here on.
     void AcceptRequest() { m_accepted = m_changes; }
 
     /// Whether a change was accepted and not worked out since. `baseDate` is the column's, which
@@ -40,6 +43,7 @@ public:
         return changed <= m_accepted
                && (column.WorkedOut < changed || !(column.BaseDate == baseDate));
     }
+    /// The column's sub-columns are up to date, or soon will be.
     void WorkedOut(int col, TDateTime baseDate)
     {
         m_columns.resize(std::max(m_columns.size(), Index(col) + 1));

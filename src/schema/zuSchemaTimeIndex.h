@@ -16,13 +16,16 @@ namespace korvane {
 class KORVANE_CORE_API TSchemaTimeIndex
 {
 public:
+    /// Times, observed.
     using TTimes = std::vector<TzuDataEntity_SchemaTime *>;
 
     /// Nothing when the index knows the time.
     void Add(TzuDataEntity_SchemaTime &time);
     /// To be called before column, start or stop of a time change.
     void Postpone(TzuDataEntity_SchemaTime &time);
+    /// Nothing when the index does not know the time.
     void Remove(TzuDataEntity_SchemaTime &time);
+    /// Whether some index knows the time.
     static bool Knows(const TzuDataEntity_SchemaTime &time)
     {
         return time.m_indexed != TzuDataEntity_SchemaTime::TIndexed::No;

@@ -27,6 +27,7 @@ enum class TScrollVisibility : unsigned char {
 /// A direction along one of the axes, or through the times.
 enum class TSchemaStep : signed char { Back = -1, Forward = 1 };
 
+/// One end of a time.
 enum class TSchemaEnd : unsigned char { Start, Stop };
 
 /// What one action of the user, with the mouse or the keyboard, does to the times.
@@ -40,10 +41,12 @@ enum class TSchemaUserChange : unsigned char {
 /// The data lists in the order in which they are traversed: what comes first lies on top.
 using TDrawLayerArray = std::vector<int>;
 
+/// What the schedule tells of itself.
 using TSchemaNotify = TMethod<void(TzuSchema_ComBasic *theSchema)>;
 /// An event about one time. It may be null where the event says so.
 using TSchemaTimeEvent =
     TMethod<void(TzuSchema_ComBasic *theSchema, TzuDataEntity_SchemaTime *theDataEntity)>;
+/// Start, stop or column of a time have changed, or DoInfoPush was called.
 using TOnChangeDataEntity_SchemaTime = TSchemaTimeEvent;
 
 /// Makes the object that a new column holds as its DataObject and frees with itself.

@@ -19,10 +19,12 @@ namespace korvane {
 /// A displayed entity and its row in client pixels.
 struct TTreeRow
 {
+    /// Whole, even where the client area cuts it off.
     TzuDataEntity_Tree *Entity = nullptr;
     TRect Rect;
 };
 
+/// Something happened to the tree, or to an entity of it.
 using TTreeNotify = TMethod<void(TObject *theTree)>;
 using TTreeEntityNotify = TMethod<void(TObject *theTree, TzuDataEntity_Tree *theDataEntity)>;
 
@@ -31,18 +33,20 @@ using TTreeEntityNotify = TMethod<void(TObject *theTree, TzuDataEntity_Tree *the
 class KORVANE_CORE_API TTreeCore : public TObject
 {
 public:
+    /// Makes a list of the tree's own class.
     using TListFactory = TMethod<std::unique_ptr<TzuDataList_Tree>()>;
 
     /// Host and observer outlive the tree. They are not called during construction.
     TTreeCore(ITreeHost &host, ITreeNodeObserver &observer);
+    /// Releases the content, unless DestroyContent has done so.
     ~TTreeCore() override;
 
     /// Whether entities without children get a placeholder child, so that they can be expanded
-    /// before their children are loaded. A change rebuilds the display.
+    /// before their children are loaded; true by default. A change rebuilds the display.
     bool LoadOnDemand() const { return m_loadOnDemand; }
     void SetLoadOnDemand(bool loadOnDemand);
     /// Entities of a level below this number less 1 are expanded when they are first displayed, and
-    /// only they get placeholders. -1: unset.
+    /// only they get placeholders. -1: unset, the default.
     int AutoExpandLevels() const { return m_autoExpandLevels; }
     void SetAutoExpandLevels(int levels);
     /// Order of siblings in the display, and of the lists' Sort. Without one nodes stand in list
@@ -50,26 +54,33 @@ public:
     const TOnEntityCompare &SortCompare() const { return m_sortCompare; }
     void SetSortCompare(TOnEntityCompare compare);
 
-    // Content. Entities belong to their lists, lists to their parent entity or to the tree.
+    /// The roots; made when first asked for, nil once the tree is being released. Entities belong
+    /// to their lists, lists to their parent entity or to the tree.
     TzuDataList_Tree *DataList();
     /// Every list of the tree that was asked for.
     const TzuDataList2lev &DataLists() const { return *m_lists; }
+    /// The controller of all these lists; its slots are the tree's to set.
     TzuListController_Tree &Controller() { return m_controller; }
     /// Appends below the parent, or a root when it is nil. Returns nil when a handler removed it.
     TzuDataEntity_Tree *AddDataEntity(TzuDataEntity_Tree *parent = nullptr);
+    /// The same to a list of this tree.
     TzuDataEntity_Tree *AddDataEntity(TzuDataList_Tree &list);
-    /// Inserts at an index 0..Count of the list.
+    /// Inserts at an index 0..Count of the list; throws std::out_of_range for others. Nil as above.
     TzuDataEntity_Tree *InsertDataEntity(TzuDataList_Tree &list, int index);
+    /// Takes it out and frees it, with all below it; nil and what is in no list are ignored.
     void RemoveDataEntity(TzuDataEntity_Tree *entity);
+    /// Removes everything.
     void Clear() { DataList()->Clear(); }
 
     // Display.
+    /// Asks for an update of the display; whether one is due; makes it at once, unless one runs.
     void DisplayOutOfDate();
     bool IsDisplayOutOfDate() const { return m_displayOutOfDate; }
     void EnsureDisplayUpToDate();
     /// Between the two the view is not asked to repaint. They nest.
     void BeginUpdate() { ++m_updateDepth; }
     void EndUpdate();
+    /// Nil for nil, for a placeholder and for a node whose entity went.
     static TzuDataEntity_Tree *GetDataEntityFromNode(const TTreeNode_zuSub *node);
     /// The entity whose row holds the client point, nil when none.
     TzuDataEntity_Tree *GetDataEntityAt(int x, int y);
@@ -85,6 +96,7 @@ public:
     /// The entity in the next display row that shows one; of nil the first. Nil when there is none
     /// or the entity is not visible.
     TzuDataEntity_Tree *GetNextVisible(const TzuDataEntity_Tree *entity);
+    /// The same in the row before; nil for nil.
     TzuDataEntity_Tree *GetPrevVisible(const TzuDataEntity_Tree *entity);
     /// Number of display rows, placeholders included.
     int CountVisible();
@@ -97,6 +109,7 @@ public:
     void ShowLevels(int levels);
 
     // Current entity and top entity.
+    /// The entity of the selected node; nil when there is none.
     TzuDataEntity_Tree *GetCurrentDataEntity();
     /// Selects later, by a deferred call, so that it is one update with the changes made meanwhile.
     void SetCurrentDataEntity(TzuDataEntity_Tree *entity);
@@ -145,6 +158,7 @@ protected:
         m_entityClass = EntityClass::Of<T>();
     }
 
+    /// From the beginning of the release on.
     bool Destroying() const { return m_destroying; }
     /// Releases the content. To be called by the destructor of the class that is the host, and of
     /// every class that overrides a handler below; the first call does it.
@@ -152,7 +166,7 @@ protected:
     /// Neither while it is being rebuilt nor in this state is the display brought up to date.
     virtual bool RebuildBlocked() const { return m_destroying; }
 
-    // The controller's slots.
+    /// The controller's slots: they note what the display lacks and fire their events.
     virtual void _InsertItem(TzuDataEntity_Tree *entity);
     virtual void _DeleteItem(TzuDataEntity_Tree *entity);
     virtual void _OnContentChanged(TzuDataList_Tree *list);
@@ -162,31 +176,36 @@ protected:
     virtual void _OnBeforeCanEditItem(TzuDataEntity_Tree *entity);
     /// By SortCompare; without it by caption.
     virtual int _SortCompare(TzuDataEntity_Tree *the1, TzuDataEntity_Tree *the2);
+    /// Less than, equal to or greater than 0; by bytes unless an override knows better.
     virtual int CompareCaptions(std::string_view the1, std::string_view the2) const;
     /// The entity goes, for good or to another list, and with it what refers to it.
     virtual void EntityLeaves(TzuDataEntity_Tree &, bool /*forGood*/) {}
     /// The entity came from another list.
     virtual void EntityComes(TzuDataEntity_Tree &) {}
 
-    // Notifications. The entity of Expand and Collapse is nil when there may be many.
+    /// Notifications. The entity of Expand and Collapse is nil when there may be many.
     virtual void Expand(TzuDataEntity_Tree *entity);
     virtual void Collapse(TzuDataEntity_Tree *entity);
     virtual void DoCurrentChanged() { OnCurrentChanged(this); }
     virtual void AfterUpdateDisplay() {}
+    /// Fires OnTopItemChanged if there is another one than last time.
     void DoUpdateTopItem();
 
     /// Asks for the children of a node when a placeholder stands for them. Returns false when none
     /// came, or the entity went; the node is collapsed then.
     bool LoadChildren(TTreeNode_zuSub &node);
 
-    // What the user did in the view.
+    /// What the user did in the view. The view shows it already.
     void NodeExpandedByUser(TTreeNode_zuSub &node, bool expanded);
     void NodeSelectedByUser(TTreeNode_zuSub *node);
     /// Takes over the view's selection mark of one node.
     void NodeMarkedByUser(TTreeNode_zuSub &node, bool selected);
 
+    /// As given to the constructor.
     ITreeHost &Host() const { return m_host; }
+    /// A list of DataLists; the index must be valid.
     TzuDataList_Tree &ListAt(int index) const;
+    /// The invisible node above the roots, and the current one or nil.
     const TTreeNode_zuSub &RootNode() const { return m_display.Root(); }
     TTreeNode_zuSub *SelectedNode() const { return m_selectedNode; }
 

@@ -24,8 +24,10 @@ inline constexpr std::string_view kTreeTextTooLong =
 /// continue another.
 KORVANE_CORE_API int CodePoints(std::string_view text);
 
+/// Font styles of a caption, on top of those of the tree's font.
 struct TFontStyles
 {
+    /// All false: the font as it is.
     bool Bold = false;
     bool Italic = false;
     bool Underline = false;
@@ -49,31 +51,34 @@ public:
     /// Whether the node exists and all its ancestors are expanded. Scrolled away is still visible.
     bool GetVisible() const override;
 
+    /// UTF-8, empty to begin with. Throws std::length_error, and changes nothing, beyond
+    /// kMaxTreeText code points.
     const std::string &GetText() const { return m_text; }
-    /// UTF-8. Throws std::length_error, and changes nothing, beyond kMaxTreeText code points.
     void SetText(std::string_view text);
-    /// Indexes into the tree's images; -1 shows none.
+    /// Indexes into the tree's images; -1, the default, shows none.
     int GetImageIndex() const { return m_imageIndex; }
     void SetImageIndex(int index);
-    /// Image of the selected node; -1 shows the normal one.
+    /// Image of the selected node; -1, the default, shows the normal one.
     int GetSelectedIndex() const { return m_selectedIndex; }
     void SetSelectedIndex(int index);
+    /// Whether its node is expanded, or will be when it comes; false to begin with.
     bool GetExpanded() const { return m_expanded; }
     /// Expands or collapses the node at once. Without a node the state is kept for the node to
     /// come; true also brings the display up to date. The tree's OnExpanded and OnCollapsed tell of
     /// nodes that change: they fire once when the entity has a node or got it by this call, and not
     /// when the node is made later.
     void SetExpanded(bool expanded);
-    /// Whether the children were asked for (see TTreeCore::OnLoadChildren). Set to false to have
-    /// them asked for again once there are none.
+    /// Whether the children were asked for (see TTreeCore::OnLoadChildren); false to begin with.
+    /// Set to false to have them asked for again once there are none.
     bool ChildrenLoaded() const { return m_childrenLoaded; }
     void SetChildrenLoaded(bool loaded);
+    /// A hidden entity gets no node, and nothing below it does; false to begin with.
     bool Get_HideNode() const { return m_hideNode; }
-    /// A hidden entity gets no node, and nothing below it does.
     void Set_HideNode(bool hide);
     /// An empty name stands for the tree's own font.
     const std::string &GetFontName() const;
     void SetFontName(std::string_view name);
+    /// On top of the styles of the tree's font.
     TFontStyles GetFontStyle() const;
     void SetFontStyle(TFontStyles style);
 
@@ -90,10 +95,14 @@ public:
     TzuDataList_Tree *ChildList();
     /// The same without making it.
     const TzuDataList_Tree *LoadedChildren() const { return m_childList; }
+    /// Children that are only counted are children, too.
     bool HasChildren() const;
 
+    /// Nil for a root, and for an entity in no tree.
     TzuDataEntity_Tree *ParentNode() const;
+    /// 0 for a root. Costs the levels.
     int GetLevel() const;
+    /// Nil for an entity in no tree.
     TTreeCore *Tree() const;
     /// Starts in-place editing of the caption, when there is a node.
     void EditText();
@@ -171,11 +180,13 @@ private:
 class TzuListController_Tree : public TzuListController
 {
 public:
+    /// The tree outlives the controller.
     explicit TzuListController_Tree(TTreeCore &tree)
         : m_tree(tree)
     {
     }
 
+    /// The tree whose lists it serves.
     TTreeCore &Tree() const { return m_tree; }
 
 private:

@@ -23,11 +23,13 @@ class TzuBeginUpdate;
 class KORVANE_CORE_API TTreeDisplay
 {
 public:
+    /// Both outlive the display.
     TTreeDisplay(TTreeCore &tree, ITreeNodeObserver &observer);
     TTreeDisplay(const TTreeDisplay &) = delete;
     TTreeDisplay &operator=(const TTreeDisplay &) = delete;
     ~TTreeDisplay();
 
+    /// Invisible, and above the roots.
     TTreeNode_zuSub &Root() { return m_root; }
     const TTreeNode_zuSub &Root() const { return m_root; }
     /// The node that a list's entities hang below; nil while there is none.
@@ -39,14 +41,17 @@ public:
     void QueueMoved(TzuDataEntity_Tree &entity);
     /// Looks also at whether the entity's placeholder has to go.
     void QueuePlaceholder(TzuDataEntity_Tree &entity);
+    /// Looks at the entity no longer, for it goes.
     void Unqueue(TzuDataEntity_Tree &entity);
     /// Sorts the list's nodes at the next update when its NeedsSort is set.
     void QueueSort(TzuDataList_Tree &list);
     /// Looks at every entity of the list, and at their order, at the next update.
     void QueueWhole(TzuDataList_Tree &list);
+    /// Looks at the list no longer, for it goes.
     void Unqueue(TzuDataList_Tree &list);
     /// Parts the entity from its node, which goes at the next update.
     void CleanTreeNode(TzuDataEntity_Tree &entity);
+    /// Whether anything is queued.
     bool HasWork() const;
 
     /// Brings the nodes up to date.

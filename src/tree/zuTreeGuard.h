@@ -12,6 +12,7 @@ namespace korvane {
 class TTreeUserCore::TGuard
 {
 public:
+    /// Watches these until its end; guards end in the reverse order of their beginning.
     TGuard(TTreeUserCore &tree, const TTreeEntities &entities)
         : m_tree(tree)
         , m_outer(std::exchange(tree.m_guard, this))
@@ -22,8 +23,11 @@ public:
     TGuard &operator=(const TGuard &) = delete;
     ~TGuard() { m_tree.m_guard = m_outer; }
 
+    /// Whether a watched entity still exists.
     bool Lives(TzuDataEntity_Tree *entity) const { return m_living.contains(entity); }
+    /// The entity goes.
     void Forget(TzuDataEntity_Tree &entity) { m_living.erase(&entity); }
+    /// The guard around this one, or nil.
     TGuard *Outer() const { return m_outer; }
 
 private:

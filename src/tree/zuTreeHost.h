@@ -11,10 +11,10 @@ namespace korvane {
 /// Where the rows of a tree view lie, in client pixels. Row `TopRow` begins at y = 0.
 struct TTreeGeometry
 {
-    int TopRow = 0;
-    int RowHeight = 1;
-    int Width = 0;  ///< of the client area
-    int Height = 0; ///< of the client area
+    int TopRow = 0;    ///< first row in view, 0-based
+    int RowHeight = 1; ///< in pixels, at least 1
+    int Width = 0;     ///< of the client area
+    int Height = 0;    ///< of the client area
 };
 
 /// The view of a tree.
@@ -25,6 +25,7 @@ public:
 
     /// Arranges for a repaint, which brings the display up to date first.
     virtual void InvalidateTree() = 0;
+    /// As of now; asked for whenever rows are to become pixels.
     virtual TTreeGeometry Geometry() const = 0;
     /// Scrolls so that the row comes to the top, or as near to it as the view's range allows.
     virtual void SetTopRow(int row) = 0;
@@ -39,6 +40,7 @@ public:
     virtual void EditNode(TTreeNode_zuSub &node) = 0;
 };
 
+/// A change of structure.
 enum class TNodeChange : std::uint8_t {
     Insert, ///< children First .. First + Count - 1 come, with all that is below them
     Remove, ///< children First .. First + Count - 1 go
@@ -46,15 +48,18 @@ enum class TNodeChange : std::uint8_t {
     Reorder ///< any of the children may stand elsewhere
 };
 
+/// A change to the children of one node; the numbers are those of TNodeChange.
 struct TNodeChangeInfo
 {
+    /// What changes, and below which node.
     TNodeChange Change = TNodeChange::Insert;
     TTreeNode_zuSub *Parent = nullptr;
-    int First = 0;
-    int Count = 0;
-    int To = 0;
+    int First = 0; ///< 0-based
+    int Count = 0; ///< of the children that are touched
+    int To = 0;    ///< of Move alone
 };
 
+/// What of a node looks different.
 enum class TNodeAspect : std::uint8_t {
     Caption, ///< text, image or font; also the entity that the node shows
     Expansion,
@@ -70,9 +75,12 @@ public:
 
     /// About `changes` structural changes follow.
     virtual void BeginNodes(int changes) = 0;
+    /// Before and after each structural change.
     virtual void BeforeChange(const TNodeChangeInfo &change) = 0;
     virtual void AfterChange(const TNodeChangeInfo &change) = 0;
+    /// All that was announced has happened, or less.
     virtual void EndNodes() = 0;
+    /// Something that is seen of one node has changed.
     virtual void NodeChanged(TTreeNode_zuSub &node, TNodeAspect aspect) = 0;
     /// Any number of nodes was expanded or collapsed.
     virtual void AllExpansionsChanged() = 0;

@@ -21,6 +21,7 @@ class TTreeNodeList;
 class KORVANE_CORE_API TTreeNode_zuSub
 {
 public:
+    /// Owns a node that is in no tree yet, or no longer.
     using TOwner = std::unique_ptr<TTreeNode_zuSub>;
 
     TTreeNode_zuSub();
@@ -47,6 +48,7 @@ public:
     TTreeNode_zuSub *Parent() const { return m_parent; }
     /// 0 for the children of the root.
     int Level() const;
+    /// Its own children only, shown or not.
     int ChildCount() const;
     /// Requires 0 <= index < ChildCount().
     TTreeNode_zuSub *Child(int index) const;

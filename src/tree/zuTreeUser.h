@@ -12,8 +12,10 @@
 
 namespace korvane {
 
+/// Entities of one tree; observed.
 using TTreeEntities = std::vector<TzuDataEntity_Tree *>;
 
+/// Keys that a tree knows.
 enum class TTreeKey : std::uint8_t {
     Up,
     Down,
@@ -30,11 +32,13 @@ enum class TTreeKey : std::uint8_t {
     SelectAll
 };
 
+/// Which part of its target's row a drop is on: a quarter at either edge, or the middle.
 enum class TTreeDropPlace : std::uint8_t { Above, On, Below };
 
 /// Where a drop would go. Without target it is behind the last root.
 struct TTreeDrop
 {
+    /// Nil: behind the last root.
     TzuDataEntity_Tree *Target = nullptr;
     TTreeDropPlace Place = TTreeDropPlace::Below;
 
@@ -45,6 +49,7 @@ struct TTreeDrop
 /// Index of its list now; an Index of Count or more is behind the last one.
 struct TTreeMove
 {
+    /// See above.
     TTreeEntities Entities;
     TzuDataEntity_Tree *NewParent = nullptr;
     int Index = 0;
@@ -53,6 +58,7 @@ struct TTreeMove
 /// Children to be sorted: those of a parent (nil: the roots), or those of every entity.
 struct TTreeSort
 {
+    /// See above. Without AllLevels only the children of Parent.
     TzuDataEntity_Tree *Parent = nullptr;
     TSortDirection Direction = TSortDirection::Ascending;
     bool AllLevels = false;
@@ -65,43 +71,49 @@ struct TTreeSort
 class KORVANE_CORE_API TTreeUserCore : public TTreeCore
 {
 public:
+    /// Asks whether what the user began may go on.
     using TOnBeforeEdit =
         TMethod<void(TObject *theTree, TzuDataEntity_Tree *theDataEntity, bool &allow)>;
     using TOnEdited = TMethod<void(TObject *theTree, TzuDataEntity_Tree *theDataEntity,
                                    std::string &text, bool &allow)>;
     using TOnBeforeMove =
         TMethod<void(TObject *theTree, const TTreeMove &move, bool &allow, bool &handled)>;
+    /// Entities were moved by the user, as the move says.
     using TOnMoved = TMethod<void(TObject *theTree, const TTreeMove &move)>;
+    /// As above.
     using TOnBeforeDelete =
         TMethod<void(TObject *theTree, const TTreeEntities &entities, bool &allow, bool &handled)>;
     using TOnBeforeSort =
         TMethod<void(TObject *theTree, const TTreeSort &sort, bool &allow, bool &handled)>;
+    /// Where MoveSelected moves to.
     enum class TStep : std::uint8_t { Indent, Outdent, Up, Down };
 
     using TTreeCore::TTreeCore;
     ~TTreeUserCore() override;
 
+    /// Whether more than one entity can be selected; false by default. Switching it off leaves at
+    /// most the current entity selected.
     bool MultiSelect() const { return m_multiSelect; }
-    /// Switching it off leaves at most the current entity selected.
     virtual void SetMultiSelect(bool multi);
-    /// Whether a node is expanded when the user makes it the current one.
+    /// Whether a node is expanded when the user makes it the current one; false by default.
     bool AutoExpand() const { return m_autoExpand; }
     void SetAutoExpand(bool expand) { m_autoExpand = expand; }
-    /// Whether captions cannot be edited.
+    /// Whether captions cannot be edited; false by default.
     bool ReadOnly() const { return m_readOnly; }
     void SetReadOnly(bool readOnly) { m_readOnly = readOnly; }
     /// How many levels there may be after what the user does: a move by drag or by MoveSelected
     /// that would put an entity, or one below it, on a deeper level is refused. The application's
-    /// own changes are not limited. 0: no limit.
+    /// own changes are not limited. 0, the default: no limit.
     int MaxLevels() const { return m_maxLevels; }
     void SetMaxLevels(int levels) { m_maxLevels = levels > 0 ? levels : 0; }
-    /// Whether the user may sort, and delete entities.
+    /// Whether the user may sort, and delete entities; true and false by default.
     bool AllowSort() const { return m_allowSort; }
     void SetAllowSort(bool allow) { m_allowSort = allow; }
     bool AllowDelete() const { return m_allowDelete; }
     void SetAllowDelete(bool allow) { m_allowDelete = allow; }
 
     // Selection: the entities' Selected.
+    /// Number of entities whose Selected is set; read at no cost.
     int SelectedCount() const { return static_cast<int>(m_selected.size()); }
     /// In the order of the tree.
     TTreeEntities SelectedEntities();
@@ -113,9 +125,10 @@ public:
     void UpdateMultiSelect(TTreeNode_zuSub &node, TShiftState shift);
     /// All entities with a row; without MultiSelect nothing happens.
     void SelectAll();
+    /// Deselects all entities; the current one stays current.
     void ClearSelection();
 
-    // Keys. Returns whether the key did, or could have done, something.
+    /// Keys. Returns whether the key did, or could have done, something.
     bool KeyDown(TTreeKey key, TShiftState shift);
 
     // Editing.
@@ -134,7 +147,9 @@ public:
     bool SortByUser(const TTreeSort &sort);
 
     // Moving and deleting.
+    /// Where a drop at a client point would go; behind the last root outside of all rows.
     TTreeDrop DropAt(int x, int y);
+    /// The move that a drop of the entities is.
     TTreeMove MoveTo(const TTreeDrop &drop, TTreeEntities entities);
     /// Whether the tree's structure and MaxLevels permit the move: never to or below one of the
     /// entities themselves.
@@ -148,11 +163,14 @@ public:
     bool MoveSelected(TStep step);
     /// Deletes entities, none below another, when AllowDelete; a neighbour becomes current.
     bool DeleteByUser(const TTreeEntities &entities);
+    /// The same with the topmost selected entities.
     bool DeleteSelected() { return DeleteByUser(TopmostSelected()); }
 
+    /// The user wants to edit a caption, after ReadOnly and CanEdit have allowed it.
     TOnBeforeEdit OnBeforeEdit;
     /// The user finished with another caption, which the handler may change or refuse.
     TOnEdited OnEdited;
+    /// The user wants to move, delete or sort entities; see above.
     TOnBeforeMove OnBeforeMove;
     TPublished<TOnMoved> OnMoved; ///< after a move by the user
     TOnBeforeDelete OnBeforeDelete;
@@ -166,6 +184,7 @@ protected:
     /// The user made the entity the current one.
     virtual void HandleAutoExpand(TzuDataEntity_Tree &entity);
 
+    /// In no order.
     const std::unordered_set<TzuDataEntity_Tree *> &Selected() const { return m_selected; }
     /// Makes the node current, without selecting it.
     void MakeCurrent(TTreeNode_zuSub &node);
@@ -173,6 +192,7 @@ protected:
     /// with the others until the button is released.
     void MousePressed(TTreeNode_zuSub &node, TShiftState shift, TMouseButton button);
     void MouseReleased();
+    /// The button went up elsewhere.
     void ForgetPress() { m_pressed = nullptr; }
     /// Whether this is the current entity and the only one selected.
     bool IsOnlySelected(const TzuDataEntity_Tree &entity) const;

@@ -12,6 +12,7 @@ namespace korvane {
 class KORVANE_WIDGETS_API TBabGridAccessible : public QAccessibleWidget, public TGridTableAccessible
 {
 public:
+    /// The view is observed.
     explicit TBabGridAccessible(TBabGridView_Custom &view)
         : QAccessibleWidget(&view, QAccessible::Table)
     {
@@ -27,6 +28,7 @@ public:
         return QAccessible::queryAccessibleInterface(&View());
     }
 
+    /// As Qt asks for children: all crossings row by row, heads first.
     void *interface_cast(QAccessible::InterfaceType type) override;
     int childCount() const override { return CrossingCount(); }
     QAccessibleInterface *child(int index) const override { return CrossingOf(index); }
@@ -38,10 +40,11 @@ public:
     QAccessibleInterface *focusChild() const override;
 };
 
-/// Tells assistive tools that another cell has the focus, that the selection changed, and that
-/// there are other rows or columns.
+/// Tells assistive tools that another cell has the focus.
 KORVANE_WIDGETS_API void TellGridFocus(TBabGridView_Custom &view);
+/// Tells them that the selection of the grid has changed.
 KORVANE_WIDGETS_API void TellGridSelection(TBabGridView_Custom &view);
+/// Tells them that there are other rows or columns.
 KORVANE_WIDGETS_API void TellGridReset(TBabGridView_Custom &view);
 
 } // namespace korvane

@@ -22,16 +22,21 @@ class KORVANE_WIDGETS_API TBabGridEditor : public QWidget
     Q_OBJECT
 
 public:
+    /// A child of the view, hidden until it is placed.
     TBabGridEditor(TBabGridView_Custom &view, const TEditStart &start);
     ~TBabGridEditor() override;
 
+    /// What the field holds now.
     QString Text() const { return m_field->Text(); }
+    /// Owned by the editor.
     IGridField &Field() const { return *m_field; }
     /// The field grows beyond the cell as its text asks for, within the clip.
     void Place(const TRect &cell, const TRect &clip);
+    /// Shows the reason at the field until the text is changed.
     void Refuse(const QString &reason);
 
 protected:
+    /// The keys of the field, which are the grid's first; the frame around it.
     bool eventFilter(QObject *object, QEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
 
@@ -50,6 +55,7 @@ private:
 class KORVANE_WIDGETS_API TBabGridEditOpener : public IBabGridEditHost
 {
 public:
+    /// The view outlives it.
     explicit TBabGridEditOpener(TBabGridView_Custom &view)
         : m_view(view)
     {
@@ -59,6 +65,7 @@ public:
     TBabGridEditOpener &operator=(const TBabGridEditOpener &) = delete;
     ~TBabGridEditOpener() override;
 
+    /// The editor that is open, or null.
     TBabGridEditor *Editor() const { return m_editor; }
 
     void OpenEditor(const TEditStart &start) override;

@@ -40,6 +40,7 @@ class KORVANE_WIDGETS_API TBabGridView_Custom : public TzuOffscreenPaint,
                                                 private IBabGridHost
 {
     Q_OBJECT
+    /// Published properties; each is described at the function that it reads.
     Q_PROPERTY(bool RowSelect READ RowSelect WRITE SetRowSelect)
     Q_PROPERTY(bool MultiSelect READ MultiSelect WRITE SetMultiSelect)
     Q_PROPERTY(bool AutoEditMode READ AutoEditMode WRITE SetAutoEditMode)
@@ -54,10 +55,12 @@ class KORVANE_WIDGETS_API TBabGridView_Custom : public TzuOffscreenPaint,
     Q_PROPERTY(bool FindEnable READ FindEnable WRITE SetFindEnable)
 
 public:
+    /// An empty grid that takes the focus, mouse moves and touch gestures.
     explicit TBabGridView_Custom(QWidget *parent = nullptr);
     ~TBabGridView_Custom() override;
 
-    /// Whether the vertical scroll bar and the wheel move by pixels rather than by whole rows.
+    /// Whether the vertical scroll bar and the wheel move by pixels rather than by whole rows; true
+    /// by default.
     bool SmoothScrolling() const { return m_smoothScrolling; }
     void SetSmoothScrolling(bool value) { m_smoothScrolling = value; }
     /// Whether the user can look for text.
@@ -85,8 +88,10 @@ public:
     /// The field of the cell that is being edited, or null.
     QWidget *EditorField() const;
 
+    /// The bars; owned by the view, hidden while all fits.
     QScrollBar &VertScrollBar() const { return *m_vertical; }
     QScrollBar &HorzScrollBar() const { return *m_horizontal; }
+    /// 400 by 300 pixels.
     QSize sizeHint() const override;
 
 protected:
@@ -96,6 +101,8 @@ protected:
     void SelectionEventFired() override;
     std::string FoldCase(std::string text) const override;
 
+    /// Mouse, keys and wheel, as the class comment says. Tab goes from cell to cell, and on to
+    /// other controls where there is none.
     bool event(QEvent *event) override;
     void resizeEvent(QResizeEvent *event) override;
     void showEvent(QShowEvent *event) override;

@@ -23,6 +23,7 @@ class TCollectionEditor : public QDialog
     Q_OBJECT
 
 public:
+    /// `collection` is `Columns`, `SubGrids` or `CellLayouts`. The grid outlives the editor.
     TCollectionEditor(const TzuGrid &grid, const QString &collection, QWidget *parent);
     ~TCollectionEditor() override;
 
@@ -31,6 +32,7 @@ public:
 
     /// The collection as forms store it.
     QByteArray Text() const;
+    /// Whether the text is another one than in the beginning.
     bool IsChanged() const { return Text() != m_textBefore; }
 
 private:

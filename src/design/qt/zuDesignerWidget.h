@@ -20,6 +20,8 @@ public:
     /// Objects of the class are edited with the verbs of a grid.
     void SetHasGridEditor(bool value) { m_hasGridEditor = value; }
 
+    /// As the designer asks; texts are those of the component. The widget that is created belongs
+    /// to the parent.
     QString name() const override;
     QString group() const override { return m_page; }
     QString toolTip() const override;

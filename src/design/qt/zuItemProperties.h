@@ -23,8 +23,10 @@ enum class TItemPropertyKind {
     Columns
 };
 
+/// A property of an item, as the editor shows it.
 struct TItemProperty
 {
+    /// By which GridToJson knows it; and with what it is edited.
     const char *Name;
     TItemPropertyKind Kind;
     const char *Hint; ///< what it does, for the user

@@ -19,6 +19,7 @@ void ShowSample(TzuTree &tree);
 /// Rows; columns are properties, so there are none until they are designed. Until then `hint` is
 /// shown.
 void ShowSample(TzuGrid &grid, const QString &hint);
+/// The same with a hint that says how columns are added.
 void ShowSample(TzuGrid &grid);
 
 } // namespace korvane

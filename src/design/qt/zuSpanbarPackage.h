@@ -23,9 +23,11 @@ class TSpanbarPackage : public QObject,
     Q_INTERFACES(QDesignerCustomWidgetCollectionInterface)
 
 public:
+    /// Registers the components.
     explicit TSpanbarPackage(QObject *parent = nullptr);
     ~TSpanbarPackage() override;
 
+    /// One for each component, in the order of the palette; owned by the package.
     QList<QDesignerCustomWidgetInterface *> customWidgets() const override;
 
 private:

@@ -56,9 +56,11 @@ class TTaskMenuFactory : public QExtensionFactory
     Q_OBJECT
 
 public:
+    /// Once for each designer, which owns the factory.
     static void Install(QDesignerFormEditorInterface &designer);
 
 protected:
+    /// A menu for grids and charts; null for other objects and other extensions.
     QObject *createExtension(QObject *object, const QString &iid, QObject *parent) const override;
 
 private:

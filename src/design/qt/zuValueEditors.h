@@ -14,6 +14,7 @@ namespace korvane {
 /// Names that properties may refer to.
 struct TItemNames
 {
+    /// As the grid has them, in its order.
     QStringList Layouts;
     QStringList SubGrids;
 };
@@ -21,7 +22,7 @@ struct TItemNames
 /// A control for one value. The value has the form of GridToJson.
 struct TValueEditor
 {
-    QWidget *Widget = nullptr;
+    QWidget *Widget = nullptr; ///< owned by whoever takes it
     /// Shows a value without telling of a change.
     std::function<void(const QJsonValue &)> Show;
 };

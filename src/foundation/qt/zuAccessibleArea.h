@@ -20,6 +20,7 @@ class TAccessibleArea;
 class KORVANE_WIDGETS_API TAccessiblePart : public QAccessibleInterface
 {
 public:
+    /// The area outlives its parts.
     explicit TAccessiblePart(TAccessibleArea &area)
         : m_area(area)
     {
@@ -28,6 +29,7 @@ public:
     /// What is shown is gone: the interface is not valid from now on.
     virtual void Invalidate() = 0;
 
+    /// A part is no object, lies in the area's window, and its texts cannot be set.
     QObject *object() const override { return nullptr; }
     QWindow *window() const override;
     void setText(QAccessible::Text /*text*/, const QString & /*value*/) override {}
@@ -35,12 +37,16 @@ public:
     QAccessible::State state() const override;
 
 protected:
+    /// As given to the constructor, and the widget that it is about.
     TAccessibleArea &AreaParts() const { return m_area; }
     QWidget &Area() const;
     /// A rectangle of the area in screen coordinates.
     QRect ToScreen(const QRect &rect) const;
+    /// A point of the screen in pixels of the area.
     QPoint FromScreen(int x, int y) const { return Area().mapFromGlobal(QPoint(x, y)); }
+    /// Whether nothing of the part lies within the area.
     bool IsOffscreen() const;
+    /// Whether the part has a place in the area at all; asked while it is valid.
     virtual bool IsShown() const = 0;
 
 private:
@@ -52,8 +58,10 @@ class KORVANE_WIDGETS_API TAccessibleItem : public TAccessiblePart,
                                             public QAccessibleActionInterface
 {
 public:
+    /// As that of TAccessiblePart.
     using TAccessiblePart::TAccessiblePart;
 
+    /// A leaf among list items, that can be selected and focused.
     QAccessible::Role role() const override { return QAccessible::ListItem; }
     int childCount() const override { return 0; }
     QAccessibleInterface *child(int /*index*/) const override { return nullptr; }
@@ -61,18 +69,21 @@ public:
     int indexOfChild(const QAccessibleInterface * /*child*/) const override { return -1; }
     QAccessible::State state() const override;
 
+    /// Actions of what it can do: set the focus, toggle the selection, edit; by Qt's names where it
+    /// has some.
     void *interface_cast(QAccessible::InterfaceType type) override;
     QStringList actionNames() const override;
     QStringList keyBindingsForAction(const QString & /*name*/) const override { return {}; }
     void doAction(const QString &name) override;
 
 protected:
-    // Asked while the interface is valid.
+    /// Asked while the interface is valid.
     virtual bool IsSelected() const = 0;
     virtual void SetSelected(bool selected) = 0;
     virtual bool IsActive() const = 0;
     /// Makes it the active one, in view.
     virtual void Activate() = 0;
+    /// Whether the user may edit it now.
     virtual bool CanEdit() const = 0;
     /// Lets the user edit what is active.
     virtual void Edit() = 0;
@@ -82,6 +93,7 @@ protected:
 class KORVANE_WIDGETS_API TAccessibleArea : public QObject
 {
 public:
+    /// Becomes a child of the area, which frees it.
     explicit TAccessibleArea(QWidget &area)
         : QObject(&area)
         , m_area(area)
@@ -101,6 +113,7 @@ public:
         return nullptr;
     }
 
+    /// As given to the constructor, and its own interface.
     QWidget &Area() const { return m_area; }
     QAccessibleInterface *AreaInterface() const
     {
@@ -133,8 +146,9 @@ private:
     std::vector<QAccessible::Id> m_doomed;
 };
 
-/// Tells that a part has the focus, or that the selection has changed.
+/// Tells assistive tools that a part has the focus.
 KORVANE_WIDGETS_API void TellFocus(QAccessibleInterface *part);
+/// Tells them that other parts of an area are selected.
 KORVANE_WIDGETS_API void TellSelectionWithin(QWidget &area);
 
 } // namespace korvane

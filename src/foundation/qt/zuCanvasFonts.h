@@ -23,8 +23,10 @@ namespace korvane {
 class KORVANE_WIDGETS_API TCanvasFont
 {
 public:
+    /// Loads nothing before it is used.
     TCanvasFont(const TFont &font, int dotsPerInch);
 
+    /// What it was made of, and what that became.
     const TFont &Key() const { return m_key; }
     const QFont &Font() const { return m_font; }
 
@@ -77,6 +79,7 @@ private:
 class KORVANE_WIDGETS_API TCanvasFonts
 {
 public:
+    /// Of the device that font sizes count for.
     explicit TCanvasFonts(int dotsPerInch = 96)
         : m_dotsPerInch(dotsPerInch)
     {
@@ -85,6 +88,7 @@ public:
     /// A new resolution drops everything that is kept.
     void SetDotsPerInch(int dotsPerInch);
 
+    /// The font ready for drawing, made when it is not kept. Holds as long as somebody keeps it.
     std::shared_ptr<TCanvasFont> Find(const TFont &font);
 
 private:

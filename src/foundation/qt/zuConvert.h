@@ -20,6 +20,7 @@
 
 namespace korvane {
 
+/// Exact both ways; texts are UTF-8, and bytes that are not become replacement characters.
 inline QPoint ToQt(TPoint point)
 {
     return {point.X, point.Y};
@@ -45,6 +46,7 @@ inline std::string FromQt(const QString &text)
     return text.toStdString();
 }
 
+/// Other modifiers are left out.
 inline TShiftState FromQt(Qt::KeyboardModifiers modifiers)
 {
     return {modifiers.testFlag(Qt::ShiftModifier), modifiers.testFlag(Qt::ControlModifier),
@@ -57,8 +59,11 @@ KORVANE_WIDGETS_API Qt::KeyboardModifiers ToQt(TShiftState shift);
 
 /// System colours come from the palette's active group.
 KORVANE_WIDGETS_API QColor ToQt(TColor color, const QPalette &palette);
+/// Never a system colour; transparency is lost.
 KORVANE_WIDGETS_API TColor FromQt(const QColor &color);
+/// One for one.
 KORVANE_WIDGETS_API Qt::PenStyle ToQt(TPenStyle style);
+/// Size in points; the colour is lost.
 KORVANE_WIDGETS_API QFont ToQt(const TFont &font);
 /// Keeps the colour of `base`, since a QFont has none.
 KORVANE_WIDGETS_API TFont FromQt(const QFont &font, const TFont &base = {});

@@ -30,15 +30,18 @@ public:
 
     /// The owner is the control that the hints are about; it also owns the window.
     explicit TGraphHintWindow(QWidget *owner);
+    /// Hides it and withdraws what was put off.
     ~TGraphHintWindow() override;
 
     /// The window of the owner.
     QWidget *ParentForm() const { return parentWidget()->window(); }
+    /// Whether it is the active one; without that no hint is seen.
     bool ParentFormActive() const { return ParentForm()->isActiveWindow(); }
 
-    /// Whether hints are shown at all.
+    /// Whether hints are shown at all; true by default.
     bool ShowFlag() const { return m_showFlag; }
     void SetShowFlag(bool show);
+    /// What the window says, or would; set, the window takes the size that it needs.
     QString Text() const { return m_text; }
     void SetText(const QString &text);
     /// Where a static hint stands, in the owner's pixels: in this rectangle's corner, and at least
@@ -66,19 +69,24 @@ public:
 
     /// Shows the text, if there is one and the owner's window is active; otherwise hides.
     void DoShow();
+    /// Nothing when it is hidden.
     void DoHide();
     /// The same when the event loop next comes round. The last request holds.
     void DoShowAsync();
+    /// Replaces a request to show that has not run yet.
     void DoHideAsync();
 
+    /// What the text needs.
     QSize sizeHint() const override;
 
+    /// Asked by ShowSlowHintFor; without a handler there are no slow hints.
     TWantsNewText OnWantsNewText;
 
 protected:
     /// Takes the size that the text needs.
     virtual void CMTextChanged();
 
+    /// Follow the window of the owner, the palette, and the rest of the pointer.
     bool eventFilter(QObject *watched, QEvent *event) override;
     void changeEvent(QEvent *event) override;
     void timerEvent(QTimerEvent *event) override;

@@ -19,8 +19,10 @@ public:
     /// Both return the image's index. An icon is drawn in the list's size, a pixmap in its own.
     int Add(const QIcon &icon);
     int Add(const QPixmap &pixmap);
+    /// Indexes begin at 0 again. Who draws from the list is not told.
     void Clear() { m_images.clear(); }
 
+    /// Number of images.
     int Count() const override { return static_cast<int>(m_images.size()); }
 
     /// Extent of icons in logical pixels; initially 16 by 16.

@@ -36,12 +36,15 @@ namespace korvane {
 class KORVANE_WIDGETS_API TzuOffscreenPaint : public QFrame
 {
     Q_OBJECT
+    /// Published properties; each is described at the function that it reads.
     Q_PROPERTY(QColor Color READ ColorAsQColor WRITE SetColor)
     Q_PROPERTY(bool TabStop READ TabStop WRITE SetTabStop)
     Q_PROPERTY(QByteArray PopupMenu READ PopupMenuNames WRITE SetPopupMenuNames)
     Q_PROPERTY(bool MeasurePaintTime READ MeasurePaintTime WRITE SetMeasurePaintTime)
 
 public:
+    /// Positions in the events of the mouse are pixels of the control; buttons are the three that
+    /// TMouseButton knows.
     using TNotifyEvent = TMethod<void(TzuOffscreenPaint *sender)>;
     using TOverlayPaintEvent = TMethod<void(TzuOffscreenPaint *sender, TCanvas &canvas)>;
     using TMouseButtonEvent = TMethod<void(TzuOffscreenPaint *sender, TMouseButton button,
@@ -50,21 +53,28 @@ public:
         TMethod<void(TzuOffscreenPaint *sender, TShiftState shift, int x, int y)>;
     /// `key` is a Qt::Key; a handler that sets it to 0 has used it up.
     using TKeyEvent = TMethod<void(TzuOffscreenPaint *sender, int &key, TShiftState shift)>;
+    /// A turn of the wheel, as Qt tells it.
     using TWheelMessageEvent = TMethod<void(QWheelEvent &message)>;
     /// A handler that sets `defaultResize` to false has chosen the size itself.
     using TOnPrintResizeFont =
         TMethod<void(TzuOffscreenPaint *caller, int &fontSize, bool &defaultResize)>;
+    /// A menu is asked for at a position of the control; with `handled` set to true nothing else
+    /// happens.
     using TContextPopupEvent =
         TMethod<void(TzuOffscreenPaint *sender, TPoint position, bool &handled)>;
+    /// Something is dragged over the control, or dropped on it: accept the event or leave it.
     using TDragOverEvent = TMethod<void(TzuOffscreenPaint *sender, QDragMoveEvent &event)>;
     using TDragDropEvent = TMethod<void(TzuOffscreenPaint *sender, QDropEvent &event)>;
 
+    /// Installs the toolkit's services; see InstallToolkitServices.
     explicit TzuOffscreenPaint(QWidget *parent = nullptr);
     ~TzuOffscreenPaint() override;
 
     /// Background that every paint starts with; initially clBtnFace.
     TColor Color() const { return m_color; }
     void SetColor(TColor value);
+
+    /// The same for Qt; system colours are looked up in the palette.
     QColor ColorAsQColor() const;
     void SetColor(const QColor &value);
     /// The font that every paint starts with: the widget's font, in the colour set here.
@@ -86,6 +96,7 @@ public:
     /// Size that drawing has to fill, in pixels: the control's, or while printing the enlarged one.
     int Width() const { return m_printSize ? m_printSize->Width : width(); }
     int Height() const { return m_printSize ? m_printSize->Height : height(); }
+    /// From (0, 0) to Width and Height.
     TRect ClientArea() const { return {0, 0, Width(), Height()}; }
     /// Sets the bounds within the parent without a resize notification.
     void SetSizeDontTell(const TRect &bounds);
@@ -96,11 +107,13 @@ public:
     virtual void Repaint();
     /// Requests that OverlayPaint is called again for an area, without drawing the image anew.
     void InvalidateOverlay(const TRect &area);
+    /// The same for all of it.
     void InvalidateOverlay() { InvalidateOverlay(ClientArea()); }
 
     /// Updates nest. The end of the outermost one, and an end without a beginning, invalidate.
     virtual void BeginUpdate();
     virtual void EndUpdate();
+    /// How many updates are open.
     int UpdateCount() const { return m_updateCount; }
 
     /// The canvas to draw on. Outside of paints and prints it only measures.
@@ -111,8 +124,10 @@ public:
 
     /// Paints onto a print device. X and Y are where the control's origin lies in the painter's
     /// coordinates; drawing is clipped to the enlarged control. The painter's state and the
-    /// control's size are as before afterwards, also when painting throws.
+    /// control's size are as before afterwards, also when painting throws. Throws
+    /// std::invalid_argument for a painter that is not active.
     void Print(QPainter &device, int x, int y, double scaleX, double scaleY);
+    /// Within Print, or between BeginPrint and EndPrint; with a print device within Print alone.
     bool GetIsPrinting() const { return m_printNesting >= 1; }
     bool GetAssignedPrintingCanvas() const { return m_printingCanvas != nullptr; }
     /// Print mode for the preparation of a print; nests. Not clamped.
@@ -127,10 +142,10 @@ public:
 
     TNotifyEvent OnPaint;              ///< fired by OffscreenPaint unless a subclass overrides it
     TOverlayPaintEvent OnOverlayPaint; ///< fired by OverlayPaint unless a subclass overrides it
-    TNotifyEvent OnAfterPrint;
+    TNotifyEvent OnAfterPrint;         ///< within Print, after the drawing
     TWheelMessageEvent OnWheelMessage; ///< every wheel event, after the control's own handling
-    TOnPrintResizeFont OnPrintResizeFont;
-    TPublished<TNotifyEvent> OnClick; ///< left button released inside
+    TOnPrintResizeFont OnPrintResizeFont; ///< sets the size, in points, of a font for a print
+    TPublished<TNotifyEvent> OnClick;     ///< left button released inside
     TPublished<TNotifyEvent> OnDblClick;
     TPublished<TNotifyEvent> OnEnter; ///< focus in
     TPublished<TNotifyEvent> OnExit;  ///< focus out
@@ -138,9 +153,9 @@ public:
     TPublished<TMouseButtonEvent> OnMouseDown;
     TPublished<TMouseMoveEvent> OnMouseMove;
     TPublished<TMouseButtonEvent> OnMouseUp;
-    TKeyEvent OnKeyDown;
-    TKeyEvent OnKeyUp;
-    TContextPopupEvent OnContextPopup;
+    TKeyEvent OnKeyDown;                   ///< before the control's own handling
+    TKeyEvent OnKeyUp;                     ///< before the control's own handling
+    TContextPopupEvent OnContextPopup;     ///< by mouse or keyboard
     TPublished<TDragOverEvent> OnDragOver; ///< needs setAcceptDrops(true)
     TPublished<TDragDropEvent> OnDragDrop;
 
@@ -171,8 +186,8 @@ protected:
     /// What of the image a paint can keep.
     struct TImageMove
     {
-        TRect Area; ///< moves within itself
-        TPoint By;
+        TRect Area;              ///< moves within itself
+        TPoint By;               ///< rightwards and down
         std::vector<TRect> Anew; ///< drawn anew, after the moving
     };
     /// Requests a paint that keeps what it can of the image, when nothing else requests one. The
@@ -188,6 +203,7 @@ protected:
     /// child scroll bars cover and the copy leaves alone, in pixels. The corner between two strips
     /// is filled with clBtnFace.
     void SetReserved(int right, int bottom);
+    /// What SetReserved has set; 0 to begin with.
     int ReservedRight() const { return m_reservedRight; }
     int ReservedBottom() const { return m_reservedBottom; }
 
@@ -195,6 +211,8 @@ protected:
     /// shortcut.
     QSet<int> WantedSpecialKeys;
 
+    /// Fire the events above; a handler may destroy the control. Wanted special keys reach
+    /// OnKeyDown like any other key.
     bool event(QEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
     void changeEvent(QEvent *event) override;

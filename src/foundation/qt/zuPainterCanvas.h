@@ -39,7 +39,9 @@ public:
     /// The painter is observed, must be active, and is left with other settings: the caller saves
     /// and restores what it needs.
     void Begin(QPainter &painter, const TRect &bounds, const QPalette &palette);
+    /// Goes back to measuring only; the painter is not ended.
     void End();
+    /// From Begin to End.
     bool IsActive() const { return m_painter != nullptr; }
     /// Draws lines and frames of one pixel as fine as paper holds them (a quarter of a point), or
     /// as the device can, until the next Begin.
@@ -65,6 +67,7 @@ public:
     void SetFont(const TFont &font) override;
     void SetAntialiasing(bool on) override { m_antialiasing = on; }
 
+    /// The shorthands as well.
     using TCanvas::FillRect;
     void FillRect(const TRect &rect) override;
     void FillGradient(const TRect &rect, TColor top, TColor bottom) override;

@@ -22,6 +22,7 @@ namespace korvane {
 class KORVANE_WIDGETS_API TzuSplitter : public QWidget
 {
     Q_OBJECT
+    /// Published properties; each is described at the function that it reads.
     Q_PROPERTY(int MinSize READ MinSize WRITE SetMinSize)
     Q_PROPERTY(TResizeStyle ResizeStyle READ ResizeStyle WRITE SetResizeStyle)
     Q_PROPERTY(bool Beveled READ Beveled WRITE SetBeveled)
@@ -41,17 +42,23 @@ public:
 
     /// May change the new size of the neighbour, in pixels, or refuse it.
     using TCanResizeEvent = TMethod<void(TzuSplitter *sender, int &newSize, bool &accept)>;
+    /// The user has moved the bar.
     using TNotifyEvent = TMethod<void(TzuSplitter *sender)>;
+    /// Draws on the bar.
     using TPaintEvent = TMethod<void(TzuSplitter *sender, TCanvas &canvas)>;
 
+    /// `side` is where the neighbour is that is given its size. The parent's layout must be a
+    /// QBoxLayout.
     explicit TzuSplitter(QWidget *parent = nullptr, TSide side = TSide::Before);
     ~TzuSplitter() override;
 
-    /// Neither of the two neighbours is made smaller by the user, in pixels.
+    /// Neither of the two neighbours is made smaller by the user, in pixels; 30 by default.
     int MinSize() const { return m_minSize; }
     void SetMinSize(int pixels);
+    /// rsUpdate by default.
     TResizeStyle ResizeStyle() const { return m_resizeStyle; }
     void SetResizeStyle(TResizeStyle style) { m_resizeStyle = style; }
+    /// Whether the bar has a raised edge; false by default.
     bool Beveled() const { return m_beveled; }
     void SetBeveled(bool on);
 
@@ -59,10 +66,14 @@ public:
     int Size() const;
     /// Sets the size, whatever MinSize is. No event.
     void SetSize(int pixels);
+    /// From the press on; until the release, Escape or what hides the bar.
     bool IsDragging() const { return m_dragging; }
 
+    /// 4 by 4 pixels: the bar is that thick, and as long as its neighbours.
     QSize sizeHint() const override;
 
+    /// Asked for every size that a drag, a key or a double click would give, after it was brought
+    /// into the limits.
     TCanResizeEvent OnCanResize;
     TNotifyEvent OnMoved; ///< the user has moved the bar
     TPaintEvent OnPaint;  ///< draws on the bar, in its pixels, after it has been drawn
@@ -72,6 +83,7 @@ Q_SIGNALS:
     void moved();
 
 protected:
+    /// Drag, keys and double click; see above.
     bool event(QEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;

@@ -20,6 +20,7 @@ namespace korvane {
 class KORVANE_WIDGETS_API TXYSizer : public QFrame
 {
     Q_OBJECT
+    /// Published properties; each is described at the function that it reads.
     Q_PROPERTY(int TopMargin READ TopMargin WRITE SetTopMargin)
     Q_PROPERTY(int LeftMargin READ LeftMargin WRITE SetLeftMargin)
     Q_PROPERTY(int RightMargin READ RightMargin WRITE SetRightMargin)
@@ -29,11 +30,12 @@ public:
     /// `delta` counts from the position at the press, in pixels.
     using TOnResize = TMethod<void(TXYSizer *sender, TPoint delta)>;
 
+    /// Lies where the parent puts it.
     explicit TXYSizer(QWidget *parent);
     ~TXYSizer() override;
 
-    // The handle only moves while the mouse is inside the parent's rectangle less these margins, in
-    // pixels; 5 each at first.
+    /// The handle only moves while the mouse is inside the parent's rectangle less these margins,
+    /// in pixels; 5 each at first.
     int TopMargin() const { return m_topMargin; }
     void SetTopMargin(int pixels) { m_topMargin = pixels; }
     int LeftMargin() const { return m_leftMargin; }
@@ -43,6 +45,7 @@ public:
     int BottomMargin() const { return m_bottomMargin; }
     void SetBottomMargin(int pixels) { m_bottomMargin = pixels; }
 
+    /// From the press to the release, Escape or what hides the handle.
     bool IsDragging() const { return m_pressed; }
 
     /// The end of a drag, also of one that has not moved.
@@ -53,6 +56,7 @@ Q_SIGNALS:
     void resized(QPoint delta);
 
 protected:
+    /// The drag; see above.
     bool event(QEvent *event) override;
     void mousePressEvent(QMouseEvent *event) override;
     void mouseMoveEvent(QMouseEvent *event) override;

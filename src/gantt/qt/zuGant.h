@@ -22,6 +22,7 @@ namespace korvane {
 class KORVANE_WIDGETS_API TzuGant : public TzuGant_ComBasic
 {
     Q_OBJECT
+    /// Published properties; each is described at the function that it reads.
     Q_PROPERTY(QColor ColorTree READ ColorTree WRITE SetColorTree)
     Q_PROPERTY(QFont FontTree READ FontTree WRITE SetFontTree)
     Q_PROPERTY(QCursor CursorTree READ CursorTree WRITE setCursorTree)
@@ -96,18 +97,21 @@ class KORVANE_WIDGETS_API TzuGant : public TzuGant_ComBasic
     Q_PROPERTY(QByteArray ImageList READ ImageListText WRITE SetImageListText)
 
 public:
-    // The enumerations as the designer knows them.
+    /// TBorderStyle for the designer.
     enum BorderKind { bsNone, bsSingle };
     Q_ENUM(BorderKind)
+    /// TLinkStyle for the designer.
     enum LinkForm { tlsDefault, tlsMSProject, tlsUserDraw };
     Q_ENUM(LinkForm)
+    /// TLinkShow for the designer.
     enum LinkFilter { lsOneEndVisible, lsBothEndsVisible, lsAlways };
     Q_ENUM(LinkFilter)
 
+    /// Parts as for the base.
     explicit TzuGant(QWidget *parent = nullptr,
                      TConstruction construction = TConstruction::Complete);
 
-    // The row tree.
+    /// Of the row tree: what the properties of TzuTree_ComBasic with these names say.
     QColor ColorTree() const;
     void SetColorTree(const QColor &value);
     QFont FontTree() const;
@@ -148,7 +152,7 @@ public:
     QCursor DragCursorTree() const { return Tree().DragCursor(); }
     void SetDragCursorTree(const QCursor &value) { Tree().SetDragCursor(value); }
 
-    // The time axis.
+    /// Of the time axis: what TzuDateScaler says. A QDateTime is local time.
     bool IndicatorOn() const { return DateScaler().IndicatorOn(); }
     void SetIndicatorOn(bool value) { DateScaler().SetIndicatorOn(value); }
     int PixelsForModeSwitch() const { return DateScaler().PixelsForModeSwitch(); }
@@ -164,7 +168,7 @@ public:
     bool RescaleWithCtrl() const { return DateScaler().RescaleWithCtrl(); }
     void SetRescaleWithCtrl(bool value) { DateScaler().SetRescaleWithCtrl(value); }
 
-    // The area.
+    /// Of the area: what TGantCore says of its colours and links, and of the item fonts 1, 2 and 3.
     QColor BackColor() const;
     void SetBackColor(const QColor &color);
     QColor PyjamasColor() const;
@@ -182,7 +186,7 @@ public:
     QFont ItemFont3() const { return ItemFont(3); }
     void SetItemFont3(const QFont &font) { SetItemFont(3, font); }
 
-    // The grid, which is made when one of these is used.
+    /// Of the grid, which is made when one of these is used: what TzuGrid says.
     bool GridFocusRects() { return Grid().FocusRects(); }
     void SetGridFocusRects(bool value) { Grid().SetFocusRects(value); }
     bool Grid_HasHeaders() { return Grid().HasHeaders(); }
@@ -200,7 +204,7 @@ public:
     TzuGrid_Columns &Grid_Columns() { return Grid().Columns(); }
     TzuGrid_SubGrids &Grid_SubGrids() { return Grid().SubGrids(); }
     TzuCellLayouts &Grid_CellLayouts() { return Grid().CellLayouts(); }
-    // As forms store them, see TzuGrid.
+    /// As forms store them, see TzuGrid.
     QByteArray Grid_ColumnsText() { return Grid().ColumnsText(); }
     void SetGrid_ColumnsText(const QByteArray &text) { Grid().SetColumnsText(text); }
     QByteArray Grid_SubGridsText() { return Grid().SubGridsText(); }
@@ -212,8 +216,7 @@ public:
     void SetGrid_HeaderTexts(const QString &texts) { Grid().SetHeaderTexts(texts); }
     QString Grid_SubGridHeaderTexts() { return Grid().SubGridHeaderTexts(); }
     void SetGrid_SubGridHeaderTexts(const QString &texts) { Grid().SetSubGridHeaderTexts(texts); }
-
-    // The same by the names that code made of forms needs for cursors.
+    /// The same by the names that code made of forms needs for cursors.
     void setCursorTree(const QCursor &cursor) { SetCursorTree(cursor); }
     void setDragCursorTree(const QCursor &cursor) { SetDragCursorTree(cursor); }
     void setCursorScaler(const QCursor &cursor) { SetCursorScaler(cursor); }
@@ -249,7 +252,11 @@ Q_SIGNALS:
 
     // Time items and links.
     /// Items have come, gone or moved.
+    ///
+    /// What is deleted or removed is about to go: do not keep it.
     void timeItemsChanged();
+
+    /// An item has come, is about to go, has announced its values, was selected or deselected.
     void timeItemInserted(korvane::TzuDataEntity_Spanbar *item);
     void timeItemDeleted(korvane::TzuDataEntity_Spanbar *item);
     /// OnChangeDataEntity_Spanbar and OnValueChanged_Spanbar.
@@ -271,6 +278,7 @@ Q_SIGNALS:
     void timeItemSubRowChanged(korvane::TzuDataEntity_Spanbar *item, int subRow);
     /// All that one action selects or not (OnAfterSelectionChanged).
     void selectedItemsChanged();
+    /// A link was selected or deselected.
     void linkSelectionChanged(korvane::TzuDataEntity_Link *link);
     void linkEditWanted(korvane::TzuDataEntity_Link *link);
     /// The receiver makes the link (OnDependencyAction).
@@ -283,8 +291,7 @@ Q_SIGNALS:
                   const QDateTime &stop, double length);
     void userChangeBegun(korvane::TGantUserChange kind);
     void userChangeEnded(korvane::TGantUserChange kind, bool changed);
-
-    // Rows and the nodes of the row tree.
+    /// A row has come with its node, or is about to go.
     void rowAdded(korvane::TGantRow *row);
     void rowRemoved(korvane::TGantRow *row);
     /// The row of the tree's current node is another; it may be null.
@@ -299,9 +306,8 @@ Q_SIGNALS:
     void treeDragStarted(korvane::TTreeDrag *drag);
     void treeDraggedOver(korvane::TTreeDrag *drag);
     void treeDropped(korvane::TTreeDrag *drag);
-
-    // The area, in its pixels. The receiver may change the drag, and accepts the event, as the
-    // handler does.
+    /// A button went down in the area, the right one with both signals, or the left one went down
+    /// twice. Null beside all items.
     void areaClicked(korvane::TzuDataEntity_Spanbar *item);
     void areaRightClicked(korvane::TzuDataEntity_Spanbar *item);
     void areaDoubleClicked(korvane::TzuDataEntity_Spanbar *item);
@@ -312,12 +318,13 @@ Q_SIGNALS:
     void areaDragEnded(Qt::DropAction action);
     void areaDraggedOver(QDragMoveEvent *event);
     void areaDropped(QDropEvent *event);
-
-    // The frame.
+    /// The axis shows another time; after a paint.
     void scalerChanged(const QDateTime &start, const QDateTime &stop);
+    /// The user has moved the splitter; the width is in pixels.
     void splitterMoved(int treeWidth);
     void alignNeeded(const QDateTime &start, const QDateTime &stop, int treeWidth);
     void scrollbarRealigned(int position, int min, int max, int pageSize, bool enabled);
+    /// The chart has another size.
     void resized();
 
     // The grid in place of the tree.

@@ -36,6 +36,7 @@ public:
     bool WheelOverAxis(const QWheelEvent &event);
 
 protected:
+    /// The events of the area; those of the timer tick the gesture.
     bool eventFilter(QObject *watched, QEvent *event) override;
     void timerEvent(QTimerEvent *event) override;
 

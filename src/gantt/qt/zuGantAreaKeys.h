@@ -27,9 +27,11 @@ public:
     /// Both are observed and outlive the translator.
     TGantAreaKeys(TzuGant_ComBasic &gant, TzuOffscreenPaint &area);
 
+    /// Whether the area got its focus by the keyboard, the last time.
     bool FocusByKeyboard() const { return m_focusByKeyboard; }
 
 protected:
+    /// The events of the area.
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:

@@ -57,13 +57,16 @@ class KORVANE_WIDGETS_API TzuGant_ComBasic : public QFrame,
     Q_OBJECT
 
 public:
+    /// Whether a constructor makes the parts, or leaves that to the subclass.
     enum class TConstruction { Complete, WithoutParts };
 
+    /// Without rows; 350 by 250 pixels large as long as no layout says otherwise.
     explicit TzuGant_ComBasic(QWidget *parent = nullptr,
                               TConstruction construction = TConstruction::Complete);
     ~TzuGant_ComBasic() override;
 
-    // The parts. Owned by the chart. While a print is drawn, axis and area are those of the print.
+    /// Axis and row tree; owned by the chart. While a print is drawn, the axis is that of the
+    /// print.
     TzuDateScaler &DateScaler() { return PaintedAxis(); }
     const TzuDateScaler &DateScaler() const { return PaintedAxis(); }
     TGantTree &Tree() { return *m_tree; }
@@ -71,7 +74,10 @@ public:
     /// The grid, made when it is first asked for: its rows are a tree, several of them can be
     /// selected, and it has one column.
     TzuGrid &Grid();
+    /// Whether the grid has been made.
     bool HasGrid() const { return m_grid != nullptr; }
+    /// The drawn area, the scroll bar of its rows, and the splitter between tree and area; owned by
+    /// the chart. While a print is drawn, the area is that of the print.
     TzuOffscreenPaint &GantArea() { return PaintedArea(); }
     QScrollBar &VertScrollBar() { return *m_scrollBar; }
     TzuSplitter &Splitter() { return *m_splitter; }
@@ -84,7 +90,8 @@ public:
 
     /// Appends a node to the top level, and with it a row. Null when a handler removed it.
     TzuDataEntity_Tree *AddRootDataEntityTree(std::string_view text = {});
-    /// Appends a node below another.
+    /// Appends a node below another, or to the top level for null. Throws std::length_error beyond
+    /// kMaxTreeText code points; the node has come then.
     TzuDataEntity_Tree *AddDataEntityTree(TzuDataEntity_Tree *parent, std::string_view text = {});
     /// Number of lines of the tree, those scrolled away included.
     int CountVisibleTreeViewItems() { return Lines().CountShown(); }
@@ -92,6 +99,7 @@ public:
     void MakeSureAllVisibleInTree();
     /// The lines of the row tree, or of the grid in its place.
     IGantLines &Lines() const override;
+
     void SetUseGridNotTree(bool value) override;
     /// The row of the current node, or null.
     TGantRow *GetActiveGantRow() { return Lines().CurrentRow(); }
@@ -99,35 +107,38 @@ public:
     /// Whether axis and area lie on a tab sheet, "Gant", with other sheets beside it.
     bool GetTabSheetsONOFF() const;
     void SetTabSheetsONOFF(bool on);
-    /// Appends a sheet under its window title. The chart owns it from now on.
+    /// Appends a sheet under its window title. The chart owns it from now on. Null and a sheet that
+    /// is there already are ignored.
     void AddTabSheet(QWidget *sheet, TOnTabRowChange onRowChange = {},
                      TOnTabChanging onChanging = {}, TOnTabChange onChange = {});
 
-    /// Height of the axis and of the spacers beside it, in pixels.
+    /// Height of the axis and of the spacers beside it, in pixels; 45 by default.
     int GetScalerHeight() const;
     void SetScalerHeight(int pixels);
-    /// Width of the row tree, in pixels.
+    /// Width of the row tree, in pixels; 100 by default.
     int TreeWidth() const;
     void SetTreeWidth(int pixels);
 
-    // The time axis.
+    /// The visible time, half-open; 15 days before and after the day of construction by default.
     TDateTime Start() const { return PaintedAxis().GetStart(); }
     void SetStart(TDateTime start) { m_scaler->SetStart(start); }
     TDateTime Stop() const { return PaintedAxis().GetStop(); }
     void SetStop(TDateTime stop) { m_scaler->SetStop(stop); }
-    /// Days per pixel.
+    /// Days per pixel; setting it keeps the start.
     double Scale() const { return PaintedAxis().GetScale(); }
     void SetScale(double scale) { m_scaler->SetScale(scale); }
+    /// By what a notch of the wheel multiplies the scale; 0.9 by default.
     double Get_ZoomFactor() const { return m_scaler->ZoomFactor(); }
     void Set_ZoomFactor(double factor) { m_scaler->SetZoomFactor(factor); }
+    /// Formats of the labels of dates and of times; "YYMMDD" and "HH:MM:SS" by default.
     QString DateFormat() const;
     void SetDateFormat(const QString &format);
     QString TimeFormat() const;
     void SetTimeFormat(const QString &format);
-    /// 1 = Sunday ... 7 = Saturday.
+    /// 1 = Sunday ... 7 = Saturday, 2 by default; other values are ignored.
     int FirstDayOfWeekScaler() const { return m_scaler->FirstDayOfWeek(); }
     void SetFirstDayOfWeekScaler(int day) { m_scaler->SetFirstDayOfWeek(day); }
-    /// Font of the axis' labels.
+    /// Font of the axis' labels. It is set for all three rows; the getter tells that of the first.
     QFont FontScaler() const;
     void SetFontScaler(const QFont &font);
 
@@ -137,11 +148,12 @@ public:
     /// Brackets nest; scaler, area and tree refresh once, at the end.
     void BeginUpdate();
     void EndUpdate();
-    // The same as handlers.
+    /// The same as handlers.
     void BeginUpdateNotifyCompatible(TObject * /*sender*/) { BeginUpdate(); }
     void EndUpdateNotifyCompatible(TObject * /*sender*/) { EndUpdate(); }
     /// Refreshes scaler, tree and area, each unless it is the sender.
     void RefreshOthers(const QWidget *sender);
+    /// Refreshes everything.
     void RePaint();
 
     /// Draws for a print from now on: on the view's area, along its axis, with its rows. Null goes
@@ -180,6 +192,7 @@ protected:
     /// Creates the parts through the factories.
     void InitializeInConstructor();
 
+    /// Factories of InitializeInConstructor. The parent owns the result.
     virtual TzuDateScaler *CreateDateScaler(QWidget *parent);
     virtual TGantTree *CreateTree(QWidget *parent);
     /// Called when the grid is first asked for.
@@ -188,11 +201,12 @@ protected:
     /// The user has moved the splitter; the tree holder's resize has been handled already.
     virtual void SplitterMoved(TzuSplitter * /*sender*/) {}
 
-    // A sheet is about to be left; another one has come to the front; the active row is another.
+    /// A sheet is about to be left; another one has come to the front; the active row is another.
     virtual void PageChanging(TGantPageControl *sender, bool &allow);
     virtual void PageChange(TGantPageControl *sender);
     virtual void ChangeInTree();
 
+    /// Keep the parts level with each other. A focus on the chart goes on to the area.
     bool eventFilter(QObject *watched, QEvent *event) override;
     void changeEvent(QEvent *event) override;
     void focusInEvent(QFocusEvent *event) override;

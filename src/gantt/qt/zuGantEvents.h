@@ -14,6 +14,7 @@ namespace korvane {
 class TAxisContentItem;
 class TBabGridCell;
 
+/// The axis shows another time, from `theStart` until before `theStop`.
 using TOnScalerChange =
     TMethod<void(TzuGant_ComBasic *theGant, TDateTime theStart, TDateTime theStop)>;
 /// The proportions of the chart have changed: the visible time or the width of the tree, in pixels.

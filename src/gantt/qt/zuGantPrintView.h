@@ -20,6 +20,7 @@ class KORVANE_WIDGETS_API IGantPrintView
 public:
     virtual ~IGantPrintView() = default;
 
+    /// What takes the place of axis and area.
     virtual TzuDateScaler &Axis() = 0;
     virtual TzuOffscreenPaint &Area() = 0;
     /// Appends the rows to draw, top to bottom, with their places in area pixels.

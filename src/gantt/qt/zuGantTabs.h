@@ -28,10 +28,10 @@ using TOnTabChange = TMethod<void(QWidget *sender)>;
 /// A sheet that an application has added, and what it wants to hear.
 struct TMyContainer
 {
-    QPointer<QWidget> Sheet;
-    TOnTabRowChange OnRowChange;
-    TOnTabChanging OnChanging;
-    TOnTabChange OnChange;
+    QPointer<QWidget> Sheet;     ///< observed; null once it is gone
+    TOnTabRowChange OnRowChange; ///< the active row is another
+    TOnTabChanging OnChanging;   ///< before it is left
+    TOnTabChange OnChange;       ///< it has been left, or come to the front
 };
 
 /// Tabs above a stack of sheets. Before the user or the program leaves a sheet, the handler is
@@ -41,14 +41,19 @@ class KORVANE_WIDGETS_API TGantPageControl : public QWidget
     Q_OBJECT
 
 public:
+    /// Shared with whoever walks them while handlers change them.
     using TContainers = std::vector<std::shared_ptr<TMyContainer>>;
 
+    /// With the sheet "Gant" alone.
     explicit TGantPageControl(QWidget *parent);
     ~TGantPageControl() override;
 
     /// The first sheet, "Gant"; empty until the chart moves in.
     QWidget &GantSheet() { return *m_gantSheet; }
+    /// The tabs of all sheets.
     QTabBar &Tabs() { return *m_tabs; }
+    /// The sheet in front. Setting another one asks OnChanging; a widget that is no sheet is
+    /// ignored.
     QWidget *ActivePage() const;
     void SetActivePage(QWidget *sheet);
 
@@ -58,6 +63,7 @@ public:
     /// Of the sheets added; handlers may add and remove some, so callers work on a copy.
     const TContainers &Containers() const { return m_containers; }
 
+    /// A sheet is about to be left, which `allow` set to false prevents; another one is in front.
     TMethod<void(TGantPageControl *sender, bool &allow)> OnChanging;
     TMethod<void(TGantPageControl *sender)> OnChange;
 

@@ -36,6 +36,7 @@ class KORVANE_WIDGETS_API TGantTree : public TzuTree_ComBasic
     Q_OBJECT
 
 public:
+    /// The chart outlives the tree.
     TGantTree(TzuGant_ComBasic &gant, QWidget *parent);
     ~TGantTree() override;
 
@@ -46,6 +47,7 @@ public:
     void SetVertScrollExternal(QScrollBar *bar);
     /// Asks for UpdateExternalScroll soon.
     void ExternalScrollOutOfDate();
+    /// Takes range, page and position over to the bar at once.
     void UpdateExternalScroll();
 
 protected:
@@ -65,6 +67,7 @@ protected:
     void AfterUpdateDisplay() override;
     void ScrollInfoChanged() override;
 
+    /// Scrolls as Scroll does.
     void wheelEvent(QWheelEvent *event) override;
 
 private:

@@ -21,6 +21,7 @@ namespace korvane {
 class KORVANE_WIDGETS_API TzuGrid : public TBabGridView_Custom, public TzuGridCore
 {
     Q_OBJECT
+    /// Published properties; each is described at the function that it reads.
     Q_PROPERTY(bool HasHeaders READ HasHeaders WRITE SetHasHeaders)
     Q_PROPERTY(bool HasInfoCol READ HasInfoCol WRITE SetHasInfoCol)
     Q_PROPERTY(QByteArray Columns READ ColumnsText WRITE SetColumnsText)
@@ -33,15 +34,16 @@ class KORVANE_WIDGETS_API TzuGrid : public TBabGridView_Custom, public TzuGridCo
     Q_PROPERTY(bool ColumnMenu READ ColumnMenu WRITE SetColumnMenu)
 
 public:
+    /// A row of a grid is to be filled, or is about to go.
     using TOnVirtualNotify =
         TMethod<void(TObject *theGrid, TBabGridCell *theGridCell, TAxisContentItem *theItem)>;
 
     using TBabGridView_Custom::RootCell;
 
+    /// Without columns and rows, with a row of headers and an info column.
     explicit TzuGrid(QWidget *parent = nullptr);
     ~TzuGrid() override;
 
-    // Of a grid whose rows are a tree.
     /// The node of the row with the focus, or nil.
     TzuDataEntity_GridTreeNode *GetCurrentDataEntity();
     /// Gives the node's row the focus, expanding what hides it; nil selects nothing.
@@ -50,8 +52,8 @@ public:
     /// control; (-1, -1, -1, -1) when the node is hidden or scrolled away.
     TRect GetRect(const TzuDataEntity_GridTreeNode &node);
 
-    // The collections as forms store them, see GridCollectionToText; bytes, so that they are not
-    // translated. A text that is none is reported as a warning and changes nothing.
+    /// The collections as forms store them, see GridCollectionToText; bytes, so that they are not
+    /// translated. A text that is none is reported as a warning and changes nothing.
     QByteArray ColumnsText() const;
     void SetColumnsText(const QByteArray &text);
     QByteArray SubGridsText() const;
@@ -74,7 +76,7 @@ public:
     void SetImageListText(const QByteArray &text);
 
     /// Whether a right click on a header, or the menu key, opens a menu for sorting, sizing, moving
-    /// and hiding columns. OnContextPopup comes first and may use the click up.
+    /// and hiding columns; true by default. OnContextPopup comes first and may use the click up.
     bool ColumnMenu() const { return m_columnMenu; }
     void SetColumnMenu(bool value) { m_columnMenu = value; }
 
@@ -118,11 +120,14 @@ Q_SIGNALS:
     void columnMenuOpening(korvane::TzuGrid_Column *column, QMenu *menu);
 
 protected:
+    /// Sorts by the column or, where it cannot be sorted by, selects it.
     void HeaderClicked(const TGridCellAt &at, TShiftState shift) override;
     void MoveColumn(TBabGridCell &grid, int from, int to) override;
     /// By the rules of the user's language.
     std::string UpperCase(std::string text) const override;
+
     TObject *Self() override { return static_cast<TBabGridLayoutCore *>(this); }
+    /// Opens the menu of a column, unless OnContextPopup or ColumnMenu says otherwise.
     void contextMenuEvent(QContextMenuEvent *event) override;
     /// Headers have their own.
     bool PopupMenuIsFor(const QContextMenuEvent &event) override;

@@ -40,6 +40,7 @@ class KORVANE_WIDGETS_API TzuGanttPrinting : public TzuPrinting,
 public:
     /// The chart is observed.
     explicit TzuGanttPrinting(TzuGant_ComBasic &gant);
+
     ~TzuGanttPrinting() override;
 
     /// Labels of the tree's rows; initially the captions. None: no labels.
@@ -48,6 +49,7 @@ public:
     /// that are shown.
     void SetGridColumns(std::vector<int> columns) { m_gridColumns = std::move(columns); }
     void SetAllGridColumns() { m_gridColumns.reset(); }
+    /// Whether a page that continues a group begins with the group's headings; true by default.
     void SetRepeatHeadings(bool on) { m_repeatHeadings = on; }
     /// Whether marks say on which page a link goes on; initially they do.
     void SetLinkMarks(bool on) { m_linkMarks = on; }

@@ -12,9 +12,10 @@ class QIODevice;
 
 namespace korvane {
 
+/// A place in a PDF that its reader can go to.
 struct TPdfBookmark
 {
-    QString Title;
+    QString Title;  ///< as readers list it
     int Level = 0;  ///< 0: topmost; at most one more than that of the bookmark before it
     int Page = 0;   ///< from 0
     double Top = 0; ///< in points from the lower edge of the page

@@ -25,7 +25,7 @@ struct TPdfBookmark;
 /// A place in a document that its reader can go to.
 struct TPrintBookmark
 {
-    QString Title;
+    QString Title;  ///< as readers list it
     int Level = 0;  ///< 0: topmost; at most one more than that of the bookmark before it
     int Page = 0;   ///< 0 .. PageCount() - 1
     double Top = 0; ///< on the sheet, in paper pixels
@@ -46,7 +46,7 @@ public:
     TzuPrintDocument &operator=(const TzuPrintDocument &) = delete;
     virtual ~TzuPrintDocument() = default;
 
-    /// What the document is called, also by headers and footers.
+    /// What the document is called, also by headers and footers; empty by default.
     QString Title() const { return m_title; }
     void SetTitle(const QString &title) { m_title = title; }
 
@@ -54,6 +54,7 @@ public:
     virtual void LayOut() = 0;
     /// As last laid out.
     virtual int PageCount() const = 0;
+    /// The paper of a page, 0 .. PageCount() - 1. For others std::out_of_range may be thrown.
     virtual QPageLayout PageLayout(int page) const = 0;
     /// In order of their places; none unless the content has groups.
     virtual std::vector<TPrintBookmark> Bookmarks() const { return {}; }
@@ -75,6 +76,7 @@ public:
     /// Likewise an SVG per page.
     QStringList SaveSvg(const QString &file);
 
+    /// Without a handler nothing is cancelled.
     TOnProgress OnProgress;
 
 private:

@@ -20,6 +20,7 @@ public:
 
     /// Parts with nothing to print are an error, as they are alone.
     void LayOut() override;
+
     int PageCount() const override;
     QPageLayout PageLayout(int page) const override;
     std::vector<TPrintBookmark> Bookmarks() const override;

@@ -20,10 +20,11 @@ class TzuTree_ComBasic;
 /// A column of row labels.
 struct TPrintColumn
 {
-    QString Title;
+    QString Title; ///< above the column; empty for none
     /// Nothing set: the row's caption, indented by its level, with its image.
     std::function<QString(const TzuDataEntity_Tree &)> Text;
     int Width = 0; ///< in pixels of the content; 0: as wide as needed, up to kWidestColumn
+    /// Of captions and title, horizontally.
     Qt::Alignment Alignment = Qt::AlignLeft;
 
     static constexpr int kWidestColumn = 480;
@@ -46,7 +47,8 @@ private:
 /// Rows of a tree.
 struct TPrintOutline
 {
-    std::vector<TzuDataEntity_Tree *> Rows;
+    std::vector<TzuDataEntity_Tree *> Rows; ///< observed
+    /// Indexes into Rows.
     std::vector<int> Parents;
 };
 
@@ -67,15 +69,21 @@ KORVANE_WIDGETS_API std::vector<TPrintGroup> GroupsOf(const std::vector<int> &pa
 class KORVANE_WIDGETS_API TPrintLabels
 {
 public:
+    /// One column of captions by default; an empty list prints no labels.
     std::vector<TPrintColumn> Columns{1};
 
     /// Finds the widths for these rows. The tree is observed from now on.
     void Measure(TzuTree_ComBasic &tree, const std::vector<TzuDataEntity_Tree *> &rows);
+    /// Of the columns, and their sum, in pixels of content, as last measured.
     const std::vector<int> &Widths() const { return m_widths; }
     int Width() const { return m_width; }
+    /// Whether any column has a title.
     bool HasTitles() const;
+    /// Room for one line, in pixels of content.
     int TitleHeight() const;
 
+    /// Draw a title or a label into a cell, in pixels of content. The columns were measured. A
+    /// label first asks the tree's OnCustomDrawItem for its look.
     void PaintTitle(QPainter &painter, const QRectF &cell, std::size_t column) const;
     void PaintCell(QPainter &painter, const QRectF &cell, std::size_t column,
                    TzuDataEntity_Tree &row) const;

@@ -19,10 +19,10 @@ inline constexpr double kPaperDotsPerInch = 96;
 /// Marks along the cut edges of a page.
 struct TPrintEdges
 {
-    bool Left = false; ///< a page follows there
-    bool Top = false;
-    bool Right = false;
-    bool Bottom = false;
+    bool Left = false;   ///< a page follows there
+    bool Top = false;    ///< a page follows there
+    bool Right = false;  ///< a page follows there
+    bool Bottom = false; ///< a page follows there
 };
 
 /// Page size, orientation and margins, header and footer, and marks for putting pages together.
@@ -39,15 +39,18 @@ public:
     /// See ExpandPrintFields for the fields in these texts.
     TPrintLine &Header() { return m_header; }
     TPrintLine &Footer() { return m_footer; }
+    /// Of header, footer and marks.
     QFont Font() const { return m_font; }
     void SetFont(const QFont &font) { m_font = font; }
-    /// Lines beside the corners of the content, to cut along.
+    /// Lines beside the corners of the content, to cut along; false by default.
     bool CropMarks() const { return m_cropMarks; }
     void SetCropMarks(bool on) { m_cropMarks = on; }
-    /// Column letter and row number of the page, and hatching at edges where pages are glued on.
+    /// Column letter and row number of the page, and hatching at edges where pages are glued on;
+    /// false by default.
     bool GlueMarks() const { return m_glueMarks; }
     void SetGlueMarks(bool on) { m_glueMarks = on; }
 
+    /// Of the whole sheet, with its margins.
     QSizeF SheetSize() const;
     /// Between the margins, header and footer.
     QRectF Room() const;

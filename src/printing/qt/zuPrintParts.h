@@ -23,6 +23,7 @@ namespace korvane {
 class TzuDateScaler;
 class TzuOffscreenPaint;
 
+/// Of frames, and of lines between cells.
 inline const QColor kPrintFrameColor(96, 96, 96);
 inline const QColor kPrintLineColor(216, 216, 216);
 /// Behind captions of heads.

@@ -27,10 +27,12 @@ class KORVANE_WIDGETS_API TzuPrintPreview : public QWidget
     Q_OBJECT
 
 public:
+    /// How large the page is shown: as a whole, as wide as the view, or by a factor.
     enum class TZoom : unsigned char { FitPage, FitWidth, Factor };
 
     /// The document is observed.
     explicit TzuPrintPreview(TzuPrintDocument &document, QWidget *parent = nullptr);
+
     ~TzuPrintPreview() override;
 
     /// Lays the document out and shows it anew, on the same page as far as there is one. What is
@@ -38,14 +40,19 @@ public:
     void Refresh();
     /// What is wrong; empty when there are pages.
     const QString &Error() const { return m_error; }
+    /// Number of pages; 0 while something is wrong.
     int PageCount() const;
+    /// From 0. A page that does not exist means the nearest one; another page fires changed.
     int CurrentPage() const { return m_page; }
     void SetCurrentPage(int page);
 
+    /// FitPage by default.
     TZoom Zoom() const { return m_zoom; }
     /// On screen, in relation to the size on paper.
     double ZoomFactor() const;
+    /// Fires changed.
     void SetZoom(TZoom zoom);
+    /// A factor is brought into 0.1 to 8, and fires changed.
     void SetZoomFactor(double factor);
 
 Q_SIGNALS:
@@ -53,6 +60,7 @@ Q_SIGNALS:
     void changed();
 
 protected:
+    /// Zooming, and turning pages; see above.
     void resizeEvent(QResizeEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
     bool eventFilter(QObject *watched, QEvent *event) override;

@@ -21,15 +21,17 @@ namespace korvane {
 class KORVANE_WIDGETS_API TzuPrinting : public TzuPrintDocument
 {
 public:
+    /// Options; a change counts from the next layout on.
     TPrintPaper &Paper() { return m_paper; }
     const TPrintPaper &Paper() const { return m_paper; }
     TPrintScaling &Scaling() { return m_scaling; }
     const TPrintScaling &Scaling() const { return m_scaling; }
-    /// The document that the component shows, for header and footer.
+    /// The file that holds what the component shows, for header and footer; empty by default.
     QString FileName() const { return m_fileName; }
     void SetFileName(const QString &name) { m_fileName = name; }
 
     void LayOut() override;
+    /// As last laid out; without pages before.
     const TPrintLayout &Layout() const { return m_layout; }
     int PageCount() const override { return m_layout.PageCount(); }
     QPageLayout PageLayout(int /*page*/) const override { return m_paper.Layout(); }

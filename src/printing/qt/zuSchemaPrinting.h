@@ -27,6 +27,7 @@ class KORVANE_WIDGETS_API TzuSchemaPrinting : public TzuPrinting,
 public:
     /// The schedule is observed.
     explicit TzuSchemaPrinting(TzuSchema_ComBasic &schema);
+
     ~TzuSchemaPrinting() override;
 
     /// The columns to print, from 0, both included.

@@ -27,6 +27,7 @@ public:
 
     /// Initially the captions alone. With several columns the first one is repeated on each page.
     std::vector<TPrintColumn> &Columns() { return m_labels.Columns; }
+    /// Whether a page that continues a group begins with the group's headings; true by default.
     void SetRepeatHeadings(bool on) { m_repeatHeadings = on; }
 
     /// One for each row that has rows below it.

@@ -32,6 +32,7 @@ public:
     TDateTime Now() const override;
     void Refresh() override { m_control.Invalidate(); }
     void PostChange() override;
+
     bool GetIsPrinting() const override { return m_control.GetIsPrinting(); }
     double GetScalex() const override { return m_control.GetScalex(); }
     double GetScaley() const override { return m_control.GetScaley(); }
@@ -39,12 +40,14 @@ public:
 
     /// The timer's events go to the control.
     void SetStepTimer(bool on) override;
+
     TPoint PointerPosition() const override;
     void TakeFocus() override { m_control.setFocus(Qt::MouseFocusReason); }
 
 protected:
     ~TPaintedScalerHost() = default;
 
+    /// For the control's timer events.
     bool IsStepTimer(int id) const { return id == m_stepTimer.timerId(); }
 
 private:
@@ -68,6 +71,7 @@ class KORVANE_WIDGETS_API TzuDateScaler : public TzuOffscreenPaint,
                                           public TDateScalerGestures
 {
     Q_OBJECT
+    /// Published properties: TDateScalerCore says what they are. A QDateTime is local time.
     Q_PROPERTY(QString DateFormat READ DateFormatText WRITE SetDateFormatText)
     Q_PROPERTY(QString TimeFormat READ TimeFormatText WRITE SetTimeFormatText)
     Q_PROPERTY(int FirstDayOfWeek READ FirstDayOfWeek WRITE SetFirstDayOfWeek)
@@ -97,11 +101,13 @@ public:
     };
     Q_ENUM(Indicator)
 
+    /// Vertical, showing a week from today; takes the focus, and zooms by two fingers.
     explicit TzuDateScaler(QWidget *parent = nullptr);
 
     void BeginUpdate() override;
     void EndUpdate() override;
     void CallChange() override;
+    /// 400 by 45 pixels when Horizontal, else 50 by 400.
     QSize sizeHint() const override;
 
     /// Two fingers have moved on a touch screen or touchpad, over the axis or over a control along
@@ -117,6 +123,7 @@ protected:
     bool HasChangeListener() const override;
     void OffscreenPaint() override;
     void OverlayPaint(TCanvas &canvas) override;
+    /// Translated for the gestures; see above.
     bool event(QEvent *event) override;
     void resizeEvent(QResizeEvent *event) override;
     void mousePressEvent(QMouseEvent *event) override;

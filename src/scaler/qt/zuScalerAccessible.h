@@ -17,14 +17,17 @@ class KORVANE_WIDGETS_API TScalerAccessible : public QAccessibleWidget,
                                               public QAccessibleValueInterface
 {
 public:
+    /// The scaler is observed.
     explicit TScalerAccessible(TzuDateScaler &scaler);
 
+    /// The control that this is about.
     TzuDateScaler &Scaler() const { return *static_cast<TzuDateScaler *>(object()); }
     /// A visible period in screen coordinates; empty when there is no such one.
     QRect PeriodRect(int index) const;
     /// Null when there is no such period.
     const TScaleMark *PeriodMark(int index) const;
 
+    /// As Qt asks; children are the visible periods of the major row, 0-based in order of time.
     void *interface_cast(QAccessible::InterfaceType type) override;
     QString text(QAccessible::Text text) const override;
     int childCount() const override;
@@ -32,14 +35,18 @@ public:
     QAccessibleInterface *childAt(int x, int y) const override;
     int indexOfChild(const QAccessibleInterface *child) const override;
 
+    /// Actions are the zooms and moves of TScalerCommand, by Qt's names where it has some.
     QStringList actionNames() const override;
     QString localizedActionName(const QString &name) const override;
     QString localizedActionDescription(const QString &name) const override;
     void doAction(const QString &name) override;
 
+    /// Days since 1899-12-30.
     QVariant currentValue() const override { return Scaler().GetStart(); }
     /// Keeps the length of the visible time.
     void setCurrentValue(const QVariant &value) override;
+    /// Days; from 0 to the last start at which the visible time fits. A step is that of the scroll
+    /// buttons.
     QVariant maximumValue() const override;
     QVariant minimumValue() const override { return 0.0; }
     QVariant minimumStepSize() const override { return Scaler().GetScrollStep(); }

@@ -17,6 +17,7 @@ namespace korvane {
 class KORVANE_WIDGETS_API TzuSchema : public TzuSchema_ComBasic
 {
     Q_OBJECT
+    /// Published properties; each is described at the function that it reads.
     Q_PROPERTY(bool FlipView READ FlipView WRITE SetFlipView)
     Q_PROPERTY(QColor SchemaColor READ BackColor WRITE SetBackColor)
     Q_PROPERTY(QColor SchemaPyjamasColor READ PyjamasColor WRITE SetPyjamasColor)
@@ -55,13 +56,15 @@ class KORVANE_WIDGETS_API TzuSchema : public TzuSchema_ComBasic
     Q_PROPERTY(bool RescaleWithCtrl READ RescaleWithCtrl WRITE SetRescaleWithCtrl)
 
 public:
-    // TScrollVisibility as the designer knows it.
+    /// TScrollVisibility for the designer.
     enum ScrollVisibilityKind { svAlways, svWhenNeeded, svNever };
     Q_ENUM(ScrollVisibilityKind)
 
     explicit TzuSchema(QWidget *parent = nullptr,
                        TConstruction construction = TConstruction::Complete);
 
+    /// What TSchemaCore says of its colours, fonts and the scroller, and the scaler of its range; a
+    /// QDateTime is local time.
     QColor BackColor() const;
     void SetBackColor(const QColor &color);
     QColor PyjamasColor() const;
@@ -93,7 +96,10 @@ Q_SIGNALS:
     // Each comes behind the handler of its event, see TPublished. What is deleted is about to go;
     // do not keep it. Times may be null where nothing lies under the pointer.
     /// Times have come, gone or moved.
+    ///
+    /// What is deleted is about to go: do not keep it.
     void timesChanged();
+    /// A time has come, is about to go, has changed, was selected or deselected.
     void timeInserted(korvane::TzuDataEntity_SchemaTime *time);
     void timeDeleted(korvane::TzuDataEntity_SchemaTime *time);
     /// OnChangeDataEntity_SchemaTime and OnValueChanged_SchemaTime.
@@ -115,6 +121,7 @@ Q_SIGNALS:
     void columnChanged(korvane::TzuDataEntity_SchemaColumn *column);
     void columnSelectionChanged(korvane::TzuDataEntity_SchemaColumn *column);
     void columnEditAsked(korvane::TzuDataEntity_SchemaColumn *column);
+    /// The axis shows another time; after a paint.
     void scalerChanged(const QDateTime &start, const QDateTime &stop);
     /// OnSchemaHintInfo; the length in days.
     void hintInfo(korvane::TzuDataEntity_SchemaTime *time, const QDateTime &start, double length,

@@ -36,6 +36,7 @@ public:
     void StartTimeDrag(const TItemDragData &data);
 
 protected:
+    /// The events of the area; those of the timer tick the gesture.
     bool eventFilter(QObject *watched, QEvent *event) override;
     void timerEvent(QTimerEvent *event) override;
 

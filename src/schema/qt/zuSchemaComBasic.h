@@ -26,7 +26,7 @@ class TSchemaAreaInput;
 class TXYSizer;
 class TzuSchema_ComBasicHintWindow;
 
-/// `column` is the number of the column under the mouse, or -1.
+/// `column` is the number of the column under the mouse, or -1 for none.
 using TOnHeaderClick = TMethod<void(TzuSchema_ComBasic *theSchema, int column)>;
 using TOnHeaderStartDrag = TMethod<void(TzuSchema_ComBasic *theSchema, int column, QDrag &drag)>;
 using TOnHeaderEndDrag =
@@ -36,6 +36,7 @@ using TOnHeaderDragOver =
 using TOnHeaderDragDrop =
     TMethod<void(TzuSchema_ComBasic *theSchema, int column, QDropEvent &event)>;
 
+/// Times are carried out of the schedule, and were dropped.
 using TOnSchemaStartDrag = TMethod<void(TzuSchema_ComBasic *theSchema, QDrag &drag)>;
 using TOnSchemaEndDrag = TMethod<void(TzuSchema_ComBasic *theSchema, Qt::DropAction action)>;
 /// Positions of the events are in area pixels.
@@ -60,13 +61,15 @@ class KORVANE_WIDGETS_API TzuSchema_ComBasic : public QFrame,
     Q_OBJECT
 
 public:
+    /// Whether a constructor makes the parts, or leaves that to the subclass.
     enum class TConstruction { Complete, WithoutParts };
 
+    /// Without columns; a focus on the schedule goes to its area.
     explicit TzuSchema_ComBasic(QWidget *parent = nullptr,
                                 TConstruction construction = TConstruction::Complete);
     ~TzuSchema_ComBasic() override;
 
-    // The parts. Owned by the schedule.
+    /// The parts; owned by the schedule. One of the headers is hidden.
     TzuDateScaler &DateScaler() { return *m_scaler; }
     const TzuDateScaler &DateScaler() const { return *m_scaler; }
     TzuOffscreenPaint &SchemaArea() { return *m_area; }
@@ -79,15 +82,17 @@ public:
     /// The enlargement of the time that the pointer rests on.
     TzuSchema_ComBasicHintWindow &BigHint() { return *m_bigHint; }
 
-    // The time axis.
+    /// The visible time, half-open; the 31 days from construction on by default.
     TDateTime ScalerStart() const { return m_scaler->GetStart(); }
     void SetScalerStart(TDateTime start) { m_scaler->SetStart(start); }
     TDateTime ScalerStop() const { return m_scaler->GetStop(); }
     void SetScalerStop(TDateTime stop) { m_scaler->SetStop(stop); }
+    /// Formats of the axis' labels of dates and times; empty by default, see TScalerLabels.
     QString ScalerDateFormat() const;
     void SetScalerDateFormat(const QString &format);
     QString ScalerTimeFormat() const;
     void SetScalerTimeFormat(const QString &format);
+    /// Whether a drag on the axis with Ctrl zooms and one without it pans; false by default.
     bool RescaleWithCtrl() const { return m_scaler->RescaleWithCtrl(); }
     void SetRescaleWithCtrl(bool on) { m_scaler->SetRescaleWithCtrl(on); }
 
@@ -111,13 +116,15 @@ public:
     /// Brackets nest on the drawn area.
     void BeginUpdate() { m_area->BeginUpdate(); }
     void EndUpdate() { m_area->EndUpdate(); }
+    /// Requests a paint of everything.
     void RePaint();
     /// Everything anew: layout, headers, axis and area.
     void _RefreshEverything();
     /// While a view is given, it is drawn on in place of the parts on screen; see ISchemaPrintView.
     /// Observed; null returns to the screen.
     void SetPrintView(ISchemaPrintView *view) { m_printView = view; }
-    /// Scrolls by the units of a wheel, forward when positive.
+    /// Scrolls by the units of a wheel, 120 to the column, forward when positive; what is less adds
+    /// up.
     void ScrollColumnsByWheel(int units);
 
     TPublished<TOnHeaderClick> OnHeaderClick;
@@ -143,6 +150,7 @@ public:
 protected:
     /// Creates the parts through the factories.
     void InitializeInConstructor();
+    /// The parent owns the result.
     virtual TzuDateScaler *CreateDateScaler(QWidget *parent);
 
     /// The buttons in the corner scroll the columns.
@@ -150,6 +158,7 @@ protected:
     /// Places them, in the corner and close to the columns.
     virtual void UpdateScrollPos();
 
+    /// Keep the parts in their places and looks.
     void resizeEvent(QResizeEvent *event) override;
     void changeEvent(QEvent *event) override;
 

@@ -28,20 +28,23 @@ class KORVANE_WIDGETS_API TSchemaHeaderControl : public QWidget
     Q_OBJECT
 
 public:
+    /// A child of the schedule; `flip` is for the header beside the columns.
     TSchemaHeaderControl(TzuSchema_ComBasic &schema, bool flip);
 
     /// The column at a place of the header, or -1.
     int ColumnAt(QPoint at) const;
     /// The place of a column's caption.
     QRect SectionRect(int column) const;
+    /// From the press on an edge to its release.
     bool IsResizing() const { return m_resizing.has_value(); }
 
+    /// As high as the style makes a header with a line of text.
     QSize sizeHint() const override;
 
 protected:
     /// Draws the caption of a column into its section, which the painter is clipped to.
     virtual void DrawSection(QPainter &painter, int column);
-
+    /// What the class comment says of mouse, keys and drags; the wheel scrolls the columns.
     bool event(QEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
     void mousePressEvent(QMouseEvent *event) override;
@@ -89,6 +92,7 @@ class KORVANE_WIDGETS_API THeaderControl_MouseControl : public TSchemaHeaderCont
     Q_OBJECT
 
 public:
+    /// A child of the schedule.
     explicit THeaderControl_MouseControl(TzuSchema_ComBasic &schema)
         : TSchemaHeaderControl(schema, false)
     {
@@ -101,6 +105,7 @@ class KORVANE_WIDGETS_API TDrawGrid_Schema : public TSchemaHeaderControl
     Q_OBJECT
 
 public:
+    /// A child of the schedule.
     explicit TDrawGrid_Schema(TzuSchema_ComBasic &schema)
         : TSchemaHeaderControl(schema, true)
     {
@@ -121,12 +126,14 @@ class KORVANE_WIDGETS_API TSchemaColumnScroller : public QWidget
     Q_OBJECT
 
 public:
+    /// For columns side by side; both buttons are enabled.
     explicit TSchemaColumnScroller(QWidget *parent);
 
     /// Whether the columns lie one below the other.
     void SetFlip(bool flip);
     /// Which of the buttons have somewhere to go.
     void SetReach(bool back, bool forward);
+    /// Room for both buttons.
     QSize sizeHint() const override;
 
 Q_SIGNALS:

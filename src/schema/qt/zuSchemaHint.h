@@ -22,8 +22,10 @@ class KORVANE_WIDGETS_API TzuSchema_ComBasicHintWindow : public QWidget
     Q_OBJECT
 
 public:
+    /// How long the enlargement is seen.
     static constexpr int kShownMilliseconds = 5000;
 
+    /// A window of its own, owned by the schedule.
     explicit TzuSchema_ComBasicHintWindow(TzuSchema_ComBasic &schema);
 
     /// The pointer is over a time, or with null over none. Another time starts the wait anew.
@@ -32,9 +34,11 @@ public:
     void Forget(const TzuDataEntity *time);
     /// Shows the time pointed at, if there is one and the schedule's window is the active one.
     void DoShowMeBig();
+    /// Nothing when it is hidden.
     void DoHideShowMeBig();
 
 protected:
+    /// The enlargement is TSchemaGestures::PaintBig; it comes and goes by timer.
     void paintEvent(QPaintEvent *event) override;
     void timerEvent(QTimerEvent *event) override;
 

@@ -15,6 +15,7 @@ class KORVANE_WIDGETS_API ISchemaPrintView
 public:
     virtual ~ISchemaPrintView() = default;
 
+    /// What takes the place of axis and area.
     virtual TzuDateScaler &Axis() = 0;
     virtual TzuOffscreenPaint &Area() = 0;
 };

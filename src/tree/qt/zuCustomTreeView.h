@@ -22,6 +22,7 @@ class KORVANE_WIDGETS_API TCustomTreeView : public QAbstractItemView
     Q_OBJECT
 
 public:
+    /// Its model shows no nodes until it is attached to some.
     explicit TCustomTreeView(QWidget *parent);
 
     /// In pixels; by default what DefaultRowHeight says.
@@ -37,7 +38,7 @@ public:
 
     /// Whether the node has children that are shown.
     bool isExpanded(const QModelIndex &index) const;
-    // As the user does it.
+    /// As the user does it: see ToggleNode.
     void expand(const QModelIndex &index);
     void collapse(const QModelIndex &index);
     /// -1 for what is not shown.
@@ -50,33 +51,42 @@ public:
 
     /// Of icon and caption, also above and below the client area; empty for what is not shown.
     QRect visualRect(const QModelIndex &index) const override;
+    /// The node of the row at a point of the viewport; invalid below the last row.
     QModelIndex indexAt(const QPoint &point) const override;
     /// Does nothing for what is not shown.
     void scrollTo(const QModelIndex &index, ScrollHint hint = EnsureVisible) override;
 
 protected:
+    /// The model; there is no other.
     TTreeNodeModel &Nodes() const { return *m_nodes; }
+    /// Display rows, 0-based; nil where there is none.
     int RowCount() const;
     TTreeNode_zuSub *NodeAtRow(int row) const;
     /// -1 for a node that is not shown.
     int RowOf(const TTreeNode_zuSub &node) const;
 
+    /// The first row in view.
     int TopRow() const;
     /// Scrolls as far as the rows go.
     void ScrollToRow(int row);
     /// How many rows are shown whole; at least one.
     int PageRows() const;
+    /// The top row that leaves the last one just in view.
     int LastTopRow() const;
     /// Rows have come, gone or changed places.
     void RowsChanged();
+    /// The default height is measured anew when it is asked for next.
     void ForgetRowHeight() { m_defaultRowHeight = 0; }
+    /// In pixels, at least 1.
     virtual int DefaultRowHeight() const = 0;
 
+    /// Nil where there is no row; the point is in the viewport's pixels.
     TTreeNode_zuSub *NodeAtPoint(const QPoint &point) const;
     /// The node is shown.
     QRect RowRect(const TTreeNode_zuSub &node) const;
     /// Of icon and caption in a row; behind the branches.
     QRect ItemRect(const TTreeNode_zuSub &node, const QRect &row) const;
+    /// Requests a paint of the node's row.
     void RepaintRow(const TTreeNode_zuSub &node);
 
     /// The user, or an assistive program, wants a node expanded or collapsed.
@@ -87,6 +97,8 @@ protected:
     /// Draws the style's branches with its buttons into the room before the item.
     virtual void drawBranches(QPainter *painter, const QRect &rect, const QModelIndex &index) const;
 
+    /// What item views ask of their subclass, by the rows above. There are no hidden rows, and
+    /// nothing scrolls sideways.
     void paintEvent(QPaintEvent *event) override;
     void mousePressEvent(QMouseEvent *event) override;
     void mouseReleaseEvent(QMouseEvent *event) override;

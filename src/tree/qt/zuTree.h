@@ -18,6 +18,7 @@ class KORVANE_WIDGETS_API TzuTree : public TzuTree_ComBasic
     Q_PROPERTY(BorderKind BorderStyle READ BorderStyleKind WRITE SetBorderStyleKind)
     Q_PROPERTY(QByteArray Images READ ImagesText WRITE SetImagesText)
     Q_PROPERTY(QByteArray PopupMenu READ PopupMenuNames WRITE SetPopupMenuNames)
+    /// Published properties; each is described at the function that it reads.
     Q_PROPERTY(bool HideSelection READ HideSelection WRITE SetHideSelection)
     Q_PROPERTY(bool HotTrack READ HotTrack WRITE SetHotTrack)
     Q_PROPERTY(bool ToolTips READ ToolTips WRITE SetToolTips)
@@ -72,9 +73,10 @@ Q_SIGNALS:
     void topItemChanged();
     /// Entities have come, gone or moved.
     void contentChanged();
-    /// OnInfoPush and OnChangeDataEntity.
+    /// DoInfoPush was called for the entity.
     void entityChanged(korvane::TzuDataEntity_Tree *entity);
     void entitySelectionChanged(korvane::TzuDataEntity_Tree *entity);
+    /// SetVisible was called for the entity.
     void entityVisibleChanged(korvane::TzuDataEntity_Tree *entity);
     /// OnBeforeCanEditItem: the receiver answers with SetCanEdit.
     void entityEditAsked(korvane::TzuDataEntity_Tree *entity);

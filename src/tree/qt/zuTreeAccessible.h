@@ -15,15 +15,18 @@ namespace korvane {
 class KORVANE_WIDGETS_API TTreeAccessible : public QAccessibleWidget
 {
 public:
+    /// The tree is observed.
     explicit TTreeAccessible(TzuTree_ComBasic &tree)
         : QAccessibleWidget(&tree, QAccessible::Tree)
     {
     }
 
+    /// The control that this is about.
     TzuTree_ComBasic &Tree() const { return *static_cast<TzuTree_ComBasic *>(object()); }
 
+    /// Rows, those scrolled away included.
     int childCount() const override { return Tree().CountVisible(); }
-    /// Null where there is no row.
+    /// Null, or -1, where there is no row.
     QAccessibleInterface *child(int index) const override;
     QAccessibleInterface *childAt(int x, int y) const override;
     int indexOfChild(const QAccessibleInterface *child) const override;

@@ -36,48 +36,58 @@ class KORVANE_WIDGETS_API TzuTree_ComBasic : public TCustomTreeView,
     Q_OBJECT
 
 public:
+    /// Who begins a drag of entities.
     enum TDragMode { // plain, as code made of forms needs it
         dmManual,    ///< the application calls BeginDrag
         dmAutomatic  ///< the user drags with the left button
     };
     Q_ENUM(TDragMode)
+    /// Called for each row that is drawn; the handler may change the look, and must not destroy the
+    /// tree.
     using TOnCustomDrawItem =
         TMethod<void(TObject *theTree, TzuDataEntity_Tree *theDataEntity, TTreeItemLook &look)>;
 
+    /// Empty. Takes drops, and edits captions by F2 and by a click on the selected one.
     explicit TzuTree_ComBasic(QWidget *parent = nullptr);
     ~TzuTree_ComBasic() override;
 
-    /// System colours are looked up in the application's palette when they are set.
+    /// System colours are looked up in the application's palette when they are set; clWindow by
+    /// default.
     TColor Color() const { return m_color; }
     void SetColor(TColor color);
-    /// Its colour is that of the captions.
+    /// Its colour is that of the captions; clWindowText by default.
     TFont Font() const;
     void SetFont(const TFont &font);
+    /// bsSingle by default.
     TBorderStyle BorderStyle() const;
     void SetBorderStyle(TBorderStyle style);
+    /// Over the rows.
     QCursor Cursor() const { return viewport()->cursor(); }
     void SetCursor(const QCursor &cursor) { viewport()->setCursor(cursor); }
-    /// Whether the selection is shown only while the tree has the focus.
+    /// Whether the selection is shown only while the tree has the focus; false by default.
     bool HideSelection() const { return m_hideSelection; }
     void SetHideSelection(bool hide);
-    /// Whether the caption under the pointer is underlined.
+    /// Whether the caption under the pointer is underlined; false by default.
     bool HotTrack() const { return m_hotTrack; }
     void SetHotTrack(bool track);
-    /// Whether a caption that does not fit shows as a tooltip.
+    /// Whether a caption that does not fit shows as a tooltip; true by default.
     bool ToolTips() const { return m_toolTips; }
     void SetToolTips(bool show) { m_toolTips = show; }
+
     void SetMultiSelect(bool multi) override;
-    /// Whether the selection fills the whole row rather than the caption's part.
+    /// Whether the selection fills the whole row rather than the caption's part; false by default.
     bool RowSelect() const { return m_rowSelect; }
     void SetRowSelect(bool select);
+    /// Whether nodes that can be expanded have a button; true by default.
     bool ShowButtons() const { return m_showButtons; }
     void SetShowButtons(bool show);
+    /// Whether lines join the nodes; false by default.
     bool ShowLines() const { return m_showLines; }
     void SetShowLines(bool show);
-    /// Whether the right button makes the node under it the current one.
+    /// Whether the right button makes the node under it the current one; false by default.
     bool RightClickSelect() const { return m_rightClickSelect; }
     void SetRightClickSelect(bool select) { m_rightClickSelect = select; }
-    /// In pixels per level.
+    /// In pixels per level; the style's indentation by default.
     int Indent() const { return indentation(); }
     void SetIndent(int indent) { setIndentation(indent); }
     /// What the entities' image indexes refer to; observed. Nil shows no images.
@@ -86,16 +96,18 @@ public:
 
     /// As of the last update of the display.
     TScrollInfo ScrollInfo() const;
-    /// Scrolls by a number of rows.
+    /// Scrolls by a number of rows, down when positive, as far as the rows go.
     virtual void Scroll(int delta);
 
-    // Dragging entities to other places, or out of the tree as text: their captions, one per line.
+    /// Who begins a drag to other places, or out of the tree as text: the captions, one per line.
+    /// dmManual by default.
     TDragMode DragMode() const { return m_dragMode; }
     void SetDragMode(TDragMode mode) { m_dragMode = mode; }
     /// Its picture shows while dragging; one without picture leaves the platform's own.
     const QCursor &DragCursor() const { return m_dragCursor; }
     void SetDragCursor(const QCursor &cursor) { m_dragCursor = cursor; }
-    /// How long a drag rests on a node before the node is expanded, in milliseconds.
+    /// How long a drag rests on a node before the node is expanded, in milliseconds; 700 by
+    /// default.
     int autoExpandDelay() const { return m_autoExpandDelay; }
     void setAutoExpandDelay(int milliseconds) { m_autoExpandDelay = milliseconds; }
     /// Drags the topmost selected entities until they are dropped; for a handler of the mouse.
@@ -111,11 +123,13 @@ public:
     /// The entity for which the menu was opened, or else the current one.
     TzuDataEntity_Tree *PopupEntity();
 
+    /// A row is about to be drawn.
     TOnCustomDrawItem OnCustomDrawItem;
 
     /// Brings nodes, selection and editor up to date at once, as a paint does.
     void EnsureLayout();
 
+    /// As SelectAll.
     void selectAll() override { SelectAll(); }
     /// Makes the next row current whose caption begins with what was typed.
     void keyboardSearch(const QString &typed) override;
@@ -124,14 +138,18 @@ protected:
     /// The rows moved against the client area, or the scroll range changed. May run within a layout
     /// or a paint: only note it and ask for a repaint.
     virtual void ScrollInfoChanged() {}
+
     void AfterUpdateDisplay() override;
     int CompareCaptions(std::string_view the1, std::string_view the2) const override;
     /// Decides how a row is drawn; fires OnCustomDrawItem.
     virtual void zuCustomDrawItem(TzuDataEntity_Tree &entity, TTreeItemLook &look);
+
     void EntityLeaves(TzuDataEntity_Tree &entity, bool forGood) override;
     /// Runs a drag that was begun.
     virtual Qt::DropAction ExecDrag(QDrag &drag);
 
+    /// Qt's events, translated for the rules of the tree; a paint first brings the display up to
+    /// date.
     bool event(QEvent *event) override;
     bool viewportEvent(QEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
@@ -149,12 +167,14 @@ protected:
     /// Selecting is the tree's own business.
     QItemSelectionModel::SelectionFlags selectionCommand(const QModelIndex &index,
                                                          const QEvent *event) const override;
+    /// What the view does with entities: captions, current one and selection are theirs.
     void commitData(QWidget *editor) override;
     void closeEditor(QWidget *editor, QAbstractItemDelegate::EndEditHint hint) override;
     bool edit(const QModelIndex &index, EditTrigger trigger, QEvent *event) override;
     void currentChanged(const QModelIndex &current, const QModelIndex &previous) override;
     void selectionChanged(const QItemSelection &selected,
                           const QItemSelection &deselected) override;
+    /// A row looks as zuCustomDrawItem has decided.
     void drawRow(QPainter *painter, const QStyleOptionViewItem &option,
                  const QModelIndex &index) const override;
     void drawBranches(QPainter *painter, const QRect &rect,
@@ -162,6 +182,7 @@ protected:
     void initViewItemOption(QStyleOptionViewItem *option) const override;
     /// What the font and the icons need.
     int DefaultRowHeight() const override;
+
     void ToggleNode(TTreeNode_zuSub &node, bool expand) override;
 
 private:

@@ -17,6 +17,7 @@ public:
     /// Owned by the tree.
     explicit TTreeNodeDelegate(TzuTree_ComBasic &tree);
 
+    /// As wide as the caption with its image, as high as the tree's rows.
     QSize sizeHint(const QStyleOptionViewItem &option, const QModelIndex &index) const override;
     /// Width of the whole caption with its image, in pixels.
     int CaptionWidth(const QStyleOptionViewItem &option, const QModelIndex &index) const;
@@ -24,6 +25,7 @@ public:
     void Draw(QPainter &painter, const QStyleOptionViewItem &option, const QModelIndex &index,
               const TTreeItemLook &look) const;
 
+    /// The editor is a TTreeCaptionEdit that holds the caption.
     QWidget *createEditor(QWidget *parent, const QStyleOptionViewItem &option,
                           const QModelIndex &index) const override;
     void destroyEditor(QWidget *editor, const QModelIndex &index) const override;
@@ -36,6 +38,7 @@ public:
                       const QModelIndex &index) const override;
 
 protected:
+    /// Fonts and colours of the tree; Return and Escape in the editor.
     void initStyleOption(QStyleOptionViewItem *option, const QModelIndex &index) const override;
     bool eventFilter(QObject *object, QEvent *event) override;
 

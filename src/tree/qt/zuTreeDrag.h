@@ -24,11 +24,12 @@ struct TTreeDrag
     TTreeEntities Entities;    ///< of this tree; empty when the drag began elsewhere
     QMimeData *Data = nullptr; ///< to be changed at the start only
     QObject *Source = nullptr; ///< where it began; nil for another program
-    TTreeDrop Drop;
-    bool Accept = true;
-    bool Handled = false;
+    TTreeDrop Drop;            ///< where a drop would go
+    bool Accept = true;        ///< see the events
+    bool Handled = false;      ///< by the handler; on entry false
 };
 
+/// A drag began, moves over the tree, was dropped there, or has ended.
 using TOnTreeDrag = TMethod<void(TObject *theTree, TTreeDrag &drag)>;
 
 /// What the application hears of drags. An accepted drop of the tree's own entities that no handler
@@ -51,20 +52,24 @@ class KORVANE_WIDGETS_API TTreeDragging : public QObject
     Q_OBJECT
 
 public:
+    /// The tree outlives it.
     explicit TTreeDragging(TzuTree_ComBasic &tree);
     ~TTreeDragging() override;
 
     /// Drags entities until they are dropped.
     void Begin(TTreeEntities entities);
+    /// A drag has come over the tree, moves there, leaves it, or is dropped.
     void Enter(QDropEvent &event);
     void Over(QDropEvent &event);
     void Leave();
     void Drop(QDropEvent &event);
+    /// Draws the mark of the place where a drop would go.
     void Draw(QPainter &painter) const;
     /// The entity is about to go.
     void Forget(TzuDataEntity_Tree &entity);
 
 protected:
+    /// Expands and scrolls while the drag rests.
     void timerEvent(QTimerEvent *event) override;
 
 private:

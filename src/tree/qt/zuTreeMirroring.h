@@ -9,6 +9,7 @@ namespace korvane {
 class TzuTree_ComBasic::TMirroring
 {
 public:
+    /// Marks nest.
     explicit TMirroring(TzuTree_ComBasic &tree)
         : m_tree(tree)
         , m_autoScroll(tree.hasAutoScroll())

@@ -26,6 +26,7 @@ public:
     /// Takes the caption that the user entered for a node; false when it was refused.
     using TEdit = std::function<bool(TTreeNode_zuSub &node, const std::string &text)>;
 
+    /// Detached.
     explicit TTreeNodeModel(QObject *parent);
     ~TTreeNodeModel() override;
 
@@ -34,6 +35,7 @@ public:
     void Detach();
     /// Nil while detached.
     const TTreeNode_zuSub *Root() const { return m_root; }
+    /// Without it no caption can be edited.
     void SetEdit(TEdit edit) { m_edit = std::move(edit); }
     /// The font of captions that have none of their own.
     void SetFont(const QFont &font) { m_font = font; }
@@ -43,10 +45,13 @@ public:
     /// Nil for an invalid index and while detached.
     TTreeNode_zuSub *NodeAt(const QModelIndex &index) const;
 
+    /// To be called around each structural change of the nodes.
     void BeforeChange(const TNodeChangeInfo &change);
     void AfterChange(const TNodeChangeInfo &change);
 
     using QObject::parent;
+    /// As Qt asks for items: one column, captions as display and edit role, fonts of captions that
+    /// have their own.
     QModelIndex index(int row, int column, const QModelIndex &parent = {}) const override;
     QModelIndex parent(const QModelIndex &child) const override;
     int rowCount(const QModelIndex &parent = {}) const override;

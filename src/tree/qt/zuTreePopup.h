@@ -19,7 +19,8 @@ public:
     /// Owned by the tree.
     explicit TzuTreePopup(TzuTree_ComBasic &tree);
 
-    /// How many entries "Expand to Level" has; no more than the tree's MaxLevels, when it has any.
+    /// How many entries "Expand to Level" has, 5 by default; no more than the tree's MaxLevels,
+    /// when it has any.
     int Levels() const { return m_levels; }
     void SetLevels(int levels);
 
