@@ -87,13 +87,14 @@ struct TGridHit
     TRect Rect; ///< of the crossing
 };
 
+/// Where at a row. On makes what is dropped its last children.
 enum class TGridRowPlace : std::uint8_t { Above, On, Below };
 
 /// Where dragged rows of the view's grid would be dropped: at a row, or behind the last one.
 struct TGridRowDrop
 {
-    int Row = -1;
-    TGridRowPlace Place = TGridRowPlace::Below;
+    int Row = -1;                               ///< real index; -1: behind the last row
+    TGridRowPlace Place = TGridRowPlace::Below; ///< at the row, if there is one
 
     friend bool operator==(const TGridRowDrop &, const TGridRowDrop &) = default;
 };
@@ -102,8 +103,8 @@ struct TGridRowDrop
 /// in a cell.
 struct TGridHot
 {
-    TGridPart Part = TGridPart::Nothing;
-    TGridCellAt At;
+    TGridPart Part = TGridPart::Nothing; ///< Nothing: no mark
+    TGridCellAt At;                      ///< real indexes
 
     friend bool operator==(const TGridHot &, const TGridHot &) = default;
 };

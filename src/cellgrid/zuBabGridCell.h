@@ -182,7 +182,7 @@ public:
     /// The view's own: `by` items came at an index of an axis, or went from it; an item moved; rows
     /// are about to take another order; a sub-grid is about to go.
     TMethod<void(TAxisContentList *theList, int index, int by)> OnCountChanged;
-    /// See above.
+    /// The view's own, too; see OnCountChanged.
     TMethod<void(TAxisContentList *theList, int from, int to)> OnMoved;
     TMethod<void(TAxisContentList *theList, int first, const std::vector<int> &order)>
         OnRowsReordered;

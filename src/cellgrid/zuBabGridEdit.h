@@ -38,6 +38,7 @@ struct TGridPaste
     std::string FirstReason; ///< of what was refused; told to the user
 };
 
+/// What the user does: an editor or check box, pasting, emptying cells, or dragging rows.
 enum class TGridUserChange : std::uint8_t { ucEdit, ucPaste, ucClear, ucMove };
 
 /// The keys that an editor leaves to the grid first.
@@ -132,10 +133,11 @@ public:
     /// A combo is about to open, or a text to be checked by it: fill the Items of the cell's
     /// TBabCellData_Combo. A cell that is made for this goes afterwards.
     TPublished<TOnCellEvent> OnBeforeEditWithCombo;
-    TPublished<TOnEditStop> OnEditStop; ///< before the text is stored
-    TPublished<TOnCellEdited> OnCellEdited;
+    TPublished<TOnEditStop> OnEditStop;     ///< before the text is stored
+    TPublished<TOnCellEdited> OnCellEdited; ///< after the text was stored
     /// A pasted block reaches that many rows beyond the last one: the application may add them.
     TMethod<void(TObject *theGrid, TBabGridCell *theGridCell, int theCount)> OnAddRowsForPaste;
+    /// Around each action of the user; see the types.
     TPublished<TOnGridBeginUserChange> OnBeginUserChange;
     TPublished<TOnGridEndUserChange> OnEndUserChange;
 
@@ -152,6 +154,7 @@ protected:
     /// The default is an edit, and the turn of the check box.
     void CellDoubleClicked(const TGridCellAt &at) override;
     void CheckBoxClicked(const TGridCellAt &at) override { ToggleCheckBox(at); }
+    /// As one user change.
     void DropRows(const TGridRowDrop &drop) override;
 
 private:

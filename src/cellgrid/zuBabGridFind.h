@@ -12,16 +12,18 @@ namespace korvane {
 /// Where a search begins; each goes around once.
 enum class TGridFindFrom : std::uint8_t { Here, Next, Previous };
 
+/// How far a search is. Idle: none has begun, or it was given up.
 enum class TGridFindState : std::uint8_t { Idle, Searching, Found, NotFound };
 
 /// A search that an application does itself, such as one in rows that are not loaded.
 struct TGridFind
 {
-    std::string Text;
-    TGridFindFrom From = TGridFindFrom::Here;
-    bool Handled = false; ///< the grid does not search
-    TGridCellAt Found;    ///< gets the focus; a handler that loads rows loads this one, too
+    std::string Text;                         ///< looked for; not empty
+    TGridFindFrom From = TGridFindFrom::Here; ///< counted from the focus
+    bool Handled = false;                     ///< the grid does not search
+    TGridCellAt Found; ///< gets the focus; a handler that loads rows loads this one, too
 };
+/// A search begins; the handler may do it.
 using TOnGridFind = TMethod<void(TObject *theGrid, TGridFind &theFind)>;
 
 /// Looks for a text in the cells of the shown columns, row by row, those in grids in cells and
@@ -31,6 +33,7 @@ using TOnGridFind = TMethod<void(TObject *theGrid, TGridFind &theFind)>;
 class KORVANE_CORE_API TBabGridFind : public TBabGridEdit
 {
 public:
+    /// Both outlive the core and are not called during construction.
     TBabGridFind(IBabGridHost &host, IBabGridEditHost &editHost);
 
     /// Looks from the focus on for the text. It is marked in the cells until another or an empty
@@ -40,11 +43,14 @@ public:
     TGridFindState FindOn(int cells);
     /// Ends a search that is under way.
     void CancelFind();
+    /// How far the search is that was begun last.
     TGridFindState FindState() const { return m_state; }
     /// Whether the search passed the end, or the beginning, and went on from the other side.
     bool FindWentRound() const { return m_wentRound; }
+    /// The text that is marked; empty for none.
     const std::string &FoundText() const { return m_text; }
 
+    /// Fired by BeginFind, unless the text is empty.
     TOnGridFind OnFind;
 
 protected:

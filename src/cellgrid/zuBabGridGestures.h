@@ -50,9 +50,9 @@ public:
     /// What the gesture shows above the picture.
     void PaintOverlay(TCanvas &canvas);
 
-    TPublished<TOnResizeEvent> OnColumnResized;
-    TPublished<TOnResizeEvent> OnRowResized;
-    TPublished<TNotify> OnAfterUserSize; ///< a resizing is over
+    TPublished<TOnResizeEvent> OnColumnResized; ///< also at each step while the user drags
+    TPublished<TOnResizeEvent> OnRowResized;    ///< also at each step while the user drags
+    TPublished<TNotify> OnAfterUserSize;        ///< a resizing is over
 
 protected:
     void SubGridGoes(TBabGridCell *grid) override;

@@ -148,8 +148,9 @@ protected:
     /// A grid in a cell is about to go; the selection of some grid has changed.
     virtual void SubGridGoes(TBabGridCell *) {}
     virtual void SelectionEventFired() {}
+    /// A row is to be selected, or deselected; `at` is a crossing of it.
     virtual void SelectRow(const TGridCellAt & /*at*/, bool /*selected*/) {}
-    /// Before it, while the grid is certain to exist.
+    /// Before SelectionEventFired, while the grid is certain to exist.
     virtual void SelectionEventOf(TBabGridCell & /*grid*/) {}
 
 private:

@@ -47,10 +47,10 @@ struct TGridPaintState
     /// Of the core; empty ones are skipped.
     TOnBeforeRenderCell BeforeRender;
     TOnUserRenderCell UserRender;
-    bool Marks = true;               ///< selection, focus and the focus' row
-    TMethod<void()> FontChosen = {}; ///< after every change of the canvas' font
-    bool TreeLines = true;
-    TGridHot Hot = {};
+    bool Marks = true;                ///< selection, focus and the focus' row
+    TMethod<void()> FontChosen = {};  ///< after every change of the canvas' font
+    bool TreeLines = true;            ///< join nodes with their parents
+    TGridHot Hot = {};                ///< what is marked under the mouse
     std::string_view MarkedText = {}; ///< marked where it stands
 };
 

@@ -113,6 +113,7 @@ public:
     /// Each cell behind the heads is about to be painted; see the types. Must not change the grid.
     TOnBeforeRenderCell OnBeforeRenderCell;
     TOnUserRenderCell OnUserRenderCell;
+    /// What is selected, the cell with the focus, or the scroll position is another one now.
     TPublished<TNotify> OnSelectionChanged;
     TPublished<TNotify> OnFocusCellChanged;
     TPublished<TNotify> OnTopLeftChanged;

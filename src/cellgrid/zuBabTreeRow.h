@@ -26,6 +26,7 @@ public:
     virtual bool HasNextTreeRow() const = 0;
     /// Whether the row can be shown by expanding what it is below.
     virtual bool CanShowTreeRow() const = 0;
+    /// Expands what the row is below.
     virtual void ShowTreeRow() = 0;
     /// A cell of the row was selected, or none is any longer.
     virtual void TreeRowSelected(bool selected) = 0;

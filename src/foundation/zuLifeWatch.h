@@ -12,6 +12,7 @@ class TzuLifeWatched;
 class KORVANE_CORE_API TzuLifeWatch
 {
 public:
+    /// The object may go while it is watched.
     explicit TzuLifeWatch(const TzuLifeWatched &object);
     TzuLifeWatch(const TzuLifeWatch &) = delete;
     TzuLifeWatch &operator=(const TzuLifeWatch &) = delete;

@@ -52,12 +52,15 @@ public:
     TColor ResolveColor(TColor color) const override { return m_canvas.ResolveColor(color); }
 
 protected:
+    /// The canvas outlives this one.
     explicit TMappedCanvas(TCanvas &canvas)
         : m_canvas(canvas)
     {
     }
 
+    /// As given to the constructor.
     TCanvas &Target() const { return m_canvas; }
+    /// Where a rectangle lies there.
     virtual TRect Mapped(const TRect &rect) const = 0;
     /// A rectangle that holds everything that lies in this one there.
     virtual TRect Unmapped(const TRect &rect) const = 0;

@@ -29,6 +29,7 @@ template <typename... Args>
 class TPublished<TMethod<void(Args...)>>
 {
 public:
+    /// What the application assigns.
     using TSlot = TMethod<void(Args...)>;
 
     /// What a call goes through when there are receivers.
@@ -51,6 +52,7 @@ public:
     TPublished &operator=(const TPublished &) = delete;
     ~TPublished() = default;
 
+    /// In place of the handler before; receivers stay.
     TPublished &operator=(TSlot handler)
     {
         m_handler = std::move(handler);
@@ -62,6 +64,7 @@ public:
         m_handler = nullptr;
         return *this;
     }
+    /// The application's handler alone; may be empty.
     const TSlot &Handler() const { return m_handler; }
     /// In place of the tie before.
     void SetTie(std::shared_ptr<ITie> tie) { m_tie = std::move(tie); }
@@ -69,6 +72,8 @@ public:
     /// Whether there is a handler or a receiver.
     explicit operator bool() const { return static_cast<bool>(m_handler) || IsHeard(); }
 
+    /// Runs the handler, then the receivers; nothing without any. What the handler throws goes to
+    /// the caller.
     void operator()(Args... args) const
     {
         if (!IsHeard()) {

@@ -16,6 +16,7 @@ namespace korvane {
 class KORVANE_CORE_API TScaledCanvas : public TMappedCanvas
 {
 public:
+    /// The canvas outlives this one; `fontSet` is called after each change of its font.
     TScaledCanvas(TCanvas &canvas, TPrintScale scale, TMethod<void()> fontSet)
         : TMappedCanvas(canvas)
         , m_scale(scale)

@@ -79,6 +79,7 @@ struct TRect
     int MiddleY() const { return Top + Height() / 2; }
     /// Whether it holds no pixel, as an inverted one does not.
     bool IsEmpty() const { return Right <= Left || Bottom <= Top; }
+    /// Right and Bottom lie outside.
     bool Contains(TPoint point) const
     {
         return point.X >= Left && point.X < Right && point.Y >= Top && point.Y < Bottom;

@@ -175,21 +175,31 @@ public:
     virtual bool TimeCopy(TzuDataEntity_Spanbar &item, TGantRow &row, TGantRow &newRow,
                           TDateTime start, TDateTime stop, TzuDataEntity_Spanbar *&result);
 
+    /// Items have come to the list, left it or moved in it.
     TPublished<TOnContentChanged> OnContentChanged_Spanbar;
+    /// Once for each item whose mark has changed.
     TPublished<TOnSelectionChanged> OnSelectionChanged_Spanbar;
+    /// The item is about to go: its links are gone, its values can still be read.
     TPublished<TOnDeleteItem> OnDeleteItem_Spanbar;
+    /// The item is in its list.
     TPublished<TOnInsertItem> OnInsertItem_Spanbar;
+    /// The item has announced its values (DoInfoPush); after OnChangeDataEntity_Spanbar.
     TPublished<TOnInfoPush> OnValueChanged_Spanbar;
     /// May change the item's CanEdit before it is read.
     TPublished<TOnBeforeCanEditItem> OnBeforeCanEditItem_Spanbar;
+    /// As OnValueChanged_Spanbar, before it.
     TPublished<TOnInfoPush_Spanbar> OnChangeDataEntity_Spanbar;
+    /// Once for each link whose mark has changed.
     TPublished<TOnSelectionChanged> OnSelectionChanged_Link;
+    /// An item that is not loaded is needed; a loaded one may go, if the handler says so.
     TPublished<TOnGantVirtualLoad> OnVirtualLoad_Spanbar;
     TOnGantVirtualUnLoad OnVirtualUnLoad_Spanbar;
+    /// See TimeMoveRow and TimeCopy.
     TPublished<TOnTimeCopyOrChangeRow> OnTimeChangeRow;
     TPublished<TOnTimeCopyOrChangeRow> OnTimeCopy;
     /// Before the item is moved to its sub-row. When a handler throws, the row stays as it was.
     TPublished<TOnCollisionDetected> OnCollisionDetected;
+    /// The row is in the list and has its node, after it has come and before it goes.
     TPublished<TGantRowNotify> OnAfterAddGantRow;
     TPublished<TGantRowNotify> OnBeforeFreeGantRow;
     /// Set, it makes the rows in place of CreateRow.

@@ -88,12 +88,21 @@ public:
     /// The text that a hint shows now: that of the running gesture.
     TGestureHint HintWantsNewText();
 
+    /// A button went down in the area: any of them, the right one. Come after the selection of the
+    /// press and before OnGantAreaMouseDown.
     TPublished<TOnClickGantArea> OnClickGantArea;
     TPublished<TOnClickGantArea> OnRightClickGantArea;
+    /// The left button went down twice; or the user wants to edit the active item by a key, and
+    /// OnEditDataEntity_Spanbar has no handler.
     TPublished<TOnDblClickGantArea> OnDblClickGantArea;
+    /// Fires within a user change, ucDependency. Without a handler a drawn link comes to nothing.
     TPublished<TOnDependencyAction> OnDependencyAction;
+    /// Asked again whenever the mouse moves while a link is drawn.
     TPublished<TOnDependencyHint> OnDependencyHint;
+    /// At each release of a button, with what the item pressed on has become; before
+    /// OnGantAreaMouseUp.
     TPublished<TOnHintInfo> OnHintInfo;
+    /// Come last, when the chart has done with the event.
     TPublished<TGantMouseButtonEvent> OnGantAreaMouseDown;
     TPublished<TGantMouseMoveEvent> OnGantAreaMouseMove;
     TPublished<TGantMouseButtonEvent> OnGantAreaMouseUp;

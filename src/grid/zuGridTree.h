@@ -36,9 +36,9 @@ using TOnGetNodeKey =
 /// Index of its list now; an Index of Count or more is behind the last one.
 struct TGridTreeMove
 {
-    std::vector<TzuDataEntity_GridTreeNode *> Nodes;
-    TzuDataEntity_GridTreeNode *NewParent = nullptr;
-    int Index = 0;
+    std::vector<TzuDataEntity_GridTreeNode *> Nodes; ///< each with what is below it
+    TzuDataEntity_GridTreeNode *NewParent = nullptr; ///< nil for the top level
+    int Index = 0; ///< 0-based; those of Nodes that stand in the list count as well
 };
 
 /// Nodes as rows of one grid cell, in pre-order behind the head. The rows are the tree's own: the
@@ -51,6 +51,7 @@ struct TGridTreeMove
 class KORVANE_CORE_API TzuGridTree : public TObject
 {
 public:
+    /// For ExpandLevels: every level there can be.
     static constexpr int kAllLevels = 1 << 30;
     /// Something happened to a node.
     using TNodeNotify = TMethod<void(TzuGridTree *theTree, TzuDataEntity_GridTreeNode *theNode)>;
@@ -96,10 +97,11 @@ public:
     /// Whether a node of the same parent is shown below this one.
     bool HasNextShown(const TzuDataEntity_GridTreeNode &node) const;
 
-    // Expanding. Children that are given on demand are not asked for by these.
+    // Expanding.
+    /// Children that are given on demand are not asked for. OnExpanded and OnCollapsed do not fire.
     void FullExpand() { ExpandLevels(kAllLevels); }
     void FullCollapse();
-    /// Expands the nodes of levels 0..levels - 1.
+    /// The nodes of levels 0..levels - 1, as FullExpand; nodes of other levels stay as they are.
     void ExpandLevels(int levels);
     /// Expands the node and what is below it.
     void ExpandBelow(TzuDataEntity_GridTreeNode &node);

@@ -53,10 +53,9 @@ public:
     /// std::runtime_error when their sum is beyond the 32-bit range.
     explicit TPrintRows(const std::vector<int> &sizes);
     /// `parents` has an entry for each row: the index of its heading, which stands before it, or
-    /// -1. Not more than `maxHeadings` innermost headings are repeated.
+    /// -1. Not more than `maxHeadings` innermost headings are repeated. Throws likewise.
     TPrintRows(const std::vector<int> &sizes, std::vector<int> parents, int maxHeadings);
-    /// -1. `rowHeight` is positive. Not more than `maxHeadings` innermost headings are repeated.
-    /// Throws likewise.
+    /// Rows of one height, which is positive; throws likewise.
     TPrintRows(std::vector<int> parents, int rowHeight, int maxHeadings);
 
     /// Sum of the sizes.

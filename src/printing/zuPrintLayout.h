@@ -34,8 +34,8 @@ struct TPrintContent
     /// What is cut into pages; observed. Extents are pixels of content.
     const IPrintAxis &Across;
     const IPrintAxis &Down;
-    double LabelWidth = 0; ///< of what is repeated at the left
-    double HeadHeight = 0; ///< of what is repeated, at top and bottom together
+    double LabelWidth = 0; ///< both sides together
+    double HeadHeight = 0; ///< top and bottom together
 };
 
 /// The part of a page within margins, header and footer, in pixels at 96 per inch.

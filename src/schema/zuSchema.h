@@ -314,18 +314,28 @@ public:
     /// Called by the columns: header and area are out of date.
     void ColumnsChanged();
 
+    /// Of the times in all data lists. Times have come to a list, gone from it or been sorted in
+    /// it.
     TPublished<TOnContentChanged> OnContentChanged_SchemaTime;
+    /// For each time whose mark has changed, and for one that comes selected.
     TPublished<TOnSelectionChanged> OnSelectionChanged_SchemaTime;
+    /// The time is about to be freed; it has left its list, but still knows it.
     TPublished<TOnDeleteItem> OnDeleteItem_SchemaTime;
+    /// The time is in its list; OnContentChanged_SchemaTime follows.
     TPublished<TOnInsertItem> OnInsertItem_SchemaTime;
+    /// Values of the time have changed, or it was hidden or shown; after
+    /// OnChangeDataEntity_SchemaTime.
     TPublished<TOnInfoPush> OnValueChanged_SchemaTime;
     /// Times can be edited unless the handler says otherwise, by SetCanEdit.
     TPublished<TOnBeforeCanEditItem> OnBeforeCanEditItem_SchemaTime;
+    /// Likewise of the columns.
     TPublished<TOnContentChanged> OnContentChanged_Column;
     TPublished<TOnSelectionChanged> OnSelectionChanged_Column;
     TPublished<TOnDeleteItem> OnDeleteItem_Column;
     TPublished<TOnInsertItem> OnInsertItem_Column;
+    /// Values of the column have changed; not when it is only hidden or shown.
     TPublished<TOnInfoPush> OnValueChanged_Column;
+    /// Columns keep what was set, false at first, unless the handler calls SetCanEdit.
     TPublished<TOnBeforeCanEditItem> OnBeforeCanEditItem_Column;
     /// After a change of start, stop or column of a time.
     TPublished<TOnChangeDataEntity_SchemaTime> OnChangeDataEntity_SchemaTime;
@@ -345,6 +355,7 @@ public:
     /// Draws over the background, and over everything.
     TDrawBackAndForeEvent OnDrawBackground;
     TDrawBackAndForeEvent OnDrawForeground;
+    /// The axis shows another time: once per paint, never within a zoom drag.
     TPublished<TSchemaNotify> OnScalerChange;
 
 protected:

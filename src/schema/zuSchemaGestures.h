@@ -123,14 +123,22 @@ public:
 
     void TimeLeft(TzuDataEntity_SchemaTime &time) override;
 
+    /// SetStartStopDateAndCol, and with it each action of the user, is about to put a time into
+    /// another column; it still has its old values.
     TPublished<TOnSwitchCol> OnSwitchCol;
+    /// For each selected time that can be edited, when copies are dropped. Only with a handler are
+    /// copies dragged at all.
     TPublished<TOnSchemaTimeCopy> OnTimeCopy;
+    /// For each move of the mouse over a time, or that drags one. With null once the mouse has
+    /// moved from a time to where there is none, and after each release.
     TPublished<TOnSchemaHintInfo> OnSchemaHintInfo;
     /// `theDataEntity` is the time under the pointer, or null.
     TPublished<TSchemaTimeEvent> OnSchemaDblClick;
+    /// After the component has done its part, the popup menu included.
     TPublished<TSchemaMouseButtonEvent> OnSchemaMouseDown;
     TPublished<TSchemaMouseMoveEvent> OnSchemaMouseMove;
     TPublished<TSchemaMouseButtonEvent> OnSchemaMouseUp;
+    /// Once around each action, not around those nested in it; see the types.
     TPublished<TOnSchemaBeginUserChange> OnBeginUserChange;
     TPublished<TOnSchemaEndUserChange> OnEndUserChange;
 

@@ -22,17 +22,24 @@ class KORVANE_WIDGETS_API TBabGridFindBar : public QFrame
     Q_OBJECT
 
 public:
+    /// Becomes a child of the view, which does the searching.
     explicit TBabGridFindBar(TBabGridView_Custom &view);
 
     /// Shows the bar with the text, if there is one, and gives it the keyboard.
     void Open(const QString &text);
+    /// Hides the bar and removes the marks of the text; the view gets the keyboard if it was here.
     void Close();
+    /// Begins a search for what is typed; one that is under way is given up.
     void Find(TGridFindFrom from);
+    /// What is typed now.
     QString Text() const;
 
 protected:
+    /// Takes the keys that find and close from the field.
     bool eventFilter(QObject *object, QEvent *event) override;
+    /// Goes on with the search for some milliseconds.
     void timerEvent(QTimerEvent *event) override;
+    /// Another language is shown at once.
     void changeEvent(QEvent *event) override;
 
 private:

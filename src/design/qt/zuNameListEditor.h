@@ -20,15 +20,19 @@ class TNameListEditor : public QDialog
     Q_OBJECT
 
 public:
+    /// What the names can be chosen from.
     struct TOffer
     {
-        QStringList Names;
+        QStringList Names; ///< in the order in which they are listed
+        /// The icon beside a name, also of one that was typed; must be set, may return a null icon.
         std::function<QIcon(const QString &)> IconOf;
         QString TypedHint; ///< what may be typed besides
     };
 
+    /// Begins with the names given, offered or not.
     TNameListEditor(const QStringList &names, const TOffer &offer, QWidget *parent);
 
+    /// Those chosen now, in the user's order; one may be there more than once.
     QStringList Names() const;
 
 private:

@@ -27,9 +27,12 @@ class TTaskMenu : public QObject, public QDesignerTaskMenuExtension
     Q_INTERFACES(QDesignerTaskMenuExtension)
 
 public:
+    /// The component outlives the menu.
     TTaskMenu(QWidget &component, QObject *parent);
     ~TTaskMenu() override;
 
+    /// The first verb of a grid or a chart, null for other components; then all verbs, with a
+    /// separator at the end. Owned by the menu.
     QAction *preferredEditAction() const override { return m_preferred; }
     QList<QAction *> taskActions() const override { return m_actions; }
 

@@ -34,18 +34,22 @@ class KORVANE_WIDGETS_API TAccessibleLeaf : public QAccessibleInterface,
                                             public QAccessibleActionInterface
 {
 public:
+    /// Has neither object nor children; subclasses with parts override those.
     QObject *object() const override { return nullptr; }
     int childCount() const override { return 0; }
     QAccessibleInterface *child(int /*index*/) const override { return nullptr; }
     QAccessibleInterface *childAt(int /*x*/, int /*y*/) const override { return nullptr; }
     int indexOfChild(const QAccessibleInterface * /*child*/) const override { return -1; }
+    /// Texts are not changed through it.
     void setText(QAccessible::Text /*text*/, const QString & /*value*/) override {}
+    /// Knows actions alone; a subclass asks this one for what it does not know itself.
     void *interface_cast(QAccessible::InterfaceType type) override
     {
         return type == QAccessible::ActionInterface
                    ? static_cast<QAccessibleActionInterface *>(this)
                    : nullptr;
     }
+    /// Actions have no keys.
     QStringList keyBindingsForAction(const QString & /*name*/) const override { return {}; }
 };
 

@@ -33,10 +33,11 @@ public:
     /// Extent in logical pixels.
     TSize Extent(std::string_view text);
     int Height() const { return m_height; }
+    /// How the painter's device takes text.
     enum class TMedium {
-        Raster,
-        Vector,
-        Shapes ///< a vector medium that is not to know that it is text
+        Raster, ///< in pixels
+        Vector, ///< as text, such as a print
+        Shapes  ///< a vector medium that is not to know that it is text
     };
     /// Draws with the painter's pen and font, which must be this font. A text that is drawn again
     /// and again is laid out once, at least for raster media.

@@ -54,6 +54,7 @@ inline TShiftState FromQt(Qt::KeyboardModifiers modifiers)
 }
 /// Nothing for the buttons beyond the three.
 KORVANE_WIDGETS_API std::optional<TMouseButton> MouseButtonFromQt(Qt::MouseButton button);
+/// The same the other way, where nothing is left out.
 KORVANE_WIDGETS_API Qt::MouseButton ToQt(TMouseButton button);
 KORVANE_WIDGETS_API Qt::KeyboardModifiers ToQt(TShiftState shift);
 

@@ -23,6 +23,7 @@ public:
     void SetMenu(QMenu *menu);
     /// Take the place of a menu, unless they are empty.
     void SetNames(const QByteArray &names);
+    /// As set, without needless spaces; empty while there is a menu.
     const QByteArray &Names() const { return m_names; }
 
     /// Whether a menu or names are set.

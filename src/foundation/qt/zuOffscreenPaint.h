@@ -144,31 +144,34 @@ public:
     TOverlayPaintEvent OnOverlayPaint; ///< fired by OverlayPaint unless a subclass overrides it
     TNotifyEvent OnAfterPrint;         ///< within Print, after the drawing
     TWheelMessageEvent OnWheelMessage; ///< every wheel event, after the control's own handling
-    TOnPrintResizeFont OnPrintResizeFont; ///< sets the size, in points, of a font for a print
-    TPublished<TNotifyEvent> OnClick;     ///< left button released inside
-    TPublished<TNotifyEvent> OnDblClick;
-    TPublished<TNotifyEvent> OnEnter; ///< focus in
-    TPublished<TNotifyEvent> OnExit;  ///< focus out
-    TPublished<TNotifyEvent> OnResize;
-    TPublished<TMouseButtonEvent> OnMouseDown;
-    TPublished<TMouseMoveEvent> OnMouseMove;
-    TPublished<TMouseButtonEvent> OnMouseUp;
-    TKeyEvent OnKeyDown;                   ///< before the control's own handling
-    TKeyEvent OnKeyUp;                     ///< before the control's own handling
-    TContextPopupEvent OnContextPopup;     ///< by mouse or keyboard
-    TPublished<TDragOverEvent> OnDragOver; ///< needs setAcceptDrops(true)
-    TPublished<TDragDropEvent> OnDragDrop;
+    TOnPrintResizeFont OnPrintResizeFont;      ///< sets the size, in points, of a font for a print
+    TPublished<TNotifyEvent> OnClick;          ///< left button released inside
+    TPublished<TNotifyEvent> OnDblClick;       ///< of the left button; before OnMouseDown
+    TPublished<TNotifyEvent> OnEnter;          ///< focus in
+    TPublished<TNotifyEvent> OnExit;           ///< focus out
+    TPublished<TNotifyEvent> OnResize;         ///< not by SetSizeDontTell
+    TPublished<TMouseButtonEvent> OnMouseDown; ///< the second press of a double click, too
+    TPublished<TMouseMoveEvent> OnMouseMove;   ///< while a button is down, or with mouse tracking
+    TPublished<TMouseButtonEvent> OnMouseUp;   ///< after OnClick
+    TKeyEvent OnKeyDown;                       ///< before the control's own handling
+    TKeyEvent OnKeyUp;                         ///< before the control's own handling
+    TContextPopupEvent OnContextPopup;         ///< by mouse or keyboard
+    TPublished<TDragOverEvent> OnDragOver;     ///< needs setAcceptDrops(true)
+    TPublished<TDragDropEvent> OnDragDrop;     ///< without OnDragOver, every drag may be dropped
 
 Q_SIGNALS:
     // Each comes behind the handler of its event, see TPublished.
+    /// OnClick and OnDblClick.
     void clicked();
     void doubleClicked();
+    /// OnMouseDown, OnMouseMove and OnMouseUp; `at` is in pixels of the control.
     void mousePressed(Qt::MouseButton button, Qt::KeyboardModifiers modifiers, QPoint at);
     void mouseMoved(Qt::KeyboardModifiers modifiers, QPoint at);
     void mouseReleased(Qt::MouseButton button, Qt::KeyboardModifiers modifiers, QPoint at);
     /// OnEnter and OnExit.
     void focusEntered();
     void focusLeft();
+    /// OnResize.
     void resized();
     /// The receiver accepts it or not, see OnDragOver.
     void draggedOver(QDragMoveEvent *event);

@@ -32,12 +32,14 @@ public:
         }
     }
 
+    /// Watches the object from now on; nothing for null.
     void Add(const TzuLifeWatched *object)
     {
         if (object != nullptr) {
             m_watches.emplace_back(*object);
         }
     }
+    /// Whether none of the objects is gone; true without any.
     bool AllLive() const
     {
         return std::all_of(m_watches.begin(), m_watches.end(),
@@ -84,9 +86,12 @@ decltype(auto) ToSignal(Arg &argument)
 template <typename... Params>
 struct TSignalPlaces
 {
+    /// Whether the parameter takes two arguments of the event, an x and a y.
     template <typename Param>
     static constexpr bool kIsPoint = std::is_same_v<std::remove_cvref_t<Param>, QPoint>;
 
+    /// Index of the first argument that the parameter with the index `param` takes, when the
+    /// parameters take the last ones.
     static constexpr std::size_t Of(std::size_t param, std::size_t eventArguments)
     {
         constexpr std::array<std::size_t, sizeof...(Params)> kTakes{
@@ -99,6 +104,7 @@ struct TSignalPlaces
     }
 };
 
+/// What a signal's parameter gets of a tuple of the event's arguments, from `place` on.
 template <typename Param, std::size_t place>
 decltype(auto) SignalArgument(const auto &eventArguments)
 {
@@ -109,10 +115,14 @@ decltype(auto) SignalArgument(const auto &eventArguments)
     }
 }
 
+/// Calls the handler of an event and then emits a signal of a component, unless the handler has
+/// released the component or a data object among the arguments.
 template <typename Emit, typename... Args>
 class TSignalTie : public TPublished<TMethod<void(Args...)>>::ITie
 {
 public:
+    /// `alive` turns false before the component goes; `emitSignal` is called with the event's
+    /// arguments. Who is connected to `signal` hears the event.
     TSignalTie(std::shared_ptr<const bool> alive, const QObject &component, QMetaMethod signal,
                Emit emitSignal)
         : m_alive(std::move(alive))

@@ -212,6 +212,7 @@ public:
     QByteArray Grid_CellLayoutsText() { return Grid().CellLayoutsText(); }
     void SetGrid_CellLayoutsText(const QByteArray &text) { Grid().SetCellLayoutsText(text); }
 
+    /// Captions of columns, one per line, see TzuGrid.
     QString Grid_HeaderTexts() { return Grid().HeaderTexts(); }
     void SetGrid_HeaderTexts(const QString &texts) { Grid().SetHeaderTexts(texts); }
     QString Grid_SubGridHeaderTexts() { return Grid().SubGridHeaderTexts(); }
@@ -222,7 +223,8 @@ public:
     void setCursorScaler(const QCursor &cursor) { SetCursorScaler(cursor); }
     void setCursorGantArea(const QCursor &cursor) { SetCursorGantArea(cursor); }
 
-    // Context menus of the whole chart and of its parts; observed.
+    /// Context menus of the whole chart and of its parts; observed. Null when there is none;
+    /// the tree has one of its own by default.
     QMenu *PopupMenu() const { return m_menus.at(WholeChart).Menu(*this); }
     void SetPopupMenu(QMenu *menu);
     QMenu *PopupMenuGantArea() const { return m_menus.at(AreaPart).Menu(*this); }
@@ -231,7 +233,7 @@ public:
     void SetPopupMenuTreeview(QMenu *menu) { Tree().SetPopupMenu(menu); }
     QMenu *PopupMenuScaler() const { return m_menus.at(AxisPart).Menu(*this); }
     void SetPopupMenuScaler(QMenu *menu);
-    // The same by name, as forms store them, see TNamedMenu.
+    /// The same by name, as forms store them, see TNamedMenu; names take the place of a menu.
     QByteArray PopupMenuNames() const { return m_menus.at(WholeChart).Names(); }
     void SetPopupMenuNames(const QByteArray &names);
     QByteArray PopupMenuGantAreaNames() const { return m_menus.at(AreaPart).Names(); }
@@ -261,9 +263,11 @@ Q_SIGNALS:
     void timeItemDeleted(korvane::TzuDataEntity_Spanbar *item);
     /// OnChangeDataEntity_Spanbar and OnValueChanged_Spanbar.
     void timeItemChanged(korvane::TzuDataEntity_Spanbar *item);
+    /// The item was selected or deselected.
     void timeItemSelectionChanged(korvane::TzuDataEntity_Spanbar *item);
     /// OnBeforeCanEditItem_Spanbar: the receiver answers with SetCanEdit.
     void timeItemEditAsked(korvane::TzuDataEntity_Spanbar *item);
+    /// The user has asked to edit the item (OnEditDataEntity_Spanbar).
     void timeItemEditWanted(korvane::TzuDataEntity_Spanbar *item);
     /// The item is not loaded, and about to be needed.
     void timeItemWanted(korvane::TzuDataEntity_Spanbar *item);
@@ -280,6 +284,7 @@ Q_SIGNALS:
     void selectedItemsChanged();
     /// A link was selected or deselected.
     void linkSelectionChanged(korvane::TzuDataEntity_Link *link);
+    /// The user has asked to edit the link (OnEditDataEntity_Link).
     void linkEditWanted(korvane::TzuDataEntity_Link *link);
     /// The receiver makes the link (OnDependencyAction).
     void linkDrawn(korvane::TzuDataEntity_Spanbar *first, korvane::TzuDataEntity_Spanbar *second);
@@ -289,6 +294,7 @@ Q_SIGNALS:
     /// OnHintInfo; the length in days.
     void hintInfo(korvane::TzuDataEntity_Spanbar *item, const QDateTime &start,
                   const QDateTime &stop, double length);
+    /// OnBeginUserChange and OnEndUserChange.
     void userChangeBegun(korvane::TGantUserChange kind);
     void userChangeEnded(korvane::TGantUserChange kind, bool changed);
     /// A row has come with its node, or is about to go.
@@ -296,13 +302,17 @@ Q_SIGNALS:
     void rowRemoved(korvane::TGantRow *row);
     /// The row of the tree's current node is another; it may be null.
     void activeRowChanged(korvane::TGantRow *row);
+    /// Of the row tree: nodes have come, gone or moved; one has come, is about to go.
     void nodesChanged();
     void nodeInserted(korvane::TzuDataEntity_Tree *node);
     void nodeDeleted(korvane::TzuDataEntity_Tree *node);
     /// OnValueChanged_Tree and OnChangeDataEntity_Tree.
     void nodeChanged(korvane::TzuDataEntity_Tree *node);
+    /// The node was selected or deselected.
     void nodeSelectionChanged(korvane::TzuDataEntity_Tree *node);
+    /// OnBeforeCanEditItem_Tree: the receiver answers with SetCanEdit.
     void nodeEditAsked(korvane::TzuDataEntity_Tree *node);
+    /// Drags over the row tree, see TTreeDragEvents; the receiver may change the drag.
     void treeDragStarted(korvane::TTreeDrag *drag);
     void treeDraggedOver(korvane::TTreeDrag *drag);
     void treeDropped(korvane::TTreeDrag *drag);
@@ -311,18 +321,23 @@ Q_SIGNALS:
     void areaClicked(korvane::TzuDataEntity_Spanbar *item);
     void areaRightClicked(korvane::TzuDataEntity_Spanbar *item);
     void areaDoubleClicked(korvane::TzuDataEntity_Spanbar *item);
+    /// Any button in the area, its position in area pixels.
     void areaMousePressed(Qt::MouseButton button, Qt::KeyboardModifiers modifiers, QPoint at);
     void areaMouseMoved(Qt::KeyboardModifiers modifiers, QPoint at);
     void areaMouseReleased(Qt::MouseButton button, Qt::KeyboardModifiers modifiers, QPoint at);
+    /// Items are carried out of the chart (OnGantAreaStartDrag, OnGantAreaEndDrag).
     void areaDragStarted(QDrag *drag);
     void areaDragEnded(Qt::DropAction action);
+    /// Something is dragged over the area, is dropped there; the receiver accepts it or not.
     void areaDraggedOver(QDragMoveEvent *event);
     void areaDropped(QDropEvent *event);
     /// The axis shows another time; after a paint.
     void scalerChanged(const QDateTime &start, const QDateTime &stop);
     /// The user has moved the splitter; the width is in pixels.
     void splitterMoved(int treeWidth);
+    /// OnAlignNeed; the width is in pixels.
     void alignNeeded(const QDateTime &start, const QDateTime &stop, int treeWidth);
+    /// OnRealignScrollbar, in lines of the tree.
     void scrollbarRealigned(int position, int min, int max, int pageSize, bool enabled);
     /// The chart has another size.
     void resized();
@@ -330,7 +345,9 @@ Q_SIGNALS:
     // The grid in place of the tree.
     /// Other rows or columns have come to its top left corner.
     void gridTopLeftChanged();
+    /// The rows were sorted by the column (OnColumnSort_Grid).
     void gridColumnSorted(korvane::TzuGrid_Column *column);
+    /// A row is to be filled; is about to be dropped.
     void gridRowWanted(korvane::TBabGridCell *grid, korvane::TAxisContentItem *row);
     void gridRowUnloading(korvane::TBabGridCell *grid, korvane::TAxisContentItem *row);
 

@@ -167,23 +167,32 @@ public:
     QCursor CursorGantArea() const { return m_areaCursor; }
     void SetCursorGantArea(const QCursor &cursor);
 
+    /// The chart has another size.
     TPublished<TOnGantNotify> OnResize;
+    /// After OnAlignNeed; a handler may limit the visible time.
     TPublished<TOnScalerChange> OnScalerChange;
+    /// Not fired by SetScaleAndTree.
     TPublished<TOnAlignNeed> OnAlignNeed;
+    /// Not while the grid is shown, which has a bar of its own.
     TPublished<TOnRealignScrollbar> OnRealignScrollbar;
     /// Axis or area enlarges a font for printing.
     TzuOffscreenPaint::TOnPrintResizeFont OnPrintResizeFont;
+    /// Of items that are carried out of the chart, see StartDragWhenTimeMoveOutside.
     TPublished<TOnGantAreaStartDrag> OnGantAreaStartDrag;
     TPublished<TOnGantAreaEndDrag> OnGantAreaEndDrag;
     /// Something is dragged over the area; the handler accepts it or not. Without a handler
     /// everything is accepted, if there is one of OnGantAreaDragDrop.
     TPublished<TOnGantAreaDragOver> OnGantAreaDragOver;
+    /// Something accepted was dropped on the area.
     TPublished<TOnGantAreaDragDrop> OnGantAreaDragDrop;
 
     // The grid.
+    /// Other rows or columns have come to the top left corner.
     TPublished<TOnGantNotify> OnGridTopLeftChanged;
     /// Image of a row in the grid's first column, where that has icons; that of the node on entry.
     TOnGetIconIndex OnGridGetIconIndex;
+    /// OnVirtualLoad, OnVirtualUnLoad and OnColumnSort of the grid, as long as those are not set
+    /// anew.
     TPublished<TOnGridVirtualNotify> OnVirtualLoad_Grid;
     TPublished<TOnGridVirtualNotify> OnVirtualUnLoad_Grid;
     TPublished<TOnGridColumn> OnColumnSort_Grid;

@@ -16,14 +16,19 @@ class TzuGant_ComBasic;
 /// What the row tree tells, as members of the chart. Called after the tree's own events.
 struct TGantTreeEvents
 {
+    /// Nodes have come, gone or moved in the list.
     TPublished<TOnContentChanged> OnContentChanged_Tree;
-    TPublished<TOnSelectionChanged> OnSelectionChanged_Tree;
+    TPublished<TOnSelectionChanged> OnSelectionChanged_Tree; ///< for each node whose mark changed
+    /// Before the tree's own; the node still has its row.
     TPublished<TOnDeleteItem> OnDeleteItem_Tree;
-    TPublished<TOnInsertItem> OnInsertItem_Tree;
+    TPublished<TOnInsertItem> OnInsertItem_Tree; ///< the node has its row
+    /// The node has announced its values (DoInfoPush).
     TPublished<TOnInfoPush> OnValueChanged_Tree;
     TPublished<TTreeEntityNotify> OnChangeDataEntity_Tree; ///< after OnValueChanged_Tree
+    /// May change the node's CanEdit before it is read.
     TPublished<TOnBeforeCanEditItem> OnBeforeCanEditItem_Tree;
-    // The tree's drag events go here as long as the tree's own slots are not set anew.
+    /// The tree's drag events, see TTreeDragEvents; they go here as long as the tree's own slots
+    /// are not set anew.
     TPublished<TOnTreeDrag> OnTreeStartDrag;
     TPublished<TOnTreeDrag> OnTreeDragOver;
     TPublished<TOnTreeDrag> OnTreeDragDrop;

@@ -61,9 +61,9 @@ public:
     QByteArray CellLayoutsText() const;
     void SetCellLayoutsText(const QByteArray &text);
 
-    // The captions of all columns, one per line, as forms store them for translation; in them a
-    // line break is "\\n" and a backslash "\\\\". Lines without a column are left out, columns
-    // without a line keep their caption.
+    /// The captions of all columns, one per line, as forms store them for translation; in them a
+    /// line break is "\\n" and a backslash "\\\\". Lines without a column are left out, columns
+    /// without a line keep their caption.
     QString HeaderTexts() const;
     void SetHeaderTexts(const QString &texts);
     /// The same of the columns of all sub-grids, in their order.

@@ -40,7 +40,6 @@ class KORVANE_WIDGETS_API TzuGanttPrinting : public TzuPrinting,
 public:
     /// The chart is observed.
     explicit TzuGanttPrinting(TzuGant_ComBasic &gant);
-
     ~TzuGanttPrinting() override;
 
     /// Labels of the tree's rows; initially the captions. None: no labels.
@@ -48,6 +47,7 @@ public:
     /// Columns of a grid that stands in for the tree, by their real indexes; without a choice those
     /// that are shown.
     void SetGridColumns(std::vector<int> columns) { m_gridColumns = std::move(columns); }
+    /// Those that are shown, as by default.
     void SetAllGridColumns() { m_gridColumns.reset(); }
     /// Whether a page that continues a group begins with the group's headings; true by default.
     void SetRepeatHeadings(bool on) { m_repeatHeadings = on; }

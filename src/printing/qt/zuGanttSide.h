@@ -26,15 +26,18 @@ public:
     /// Rows as they are shown, also those scrolled away; places are not filled in.
     struct TRows
     {
-        std::vector<TVisibleNode> Nodes;
-        std::vector<int> Parents; ///< index of each one's heading among them, or -1
-        std::vector<int> Heights;
+        std::vector<TVisibleNode> Nodes; ///< top to bottom
+        std::vector<int> Parents;        ///< index of each one's heading among them, or -1
+        std::vector<int> Heights;        ///< in pixels
     };
+    /// Whether a row is printed; numbers count from 0 among those that are shown.
     using TIsWanted = std::function<bool(int number, const TVisibleNode &node, bool isSelected)>;
 
     virtual ~IGanttSide() = default;
 
+    /// The rows that are wanted.
     virtual TRows Collect(const TIsWanted &isWanted) = 0;
+    /// What a bookmark of the row says.
     virtual QString CaptionOf(const TVisibleNode &node) const = 0;
     /// In pixels, for the rows that were collected last.
     virtual int Width() const = 0;

@@ -27,6 +27,7 @@ struct TPrintColumn
     /// Of captions and title, horizontally.
     Qt::Alignment Alignment = Qt::AlignLeft;
 
+    /// In pixels of the content.
     static constexpr int kWidestColumn = 480;
 };
 
@@ -37,6 +38,7 @@ class KORVANE_WIDGETS_API TPrintParents
 public:
     /// The next row of the outline, by its level from 0, whether it is printed or not.
     void Add(int level, bool isPrinted);
+    /// One for each row that is printed.
     const std::vector<int> &Indexes() const { return m_parents; }
 
 private:
@@ -60,9 +62,10 @@ KORVANE_WIDGETS_API TPrintOutline CollectOutline(
 /// A row that has others of the print below it. Levels have no gaps.
 struct TPrintGroup
 {
-    int Row;
-    int Level;
+    int Row;   ///< index among the rows of the print
+    int Level; ///< from 0
 };
+/// The groups of an outline, top to bottom; `parents` is that of TPrintOutline.
 KORVANE_WIDGETS_API std::vector<TPrintGroup> GroupsOf(const std::vector<int> &parents);
 
 /// Draws the labels of a tree's rows as the tree looks, in ink for white paper.

@@ -1,6 +1,8 @@
 // Pages that wait until all of them are drawn.
 #pragma once
 
+#include "foundation/zuExport.h"
+
 #include <QTemporaryFile>
 
 #include <functional>
@@ -13,7 +15,7 @@ class QSizeF;
 namespace korvane {
 
 /// Keeps drawn pages in a file, so that it does not matter how many they are.
-class TPrintSpool
+class KORVANE_WIDGETS_API TPrintSpool
 {
 public:
     /// Whether a printer prints what it was given although the job is cancelled, so that it must

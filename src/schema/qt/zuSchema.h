@@ -60,6 +60,7 @@ public:
     enum ScrollVisibilityKind { svAlways, svWhenNeeded, svNever };
     Q_ENUM(ScrollVisibilityKind)
 
+    /// Without columns; a subclass that asks for no parts makes them, see TzuSchema_ComBasic.
     explicit TzuSchema(QWidget *parent = nullptr,
                        TConstruction construction = TConstruction::Complete);
 
@@ -112,36 +113,50 @@ Q_SIGNALS:
     /// A copy was dropped; the receiver makes the new time (OnTimeCopy).
     void timeCopyWanted(korvane::TzuDataEntity_SchemaTime *time, int column, const QDateTime &start,
                         const QDateTime &stop);
+    /// The user wants to edit a time (OnEditDataEntity_SchemaTime).
     void timeEditWanted(korvane::TzuDataEntity_SchemaTime *time);
     /// All that one action selects or not (OnAfterSelectionChanged).
     void selectedTimesChanged();
+    /// Columns have come or gone; one has come, is about to go, has changed, was selected or
+    /// deselected.
     void columnsChanged();
     void columnInserted(korvane::TzuDataEntity_SchemaColumn *column);
     void columnDeleted(korvane::TzuDataEntity_SchemaColumn *column);
     void columnChanged(korvane::TzuDataEntity_SchemaColumn *column);
     void columnSelectionChanged(korvane::TzuDataEntity_SchemaColumn *column);
+    /// OnBeforeCanEditItem_Column: the receiver answers with SetCanEdit.
     void columnEditAsked(korvane::TzuDataEntity_SchemaColumn *column);
     /// The axis shows another time; after a paint.
     void scalerChanged(const QDateTime &start, const QDateTime &stop);
     /// OnSchemaHintInfo; the length in days.
     void hintInfo(korvane::TzuDataEntity_SchemaTime *time, const QDateTime &start, double length,
                   QPoint at);
+    /// Bracket around one action of the user (OnBeginUserChange, OnEndUserChange); with `changed`
+    /// false all is as before.
     void userChangeBegun(korvane::TSchemaUserChange kind);
     void userChangeEnded(korvane::TSchemaUserChange kind, bool changed);
-    // Of the area, in its pixels.
+    /// Of the area, in its pixels; after the component has done its part. `time` is null where
+    /// there is none.
     void areaDoubleClicked(korvane::TzuDataEntity_SchemaTime *time);
     void areaMousePressed(Qt::MouseButton button, Qt::KeyboardModifiers modifiers, QPoint at);
     void areaMouseMoved(Qt::KeyboardModifiers modifiers, QPoint at);
     void areaMouseReleased(Qt::MouseButton button, Qt::KeyboardModifiers modifiers, QPoint at);
-    // The receiver may change the drag, and accepts the event, as the handler does.
+    /// Times are carried out of the schedule. The receiver may change the drag, but not keep it;
+    /// with no data set there is none.
     void areaDragStarted(QDrag *drag);
+    /// What the place of the drop has made of it; Qt::IgnoreAction for nothing.
     void areaDragEnded(Qt::DropAction action);
+    /// Something is dragged over the area, or dropped on it; the receiver accepts the event or not.
+    /// When only drops are received, every drag is accepted.
     void areaDraggedOver(QDragMoveEvent *event);
     void areaDropped(QDropEvent *event);
-    // Of the headers.
+    /// A caption of the header was clicked (OnHeaderClick).
     void headerClicked(int column);
+    /// A caption is dragged, which takes a receiver or a handler; otherwise as for the area. The
+    /// drag offers the caption as text.
     void headerDragStarted(int column, QDrag *drag);
     void headerDragEnded(int column, Qt::DropAction action);
+    /// As for the area; `column` is -1 where there is none.
     void headerDraggedOver(int column, QDragMoveEvent *event);
     void headerDropped(int column, QDropEvent *event);
 

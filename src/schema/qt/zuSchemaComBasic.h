@@ -105,7 +105,8 @@ public:
     /// The menu elsewhere in the area, and where there is no PopupSchema; observed.
     QMenu *PopupMenu() const { return m_popupMenu.Menu(*this); }
     void SetPopupMenu(QMenu *menu) { m_popupMenu.SetMenu(menu); }
-    // The same by name, as forms store them, see TNamedMenu.
+    /// The same by name, as forms store them, see TNamedMenu; empty by default. Names take the
+    /// place of a menu, and the other way round.
     QByteArray HeaderPopupmenuNames() const { return m_headerMenu.Names(); }
     void SetHeaderPopupmenuNames(const QByteArray &names) { m_headerMenu.SetNames(names); }
     QByteArray PopupSchemaNames() const { return m_popupSchema.Names(); }
@@ -127,6 +128,7 @@ public:
     /// up.
     void ScrollColumnsByWheel(int units);
 
+    /// A click of the left button on a caption, not on an edge that resizes; `column` is never -1.
     TPublished<TOnHeaderClick> OnHeaderClick;
     /// The user drags a caption. Without a handler there is no drag; the handler may fill in what
     /// is offered.

@@ -14,11 +14,11 @@ namespace korvane {
 class KORVANE_WIDGETS_API TzuTree : public TzuTree_ComBasic
 {
     Q_OBJECT
+    /// Published properties; each is described at the function that it reads.
     Q_PROPERTY(QColor Color READ ColorAsQColor WRITE SetColorAsQColor)
     Q_PROPERTY(BorderKind BorderStyle READ BorderStyleKind WRITE SetBorderStyleKind)
     Q_PROPERTY(QByteArray Images READ ImagesText WRITE SetImagesText)
     Q_PROPERTY(QByteArray PopupMenu READ PopupMenuNames WRITE SetPopupMenuNames)
-    /// Published properties; each is described at the function that it reads.
     Q_PROPERTY(bool HideSelection READ HideSelection WRITE SetHideSelection)
     Q_PROPERTY(bool HotTrack READ HotTrack WRITE SetHotTrack)
     Q_PROPERTY(bool ToolTips READ ToolTips WRITE SetToolTips)
@@ -44,9 +44,12 @@ public:
     enum BorderKind { bsNone, bsSingle };
     Q_ENUM(BorderKind)
 
+    /// Empty; the parent may be null.
     explicit TzuTree(QWidget *parent = nullptr);
     ~TzuTree() override;
 
+    /// Color and BorderStyle in the types of the designer. System colours are looked up in the
+    /// palette.
     QColor ColorAsQColor() const;
     void SetColorAsQColor(const QColor &color);
     BorderKind BorderStyleKind() const { return static_cast<BorderKind>(BorderStyle()); }
@@ -60,21 +63,24 @@ public:
 
 Q_SIGNALS:
     // Each comes behind the handler of its event, see TPublished.
+    /// An entity has come (OnInsertItem).
     void entityInserted(korvane::TzuDataEntity_Tree *entity);
     /// The entity is about to go; do not keep it.
     void entityDeleted(korvane::TzuDataEntity_Tree *entity);
     /// An entity came with what was loaded (OnLoadItem).
     void entityLoaded(korvane::TzuDataEntity_Tree *entity);
-    /// Null when many were.
+    /// OnExpanded, OnCollapsed; null when many were.
     void entityExpanded(korvane::TzuDataEntity_Tree *entity);
     void entityCollapsed(korvane::TzuDataEntity_Tree *entity);
     /// See GetCurrentDataEntity.
     void currentEntityChanged();
+    /// See GetTopItem.
     void topItemChanged();
     /// Entities have come, gone or moved.
     void contentChanged();
     /// DoInfoPush was called for the entity.
     void entityChanged(korvane::TzuDataEntity_Tree *entity);
+    /// The entity was selected or deselected.
     void entitySelectionChanged(korvane::TzuDataEntity_Tree *entity);
     /// SetVisible was called for the entity.
     void entityVisibleChanged(korvane::TzuDataEntity_Tree *entity);
@@ -84,7 +90,8 @@ Q_SIGNALS:
     void entityEdited(korvane::TzuDataEntity_Tree *entity);
     /// By the user (OnMoved).
     void entitiesMoved();
-    // OnStartDrag and so on; the receiver may change the drag as the handler may.
+    /// OnStartDrag, OnDragOver, OnDragDrop and OnEndDrag, see TTreeDragEvents; the receiver may
+    /// change the drag as the handler may.
     void dragStarted(korvane::TTreeDrag *drag);
     void draggedOver(korvane::TTreeDrag *drag);
     void dropped(korvane::TTreeDrag *drag);
