@@ -229,6 +229,8 @@ void PlanChange::Undo(Plan &plan, IPlanWatcher &watcher)
     for (std::size_t i = m_steps.size(); i-- > 0;) {
         Flip(plan, m_steps[i], watcher);
     }
+    // Of joined changes a later one may be about tasks that an earlier one has added at the end.
+    std::erase_if(TasksBefore, [&plan](int task) { return task >= std::ssize(plan.Tasks); });
 }
 
 void PlanChange::Redo(Plan &plan, IPlanWatcher &watcher)

@@ -2,6 +2,7 @@
 #include "PlanChart.h"
 #include "PlanDocument.h"
 #include "PlanPrint.h"
+#include "PlanText.h"
 #include "PrintDialog.h"
 #include "PrintForm.h"
 #include "SchedulePages.h"
@@ -22,12 +23,13 @@ namespace {
 
 struct PrintChoice : testing::Test
 {
+    PlanFolder Folder;
     PlanDocument Document;
     PlanChart Chart{Document};
 
     PrintChoice()
     {
-        QSettings().clear();
+        QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, Folder.Path());
         NoProgress progress;
         PlanResult result = LoadPlan(QStringLiteral(KORVANE_SAMPLES "/observatory.xml"),
                                      PlanReaders::Builtin(), progress);
