@@ -98,6 +98,8 @@ QWidget *CreateGanttGridPage()
     auto *gant = new TzuGant;
     gant->SetUseGridNotTree(true);
     gant->SetTreeWidth(320);
+    gant->SetGantBackColor(clWindow);
+    gant->SetGantPyjamasColor(clBtnFace);
     AddColumns(*gant);
     AddJobs(*gant);
     gant->SetStart(EncodeDate(2026, 2, 27));
