@@ -1,6 +1,8 @@
-// Main of the tests that need widgets: an offscreen application, and a warning from Qt is a
-// failure.
+// Main of the tests that need widgets: an offscreen application with settings of its own, as tests
+// run side by side; a warning from Qt is a failure.
 #include <QApplication>
+#include <QSettings>
+#include <QTemporaryDir>
 
 #include <gtest/gtest.h>
 #include <iostream>
@@ -28,6 +30,8 @@ int main(int argc, char **argv)
         qputenv("QT_QPA_PLATFORM", "offscreen");
     }
     const QApplication application(argc, argv);
+    const QTemporaryDir settings;
+    QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, settings.path());
     qInstallMessageHandler(FailOnWarning);
     return RUN_ALL_TESTS();
 }

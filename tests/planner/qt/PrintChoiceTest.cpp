@@ -2,7 +2,6 @@
 #include "PlanChart.h"
 #include "PlanDocument.h"
 #include "PlanPrint.h"
-#include "PlanText.h"
 #include "PrintDialog.h"
 #include "PrintForm.h"
 #include "SchedulePages.h"
@@ -23,13 +22,12 @@ namespace {
 
 struct PrintChoice : testing::Test
 {
-    PlanFolder Folder;
     PlanDocument Document;
     PlanChart Chart{Document};
 
     PrintChoice()
     {
-        QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, Folder.Path());
+        QSettings().clear();
         NoProgress progress;
         PlanResult result = LoadPlan(QStringLiteral(KORVANE_SAMPLES "/observatory.xml"),
                                      PlanReaders::Builtin(), progress);
