@@ -91,8 +91,7 @@ void StableSortOfReadyKeys(benchmark::State &state)
 BENCHMARK(SortRows)->Unit(benchmark::kMillisecond)->MinTime(1);
 BENCHMARK(StableSortOfReadyKeys)->Unit(benchmark::kMillisecond)->MinTime(1);
 
-// --- views
-// ----------------------------------------------------------------------------------------
+// --- views ---------------------------------------------------------------------------------------
 
 constexpr int kManyRows = 1'000'000;
 constexpr int kColumns = 20;
@@ -253,8 +252,7 @@ void FirstPaint(benchmark::State &state, Make make)
     }
 }
 
-// --- grids in cells, and trees
-// -----------------------------------------------------------------------------------------
+// --- grids in cells, and trees -------------------------------------------------------------------
 
 /// A thousand rows, each with an open grid of a thousand rows.
 class TNestedGrid : public TzuGrid

@@ -57,8 +57,7 @@ TAxisContentItem *TAxisContentList::getAxisContentItem(int index)
     return index < m_fixedCount ? FindLoaded(index) : EnsureLoadedItem(index);
 }
 
-// --- placing and taking
-// ---------------------------------------------------------------------------
+// --- placing and taking --------------------------------------------------------------------------
 
 std::unique_ptr<TAxisContentItem> TAxisContentList::CreateItem(TObject *value)
 {
@@ -285,8 +284,7 @@ int TAxisContentList::NearestShown(int index, int step) const
     return -1;
 }
 
-// --- shown and hidden items
-// -----------------------------------------------------------------------
+// --- shown and hidden items ----------------------------------------------------------------------
 
 void TAxisContentList::AddToVisible(TAxisContentItem &item)
 {
@@ -326,8 +324,7 @@ void TAxisContentList::SetHidden(int first, int last, bool hide)
     ++m_changes;
 }
 
-// --- index maintenance
-// ----------------------------------------------------------------------------
+// --- index maintenance ---------------------------------------------------------------------------
 
 void TAxisContentList::ListIndexesOutOfDate(int index)
 {

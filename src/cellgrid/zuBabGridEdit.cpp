@@ -51,8 +51,7 @@ bool TBabGridEdit::MayEdit(TGridCellAt at)
     return allow && follow.IsThere();
 }
 
-// --- the editor
-// -----------------------------------------------------------------------------------
+// --- the editor ----------------------------------------------------------------------------------
 
 bool TBabGridEdit::BeginEdit(TGridCellAt at, TEditBegin how, std::string_view typed)
 {
@@ -169,8 +168,7 @@ TRect TBabGridEdit::ClipOf(const TBabGridCell &grid)
     return cell.Intersected(ClipOf(parent));
 }
 
-// --- keys
-// -----------------------------------------------------------------------------------------
+// --- keys ----------------------------------------------------------------------------------------
 
 bool TBabGridEdit::FinishAndMove(TGridMove move)
 {
@@ -267,8 +265,7 @@ void TBabGridEdit::DropRows(const TGridRowDrop &drop)
     });
 }
 
-// --- following changes
-// ----------------------------------------------------------------------------
+// --- following changes ---------------------------------------------------------------------------
 
 TBabGridEdit::TFollow::TFollow(TBabGridEdit &edit, TGridCellAt &at)
     : m_edit(edit)

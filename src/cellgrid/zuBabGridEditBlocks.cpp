@@ -38,8 +38,7 @@ private:
 
 } // namespace
 
-// --- clearing and pasting
-// -------------------------------------------------------------------------
+// --- clearing and pasting ------------------------------------------------------------------------
 
 /// Calls visit(at) for each shown selected cell behind the heads; for the cell with the focus when
 /// none or whole rows are selected. What is visited follows changes by handlers no further than
@@ -219,8 +218,7 @@ void TBabGridEdit::TellPasted(const TGridPaste &result)
     }
 }
 
-// --- files
-// ----------------------------------------------------------------------------------------
+// --- files ---------------------------------------------------------------------------------------
 
 std::string TBabGridEdit::CsvText(TAxisContentItem &column, TAxisContentItem &row)
 {

@@ -64,8 +64,7 @@ TBabGridFind::TBabGridFind(IBabGridHost &host, IBabGridEditHost &editHost)
     Follow(m_at);
 }
 
-// --- the way
-// --------------------------------------------------------------------------------------
+// --- the way -------------------------------------------------------------------------------------
 
 TGridCellAt TBabGridFind::FirstIn(TBabGridCell &grid) const
 {
@@ -133,8 +132,7 @@ TGridCellAt TBabGridFind::Step(const TGridCellAt &from) const
     return m_from == TGridFindFrom::Previous ? PreviousCell(from) : NextCell(from);
 }
 
-// --- searching
-// ------------------------------------------------------------------------------------
+// --- searching -----------------------------------------------------------------------------------
 
 void TBabGridFind::BeginFind(std::string text, TGridFindFrom from)
 {

@@ -228,8 +228,7 @@ void TBabGridGestures::SubGridGoes(TBabGridCell *grid)
     TBabGridSelectCore::SubGridGoes(grid);
 }
 
-// --- resizing
-// -------------------------------------------------------------------------------------
+// --- resizing ------------------------------------------------------------------------------------
 
 TAxisContentItem *TBabGridGestures::SizedItem() const
 {
@@ -304,8 +303,7 @@ void TBabGridGestures::FitRow(const TGridCellAt &at)
     OnAfterUserSize(this);
 }
 
-// --- selecting and moving
-// -------------------------------------------------------------------------
+// --- selecting and moving ------------------------------------------------------------------------
 
 void TBabGridGestures::SelectTo(TPoint point)
 {

@@ -118,8 +118,7 @@ void TBabGridLayoutCore::LoseLayout()
     }
 }
 
-// --- looks
-// ----------------------------------------------------------------------------------------
+// --- looks ---------------------------------------------------------------------------------------
 
 TBabColumn *TBabGridLayoutCore::ColumnOf(const TAxisContentItem &item)
 {
@@ -149,8 +148,7 @@ TFont TBabGridLayoutCore::FontOf(const TLayoutProp &layout) const
     return font;
 }
 
-// --- laying out
-// -----------------------------------------------------------------------------------
+// --- laying out ----------------------------------------------------------------------------------
 
 std::int64_t TBabGridLayoutCore::ScrollOf(const TAxisContentList &list) const
 {
@@ -365,8 +363,7 @@ TGridBlock TBabGridLayoutCore::ShownIn(TBabGridCell &grid, const TRect &area, co
     return again ? BlockOf(grid, area, clip) : block;
 }
 
-// --- scrolling
-// ------------------------------------------------------------------------------------
+// --- scrolling -----------------------------------------------------------------------------------
 
 TSize TBabGridLayoutCore::PageSize() const
 {

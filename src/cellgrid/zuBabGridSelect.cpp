@@ -40,8 +40,7 @@ void TBabGridSelectCore::SetTreeLines(bool value)
     }
 }
 
-// --- selecting
-// ------------------------------------------------------------------------------------
+// --- selecting -----------------------------------------------------------------------------------
 
 bool TBabGridSelectCore::IsCell(const TGridCellAt &at) const
 {
@@ -189,8 +188,7 @@ void TBabGridSelectCore::SetFocusCell(const TGridCellAt &at)
     }
 }
 
-// --- following changes
-// ----------------------------------------------------------------------------
+// --- following changes ---------------------------------------------------------------------------
 
 void TBabGridSelectCore::CountChanged(TAxisContentList *list, int index, int by)
 {
@@ -264,8 +262,7 @@ void TBabGridSelectCore::SubGridGoes(TBabGridCell *grid)
     LayoutOutOfDate();
 }
 
-// --- painting
-// -------------------------------------------------------------------------------------
+// --- painting ------------------------------------------------------------------------------------
 
 /// The dots of the focus rectangle stay where they are, and in a grid in a cell the row's mark.
 void TBabGridSelectCore::AddToPictureMove(TGridPictureMove &move)

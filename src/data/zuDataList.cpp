@@ -38,8 +38,7 @@ void TzuDataList::AfterCreate(TzuListController *controller, EntityClass entityC
     ListIndexesOutOfDate(0);
 }
 
-// --- placing and taking
-// ---------------------------------------------------------------------------
+// --- placing and taking --------------------------------------------------------------------------
 
 void TzuDataList::Place(int position, TzuDataEntity *entity, int cachedIndex)
 {
@@ -105,8 +104,7 @@ void TzuDataList::ReleaseLoaded()
     m_unloadedBefore = m_unloadedAfter = 0;
 }
 
-// --- inserting and deleting
-// -----------------------------------------------------------------------
+// --- inserting and deleting ----------------------------------------------------------------------
 
 std::unique_ptr<TzuDataEntity> TzuDataList::CreateItem()
 {
@@ -190,8 +188,7 @@ void TzuDataList::Clear()
     }
 }
 
-// --- looking up
-// -----------------------------------------------------------------------------------
+// --- looking up ----------------------------------------------------------------------------------
 
 TzuDataEntity *TzuDataList::FindDataEntity(const TFindFunc &accepts) const
 {
@@ -297,8 +294,7 @@ int TzuDataList::VisibleIndexToListIndex(int visibleIndex)
     return -1;
 }
 
-// --- index maintenance
-// ----------------------------------------------------------------------------
+// --- index maintenance ---------------------------------------------------------------------------
 
 void TzuDataList::ListIndexesOutOfDate(int index)
 {

@@ -225,8 +225,7 @@ std::vector<T *> TSequence<T, Place, numbering>::Items() const
     return result;
 }
 
-// --- chunks
-// ---------------------------------------------------------------------------------------
+// --- chunks --------------------------------------------------------------------------------------
 
 template <typename T, typename Place, TNumbering numbering>
 void TSequence<T, Place, numbering>::Chunks::InsertChunk(int order)

@@ -18,8 +18,7 @@ TGantSelection::TGantSelection(IGantHost &host, IGantInputHost &inputHost,
 
 TGantSelection::~TGantSelection() = default;
 
-// --- what is selected
-// ---------------------------------------------------------------------------
+// --- what is selected ----------------------------------------------------------------------------
 
 std::vector<TzuDataEntity_Spanbar *> TGantSelection::SelectedItems() const
 {
@@ -54,8 +53,7 @@ std::vector<TzuDataEntity_Link *> TGantSelection::SelectedLinks() const
     return links;
 }
 
-// --- operations
-// ---------------------------------------------------------------------------------
+// --- operations ----------------------------------------------------------------------------------
 
 void TGantSelection::KeepAll(const TItems &items)
 {
@@ -167,8 +165,7 @@ void TGantSelection::SelectRange(TzuDataEntity_Spanbar &from, TzuDataEntity_Span
     });
 }
 
-// --- clicks
-// -------------------------------------------------------------------------------------
+// --- clicks --------------------------------------------------------------------------------------
 
 TzuDataEntity_Spanbar *TGantSelection::Anchor() const
 {
@@ -247,8 +244,7 @@ void TGantSelection::UpdateMultiSelect(TzuDataEntity_Link &link, const TShiftSta
     }
 }
 
-// --- what happens to items and links
-// ------------------------------------------------------------
+// --- what happens to items and links -------------------------------------------------------------
 
 void TGantSelection::Forget(const TzuDataEntity_Spanbar *item)
 {

@@ -87,8 +87,7 @@ QAccessible::Role TGridCellAccessible::role() const
                                                : QAccessible::Cell;
 }
 
-// --- a grid in the cell
-// -----------------------------------------------------------------------------------
+// --- a grid in the cell --------------------------------------------------------------------------
 
 TBabGridCell *TGridCellAccessible::InnerGrid() const
 {
@@ -128,8 +127,7 @@ int TGridCellAccessible::indexOfChild(const QAccessibleInterface *child) const
                : -1;
 }
 
-// --- what the cell is
-// -----------------------------------------------------------------------------------
+// --- what the cell is ----------------------------------------------------------------------------
 
 const TBabColumn *TGridCellAccessible::ColumnInfo() const
 {
@@ -231,8 +229,7 @@ QList<QAccessibleInterface *> TGridCellAccessible::rowHeaderCells() const
                                       : QList<QAccessibleInterface *>();
 }
 
-// --- what can be done with it
-// -----------------------------------------------------------------------------------
+// --- what can be done with it --------------------------------------------------------------------
 
 QStringList TGridCellAccessible::actionNames() const
 {

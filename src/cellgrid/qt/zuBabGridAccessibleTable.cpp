@@ -101,8 +101,7 @@ TGridTableAccessible *GridTableOf(TBabGridView_Custom &view, TBabGridCell &grid)
     return dynamic_cast<TBabGridAccessible *>(QAccessible::queryAccessibleInterface(&view));
 }
 
-// --- rows and columns
-// -----------------------------------------------------------------------------------
+// --- rows and columns ----------------------------------------------------------------------------
 
 QAccessibleInterface *TGridTableAccessible::cellAt(int row, int column) const
 {
@@ -130,8 +129,7 @@ QString TGridTableAccessible::rowDescription(int row) const
     return QString::number(row + 1);
 }
 
-// --- the selection
-// --------------------------------------------------------------------------------
+// --- the selection -------------------------------------------------------------------------------
 
 std::vector<TCellRange> TGridTableAccessible::SelectedRanges() const
 {

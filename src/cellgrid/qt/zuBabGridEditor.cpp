@@ -65,8 +65,7 @@ TEditKey Mirrored(TEditKey key)
 
 } // namespace
 
-// --- the editor
-// -----------------------------------------------------------------------------------
+// --- the editor ----------------------------------------------------------------------------------
 
 TBabGridEditor::TBabGridEditor(TBabGridView_Custom &view, const TEditStart &start)
     : QWidget(&view)
@@ -231,8 +230,7 @@ bool TBabGridEditor::eventFilter(QObject *object, QEvent *event)
     return QWidget::eventFilter(object, event);
 }
 
-// --- opening
-// --------------------------------------------------------------------------------------
+// --- opening -------------------------------------------------------------------------------------
 
 TBabGridEditOpener::~TBabGridEditOpener()
 {

@@ -51,8 +51,7 @@ std::optional<TGridMove> MoveOf(int key, bool ctrl)
 
 } // namespace
 
-// --- mouse
-// ----------------------------------------------------------------------------------------
+// --- mouse ---------------------------------------------------------------------------------------
 
 void TBabGridView_Custom::mousePressEvent(QMouseEvent *event)
 {
@@ -178,8 +177,7 @@ void TBabGridView_Custom::ShowToolTip(const QHelpEvent &help)
     }
 }
 
-// --- keyboard
-// -------------------------------------------------------------------------------------
+// --- keyboard ------------------------------------------------------------------------------------
 
 bool TBabGridView_Custom::focusNextPrevChild(bool next)
 {

@@ -72,8 +72,7 @@ void TBabGridView_Custom::SetScrollBarsShown(bool value)
     }
 }
 
-// --- finding
-// --------------------------------------------------------------------------------------
+// --- finding -------------------------------------------------------------------------------------
 
 TBabGridFindBar &TBabGridView_Custom::FindBar()
 {
@@ -127,8 +126,7 @@ QSize TBabGridView_Custom::sizeHint() const
     return {400, 300};
 }
 
-// --- host
-// -----------------------------------------------------------------------------------------
+// --- host ----------------------------------------------------------------------------------------
 
 void TBabGridView_Custom::InvalidateGrid()
 {
@@ -189,8 +187,7 @@ void TBabGridView_Custom::SetGridCursor(TGridCursor cursor)
     }
 }
 
-// --- painting and scrolling
-// -----------------------------------------------------------------------
+// --- painting and scrolling ----------------------------------------------------------------------
 
 void TBabGridView_Custom::OffscreenPaint()
 {
