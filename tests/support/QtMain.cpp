@@ -21,6 +21,12 @@ void FailOnWarning(QtMsgType type, const QMessageLogContext & /*context*/, const
     }
 }
 
+/// Every test begins without settings.
+class NoSettings : public testing::EmptyTestEventListener
+{
+    void OnTestStart(const testing::TestInfo & /*test*/) override { QSettings().clear(); }
+};
+
 } // namespace
 
 int main(int argc, char **argv)
@@ -30,8 +36,10 @@ int main(int argc, char **argv)
         qputenv("QT_QPA_PLATFORM", "offscreen");
     }
     const QApplication application(argc, argv);
+    QCoreApplication::setOrganizationName(QStringLiteral("Korvane tests"));
     const QTemporaryDir settings;
     QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, settings.path());
+    testing::UnitTest::GetInstance()->listeners().Append(new NoSettings); // takes it over
     qInstallMessageHandler(FailOnWarning);
     return RUN_ALL_TESTS();
 }

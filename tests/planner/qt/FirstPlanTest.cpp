@@ -4,7 +4,6 @@
 #include "PlanLoader.h"
 #include "SmallPlan.h"
 
-#include <QSettings>
 #include <QSignalSpy>
 
 namespace korvane::planner::test {
@@ -13,7 +12,6 @@ namespace {
 TEST(FirstPlan, NamesHaveTheRoomThatTheWindowHasForThem)
 {
     PlanFolder folder;
-    QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, folder.Path());
     QByteArray text = ProjectText(2);
     text.replace("Task 1", "Agreement with the municipality about dark nights");
     MainWindow window;

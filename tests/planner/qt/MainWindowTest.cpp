@@ -11,7 +11,6 @@
 #include <QMenuBar>
 #include <QMessageBox>
 #include <QMimeData>
-#include <QSettings>
 #include <QSignalSpy>
 #include <QToolButton>
 
@@ -21,14 +20,9 @@ namespace {
 class MainWindowTest : public testing::Test
 {
 protected:
-    static void SetUpTestSuite()
-    {
-        QCoreApplication::setOrganizationName(u"Korvane tests"_s);
-        QCoreApplication::setApplicationName(u"planner"_s);
-    }
+    static void SetUpTestSuite() { QCoreApplication::setApplicationName(u"planner"_s); }
     MainWindowTest()
     {
-        QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, m_folder.Path());
         m_window = std::make_unique<MainWindow>();
         m_window->show();
     }

@@ -16,7 +16,6 @@
 #include <QLineEdit>
 #include <QMenuBar>
 #include <QPushButton>
-#include <QSettings>
 #include <QSignalSpy>
 #include <QSpinBox>
 #include <QStatusBar>
@@ -46,8 +45,6 @@ class PlanEditingTest : public testing::Test
 protected:
     PlanEditingTest()
     {
-        QCoreApplication::setOrganizationName(QStringLiteral("Korvane tests"));
-        QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, m_folder.Path());
         m_window.resize(1200, 500);
         m_window.show();
         m_window.Document().SetPlan(EditablePlan());
@@ -164,7 +161,6 @@ protected:
         ExpectShown();
     }
 
-    PlanFolder m_folder;
     qint64 m_clock = 0;
     MainWindow m_window;
     Plan m_before;

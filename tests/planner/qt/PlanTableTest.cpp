@@ -25,8 +25,6 @@ class PlanTableTest : public testing::Test
 protected:
     PlanTableTest()
     {
-        QCoreApplication::setOrganizationName(QStringLiteral("Korvane tests"));
-        QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, m_folder.Path());
         m_window = std::make_unique<MainWindow>();
         m_window->resize(1300, 500);
         m_window->show();
@@ -101,7 +99,6 @@ protected:
         EXPECT_EQ(Now().Assignments, m_before.Assignments);
     }
 
-    PlanFolder m_folder;
     std::unique_ptr<MainWindow> m_window;
     Plan m_before;
 };

@@ -11,7 +11,6 @@
 
 #include <QApplication>
 #include <QCheckBox>
-#include <QSettings>
 #include <QSpinBox>
 
 #include <gtest/gtest.h>
@@ -27,7 +26,6 @@ struct PrintChoice : testing::Test
 
     PrintChoice()
     {
-        QSettings().clear();
         NoProgress progress;
         PlanResult result = LoadPlan(QStringLiteral(KORVANE_SAMPLES "/observatory.xml"),
                                      PlanReaders::Builtin(), progress);

@@ -14,7 +14,6 @@
 #include <QDoubleSpinBox>
 #include <QMessageBox>
 #include <QPushButton>
-#include <QSettings>
 #include <QSpinBox>
 #include <QTemporaryDir>
 #include <QTest>
@@ -34,7 +33,6 @@ struct Printing : testing::Test
 
     Printing()
     {
-        QSettings().remove(QStringLiteral("print"));
         NoProgress progress;
         PlanResult result = LoadPlan(QStringLiteral(KORVANE_SAMPLES "/observatory.xml"),
                                      PlanReaders::Builtin(), progress);

@@ -11,7 +11,6 @@
 
 #include <QAction>
 #include <QApplication>
-#include <QSettings>
 #include <QTest>
 
 namespace korvane::planner::test {
@@ -36,9 +35,6 @@ class ResourceChartTest : public testing::Test
 protected:
     ResourceChartTest()
     {
-        QCoreApplication::setOrganizationName(QStringLiteral("Korvane tests"));
-        QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, m_folder.Path());
-        QSettings().clear();
         m_window.resize(1200, 500);
         m_window.show();
         m_window.Document().SetPlan(SharedPlan());
@@ -90,7 +86,6 @@ protected:
     }
     int PixelsOf(double days) { return qRound(days / Chart().Scale()); }
 
-    PlanFolder m_folder;
     MainWindow m_window;
 };
 

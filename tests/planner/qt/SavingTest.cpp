@@ -13,7 +13,6 @@
 #include <QFileDialog>
 #include <QMessageBox>
 #include <QPushButton>
-#include <QSettings>
 #include <QSignalSpy>
 
 namespace korvane::planner::test {
@@ -24,9 +23,7 @@ class SavingTest : public testing::Test
 protected:
     SavingTest()
     {
-        QCoreApplication::setOrganizationName(u"Korvane tests"_s);
         QCoreApplication::setApplicationName(u"planner"_s);
-        QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, m_folder.Path());
         qputenv("XDG_DATA_HOME", m_folder.Path(u"data"_s).toUtf8());
         Start();
     }

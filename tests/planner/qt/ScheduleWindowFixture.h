@@ -12,7 +12,6 @@
 #include <QAbstractButton>
 #include <QFile>
 #include <QMessageBox>
-#include <QSettings>
 #include <QSignalSpy>
 #include <QTest>
 
@@ -22,14 +21,9 @@ namespace korvane::planner::test {
 class ScheduleWindowTest : public testing::Test
 {
 protected:
-    static void SetUpTestSuite()
-    {
-        QCoreApplication::setOrganizationName(u"Korvane tests"_s);
-        QCoreApplication::setApplicationName(u"planner"_s);
-    }
+    static void SetUpTestSuite() { QCoreApplication::setApplicationName(u"planner"_s); }
     ScheduleWindowTest()
     {
-        QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, m_folder.Path());
         Write("BEGIN:VCALENDAR\nVERSION:2.0\n"
               "BEGIN:VEVENT\nUID:s\nSUMMARY:Single\nX-Keep:1\nDTSTART:20260303T100000\n"
               "DTEND:20260303T120000\nLOCATION:Hall\nEND:VEVENT\n"
