@@ -54,13 +54,16 @@ protected:
         constexpr int kMargin = 6;
         constexpr int kPadding = 8;
         constexpr int kOpacity = 200;
+        constexpr int kWrapped = Qt::AlignCenter | Qt::TextWordWrap;
         const QString text = m_text();
         if (text.isEmpty()) {
             return;
         }
         QPainter painter(this);
         painter.setRenderHint(QPainter::Antialiasing);
-        QSize size = fontMetrics().size(Qt::TextSingleLine, text);
+        const int room = std::max(1, width() - 2 * (kMargin + kPadding));
+        QSize size =
+            fontMetrics().boundingRect(QRect(0, 0, room, height()), kWrapped, text).size();
         size = QSize(size.width() + 2 * kPadding, size.height() + kPadding / 2);
         const QRect tag(
             QPoint(width() - size.width() - kMargin, height() - size.height() - kMargin), size);
@@ -68,10 +71,10 @@ protected:
         back.setAlpha(kOpacity);
         painter.setBrush(back);
         painter.setPen(palette().color(QPalette::Mid));
-        const double round = size.height() / 2.0;
+        const double round = (fontMetrics().height() + kPadding / 2) / 2.0;
         painter.drawRoundedRect(QRectF(tag).adjusted(0.5, 0.5, -0.5, -0.5), round, round);
         painter.setPen(palette().color(QPalette::ToolTipText));
-        painter.drawText(tag, Qt::AlignCenter, text);
+        painter.drawText(tag.adjusted(kPadding, 0, -kPadding, 0), kWrapped, text);
     }
 
 private:
