@@ -62,8 +62,7 @@ protected:
         QPainter painter(this);
         painter.setRenderHint(QPainter::Antialiasing);
         const int room = std::max(1, width() - 2 * (kMargin + kPadding));
-        QSize size =
-            fontMetrics().boundingRect(QRect(0, 0, room, height()), kWrapped, text).size();
+        QSize size = fontMetrics().boundingRect(QRect(0, 0, room, height()), kWrapped, text).size();
         size = QSize(size.width() + 2 * kPadding, size.height() + kPadding / 2);
         const QRect tag(
             QPoint(width() - size.width() - kMargin, height() - size.height() - kMargin), size);

@@ -7,6 +7,7 @@
 #include <QFile>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QMenu>
 #include <QPushButton>
 #include <QTimer>
 #include <QToolButton>
@@ -103,6 +104,19 @@ protected:
             QString::fromLatin1(name).section(u':', -1));
     }
 
+    /// The editor of actions leaves the menu of its button behind.
+    struct TLeftMenus
+    {
+        ~TLeftMenus()
+        {
+            for (QWidget *each : QApplication::topLevelWidgets()) {
+                if (qobject_cast<QMenu *>(each) != nullptr && each->parent() == nullptr) {
+                    delete each;
+                }
+            }
+        }
+    };
+    TLeftMenus m_menus; // goes last
     std::unique_ptr<QDesignerFormEditorInterface> m_designer;
     QWidget m_window;
     static inline QtMessageHandler s_handler = nullptr;
