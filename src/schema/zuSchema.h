@@ -62,8 +62,9 @@ public:
     /// Shows the column scroller, or not.
     virtual void ShowColumnScroller(bool show) = 0;
 
-    /// Whether selection and focus are marked; a print leaves them out.
-    virtual bool ShowsMarks() const { return true; }
+    /// Whether the schedule is drawn for the screen. A print leaves out the marks of selection and
+    /// focus, and widens no columns.
+    virtual bool DrawsForScreen() const { return true; }
 
     /// Another time is the active one, or none.
     virtual void ActiveTimeChanged() {}
@@ -82,6 +83,8 @@ class KORVANE_CORE_API TSchemaCore : public TObject
 public:
     /// Times, observed.
     using TTimes = TSchemaTimeIndex::TTimes;
+    /// No time is drawn shorter along the axis, in pixels.
+    static constexpr int kLeastTimeLength = 5;
 
     /// `component` is what event handlers receive as the schedule; it may be null.
     TSchemaCore(ISchemaHost &host, TzuSchema_ComBasic *component);
@@ -124,6 +127,15 @@ public:
     /// The time that has the focus; null for none. A time of another schedule counts as none.
     TzuDataEntity_SchemaTime *GetActiveDataEntity() const { return m_active; }
     void SetActiveDataEntity(TzuDataEntity_SchemaTime *time);
+
+    /// Factories of lists and entities, for applications that add to what times and columns hold.
+    virtual std::unique_ptr<TzuDataList_Schema> CreateDataList();
+    virtual std::unique_ptr<TDataListColumns> CreateColumnsCollection();
+    virtual std::unique_ptr<TzuDataList2lev> Create2LevList();
+    virtual EntityClass ClassOfDataEntity_SchemaTime() const;
+    virtual EntityClass ClassOfDataEntity_SchemaColumn() const;
+    /// Answers whether a time can be edited: yes, unless the handler says otherwise.
+    virtual void _OnBeforeCanEditItem(TzuDataEntity *item);
 
     /// The number of the time's column, and start and stop relative to that column's base date; 0
     /// where there is no such column.
@@ -185,9 +197,16 @@ public:
     bool CollisionDetectBetweenDataList() const { return m_collisionBetweenLists; }
     void SetCollisionDetectBetweenDataList(bool on);
     /// Least width of a sub-column, in pixels: a column with more of them is widened as far as that
-    /// needs, once they have been worked out. 0, the default, leaves columns alone.
+    /// needs and as it can be seen whole, once they have been worked out. 0, the default, leaves
+    /// columns alone.
     int LeastSubColWidth() const { return m_leastSubColWidth; }
     void SetLeastSubColWidth(int pixels);
+    /// Least extent of a time along the axis, in pixels, wherever it is drawn, looked for or
+    /// dragged; kLeastTimeLength, the default, or more. What is more, so that a caption has room,
+    /// counts for the sub-columns: times that touch each other there do not share one, and the stop
+    /// of a time that is stretched is where it is drawn.
+    int LeastTimeLength() const { return m_leastTimeLength; }
+    void SetLeastTimeLength(int pixels);
 
     /// What the user and the application have chosen; setting lays the parts out at once.
     const TSchemaPartSizes &PartSizes() const { return m_partSizes; }
@@ -231,7 +250,7 @@ public:
     /// Pixels of a time across its column, or its sub-column. The column is there.
     TPixelSpan HeaderPixelsFromStartStopFromDataEntity(bool flip,
                                                        const TzuDataEntity_SchemaTime &time) const;
-    /// Pixels of a time along the axis; long enough to be drawn 5 pixels long.
+    /// Pixels of a time along the axis; long enough to be drawn as long as LeastTimeLength.
     TPixelSpan ScalerPixelsFromStartStopFromDataEntity(bool flip,
                                                        const TzuDataEntity_SchemaTime &time) const;
     /// The same for any times, relative to a base date.
@@ -294,13 +313,15 @@ public:
     // Sub-columns of the columns in view are worked out in the background, those of another column
     // when it is first drawn, looked at or asked for. Changes of times and columns see to that;
     // what OnIsVisible and overrides of IsVisible go by is to be announced by UpdateSubColumns.
-    // A time without length takes its sub-column for as long as it is drawn, OnGetDrawingRect
-    // included.
+    // A time without length, and with a LeastTimeLength of its own every short one, takes its
+    // sub-column for as long as it is drawn, OnGetDrawingRect included.
 
     /// Has the sub-columns of all columns worked out soon.
     void UpdateSubColumns();
     /// Works them out at once.
     void UpdateSubColumnsNow();
+    /// Has them worked out anew when they are next used: for prints, whose axis is another one.
+    void ForgetSubColumns();
     /// Called before a sub-column of the column is used.
     void SubColumnsNeeded(int col);
     /// The scaler shows another time.
@@ -359,19 +380,12 @@ public:
     TPublished<TSchemaNotify> OnScalerChange;
 
 protected:
-    /// Creates lists and controllers through the factories. Called once, from the most derived
+    /// Creates lists and controllers through their factories. Called once, from the most derived
     /// constructor that lets its class' factories take part.
     void InitializeData();
     /// Releases times and columns. Called from the destructor of the class whose parts the handlers
     /// use.
     void FinalizeData();
-
-    /// Factories of InitializeData, and of AddDataList.
-    virtual std::unique_ptr<TzuDataList_Schema> CreateDataList();
-    virtual std::unique_ptr<TDataListColumns> CreateColumnsCollection();
-    virtual std::unique_ptr<TzuDataList2lev> Create2LevList();
-    virtual EntityClass ClassOfDataEntity_SchemaTime() const;
-    virtual EntityClass ClassOfDataEntity_SchemaColumn() const;
 
     /// What the lists tell: each asks for a repaint and fires its event.
     virtual void _OnInsertItem(TzuDataEntity *item);
@@ -379,7 +393,6 @@ protected:
     virtual void _OnContentChanged(TzuDataList *list);
     virtual void _OnInfoPush(TzuDataEntity *item);
     virtual void _OnSelectionChanged(TzuDataList *list, TzuDataEntity *item);
-    virtual void _OnBeforeCanEditItem(TzuDataEntity *item);
     virtual void _OnBeforeCanEditItem_Column(TzuDataEntity *item);
 
     /// Whether the time is in a list of a schedule; false for null.
@@ -403,6 +416,8 @@ protected:
     TTimes TimesOfColumns(int first, int last, TDateTime from, TDateTime to);
     /// Those that a rectangle touches, which may reach beyond the area.
     TTimes TimesReached(const TRect &rect);
+    /// Whether a LeastTimeLength beyond the usual one makes the time longer than it is.
+    bool IsDrawnLonger(const TzuDataEntity_SchemaTime &time) const;
     /// Where a time lies, also in a column that is scrolled away. It is in a column.
     TRect VirtualRect(const TzuDataEntity_SchemaTime &time) const
     {
@@ -486,6 +501,7 @@ private:
     int m_newScalerWidth = 0;
     int m_newScalerHeight = 0;
     int m_leastSubColWidth = 0;
+    int m_leastTimeLength = kLeastTimeLength;
     TColor m_color = clGreen;
     TColor m_pyjamasColor = clOlive;
     TBrush m_pyjamas; ///< of every other column on screen

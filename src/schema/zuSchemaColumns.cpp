@@ -167,6 +167,7 @@ void TDataListColumns::SetTopLeftCol(int first)
             return true;
         }();
         if (asSaved) {
+            m_resizeCol = first;
             return;
         }
     }

@@ -13,8 +13,6 @@ namespace korvane {
 
 namespace {
 
-/// Times are drawn at least as long.
-constexpr int kLeastTimeLength = 5;
 /// More than rounding makes of times relative to a base date.
 constexpr TDateTime kTimeSlack = 1e-6;
 
@@ -65,7 +63,7 @@ TPixelSpan TSchemaCore::TimePixels(bool flip, TDateTime start, TDateTime stop) c
 {
     const TDateScalerCore &scaler = m_host.Scaler();
     // In the flipped view the rectangle begins a pixel later.
-    const int least = flip ? kLeastTimeLength + 1 : kLeastTimeLength;
+    const int least = flip ? m_leastTimeLength + 1 : m_leastTimeLength;
     const std::int64_t from = scaler.DateToPixel(start);
     const std::int64_t to = scaler.DateToPixel(stop);
     return {Saturated(from), Saturated(to - from < least ? from + least : to)};
@@ -77,6 +75,16 @@ TSchemaCore::ScalerPixelsFromStartStopFromDataEntity(bool flip,
 {
     const TPlace place = GetStartStopDateAndCol(time);
     return TimePixels(flip, place.Start, place.Stop);
+}
+
+bool TSchemaCore::IsDrawnLonger(const TzuDataEntity_SchemaTime &time) const
+{
+    if (m_leastTimeLength <= kLeastTimeLength) {
+        return false;
+    }
+    const TPlace place = GetStartStopDateAndCol(time);
+    return TimePixels(m_flipView, place.Start, place.Stop).To
+           > m_host.Scaler().DateToPixel(place.Stop);
 }
 
 TRect TSchemaCore::RectOf(bool flip, TPixelSpan column, TPixelSpan time) const
@@ -258,7 +266,7 @@ TSchemaCore::TVisibleTime TSchemaCore::NarrowedTo(TPixelSpan pixels,
                                                   const TVisibleTime &visible) const
 {
     const TDateScalerCore &scaler = m_host.Scaler();
-    const int before = pixels.From - kLeastTimeLength - 1;
+    const int before = pixels.From - m_leastTimeLength - 1;
     const TDateTime from = scaler.PixelToDate(before - 2);
     const TDateTime to = scaler.PixelToDate(pixels.To + 2);
     // Where time is hidden, pixels and dates do not go together between the marks.
@@ -307,8 +315,8 @@ TSchemaCore::TTimes TSchemaCore::TimesReached(const TRect &rect)
     const TDateScalerCore &scaler = m_host.Scaler();
     TTimes times = TimesOfColumns(m_columns->VirtualColumnAt(m_flipView, across.From) - 1,
                                   m_columns->VirtualColumnAt(m_flipView, across.To),
-                                  scaler.PixelToDate(along.From - 2 * kLeastTimeLength),
-                                  scaler.PixelToDate(along.To + kLeastTimeLength));
+                                  scaler.PixelToDate(along.From - 2 * m_leastTimeLength),
+                                  scaler.PixelToDate(along.To + m_leastTimeLength));
     std::erase_if(times, [&](auto *time) { return !VirtualRect(*time).Intersects(rect); });
     return times;
 }

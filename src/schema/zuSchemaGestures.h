@@ -55,6 +55,11 @@ public:
     void SetStartSnap(TDateTime step) { m_startSnap = step; }
     TDateTime LengthSnap() const { return m_lengthSnap; }
     void SetLengthSnap(TDateTime step) { m_lengthSnap = step; }
+    /// Whether only what has moved is rounded: a move keeps the length, a stretch of the stop
+    /// rounds this to LengthSnap counted from its midnight, and one of the start leaves the stop
+    /// alone. False by default: start and length are rounded, whatever has moved.
+    bool SnapMovedEndsOnly() const { return m_snapMovedEndsOnly; }
+    void SetSnapMovedEndsOnly(bool on) { m_snapMovedEndsOnly = on; }
     /// Whether a move to a column with another base date moves by the difference of the dates;
     /// false by default.
     bool MoveInTimeWhenColSwitch() const { return m_moveInTimeWhenColSwitch; }
@@ -198,6 +203,8 @@ private:
     TPlace Moved(const TzuDataEntity_SchemaTime &time, TPoint offset) const;
     TPlace Grown(const TzuDataEntity_SchemaTime &time, TSchemaEnd end, TDateTime diff) const;
     TPlace GrownByPixels(const TzuDataEntity_SchemaTime &time, TSchemaEnd end, int pixels) const;
+    void SnapMoved(const TzuDataEntity_SchemaTime &time, const TPlace &place, TDateTime &start,
+                   TDateTime &length) const;
     TStored Stored(const TzuDataEntity_SchemaTime &time, const TPlace &place, bool copy) const;
     TStored Outcome(const TzuDataEntity_SchemaTime &time) const;
     TRect OutlineOf(const TzuDataEntity_SchemaTime &time, const TStored &stored) const;
@@ -232,6 +239,7 @@ private:
     bool m_settingTimes = false;
     bool m_startSnapOn = true;
     bool m_lengthSnapOn = true;
+    bool m_snapMovedEndsOnly = false;
     bool m_moveInTimeWhenColSwitch = false;
     bool m_startDragOutside = false;
     bool m_showBig = true;

@@ -19,6 +19,18 @@ TDateTime ToGrid(TDateTime value, TDateTime step)
     return step > 0 ? std::nearbyint(value / step) * step : value;
 }
 
+TDateTime ToGridOfDay(TDateTime date, TDateTime step)
+{
+    const TDateTime midnight = DateOf(date);
+    return midnight + ToGrid(date - midnight, step);
+}
+
+bool IsSame(TDateTime a, TDateTime b)
+{
+    constexpr TDateTime kRounding = 1e-9; // what sums of dates and base dates lose
+    return std::abs(a - b) < kRounding;
+}
+
 } // namespace
 
 void TSchemaGestures::Snap(TDateTime &start, TDateTime &length) const
@@ -27,8 +39,25 @@ void TSchemaGestures::Snap(TDateTime &start, TDateTime &length) const
         length = ToGrid(length, m_lengthSnap);
     }
     if (m_startSnapOn) {
-        const TDateTime midnight = DateOf(start);
-        start = midnight + ToGrid(start - midnight, m_startSnap);
+        start = ToGridOfDay(start, m_startSnap);
+    }
+}
+
+/// Rounds what another place changes of a time; `start` and `length` are absolute, to be stored.
+void TSchemaGestures::SnapMoved(const TzuDataEntity_SchemaTime &time, const TPlace &place,
+                                TDateTime &start, TDateTime &length) const
+{
+    const TPlace former = GetStartStopDateAndCol(time);
+    const TDateTime stop = start + length;
+    if (IsSame(length, former.Stop - former.Start)) {
+        start = m_startSnapOn ? ToGridOfDay(start, m_startSnap) : start;
+    } else if (IsSame(place.Stop, former.Stop)) {
+        start = m_startSnapOn ? std::min(ToGridOfDay(start, m_startSnap), stop) : start;
+        length = stop - start;
+    } else if (IsSame(place.Start, former.Start)) {
+        length = m_lengthSnapOn ? std::max(ToGridOfDay(stop, m_lengthSnap) - start, 0.0) : length;
+    } else {
+        Snap(start, length);
     }
 }
 
@@ -80,7 +109,15 @@ TSchemaCore::TPlace TSchemaGestures::GrownByPixels(const TzuDataEntity_SchemaTim
                                                    TSchemaEnd end, int pixels) const
 {
     const TPixelSpan along = ScalerPixelsFromStartStopFromDataEntity(FlipView(), time);
-    return Grown(time, end, TimeShift(end == TSchemaEnd::Start ? along.From : along.To, pixels));
+    if (end == TSchemaEnd::Start) {
+        return Grown(time, end, TimeShift(along.From, pixels));
+    }
+    if (!IsDrawnLonger(time)) {
+        return Grown(time, end, TimeShift(along.To, pixels));
+    }
+    // The end that is seen goes with the mouse.
+    const int own = Host().Scaler().DateToPixel(GetStartStopDateAndCol(time).Stop);
+    return Grown(time, end, TimeShift(own, along.To - own + pixels));
 }
 
 /// What is stored for a place. The column is clamped into those that there are.
@@ -94,7 +131,11 @@ TSchemaGestures::TStored TSchemaGestures::Stored(const TzuDataEntity_SchemaTime 
     const TDateTime base = Columns().GetCol(col).BaseDate;
     TDateTime start = place.Start + base;
     TDateTime length = place.Stop - place.Start;
-    Snap(start, length);
+    if (m_snapMovedEndsOnly) {
+        SnapMoved(time, place, start, length);
+    } else {
+        Snap(start, length);
+    }
     return {start, start + length, col};
 }
 

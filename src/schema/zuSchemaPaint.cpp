@@ -150,7 +150,7 @@ void TSchemaCore::DrawContent(TzuDataEntity_SchemaTime &time, const TRect &rect,
     } else {
         DefaultDrawContent(time, rect, canvas);
     }
-    if (!m_host.ShowsMarks()) {
+    if (!m_host.DrawsForScreen()) {
         return;
     }
     const TRect safe = GStuff::W95Safe(rect, canvas);

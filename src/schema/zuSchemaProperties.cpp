@@ -100,6 +100,15 @@ void TSchemaCore::SetLeastSubColWidth(int pixels)
     }
 }
 
+void TSchemaCore::SetLeastTimeLength(int pixels)
+{
+    pixels = std::max(pixels, kLeastTimeLength);
+    if (std::exchange(m_leastTimeLength, pixels) != pixels) {
+        m_host.InvalidateArea();
+        UpdateSubColumns();
+    }
+}
+
 // --- parts ---------------------------------------------------------------------------------------
 
 void TSchemaCore::SetPartSizes(const TSchemaPartSizes &sizes)

@@ -106,11 +106,18 @@ void TSchemaCore::UpdateSubColumns_Perform()
 
 void TSchemaCore::UpdateSubColumnsNow()
 {
+    ForgetSubColumns();
+    if (HasData()) {
+        WorkOutSubCols({0, m_columns->Count()});
+    }
+}
+
+void TSchemaCore::ForgetSubColumns()
+{
     if (m_collisionDetect && HasData()) {
         StopSeparation();
         m_subColsDue.AllChanged();
         m_subColsDue.AcceptRequest();
-        WorkOutSubCols({0, m_columns->Count()});
     }
 }
 
@@ -160,11 +167,13 @@ void TSchemaCore::FillHolders(const TColumnNumbers &columns, TDistinctTimeHolder
     }
 }
 
+/// Until when the time takes its sub-column.
 TDateTime TSchemaCore::LaneStop(TzuDataEntity_SchemaTime &time) const
 {
     const TDateTime start = time.GetStartDateTime();
-    if (time.GetStopDateTime() > start || !IsInColumn(time)) {
-        return time.GetStopDateTime();
+    const TDateTime stop = time.GetStopDateTime();
+    if (!IsInColumn(time) || (stop > start && !IsDrawnLonger(time))) {
+        return stop;
     }
     const TPixelSpan drawn = ScalerPixelsFromStartStopFromDataEntity(m_flipView, time);
     TRect rect = RectOf(m_flipView, m_columns->VirtualSpan(m_flipView, time.Col()), drawn);
@@ -222,14 +231,14 @@ void TSchemaCore::WidenColumns()
 
 void TSchemaCore::WidenColumns(const TColumnNumbers &columns)
 {
-    if (m_leastSubColWidth <= 0) {
+    if (m_leastSubColWidth <= 0 || !m_host.DrawsForScreen()) {
         return;
     }
     bool hasWidened = false;
     m_columns->BeginUpdate();
     for (const int col : columns) {
         const int count = m_columns->GetCol(col).KnownSubColCount();
-        const int needed = count * m_leastSubColWidth;
+        const int needed = std::min(count * m_leastSubColWidth, ColumnRoom());
         if (count > 1 && m_columns->GetCol(col).Saved_FW(m_flipView) < needed) {
             m_columns->SetColumnSize(m_flipView, col, needed);
             hasWidened = true;

@@ -31,19 +31,24 @@ class TSchemaPage : public ISchemaPrintView
 public:
     TSchemaPage(TzuSchemaPrinting &printing, const TPrintPage &page);
 
-    TzuDateScaler &Axis() override { return m_axis; }
+    TzuDateScaler &Axis() override { return *m_usedAxis; }
     TzuOffscreenPaint &Area() override { return m_area; }
     /// Draws axis and area; the room's upper left corner is the origin.
     void Paint(QPainter &painter);
 
 private:
+    void WorkOutSubColumns();
     void PaintAxis(QPainter &painter);
     void PaintColumns(QPainter &painter, int first, int last);
+    void PaintTimes(QPainter &painter, double begin, int across);
+    void PaintBand(QPainter &painter, double begin, int across);
 
     TzuSchemaPrinting &m_printing;
     const TPrintPage m_page;
     TzuDateScaler m_axis;
     TzuOffscreenPaint m_area;
+    TzuOffscreenPaint m_band;
+    TzuDateScaler *m_usedAxis = &m_axis;
     QRectF m_body; ///< of the page
 };
 
@@ -55,6 +60,7 @@ TSchemaPage::TSchemaPage(TzuSchemaPrinting &printing, const TPrintPage &page)
 {
     UsePaper(m_axis);
     UsePaper(m_area);
+    UsePaper(m_band);
     SetUpPageAxis(m_axis, *printing.m_axis, printing.TimeSpan(page), printing.AxisThickness());
     TzuSchema_ComBasic &schema = printing.m_schema;
     m_axis.OnPrintResizeFont = schema.SchemaArea().OnPrintResizeFont;
@@ -70,6 +76,7 @@ void TSchemaPage::Paint(QPainter &painter)
     const bool paper = !m_printing.PrintsBackground();
     const auto restore = qScopeGuard([&] {
         schema.SetPrintView(nullptr);
+        schema.ForgetSubColumns();
         if (paper) {
             schema.SetSchemaPyjamasColor(stripes);
             schema.SetSchemaColor(back);
@@ -80,6 +87,7 @@ void TSchemaPage::Paint(QPainter &painter)
         schema.SetSchemaColor(clWindow);
     }
     schema.SetPrintView(this);
+    WorkOutSubColumns();
     PaintAxis(painter);
     // Columns that follow each other in the schedule as well are drawn at once.
     const TPageSpan &span = m_printing.ColumnSpan(m_page);
@@ -93,6 +101,20 @@ void TSchemaPage::Paint(QPainter &painter)
         }
         PaintColumns(painter, first, last);
         first = last + 1;
+    }
+}
+
+/// Of all the printed time, so that a time stands in the same one on every page.
+void TSchemaPage::WorkOutSubColumns()
+{
+    TzuSchema_ComBasic &schema = m_printing.m_schema;
+    const auto restore = qScopeGuard([this] { m_usedAxis = &m_axis; });
+    m_usedAxis = m_printing.m_axis.get();
+    schema.ForgetSubColumns();
+    const TPageSpan &span = m_printing.ColumnSpan(m_page);
+    const TPrintRows &columns = *m_printing.m_columnAxis;
+    for (int row = columns.RowAt(span.From); row < columns.RowFrom(span.To); ++row) {
+        schema.SubColumnsNeeded(m_printing.m_columns[static_cast<std::size_t>(row)]);
     }
 }
 
@@ -111,10 +133,21 @@ void TSchemaPage::PaintAxis(QPainter &painter)
 /// Printed columns, by their numbers among these.
 void TSchemaPage::PaintColumns(QPainter &painter, int first, int last)
 {
-    const bool flipped = m_printing.IsFlipped();
     const TPrintRows &columns = *m_printing.m_columnAxis;
     const int across = columns.TopOf(last + 1) - columns.TopOf(first);
     const double begin = columns.TopOf(first) - m_printing.ColumnSpan(m_page).From;
+    const TDataListColumns::TPrintScroll scroll(
+        m_printing.m_schema.Columns(), m_printing.m_columns[static_cast<std::size_t>(first)]);
+    PaintTimes(painter, begin, across);
+    if (m_printing.m_bandThickness > 0) {
+        PaintBand(painter, begin, across);
+    }
+}
+
+/// Of columns that begin so far from the body's edge and are so large together.
+void TSchemaPage::PaintTimes(QPainter &painter, double begin, int across)
+{
+    const bool flipped = m_printing.IsFlipped();
     const QSizeF size = flipped ? QSizeF(m_body.width(), across) : QSizeF(across, m_body.height());
     const QPointF at = m_body.topLeft() + (flipped ? QPointF(0, begin) : QPointF(begin, 0));
     m_area.resize(size.toSize());
@@ -123,13 +156,32 @@ void TSchemaPage::PaintColumns(QPainter &painter, int first, int last)
             FromQt(OwnTexts(m_body, m_page).translated(-at).toAlignedRect()));
         m_printing.m_schema.SchemaPaint();
     };
-    const TDataListColumns::TPrintScroll scroll(
-        m_printing.m_schema.Columns(), m_printing.m_columns[static_cast<std::size_t>(first)]);
     painter.save();
     const auto restore = qScopeGuard([&] { painter.restore(); });
     painter.setClipRect(m_body, Qt::IntersectClip);
     painter.translate(at);
     m_area.Print(painter, 0, 0, 1, 1);
+}
+
+void TSchemaPage::PaintBand(QPainter &painter, double begin, int across)
+{
+    const bool flipped = m_printing.IsFlipped();
+    const int thickness = m_printing.m_bandThickness;
+    const QRectF band =
+        flipped ? QRectF(m_body.left() - thickness, m_body.top(), thickness, m_body.height())
+                : QRectF(m_body.left(), m_body.top() - thickness, m_body.width(), thickness);
+    const QPointF at = band.topLeft() + (flipped ? QPointF(0, begin) : QPointF(begin, 0));
+    m_band.resize(flipped ? thickness : across, flipped ? across : thickness);
+    m_band.OnPaint = [&](TzuOffscreenPaint *paper) {
+        TPainterCanvas &canvas = paper->GetOffscreenCanvas();
+        canvas.SetTextPage(FromQt(OwnTexts(band, m_page).translated(-at).toAlignedRect()));
+        m_printing.PaintBand(canvas, {paper->Width(), paper->Height()});
+    };
+    painter.save();
+    const auto restore = qScopeGuard([&] { painter.restore(); });
+    painter.setClipRect(band, Qt::IntersectClip);
+    painter.translate(at);
+    m_band.Print(painter, 0, 0, 1, 1);
 }
 
 TzuSchemaPrinting::TzuSchemaPrinting(TzuSchema_ComBasic &schema)
@@ -161,12 +213,12 @@ int TzuSchemaPrinting::AxisThickness() const
 
 int TzuSchemaPrinting::LabelWidth() const
 {
-    return IsFlipped() ? m_captionRoom : AxisThickness();
+    return IsFlipped() ? m_captionRoom + m_bandThickness : AxisThickness();
 }
 
 int TzuSchemaPrinting::HeadHeight() const
 {
-    return IsFlipped() ? AxisThickness() : m_captionRoom;
+    return IsFlipped() ? AxisThickness() : m_captionRoom + m_bandThickness;
 }
 
 TPrintLayout TzuSchemaPrinting::LayOutContent(const TPrintRoom &room, const TPrintScaling &scaling)
@@ -214,6 +266,7 @@ void TzuSchemaPrinting::CollectColumns()
     m_captionRoom =
         flipped ? std::min(static_cast<int>(std::ceil(widest)) + 2 * kPrintPadding, kWidestCaption)
                 : static_cast<int>(std::ceil(metrics.height())) + 2 * kPrintPadding;
+    m_bandThickness = BandThickness();
 }
 
 std::vector<bool> TzuSchemaPrinting::SelectedColumns() const
@@ -260,16 +313,22 @@ void TzuSchemaPrinting::PaintCaptions(QPainter &painter, const TPrintPage &page)
     const double length = span.To - span.From;
     painter.save();
     const auto restore = qScopeGuard([&] { painter.restore(); });
-    painter.setClipRect(flipped ? QRectF(0, HeadHeight(), LabelWidth(), length)
-                                : QRectF(LabelWidth(), 0, length, HeadHeight()),
-                        Qt::IntersectClip);
     painter.setFont(CaptionFont(m_schema));
+    if (m_bandThickness > 0) {
+        PaintHeadCell(painter,
+                      flipped ? QRectF(m_captionRoom, 0, m_bandThickness, HeadHeight())
+                              : QRectF(0, m_captionRoom, LabelWidth(), m_bandThickness),
+                      BandCaption(), Qt::AlignCenter);
+    }
+    painter.setClipRect(flipped ? QRectF(0, HeadHeight(), m_captionRoom, length)
+                                : QRectF(LabelWidth(), 0, length, m_captionRoom),
+                        Qt::IntersectClip);
     const int after = m_columnAxis->RowFrom(span.To);
     for (int row = m_columnAxis->RowAt(span.From); row < after; ++row) {
         const double at = m_columnAxis->TopOf(row) - span.From;
         const double size = m_columnAxis->SizeOf(row);
-        const QRectF cell = flipped ? QRectF(0, HeadHeight() + at, LabelWidth(), size)
-                                    : QRectF(LabelWidth() + at, 0, size, HeadHeight());
+        const QRectF cell = flipped ? QRectF(0, HeadHeight() + at, m_captionRoom, size)
+                                    : QRectF(LabelWidth() + at, 0, size, m_captionRoom);
         const int column = m_columns[static_cast<std::size_t>(row)];
         PaintHeadCell(painter, cell, ToQt(m_schema.Columns().HeaderFromColumn(column)),
                       flipped ? Qt::AlignLeft | Qt::AlignVCenter : Qt::AlignCenter);

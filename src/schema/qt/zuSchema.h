@@ -30,6 +30,7 @@ class KORVANE_WIDGETS_API TzuSchema : public TzuSchema_ComBasic
                    SetCollisionDetectBetweenDataList)
     Q_PROPERTY(bool CollisionDetect READ CollisionDetect WRITE SetCollisionDetect)
     Q_PROPERTY(int LeastSubColWidth READ LeastSubColWidth WRITE SetLeastSubColWidth)
+    Q_PROPERTY(int LeastTimeLength READ LeastTimeLength WRITE SetLeastTimeLength)
     Q_PROPERTY(bool ResizeAllCol READ ResizeAllCol WRITE SetResizeAllCol)
     Q_PROPERTY(
         ScrollVisibilityKind ScrollVisibility READ ScrollVisibility WRITE SetScrollVisibilityKind)
@@ -44,6 +45,7 @@ class KORVANE_WIDGETS_API TzuSchema : public TzuSchema_ComBasic
     Q_PROPERTY(bool LengthSnapONOFF READ LengthSnapONOFF WRITE SetLengthSnapONOFF)
     Q_PROPERTY(double StartSnap READ StartSnap WRITE SetStartSnap)
     Q_PROPERTY(double LengthSnap READ LengthSnap WRITE SetLengthSnap)
+    Q_PROPERTY(bool SnapMovedEndsOnly READ SnapMovedEndsOnly WRITE SetSnapMovedEndsOnly)
     Q_PROPERTY(bool ShowBigONOFF READ ShowBigONOFF WRITE SetShowBigONOFF)
     Q_PROPERTY(
         bool MoveInTimeWhenColSwitch READ MoveInTimeWhenColSwitch WRITE SetMoveInTimeWhenColSwitch)

@@ -180,7 +180,7 @@ private:
     bool AreaIsPrinting() const override { return DrawnArea().GetIsPrinting(); }
     bool AreaHasFocus() const override;
     void PrintResizeAreaFont() override { DrawnArea().PrintResizeFont(); }
-    bool ShowsMarks() const override { return m_printView == nullptr; }
+    bool DrawsForScreen() const override { return m_printView == nullptr; }
     TFont ComponentFont() const override;
     TSize ComponentSize() const override { return {width(), height()}; }
     void PlaceParts() override;
