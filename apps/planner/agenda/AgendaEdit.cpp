@@ -1,6 +1,7 @@
 #include "agenda/AgendaEdit.h"
 
 #include "agenda/AgendaRule.h"
+#include "agenda/SeriesMove.h"
 #include "plan/PlannerText.h"
 
 #include <QUuid>
@@ -10,64 +11,6 @@
 namespace korvane::planner {
 
 namespace {
-
-/// Moves what a series names along with its start.
-class SeriesMove
-{
-public:
-    SeriesMove(const Agenda &agenda, const AgendaTime &from, const AgendaTime &to)
-        : m_agenda(agenda)
-        , m_from(from)
-        , m_to(to)
-    {
-    }
-
-    AgendaTime Moved(const AgendaTime &time) const
-    {
-        AgendaTime moved = time;
-        if (m_from.IsDate != m_to.IsDate) {
-            const AgendaSeconds day = DayOf(WallOf(m_agenda, time, m_from)) - DayOf(m_from.Wall);
-            moved = m_to;
-            moved.Wall += day * kSecondsPerDay;
-        } else if (time.IsDate || m_from.IsDate) {
-            moved.Wall += (DayOf(m_to.Wall) - DayOf(m_from.Wall)) * kSecondsPerDay;
-        } else if (time.Zone == m_from.Zone || time.Zone == kFloating || m_from.Zone == kFloating) {
-            moved.Wall += m_to.Wall - m_from.Wall;
-        } else {
-            const AgendaSeconds wall = WallOf(m_agenda, time, m_from) + m_to.Wall - m_from.Wall;
-            moved.Wall =
-                m_agenda.Zones->ToWall(m_agenda.Zones->ToUtc(wall, m_from.Zone), time.Zone);
-        }
-        return moved;
-    }
-
-    std::variant<std::shared_ptr<const AgendaSeries>, QString>
-    Moved(const AgendaSeries &series) const
-    {
-        auto moved = std::make_shared<AgendaSeries>(series);
-        for (std::vector<QByteArray> *rules : {&moved->Rules, &moved->ExceptRules}) {
-            for (QByteArray &rule : *rules) {
-                auto text = MovedRule(m_agenda, rule, m_from, m_to);
-                if (auto *reason = std::get_if<QString>(&text)) {
-                    return *reason;
-                }
-                rule = std::get<QByteArray>(text);
-            }
-        }
-        for (AgendaTime &time : moved->ExceptDates) {
-            time = Moved(time);
-        }
-        for (AgendaExtraDate &date : moved->ExtraDates) {
-            date.Start = Moved(date.Start);
-        }
-        return std::shared_ptr<const AgendaSeries>(std::move(moved));
-    }
-
-private:
-    const Agenda &m_agenda;
-    AgendaTime m_from;
-    AgendaTime m_to;
-};
 
 AgendaTime MovedStart(const AgendaTime &start, AgendaSeconds wall, const AgendaChange &change)
 {

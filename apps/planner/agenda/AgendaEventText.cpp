@@ -200,29 +200,9 @@ public:
         }
     }
 
-    QByteArray Result()
-    {
-        // What is inserted before a line comes before what the line becomes.
-        std::ranges::stable_sort(m_changes, {}, [](const Change &change) {
-            return std::pair(change.Begin, change.End);
-        });
-        QByteArray result;
-        qsizetype at = 0;
-        for (const Change &change : m_changes) {
-            result += m_text.mid(at, change.Begin - at) + change.Text;
-            at = change.End;
-        }
-        return result + m_text.mid(at);
-    }
+    QByteArray Result() const { return WithPieces(m_text, m_changes); }
 
 private:
-    struct Change
-    {
-        qsizetype Begin = 0;
-        qsizetype End = 0;
-        QByteArray Text;
-    };
-
     QByteArrayView Raw(const IcalLine &line) const
     {
         return QByteArrayView(m_text).sliced(line.Begin, line.End - line.Begin);
@@ -362,7 +342,7 @@ private:
     const AgendaEvent &m_former;
     std::vector<IcalLine> m_lines;
     QByteArray m_lineEnd;
-    std::vector<Change> m_changes;
+    std::vector<IcalPiece> m_changes;
 };
 
 } // namespace

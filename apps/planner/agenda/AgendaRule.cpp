@@ -82,27 +82,33 @@ int IndexOfDay(const QByteArray &day)
     return found != std::end(kDays) ? static_cast<int>(found - std::begin(kDays)) : -1;
 }
 
-/// "MO,WE" a number of days later. Nothing where a day is counted within a month, or where the move
-/// takes one of them into another week of a rule that leaves out weeks.
-std::optional<QByteArray> MovedDays(const RuleParts &rule, qint64 days)
+QByteArray DayAfter(int day, qint64 days)
+{
+    const auto place = ((day + days) % kDaysPerWeek + kDaysPerWeek) % kDaysPerWeek;
+    return kDays[place].toByteArray();
+}
+
+/// Moves "MO,WE" by a number of days. In a rule that leaves out weeks, these begin on another day
+/// then, if need be. False, and nothing is changed, where a day is counted within a month.
+bool MoveDays(RuleParts &rule, qint64 days)
 {
     const int first = std::max(0, IndexOfDay(rule.Has("WKST") ? rule.Value("WKST") : "MO"));
-    const bool skipsWeeks = rule.Has("INTERVAL") && rule.Value("INTERVAL").toInt() > 1
-                            && rule.Value("FREQ") == "WEEKLY";
+    bool isInOtherWeek = false;
     QByteArrayList moved;
     for (const QByteArray &day : rule.Value("BYDAY").split(',')) {
         const int index = IndexOfDay(day.trimmed().toUpper());
         if (index < 0) {
-            return std::nullopt;
+            return false;
         }
         const qint64 inWeek = (index - first + kDaysPerWeek) % kDaysPerWeek + days;
-        if (skipsWeeks && (inWeek < 0 || inWeek >= kDaysPerWeek)) {
-            return std::nullopt;
-        }
-        const auto place = ((index + days) % kDaysPerWeek + kDaysPerWeek) % kDaysPerWeek;
-        moved.append(kDays[place].toByteArray());
+        isInOtherWeek = isInOtherWeek || inWeek < 0 || inWeek >= kDaysPerWeek;
+        moved.append(DayAfter(index, days));
     }
-    return moved.join(',');
+    rule.Set("BYDAY", moved.join(','));
+    if (isInOtherWeek && rule.Value("INTERVAL").toInt() > 1 && rule.Value("FREQ") == "WEEKLY") {
+        rule.Set("WKST", DayAfter(first, days));
+    }
+    return true;
 }
 
 /// The moment of an UNTIL value by the wall clock of a start. Nothing where it cannot be read.
@@ -179,13 +185,19 @@ std::variant<QByteArray, QString> MovedRule(const Agenda &agenda, const QByteArr
         }
         if (parts.Has("BYDAY")) {
             const QByteArray frequency = parts.Value("FREQ").toUpper();
-            const auto moved = MovedDays(parts, days);
-            if (!moved || frequency == "MONTHLY" || frequency == "YEARLY") {
+            if (frequency == "MONTHLY" || frequency == "YEARLY" || !MoveDays(parts, days)) {
                 return named;
             }
-            parts.Set("BYDAY", *moved);
         }
     }
+    return RuleWithMovedEnd(agenda, parts.Text(), from, to);
+}
+
+QByteArray RuleWithMovedEnd(const Agenda &agenda, const QByteArray &rule, const AgendaTime &from,
+                            const AgendaTime &to)
+{
+    const auto lock = LockIcal();
+    RuleParts parts(rule);
     if (parts.Has("UNTIL")) {
         parts.Set("UNTIL", MovedUntil(agenda, parts.Value("UNTIL"), from, to));
     }

@@ -12,6 +12,10 @@ namespace korvane::planner {
 std::variant<QByteArray, QString> MovedRule(const Agenda &agenda, const QByteArray &rule,
                                             const AgendaTime &from, const AgendaTime &to);
 
+/// The rule with what it says of days and times as it is; only its last day moves.
+QByteArray RuleWithMovedEnd(const Agenda &agenda, const QByteArray &rule, const AgendaTime &from,
+                            const AgendaTime &to);
+
 /// The part of a rule that ends before an occurrence, given by the wall clock of its start; one
 /// that ends earlier on its own stays.
 QByteArray RuleBefore(const Agenda &agenda, const QByteArray &rule, const AgendaTime &start,

@@ -65,14 +65,7 @@ public:
                 m_pieces.push_back({EndMark(calendar), EndMark(calendar), m_arrivals[calendar]});
             }
         }
-        std::ranges::stable_sort(m_pieces, {}, &Piece::Begin);
-        QByteArray result;
-        qsizetype at = 0;
-        for (const Piece &piece : m_pieces) {
-            result += m_source.mid(at, piece.Begin - at) + piece.Text;
-            at = piece.End;
-        }
-        return result + m_source.mid(at);
+        return WithPieces(m_source, m_pieces);
     }
 
     /// A calendar of its own with copies of events, as CopyOccurrence makes them.
@@ -96,14 +89,6 @@ public:
     }
 
 private:
-    /// What stands in the place of a piece of the source.
-    struct Piece
-    {
-        qsizetype Begin = 0;
-        qsizetype End = 0;
-        QByteArray Text;
-    };
-
     QByteArray TextOf(const IcalComponent &part) const
     {
         return m_source.mid(part.Begin, part.End - part.Begin);
@@ -231,7 +216,7 @@ private:
     std::vector<std::vector<const AgendaEvent *>> m_copies;
     std::vector<QByteArray> m_arrivals; ///< by calendar
     std::set<std::pair<QByteArray, int>> m_brought;
-    std::vector<Piece> m_pieces;
+    std::vector<IcalPiece> m_pieces;
 };
 
 } // namespace

@@ -4,6 +4,9 @@
 #include "plan/PlanRefusal.h"
 #include "plan/PlannerText.h"
 
+#include <algorithm>
+#include <utility>
+
 namespace korvane::planner {
 
 namespace {
@@ -251,6 +254,19 @@ qsizetype ValueOf(const QByteArray &unfolded)
         }
     }
     return unfolded.size();
+}
+
+QByteArray WithPieces(const QByteArray &text, std::vector<IcalPiece> pieces)
+{
+    std::ranges::stable_sort(
+        pieces, {}, [](const IcalPiece &piece) { return std::pair(piece.Begin, piece.End); });
+    QByteArray result;
+    qsizetype at = 0;
+    for (const IcalPiece &piece : pieces) {
+        result += text.mid(at, piece.Begin - at) + piece.Text;
+        at = piece.End;
+    }
+    return result + text.mid(at);
 }
 
 } // namespace korvane::planner

@@ -36,6 +36,18 @@ struct IcalParts
     std::vector<IcalComponent> Components; ///< in the order of the file
 };
 
+/// What is to stand in the place of a piece of a text; an empty piece is a place between bytes.
+struct IcalPiece
+{
+    qsizetype Begin = 0; ///< bytes from the beginning of the text
+    qsizetype End = 0;
+    QByteArray Text;
+};
+
+/// The text with its pieces replaced, which do not overlap. What is inserted at a place, in the
+/// order given, comes before what the piece that begins there becomes.
+QByteArray WithPieces(const QByteArray &text, std::vector<IcalPiece> pieces);
+
 /// Finds the components. What stands outside the calendars and marks that do not match are remarked
 /// on. Throws PlanRefusal when there is no calendar or the text ends within one.
 IcalParts FindIcalParts(const QByteArray &text, PlanRemarks &remarks);

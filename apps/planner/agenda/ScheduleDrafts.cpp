@@ -1,6 +1,7 @@
 // Events of calendars that come from a form or from the clipboard.
 #include "agenda/IcalText.h"
 #include "agenda/SchedulePage.h"
+#include "agenda/SeriesMove.h"
 
 #include <QHash>
 
@@ -172,7 +173,6 @@ AgendaEdit AgendaPages::Pasted(const QByteArray &text, const Agenda &other,
     const QByteArrayList texts = EventTexts(text);
     QHash<QByteArray, QByteArray> uids;
     std::vector<AgendaEvent> events;
-    std::optional<qint64> firstDay;
     for (const AgendaEvent &its : other.Events) {
         if (!its.Start) {
             continue;
@@ -186,17 +186,22 @@ AgendaEdit AgendaPages::Pasted(const QByteArray &text, const Agenda &other,
         event.Uid = uid;
         event.Sequence = 0;
         event.Place = target.Place.value_or(event.Place);
-        if (event.Series == nullptr && !event.Override) {
+        events.push_back(std::move(event));
+    }
+    std::optional<qint64> firstDay;
+    for (AgendaEvent &event : events) {
+        const bool hasSeries = std::ranges::any_of(events, [&](const AgendaEvent &series) {
+            return series.Series != nullptr && IsOverrideOf(event, series);
+        });
+        if (!hasSeries) {
+            event.Override.reset();
             const qint64 day = DayOf(ShownWall(*event.Start));
             firstDay = std::min(firstDay.value_or(day), day);
         }
-        events.push_back(std::move(event));
     }
+    MoveByDays(m_agenda, events, DayOf(target.BaseDate) - firstDay.value_or(0));
     AgendaEdit edit;
     for (AgendaEvent &event : events) {
-        if (event.Series == nullptr && !event.Override) {
-            event.Start->Wall += (DayOf(target.BaseDate) - *firstDay) * kSecondsPerDay;
-        }
         edit.Append(m_agenda, std::move(event));
     }
     return edit;

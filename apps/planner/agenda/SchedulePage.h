@@ -106,8 +106,9 @@ public:
     AgendaEdit Added(const ScheduleDraft &draft) const;
     /// The edit that puts a copy of a block there.
     AgendaEdit Copied(const SchedulePage &page, const ScheduleMove &move) const;
-    /// The edit that adds the events of another agenda, the first one on a day, in its own
-    /// calendar, and at a place if one is given. Series stay on their days.
+    /// The edit that adds the events of another agenda, in a calendar, and at the column's place if
+    /// it has one. The first one comes to the column's day and the others as much later as they
+    /// were, series as MoveByDays has them.
     AgendaEdit Pasted(const QByteArray &text, const Agenda &other, const ScheduleColumn &target,
                       int calendar) const;
     /// The name of the zone by whose clock times are shown; empty for that of the system.
