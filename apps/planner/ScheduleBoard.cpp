@@ -221,10 +221,16 @@ void ScheduleBoard::DrawBlock(TzuSchema_ComBasic * /*schema*/, TzuDataEntity_Sch
     if (rect.Bottom - rect.Top > kBarWidth) { // apart from what follows at once
         canvas.FillRect({rect.Left, rect.Bottom - 1, rect.Right, rect.Bottom}, m_looks.Back);
     }
-    DrawTexts(
-        block,
-        {rect.Left + kBarWidth + kPadding, std::max(rect.Top, 0), rect.Right - 2, rect.Bottom - 1},
-        canvas);
+    // What begins before the area says in it what it is.
+    DrawTexts(block,
+              {std::max(rect.Left + kBarWidth, 0) + kPadding, std::max(rect.Top, 0), rect.Right - 2,
+               rect.Bottom - 1},
+              canvas);
+}
+
+int ScheduleBoard::TitleHeight() const
+{
+    return QFontMetrics(ToQt(m_titleFont)).height() + 2;
 }
 
 void ScheduleBoard::DrawTexts(const ScheduleBlock &block, const TRect &rect, TCanvas &canvas)

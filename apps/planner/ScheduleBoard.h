@@ -66,6 +66,10 @@ protected:
 
     const ChartLooks &Looks() const { return m_looks; }
     void ApplyFonts();
+    /// That a block needs for a line of text, in pixels.
+    int TitleHeight() const;
+    void DrawBlock(TzuSchema_ComBasic *schema, TzuDataEntity_SchemaTime *time, const TRect &rect,
+                   TCanvas &canvas);
     int ClickedColumn() { return MouseColumn() != nullptr ? Columns().IndexOf(MouseColumn()) : -1; }
     const ScheduleBlock &BlockOf(const TzuDataEntity_SchemaTime &time) const
     {
@@ -100,8 +104,6 @@ private:
     void ServeUser();
     void WantNew(const std::optional<NewPlace> &place);
     std::vector<ScheduleMove> Moves();
-    void DrawBlock(TzuSchema_ComBasic *schema, TzuDataEntity_SchemaTime *time, const TRect &rect,
-                   TCanvas &canvas);
     void DrawTexts(const ScheduleBlock &block, const TRect &rect, TCanvas &canvas);
 
     bool m_isEditable = false;

@@ -1,5 +1,6 @@
 #include "SchedulePrint.h"
 
+#include "ScheduleStrip.h"
 #include "plan/PlannerText.h"
 
 #include <QApplication>
@@ -14,19 +15,58 @@ constexpr QSize kViewSize(1300, 900);
 
 } // namespace
 
+ScheduleBandPrinting::ScheduleBandPrinting(ScheduleView &view, const std::vector<int> &selected)
+    : TzuSchemaPrinting(view)
+    , m_view(view)
+    , m_selected(selected)
+{
+}
+
+/// With all days of events that last for several.
+std::vector<bool> ScheduleBandPrinting::SelectedColumns() const
+{
+    const SchedulePage &page = m_view.Page();
+    std::vector<bool> columns(page.Columns.size());
+    for (const int index : m_selected) {
+        const ScheduleBlock &selected = page.Blocks.at(static_cast<std::size_t>(index));
+        columns.at(static_cast<std::size_t>(selected.Column)) = true;
+        for (const ScheduleBlock &block : page.Blocks) {
+            if (block.Occurrence >= 0 && block.Occurrence == selected.Occurrence) {
+                columns.at(static_cast<std::size_t>(block.Column)) = true;
+            }
+        }
+    }
+    return columns;
+}
+
+int ScheduleBandPrinting::BandThickness() const
+{
+    return m_view.HasStrip() ? m_view.Strip().HeightOfRows() : 0;
+}
+
+QString ScheduleBandPrinting::BandCaption() const
+{
+    return m_view.Strip().Caption();
+}
+
+void ScheduleBandPrinting::PaintBand(TCanvas &canvas, TSize size)
+{
+    m_view.Strip().PaintDays(canvas, size);
+}
+
 SchedulePrint::SchedulePrint(SchedulePage page, const QString &name, const QString &fileName,
                              const std::vector<int> &selected)
     : m_fileName(fileName)
-    , m_printing(m_view)
+    , m_printing(m_view, selected)
 {
     m_view.setPalette(QPalette(QColor(240, 240, 240), Qt::white));
     m_view.resize(kViewSize);
     m_view.SetScrollVisibility(TScrollVisibility::svNever);
     m_view.setAttribute(Qt::WA_DontShowOnScreen);
+    m_view.SetStrip(true);
     m_view.show();
     const QString title = page.Title;
     m_view.Show(std::move(page));
-    m_view.SelectBlocks(selected);
     QApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
     m_printing.SetTitle(title.isEmpty() || title == name ? name
                                                          : name + QStringLiteral(" – ") + title);

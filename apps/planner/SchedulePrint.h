@@ -7,6 +7,25 @@
 
 namespace korvane::planner {
 
+/// Prints the all-day events of a page in a band of their own below the captions, as they stand on
+/// screen.
+class ScheduleBandPrinting : public TzuSchemaPrinting
+{
+public:
+    /// `selected` are the indexes of selected blocks.
+    ScheduleBandPrinting(ScheduleView &view, const std::vector<int> &selected);
+
+protected:
+    std::vector<bool> SelectedColumns() const override;
+    int BandThickness() const override;
+    QString BandCaption() const override;
+    void PaintBand(TCanvas &canvas, TSize size) override;
+
+private:
+    ScheduleView &m_view;
+    std::vector<int> m_selected;
+};
+
 /// The print of one page, in colours for white paper whatever the theme on screen.
 class SchedulePrint : public PrintJob
 {
@@ -25,7 +44,7 @@ public:
 private:
     QString m_fileName;
     ScheduleView m_view; ///< never seen
-    TzuSchemaPrinting m_printing;
+    ScheduleBandPrinting m_printing;
 };
 
 } // namespace korvane::planner

@@ -7,6 +7,7 @@
 
 #include <QCoreApplication>
 #include <QKeyEvent>
+#include <QScrollBar>
 #include <QWheelEvent>
 
 #include <algorithm>
@@ -26,6 +27,7 @@ constexpr int kMargin = 2;  ///< above the first row and below the last
 ScheduleStrip::ScheduleStrip(ScheduleView &view)
     : ScheduleBoard(&view)
     , m_view(view)
+    , m_rows(new QScrollBar(Qt::Vertical, this))
 {
     setObjectName(QStringLiteral("AllDayStrip"));
     SetFlipView(true);
@@ -34,15 +36,21 @@ ScheduleStrip::ScheduleStrip(ScheduleView &view)
     SetLengthSnap(1);
     SetResizeAllCol(false);
     OnGetDrawingRect = [this](auto *, TzuDataEntity_SchemaTime *time, TRect &rect) {
-        const TPixelSpan pixels = PixelsOf(*time);
-        const int row = time->InSubCol() ? time->SubCol() : 0;
-        const int top = kMargin + row * RowHeight();
-        rect = {pixels.From, top, pixels.To, top + RowHeight() - kRowGap};
+        rect = RectOfRow(*time).Translated({0, -m_rows->value()});
         return true;
     };
-    OnDrawBackground = [this](auto *, const TRect &, TCanvas &canvas) { DrawDays(canvas); };
+    // Rows hold for the whole page, however much of it is in view.
+    OnIsVisible = [](auto *, TzuDataEntity_SchemaTime *, bool &runDefault) {
+        runDefault = false;
+        return true;
+    };
+    OnDrawBackground = [this](auto *, const TRect &, TCanvas &canvas) {
+        DrawDays(canvas, {SchemaArea().width(), SchemaArea().height()});
+    };
+    connect(m_rows, &QScrollBar::valueChanged, &SchemaArea(),
+            [this] { SchemaArea().Invalidate(); });
     TzuDataEntity_SchemaColumn *column = AddColumn();
-    column->SetText(FromQt(tr("All day")));
+    column->SetText(FromQt(Caption()));
     AddDataList();
     Sizer().hide(); // the view's stands for both
     hide();
@@ -51,6 +59,7 @@ ScheduleStrip::ScheduleStrip(ScheduleView &view)
 ScheduleStrip::~ScheduleStrip()
 {
     OnGetDrawingRect = {};
+    OnIsVisible = {};
     OnDrawBackground = {};
 }
 
@@ -73,9 +82,6 @@ void ScheduleStrip::Fill(const std::set<Key> &selected)
         }
     }
     SelectKeys(selected);
-    // Rows hold for the whole page, however much of it is in view.
-    DateScaler().SetRange(DateOfSeconds(Page().Columns.front().BaseDate),
-                          DateOfSeconds(Page().Columns.back().BaseDate + kSecondsPerDay));
     UpdateSubColumnsNow();
     Columns().SetColumnSize(true, 0, HeightOfRows());
     EndUpdate();
@@ -102,6 +108,51 @@ int ScheduleStrip::HeightOfRows() const
 {
     const int rows = Columns().GetCol(0).KnownSubColCount();
     return rows * RowHeight() + 2 * kMargin;
+}
+
+int ScheduleStrip::LeastHeight() const
+{
+    return RowHeight() + 2 * kMargin;
+}
+
+QString ScheduleStrip::Caption() const
+{
+    return tr("All day");
+}
+
+TRect ScheduleStrip::RectOfRow(const TzuDataEntity_SchemaTime &time) const
+{
+    const TPixelSpan pixels = PixelsOf(time);
+    const int row = time.InSubCol() ? time.SubCol() : 0;
+    const int top = kMargin + row * RowHeight();
+    return {pixels.From, top, pixels.To, top + RowHeight() - kRowGap};
+}
+
+/// Beside the caption, so that it hides no event.
+void ScheduleStrip::PlaceScrollBar()
+{
+    const int axisWidth = Parts().Area.Left;
+    const int width = std::min(m_rows->sizeHint().width(), axisWidth);
+    m_rows->setGeometry(axisWidth - width, 0, width, height());
+    m_rows->setSingleStep(RowHeight());
+    m_rows->setPageStep(height());
+    m_rows->setRange(0, std::max(HeightOfRows() - height(), 0));
+    m_rows->setVisible(m_rows->maximum() > 0);
+    m_rows->raise();
+}
+
+void ScheduleStrip::ShowActive()
+{
+    const TzuDataEntity_SchemaTime *active = GetActiveDataEntity();
+    if (active == nullptr || isHidden()) {
+        return;
+    }
+    const TRect row = RectOfRow(*active);
+    m_rows->setValue(std::clamp(m_rows->value(), row.Bottom + kMargin - height(),
+                                std::max(row.Top - kMargin, row.Bottom + kMargin - height())));
+    const int last = m_view.Columns().Count() - 1;
+    m_view.Columns().MakeColumnVisible(std::clamp(DayOfAxis(active->GetStartDateTime()), 0, last));
+    m_view.UpdateColumnScroller();
 }
 
 // --- days ----------------------------------------------------------------------------------------
@@ -135,6 +186,17 @@ void ScheduleStrip::TakeDays()
     }
 }
 
+void ScheduleStrip::PaintDays(TCanvas &canvas, TSize size)
+{
+    DrawDays(canvas, size);
+    ForEachTime([&](TzuDataEntity_SchemaTime &time) {
+        const TRect rect = RectOfRow(time);
+        if (rect.Intersects({0, 0, size.Width, size.Height})) {
+            DrawBlock(nullptr, &time, rect, canvas);
+        }
+    });
+}
+
 /// The column of a moment, as the axis runs; also beyond the columns.
 int ScheduleStrip::DayOfAxis(TDateTime date) const
 {
@@ -152,10 +214,9 @@ TPixelSpan ScheduleStrip::PixelsOf(const TzuDataEntity_SchemaTime &time) const
             m_view.Columns().VirtualSpan(false, to).To - 2};
 }
 
-void ScheduleStrip::DrawDays(TCanvas &canvas)
+void ScheduleStrip::DrawDays(TCanvas &canvas, TSize size)
 {
-    const int width = SchemaArea().width();
-    const int height = SchemaArea().height();
+    const auto [width, height] = size;
     canvas.FillRect({0, 0, width, height}, Looks().Back);
     canvas.SetPen({LineColor(), 1, TPenStyle::psSolid});
     for (int col = m_view.Columns().TopLeftCol(); m_view.Columns().IsCol(col); ++col) {
@@ -173,6 +234,7 @@ void ScheduleStrip::ApplyLooks(int axisWidth)
     sizes.FlippedHeaderWidth = axisWidth;
     sizes.ScalerHeight = 0;
     SetPartSizes(sizes);
+    PlaceScrollBar();
 }
 
 // --- what the user wants -------------------------------------------------------------------------
@@ -222,9 +284,14 @@ std::optional<ScheduleBoard::NewPlace> ScheduleStrip::PlaceOfBand(QPoint from, Q
 
 bool ScheduleStrip::eventFilter(QObject *watched, QEvent *event)
 {
-    if (event->type() == QEvent::Wheel) { // there is nothing to scroll or zoom here but the days
-        const QPoint turn = static_cast<QWheelEvent *>(event)->angleDelta();
-        m_view.ScrollColumnsByWheel(-(turn.x() != 0 ? turn.x() : turn.y()));
+    if (event->type() == QEvent::Wheel) { // there is nothing to zoom here
+        auto *wheel = static_cast<QWheelEvent *>(event);
+        const QPoint turn = wheel->angleDelta();
+        if (turn.y() != 0 && wheel->modifiers() == Qt::NoModifier && m_rows->maximum() > 0) {
+            QCoreApplication::sendEvent(m_rows, event);
+        } else {
+            m_view.ScrollColumnsByWheel(-(turn.x() != 0 ? turn.x() : turn.y()));
+        }
         return true;
     }
     if (event->type() == QEvent::KeyPress) {

@@ -3,13 +3,15 @@
 
 #include "ScheduleBoard.h"
 
+class QScrollBar;
+
 namespace korvane::planner {
 
 class ScheduleView;
 
 /// Shows each all-day event of a page once, across the days that it lasts, in as many rows as there
-/// are at the same time. Its days lie under those of the view that it stands in; it takes its page
-/// from there.
+/// are at the same time. Rows that have no room are scrolled to, by the wheel too. Its days lie
+/// under those of the view that it stands in; it takes its page from there.
 class ScheduleStrip : public ScheduleBoard
 {
     Q_OBJECT
@@ -23,12 +25,18 @@ public:
     void Fill(const std::set<Key> &selected);
     using ScheduleBoard::Key;
     using ScheduleBoard::SelectedKeys;
-    /// That all rows need, in pixels.
+    /// That all rows need, in pixels, and that one of them does.
     int HeightOfRows() const;
+    int LeastHeight() const;
+    QString Caption() const;
     /// Takes over where the view has its days.
     void Follow();
     void ApplyLooks(int axisWidth);
+    /// Brings the active event into view.
+    void ShowActive();
     void SchemaPaint() override;
+    /// Draws all rows, and as many days from the view's first shown one as have room.
+    void PaintDays(TCanvas &canvas, TSize size);
 
 protected:
     ScheduleMove MoveOf(const TzuDataEntity_SchemaTime &time, const AgendaRange &times,
@@ -40,13 +48,16 @@ protected:
 
 private:
     void TakeDays();
+    void PlaceScrollBar();
     int RowHeight() const;
+    TRect RectOfRow(const TzuDataEntity_SchemaTime &time) const;
     int DayOfAxis(TDateTime date) const;
     const ScheduleBlock &LastBlockOf(int first) const;
     TPixelSpan PixelsOf(const TzuDataEntity_SchemaTime &time) const;
-    void DrawDays(TCanvas &canvas);
+    void DrawDays(TCanvas &canvas, TSize size);
 
     ScheduleView &m_view;
+    QScrollBar *m_rows;
 };
 
 } // namespace korvane::planner

@@ -1,8 +1,10 @@
 #include "ScheduleView.h"
 
 #include "ScheduleStrip.h"
+#include "StripEdge.h"
 #include "agenda/AgendaDates.h"
 #include "foundation/qt/zuConvert.h"
+#include "foundation/qt/zuXYSizer.h"
 #include "foundation/zuFormat.h"
 
 #include <QEvent>
@@ -11,6 +13,9 @@
 #include <algorithm>
 #include <cstdint>
 #include <cstdlib>
+#include <functional>
+#include <numeric>
+#include <vector>
 
 namespace korvane::planner {
 
@@ -19,16 +24,31 @@ namespace {
 constexpr int kLeastColumnWidth = 120;
 constexpr int kLeastLaneWidth = 64;
 constexpr int kAxisWidth = 84;
-constexpr int kPadding = 4;
+constexpr int kLeastTimesHeight = 60;       ///< left below the strip
 constexpr TDateTime kSnap = 1.0 / (24 * 4); // a quarter of an hour
 /// Data lists; the first one lies on top.
 enum Layer : std::uint8_t { kTimed = 0, kAllDay = 1 };
+
+/// Makes the smaller ones larger, all alike, until there is no room left.
+void ShareRoom(std::vector<int> &sizes, int room)
+{
+    std::vector<std::size_t> order(sizes.size());
+    std::iota(order.begin(), order.end(), 0U);
+    std::ranges::stable_sort(order, std::greater(), [&](std::size_t i) { return sizes[i]; });
+    int left = static_cast<int>(sizes.size());
+    for (const std::size_t i : order) {
+        sizes[i] = std::max(sizes[i], room / left);
+        room = std::max(room - sizes[i], 0);
+        --left;
+    }
+}
 
 } // namespace
 
 ScheduleView::ScheduleView(QWidget *parent)
     : ScheduleBoard(parent)
     , m_strip(new ScheduleStrip(*this))
+    , m_edge(new StripEdge(this))
 {
     // The axis says the time of day; the page's title and its columns say the date.
     DateScaler().OnUserStringShort = [](TDateTime date, TDateTime, std::string &text, TScalerFont) {
@@ -41,12 +61,16 @@ ScheduleView::ScheduleView(QWidget *parent)
     SetLeastSubColWidth(kLeastLaneWidth);
     SetStartSnap(kSnap);
     SetLengthSnap(kSnap);
-    OnGetDrawingRect = [this](auto *, TzuDataEntity_SchemaTime *time, TRect &rect) {
-        if (time->GetStopDateTime() <= time->GetStartDateTime()) { // so that its title is seen
-            rect.Bottom = std::max(rect.Bottom, rect.Top + fontMetrics().height() + kPadding);
+    SetSnapMovedEndsOnly(true);
+    OnUserDecideColSize = [this](auto *, auto *, auto *, int, int &size) { m_userWidth = size; };
+    connect(m_edge, &StripEdge::moved, this,
+            [this](int y) { KeepStripHeight(y - Header().maximumHeight()); });
+    connect(m_edge, &StripEdge::fitWanted, this, [this] { KeepStripHeight({}); });
+    connect(&Sizer(), &TXYSizer::resized, this, [this](QPoint delta) {
+        if (m_hasStrip && delta.y() != 0) {
+            KeepStripHeight(PartSizes().HeaderHeight - Header().maximumHeight());
         }
-        return true;
-    };
+    });
     connect(m_strip, &ScheduleBoard::moved, this, &ScheduleBoard::moved);
     connect(m_strip, &ScheduleBoard::copied, this, &ScheduleBoard::copied);
     connect(m_strip, &ScheduleBoard::removeWanted, this, &ScheduleBoard::removeWanted);
@@ -61,6 +85,7 @@ ScheduleView::ScheduleView(QWidget *parent)
     m_strip->OnAfterSelectionChanged = [this](auto *) {
         if (m_strip->SelectedCount() > 0) {
             ClearSelection();
+            m_strip->ShowActive();
         }
     };
     ApplyLooks();
@@ -127,8 +152,8 @@ int ScheduleView::TargetColumn()
 
 ScheduleView::~ScheduleView()
 {
-    OnGetDrawingRect = {};
     OnAfterSelectionChanged = {};
+    OnUserDecideColSize = {};
     delete m_strip; // which looks at this
 }
 
@@ -138,9 +163,9 @@ void ScheduleView::Show(SchedulePage page)
     Fill(std::move(page));
     DateScaler().SetRange(DateOfSeconds(FirstDate() + m_page.Axis.From),
                           DateOfSeconds(FirstDate() + m_page.Axis.To));
+    UpdateSubColumnsNow(); // so that nothing jumps
     SizeColumns();
     Columns().SetTopLeftCol(0);
-    UpdateSubColumnsNow(); // so that nothing jumps
     EndUpdate();
     FillStrip({});
 }
@@ -161,9 +186,9 @@ void ScheduleView::Update(SchedulePage page)
     for (int i = 0; sameColumns && i < Columns().Count(); ++i) {
         Columns().SetColumnSize(false, i, widths[static_cast<std::size_t>(i)]);
     }
+    UpdateSubColumnsNow();
     Columns().SetTopLeftCol(first);
     SelectKeys(selected);
-    UpdateSubColumnsNow();
     EndUpdate();
     FillStrip(inStrip);
 }
@@ -178,13 +203,6 @@ std::vector<int> ScheduleView::SelectedOfAll()
         }
     }
     return blocks;
-}
-
-void ScheduleView::SelectBlocks(const std::vector<int> &blocks)
-{
-    ForEachTime([&](TzuDataEntity_SchemaTime &time) {
-        time.SetSelected(std::ranges::find(blocks, IndexOf(time)) != blocks.end());
-    });
 }
 
 /// Columns and times of the page, in place of those before.
@@ -224,29 +242,49 @@ void ScheduleView::Fill(SchedulePage page)
 
 // --- the strip -----------------------------------------------------------------------------------
 
-/// Below the captions, which keep their height; its own is that of its rows.
+/// Below the captions, which keep their height.
 void ScheduleView::FillStrip(const std::set<Key> &selected)
 {
     m_strip->setVisible(m_hasStrip);
+    m_edge->setVisible(m_hasStrip);
+    if (m_hasStrip) {
+        m_strip->Fill(selected);
+    }
+    SizeStrip();
+}
+
+/// As high as its rows, within reason, or as the user has made it.
+void ScheduleView::SizeStrip()
+{
     const int captions = Header().sizeHint().height();
     Header().setMaximumHeight(m_hasStrip ? captions : QWIDGETSIZE_MAX);
     TSchemaPartSizes sizes = PartSizes();
     sizes.HeaderHeight = captions;
     if (m_hasStrip) {
-        m_strip->Fill(selected);
-        sizes.HeaderHeight += std::min(m_strip->HeightOfRows(), height() / 3);
+        const int usual = std::min(m_strip->HeightOfRows(), height() / 3);
+        const int most = std::max(height() - captions - kLeastTimesHeight, 0);
+        sizes.HeaderHeight +=
+            std::min(std::max(m_stripHeight.value_or(usual), m_strip->LeastHeight()), most);
     }
     SetPartSizes(sizes);
     PlaceStrip();
+}
+
+void ScheduleView::KeepStripHeight(std::optional<int> height)
+{
+    m_stripHeight = height;
+    SizeStrip();
 }
 
 void ScheduleView::PlaceStrip()
 {
     if (m_hasStrip) {
         const int top = Header().maximumHeight();
-        m_strip->setGeometry(0, top, width(), std::max(0, Parts().Area.Top - top));
+        const int bottom = Parts().Area.Top;
+        m_strip->setGeometry(0, top, width(), std::max(0, bottom - top));
         m_strip->ApplyLooks(Parts().Area.Left);
         m_strip->Follow();
+        m_edge->PlaceAt(bottom);
     }
 }
 
@@ -262,25 +300,45 @@ bool ScheduleView::InGrowArea(TzuDataEntity_SchemaTime &time, int x, int y, TRec
     return !BlockOf(time).IsAllDay && ScheduleBoard::InGrowArea(time, x, y, rect, atStart);
 }
 
-/// As wide as there is room for, but never too narrow to be read.
+/// As wide as its lanes need, so that it can be read, but not beyond what is seen at once.
+int ScheduleView::LeastWidthOf(int column, int room) const
+{
+    const int lanes = Columns().GetCol(column).KnownSubColCount();
+    return std::max(kLeastColumnWidth, std::min(lanes * kLeastLaneWidth, room));
+}
+
+/// Columns share the room equally, as far as those with many lanes do not need more of it. Once the
+/// user has sized them they are as he wants them.
 void ScheduleView::SizeColumns()
 {
     const int count = Columns().Count();
     if (count == 0) {
         return;
     }
-    const int room = std::max(0, width() - kAxisWidth);
-    const int size = std::max(kLeastColumnWidth, room / count);
-    Columns().SetDefaultWidth(size);
+    const int room = std::max(0, width() - PartSizes().ScalerWidth);
+    std::vector<int> sizes(static_cast<std::size_t>(count));
     for (int i = 0; i < count; ++i) {
-        const bool isLast = i == count - 1 && size > kLeastColumnWidth;
-        Columns().SetColumnSize(false, i, isLast ? room - size * (count - 1) : size);
+        sizes[static_cast<std::size_t>(i)] = LeastWidthOf(i, room);
     }
+    if (m_userWidth > 0) {
+        std::ranges::transform(sizes, sizes.begin(), [this](int size) {
+            return size > kLeastColumnWidth ? std::max(size, m_userWidth) : m_userWidth;
+        });
+    } else {
+        ShareRoom(sizes, room);
+        Columns().SetDefaultWidth(*std::ranges::min_element(sizes));
+    }
+    Columns().BeginUpdate();
+    for (int i = 0; i < count; ++i) {
+        Columns().SetColumnSize(false, i, sizes[static_cast<std::size_t>(i)]);
+    }
+    Columns().EndUpdate();
 }
 
 void ScheduleView::ApplyLooks()
 {
     ApplyFonts();
+    SetLeastTimeLength(TitleHeight());
     const ChartLooks &looks = Looks();
     SetSchemaPyjamasColor(Mixed(looks.Header, looks.Back, 0.5));
     SetShortLineColor(Mixed(looks.Text, looks.Back, 0.1));

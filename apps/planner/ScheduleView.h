@@ -6,12 +6,13 @@
 namespace korvane::planner {
 
 class ScheduleStrip;
+class StripEdge;
 
 /// Shows one page at a time. Moves to another column go to its day.
 ///
 /// All-day events of a page whose columns are days lie in a strip of their own below the captions,
-/// across the days that they last; elsewhere they are pale blocks as high as the view, below the
-/// others.
+/// across the days that they last; its lower edge is dragged, and clicked twice fits its rows
+/// again. Elsewhere they are pale blocks as high as the view, below the others.
 class ScheduleView : public ScheduleBoard
 {
     Q_OBJECT
@@ -25,15 +26,15 @@ public:
     /// The same page after a change: what is shown of it stays, and so does the selection.
     void Update(SchedulePage page);
     const SchedulePage &Page() const override { return m_page; }
-    /// Whether all-day events have their strip; prints do without.
+    /// Whether all-day events have their strip; false until set.
     void SetStrip(bool on) { m_wantsStrip = on; }
+    /// Whether they have it on this page.
+    bool HasStrip() const { return m_hasStrip; }
     ScheduleStrip &Strip() { return *m_strip; }
     void SetEditable(bool on) override;
     std::vector<int> SelectedBlocks() override;
     /// The same with those that cannot be edited.
     std::vector<int> SelectedOfAll();
-    /// Selects these alone.
-    void SelectBlocks(const std::vector<int> &blocks);
     bool SelectEvents(const std::vector<int> &events) override;
     /// The column that was clicked last, or that of the active block, or the first one.
     int TargetColumn();
@@ -51,9 +52,12 @@ protected:
 
 private:
     void ApplyLooks();
+    int LeastWidthOf(int column, int room) const;
     void SizeColumns();
     void FillStrip(const std::set<Key> &selected);
+    void SizeStrip();
     void PlaceStrip();
+    void KeepStripHeight(std::optional<int> height);
     void Fill(SchedulePage page);
     AgendaSeconds FirstDate() const
     {
@@ -62,6 +66,9 @@ private:
 
     SchedulePage m_page;
     ScheduleStrip *m_strip;
+    StripEdge *m_edge;
+    std::optional<int> m_stripHeight; ///< as the user wants it
+    int m_userWidth = 0;              ///< of columns, once the user has sized one
     bool m_wantsStrip = false;
     bool m_hasStrip = false; ///< on this page
 };
