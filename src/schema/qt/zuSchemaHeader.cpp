@@ -67,12 +67,18 @@ int TSchemaHeaderControl::ColumnAt(QPoint at) const
     return m_schema.Columns().IsCol(column) ? column : -1;
 }
 
+/// Ends with the line that the area has at the column's far side.
 QRect TSchemaHeaderControl::SectionRect(int column) const
 {
     const TPixelSpan pixels = m_schema.ColumnToPixels_fw(m_flip, column);
+    if (pixels.Length() <= 0) {
+        return {};
+    }
+    const bool isFirst = column == m_schema.Columns().TopLeftCol();
     const int line = m_flip ? 1 : 0; // the grid line goes with the column before it
-    return m_flip ? QRect(0, pixels.From - line, width(), pixels.Length() + line)
-                  : QRect(pixels.From, 0, pixels.Length(), height());
+    const int from = isFirst ? 0 : pixels.From - line + 1;
+    const int length = pixels.To + 1 - from;
+    return m_flip ? QRect(0, from, width(), length) : QRect(from, 0, length, height());
 }
 
 /// The column whose far edge lies at the place, or -1.
@@ -132,7 +138,8 @@ void TSchemaHeaderControl::paintEvent(QPaintEvent * /*event*/)
     }
     QStyleOptionHeader rest;
     rest.initFrom(this);
-    rest.rect = m_flip ? rect().adjusted(0, far, 0, 0) : rect().adjusted(far, 0, 0, 0);
+    const int after = far > 0 ? far + 1 : 0;
+    rest.rect = m_flip ? rect().adjusted(0, after, 0, 0) : rect().adjusted(after, 0, 0, 0);
     rest.orientation = m_flip ? Qt::Vertical : Qt::Horizontal;
     if (!rest.rect.isEmpty()) {
         style()->drawControl(QStyle::CE_HeaderEmptyArea, &rest, &painter, this);
