@@ -42,7 +42,7 @@ if(KORVANE_WIDGETS AND KORVANE_APPS)
         "Planner that opens project plans, timetables and calendars
  Shows them as Gantt charts and schedules, edits and prints them."
         DEPENDS "${same_version}, shared-mime-info, hicolor-icon-theme"
-        RECOMMENDS "qt6-translations-l10n"
+        RECOMMENDS "qt6-translations-l10n, fonts-dejavu-core | fonts-noto-core"
         CONFLICTS planner)
 endif()
 if(TARGET korvane_design)
