@@ -68,8 +68,6 @@ EventDialog::EventDialog(const ScheduleDraft &draft,
     m_ok = buttons->button(QDialogButtonBox::Ok);
     auto *layout = new QVBoxLayout(this);
     layout->addLayout(form);
-    layout->addWidget(m_reason);
-    layout->addWidget(buttons);
     form->addRow(tr("&Title"), m_title);
     MakeTimes(*form);
     form->addRow(tr("&Location"), m_place);
@@ -90,6 +88,8 @@ EventDialog::EventDialog(const ScheduleDraft &draft,
     form->addRow(tr("&Description"), m_notes);
     m_reason->setWordWrap(true);
     m_reason->hide();
+    layout->addWidget(m_reason);
+    layout->addWidget(buttons); // behind the fields for the Tab key, too
     m_title->selectAll();
     connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);

@@ -69,6 +69,8 @@ ScheduleBoard::ScheduleBoard(QWidget *parent)
     setFrameShape(QFrame::NoFrame);
     OnDrawTimeContent = TOnDrawTimeContent::Bind<&ScheduleBoard::DrawBlock>(this);
     SetMoveInTimeWhenColSwitch(true);
+    SetSubColsInListOrder(true);
+    SetShowBigONOFF(false); // the tooltip says more
     OnBeforeCanEditItem_SchemaTime = [this](auto *, TzuDataEntity *time) {
         time->SetCanEdit(m_isEditable && BlockOf(DataEntity_Schema(*time)).Occurrence >= 0);
     };
@@ -111,6 +113,13 @@ void ScheduleBoard::ServeUser()
         m_pressedAt = {x, y};
         m_pressedBeside =
             button == TMouseButton::mbLeft && PressedTime() == nullptr && shift == TShiftState{};
+    };
+    OnSchemaMouseMove = [this](auto *, TShiftState, int x, int y) {
+        if (m_pressedBeside && m_isEditable && SelectedCount() == 0) {
+            const auto place = PlaceOfBand(m_pressedAt, {x, y});
+            QToolTip::showText(SchemaArea().mapToGlobal(QPoint(x, y)),
+                               place ? TextOf(*place) : QString(), &SchemaArea());
+        }
     };
     OnSchemaMouseUp = [this](auto *, TMouseButton, TShiftState, int x, int y) {
         if (std::exchange(m_pressedBeside, false) && m_isEditable && SelectedCount() == 0) {
@@ -230,7 +239,7 @@ void ScheduleBoard::DrawBlock(TzuSchema_ComBasic * /*schema*/, TzuDataEntity_Sch
 
 int ScheduleBoard::TitleHeight() const
 {
-    return QFontMetrics(ToQt(m_titleFont)).height() + 2;
+    return QFontMetrics(ToQt(m_titleFont)).height() - 1; // above most letters there is more room
 }
 
 void ScheduleBoard::DrawTexts(const ScheduleBlock &block, const TRect &rect, TCanvas &canvas)

@@ -61,6 +61,8 @@ protected:
     /// Where the user wants a new event who has clicked twice, or drawn a rubber band.
     virtual std::optional<NewPlace> PlaceOfPress() = 0;
     virtual std::optional<NewPlace> PlaceOfBand(QPoint from, QPoint to) = 0;
+    /// The times of such an event, while it is drawn.
+    virtual QString TextOf(const NewPlace &place) const = 0;
     /// All-day events that lie behind others.
     virtual bool IsPale(const ScheduleBlock &block) const = 0;
 

@@ -83,7 +83,6 @@ void ScheduleStrip::Fill(const std::set<Key> &selected)
     }
     SelectKeys(selected);
     UpdateSubColumnsNow();
-    Columns().SetColumnSize(true, 0, HeightOfRows());
     EndUpdate();
     Follow();
 }
@@ -139,6 +138,9 @@ void ScheduleStrip::PlaceScrollBar()
     m_rows->setRange(0, std::max(HeightOfRows() - height(), 0));
     m_rows->setVisible(m_rows->maximum() > 0);
     m_rows->raise();
+    if (Columns().GetCol(0).SavedHeight() != height() - 1) { // for the caption
+        Columns().SetColumnSize(true, 0, height() - 1);
+    }
 }
 
 void ScheduleStrip::ShowActive()
@@ -280,6 +282,18 @@ std::optional<ScheduleBoard::NewPlace> ScheduleStrip::PlaceOfBand(QPoint from, Q
     }
     const AgendaSeconds start = Page().Columns[static_cast<std::size_t>(first)].BaseDate;
     return NewPlace{first, {start, start + (last - first + 1) * kSecondsPerDay}};
+}
+
+QString ScheduleStrip::TextOf(const NewPlace &place) const
+{
+    const auto captionOf = [this](AgendaSeconds day) {
+        const auto &columns = Page().Columns;
+        const auto found = std::ranges::find(columns, day, &ScheduleColumn::BaseDate);
+        return found != columns.end() ? found->Caption : QString();
+    };
+    const QString from = captionOf(place.Times.From);
+    const QString to = captionOf(place.Times.To - kSecondsPerDay);
+    return from == to ? from : from + QStringLiteral(" – ") + to;
 }
 
 bool ScheduleStrip::eventFilter(QObject *watched, QEvent *event)

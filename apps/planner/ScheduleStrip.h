@@ -43,6 +43,7 @@ protected:
                         int col) const override;
     std::optional<NewPlace> PlaceOfPress() override;
     std::optional<NewPlace> PlaceOfBand(QPoint from, QPoint to) override;
+    QString TextOf(const NewPlace &place) const override;
     bool IsPale(const ScheduleBlock & /*block*/) const override { return false; }
     bool eventFilter(QObject *watched, QEvent *event) override;
 

@@ -57,6 +57,9 @@ ScheduleView::ScheduleView(QWidget *parent)
     DateScaler().OnUserStringLong = [](TDateTime, TDateTime, std::string &text, TScalerFont) {
         text.clear();
     };
+    TSchemaPartSizes sizes = PartSizes();
+    sizes.ScalerWidth = kAxisWidth;
+    SetPartSizes(sizes);
     SetDrawShortLines(true);
     SetLeastSubColWidth(kLeastLaneWidth);
     SetStartSnap(kSnap);
@@ -120,6 +123,12 @@ std::optional<ScheduleBoard::NewPlace> ScheduleView::PlaceOfBand(QPoint from, QP
     const auto [start, stop] =
         std::minmax({snapped(MouseDate()), snapped(DateScaler().PixelToDate(to.y()))});
     return start < stop ? std::optional(NewPlace{column, {start, stop}}) : std::nullopt;
+}
+
+/// "13:00 – 14:30"
+QString ScheduleView::TextOf(const NewPlace &place) const
+{
+    return TimesText(place.Times.From, place.Times.To);
 }
 
 void ScheduleView::SetEditable(bool on)
@@ -343,7 +352,6 @@ void ScheduleView::ApplyLooks()
     SetSchemaPyjamasColor(Mixed(looks.Header, looks.Back, 0.5));
     SetShortLineColor(Mixed(looks.Text, looks.Back, 0.1));
     DateScaler().SetColor(looks.Header);
-    SetScalerWidth(kAxisWidth);
     TFont font = FromQt(this->font());
     font.Size = std::max(7, QFontInfo(this->font()).pointSize() - 1);
     font.Color = looks.Text;

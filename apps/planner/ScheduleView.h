@@ -46,6 +46,7 @@ public:
 protected:
     std::optional<NewPlace> PlaceOfPress() override;
     std::optional<NewPlace> PlaceOfBand(QPoint from, QPoint to) override;
+    QString TextOf(const NewPlace &place) const override;
     bool IsPale(const ScheduleBlock &block) const override { return block.IsAllDay; }
     void changeEvent(QEvent *event) override;
     void resizeEvent(QResizeEvent *event) override;

@@ -104,7 +104,12 @@ void ScheduleWindow::LoadEnded(ScheduleResult result)
     }
     if (ScheduleDocument *document = m_pages->Document()) {
         m_view->SetEditable(true);
-        connect(document, &ScheduleDocument::changed, this, &ScheduleWindow::ShowChange);
+        connect(document, &ScheduleDocument::changed, this, [this, document] {
+            ShowChange();
+            if (m_view->SelectedBlocks().empty()) { // another title, or elsewhere
+                m_view->SelectEvents(document->Touched());
+            }
+        });
         connect(&document->History(), &QUndoStack::cleanChanged, this,
                 [this](bool clean) { setWindowModified(!clean); });
     }

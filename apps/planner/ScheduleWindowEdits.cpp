@@ -70,9 +70,7 @@ void ScheduleWindow::Perform(const Change &change, AgendaScope scope)
         QApplication::beep();
     }
     if (document.History().index() == steps) {
-        ShowChange();                              // as it was
-    } else if (m_view->SelectedBlocks().empty()) { // another title, or elsewhere
-        m_view->SelectEvents(document.Touched());
+        ShowChange(); // as it was
     }
 }
 

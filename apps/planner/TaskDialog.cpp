@@ -67,8 +67,6 @@ TaskDialog::TaskDialog(PlanEdits &edits, int task, QWidget *parent)
     auto *buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel);
     auto *layout = new QVBoxLayout(this);
     layout->addLayout(form);
-    layout->addWidget(m_reason);
-    layout->addWidget(buttons);
     m_name->setMaxLength(PlanBuilder::kMaxNameLength);
     form->addRow(tr("&Name"), m_name);
     MakeDates();
@@ -89,6 +87,8 @@ TaskDialog::TaskDialog(PlanEdits &edits, int task, QWidget *parent)
     m_reason->setWordWrap(true);
     m_reason->setTextFormat(Qt::PlainText);
     m_reason->hide();
+    layout->addWidget(m_reason);
+    layout->addWidget(buttons); // behind the fields for the Tab key, too
     m_name->selectAll();
     connect(buttons, &QDialogButtonBox::accepted, this, &TaskDialog::accept);
     connect(buttons, &QDialogButtonBox::rejected, this, &TaskDialog::reject);

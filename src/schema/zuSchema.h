@@ -196,6 +196,10 @@ public:
     /// group then, whatever column they are in.
     bool CollisionDetectBetweenDataList() const { return m_collisionBetweenLists; }
     void SetCollisionDetectBetweenDataList(bool on);
+    /// Whether times that overlap get their sub-columns in the order of the lists, the first time
+    /// the first one. False by default: the last time gets the first one.
+    bool SubColsInListOrder() const { return m_subColsInListOrder; }
+    void SetSubColsInListOrder(bool on);
     /// Least width of a sub-column, in pixels: a column with more of them is widened as far as that
     /// needs and as it can be seen whole, once they have been worked out. 0, the default, leaves
     /// columns alone.
@@ -513,6 +517,7 @@ private:
     bool m_resizeAllCol = true;
     bool m_collisionDetect = true;
     bool m_collisionBetweenLists = false;
+    bool m_subColsInListOrder = false;
     bool m_destroying = false;
 };
 

@@ -93,6 +93,13 @@ void TSchemaCore::SetCollisionDetectBetweenDataList(bool on)
     }
 }
 
+void TSchemaCore::SetSubColsInListOrder(bool on)
+{
+    if (std::exchange(m_subColsInListOrder, on) != on) {
+        UpdateSubColumns();
+    }
+}
+
 void TSchemaCore::SetLeastSubColWidth(int pixels)
 {
     if (std::exchange(m_leastSubColWidth, pixels) != pixels) {

@@ -161,6 +161,9 @@ void TSchemaCore::FillHolders(const TColumnNumbers &columns, TDistinctTimeHolder
     LoadAll(lists);
     TTimes times = VisibleTimesOf(columns);
     SortByPlace(lists, times);
+    if (m_subColsInListOrder) { // what is added last is placed first
+        std::ranges::reverse(times);
+    }
     for (TzuDataEntity_SchemaTime *time : times) {
         holders.Add(NearestSecond(time->GetStartDateTime()), NearestSecond(LaneStop(*time)),
                     m_collisionBetweenLists ? std::string() : KeyOf(*time), time);

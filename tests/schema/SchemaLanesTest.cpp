@@ -58,6 +58,17 @@ TEST_F(SchemaLanes, ATimeWithoutLengthTakesItsLaneForAsLongAsItIsDrawn)
     EXPECT_EQ(Schema.Columns().GetCol(0).SubColCount(), 2);
 }
 
+TEST_F(SchemaLanes, OrderIsThatOfTheListsOrItsReverse)
+{
+    auto *first = AddTime(0, 540, 600);
+    auto *second = AddTime(0, 570, 660);
+    for (const bool inListOrder : {false, true}) {
+        Schema.SetSubColsInListOrder(inListOrder);
+        Schema.UpdateSubColumnsNow();
+        EXPECT_EQ(LaneOf(first) + ' ' + LaneOf(second), inListOrder ? "0/2 1/2" : "1/2 0/2");
+    }
+}
+
 TEST_F(SchemaLanes, WhatIsNotDrawnStaysWhereItIs)
 {
     auto *drawn = AddTime(0, 60, 120);

@@ -27,13 +27,6 @@ QString TextOf(AgendaSeconds wall, const QString &format)
     return QLocale().toString(Clock(wall), format);
 }
 
-QString SpanText(AgendaSeconds start, AgendaSeconds stop)
-{
-    const QString time = QStringLiteral("HH:mm");
-    return stop > start ? TextOf(start, time) + QStringLiteral(" – ") + TextOf(stop, time)
-                        : TextOf(start, time);
-}
-
 AgendaSeconds Midnight(AgendaSeconds wall)
 {
     return DayOf(wall) * kSecondsPerDay;
@@ -65,6 +58,13 @@ QString JoinedLines(const QStringList &lines)
 }
 
 } // namespace
+
+QString TimesText(AgendaSeconds start, AgendaSeconds stop)
+{
+    const QString time = QStringLiteral("HH:mm");
+    return stop > start ? TextOf(start, time) + QStringLiteral(" – ") + TextOf(stop, time)
+                        : TextOf(start, time);
+}
 
 AgendaPages::AgendaPages(const Agenda &agenda)
     : m_agenda(agenda)
@@ -218,7 +218,7 @@ void AgendaPages::AddBlocks(SchedulePage &page, const Shown &shown, AgendaColumn
     const QString when = event.IsAllDay()
                              ? TextOf(shown.Start, PlannerText::tr("dddd, d MMMM yyyy"))
                              : TextOf(shown.Start, PlannerText::tr("dddd, d MMMM yyyy, "))
-                                   + SpanText(shown.Start, shown.Stop);
+                                   + TimesText(shown.Start, shown.Stop);
     block.ToolTip =
         JoinedLines({block.Title, when, event.Place.simplified(), event.Notes.trimmed().left(400)});
     const AgendaSeconds first = std::max(Midnight(shown.Start), page.Axis.From);
@@ -339,7 +339,7 @@ SchedulePage PageOf(const Programme &programme, int day)
             block.Hue = static_cast<unsigned>(talk.Track);
         }
         block.ToolTip = JoinedLines({block.Title, talk.Subtitle.simplified(),
-                                     SpanText(talk.Start, talk.Stop()) + QStringLiteral(", ")
+                                     TimesText(talk.Start, talk.Stop()) + QStringLiteral(", ")
                                          + programme.Rooms[static_cast<std::size_t>(talk.Room)],
                                      track, block.Detail, talk.Abstract.simplified().left(400)});
         page.Blocks.push_back(std::move(block));

@@ -139,6 +139,9 @@ private:
     int m_zone = kFloating;
 };
 
+/// "13:00 – 14:30"; one time when both are the same.
+QString TimesText(AgendaSeconds start, AgendaSeconds stop);
+
 /// Gives a page of places or calendars the columns, in their order, that the same page had before a
 /// change; new ones come last. So nothing moves under the user's hand, and the last event can leave
 /// a place without the place going as well.

@@ -74,6 +74,7 @@ void Fill(TzuSchema &schema)
         time->SetFarMargin(2);
         time->AddText(talk.Title, 4, 3, 2);
     }
+    schema.SetSubColsInListOrder(true);
     schema.UpdateSubColumnsNow(); // or soon, in the background
 }
 
@@ -96,6 +97,7 @@ QWidget *CreateSchemaPage()
             schema->Columns().FlippedHeaderResize(0, 90);
         } else {
             schema->Columns().HeaderControlSectionResize(0, 150);
+            schema->SetLeastSubColWidth(70); // for the captions of overlapping times
         }
         layout->addWidget(schema);
     }

@@ -287,7 +287,9 @@ std::string TzuSchemaPrinting::RangeOf(const TPrintPage &page) const
     const TPageSpan &span = ColumnSpan(page);
     const int first = m_columns[static_cast<std::size_t>(m_columnAxis->RowAt(span.From))];
     const int last = m_columns[static_cast<std::size_t>(m_columnAxis->RowFrom(span.To) - 1)];
-    if (columns.GetCol(first).BaseDate != 0) {
+    const TDateTime base = columns.GetCol(first).BaseDate;
+    if (base != 0 || columns.GetCol(m_columns.front()).BaseDate != base
+        || columns.GetCol(m_columns.back()).BaseDate != base) {
         return FromQt(
             RangeText(ToQt(columns.HeaderFromColumn(first)), ToQt(columns.HeaderFromColumn(last))));
     }

@@ -29,6 +29,7 @@ class KORVANE_WIDGETS_API TzuSchema : public TzuSchema_ComBasic
     Q_PROPERTY(bool CollisionDetectBetweenDataList READ CollisionDetectBetweenDataList WRITE
                    SetCollisionDetectBetweenDataList)
     Q_PROPERTY(bool CollisionDetect READ CollisionDetect WRITE SetCollisionDetect)
+    Q_PROPERTY(bool SubColsInListOrder READ SubColsInListOrder WRITE SetSubColsInListOrder)
     Q_PROPERTY(int LeastSubColWidth READ LeastSubColWidth WRITE SetLeastSubColWidth)
     Q_PROPERTY(int LeastTimeLength READ LeastTimeLength WRITE SetLeastTimeLength)
     Q_PROPERTY(bool ResizeAllCol READ ResizeAllCol WRITE SetResizeAllCol)

@@ -33,7 +33,7 @@ protected:
         m_window->View().SelectOnly(*TimeOf(title));
     }
     EventDialog *Dialog() { return m_window->findChild<EventDialog *>(); }
-    void Type(const QString &text) { QTest::keyClicks(Dialog()->findChild<QLineEdit *>(), text); }
+    void Type(const QString &text) { QTest::keyClicks(Dialog()->focusWidget(), text); }
     void Accept()
     {
         ASSERT_NE(Dialog(), nullptr);

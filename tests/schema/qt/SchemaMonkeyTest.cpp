@@ -194,6 +194,8 @@ private:
             break;
         case 8:
             m_schema->SetLeastSubColWidth(Pick(1) * 30);
+            m_schema->SetLeastTimeLength(Pick(1) * 20);
+            m_schema->SetSnapMovedEndsOnly(Pick(1) == 0);
             m_schema->SetCollisionDetect(Pick(3) > 0);
             break;
         default:
