@@ -32,7 +32,24 @@ double FittingScale(const TPrintContent &content, const TPrintRoom &room,
     return !limited || (scale > 1 && !scaling.Enlarge) ? 1 : scale;
 }
 
+double ScaleOf(const TPrintContent &content, const TPrintRoom &room, const TPrintScaling &scaling)
+{
+    const double wanted = scaling.Fit == TPrintFit::pfPercent
+                              ? scaling.Percent / 100
+                              : FittingScale(content, room, scaling);
+    return std::clamp(wanted, kLeastScale, kLargestScale);
+}
+
 } // namespace
+
+double RoomForLabels(const TPrintContent &content, const TPrintRoom &room,
+                     const TPrintScaling &scaling)
+{
+    constexpr double kShare = 0.4;
+    const TPrintContent bare{content.Across, content.Down, 0, content.HeadHeight};
+    const TPrintRoom body{room.Width * (1 - kShare), room.Height};
+    return room.Width * kShare / ScaleOf(bare, body, scaling);
+}
 
 TPrintLayout::TPrintLayout(const TPrintContent &content, const TPrintRoom &room,
                            const TPrintScaling &scaling)
@@ -46,10 +63,7 @@ TPrintLayout::TPrintLayout(const TPrintContent &content, const TPrintRoom &room,
         throw std::runtime_error(
             Translate("TzuPrinting", "The margins leave no room on the paper"));
     }
-    const double wanted = scaling.Fit == TPrintFit::pfPercent
-                              ? scaling.Percent / 100
-                              : FittingScale(content, room, scaling);
-    m_scale = std::clamp(wanted, kLeastScale, kLargestScale);
+    m_scale = ScaleOf(content, room, scaling);
     try {
         m_across = SplitIntoPages(content.Across, room.Width / m_scale - content.LabelWidth);
         m_down = SplitIntoPages(content.Down, room.Height / m_scale - content.HeadHeight);

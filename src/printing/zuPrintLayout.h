@@ -46,6 +46,11 @@ struct TPrintRoom
     double Height = 0;
 };
 
+/// How wide labels may be so that they leave most of a page's width to the content, in pixels of
+/// content at the scale that follows. What the content says of labels does not count.
+KORVANE_CORE_API double RoomForLabels(const TPrintContent &content, const TPrintRoom &room,
+                                      const TPrintScaling &scaling);
+
 /// One page: a column of pages by a row of pages.
 struct TPrintPage
 {

@@ -3,6 +3,7 @@
 #include "foundation/zuFormat.h"
 #include "foundation/zuRound.h"
 #include "scaler/zuScaler.h"
+#include "scaler/zuScalerLabelRow.h"
 
 #include <algorithm>
 #include <array>
@@ -20,23 +21,6 @@ int Place(int offset, std::int64_t pixels, int factor)
 {
     constexpr std::int64_t kFar = 1 << 24;
     return static_cast<int>(std::clamp(offset + pixels * factor, -kFar, kFar));
-}
-
-std::size_t PrefixLength(std::string_view text, std::size_t length)
-{
-    while (length > 0 && (static_cast<unsigned char>(text[length]) & 0xC0U) == 0x80U) {
-        --length; // not within a UTF-8 sequence
-    }
-    return length;
-}
-
-/// The longest beginning of the text that is at most `room` pixels wide.
-std::string_view Shortened(const TCanvas &canvas, std::string_view text, int room)
-{
-    while (!text.empty() && canvas.TextExtent(text).Width > room) {
-        text = text.substr(0, PrefixLength(text, text.size() - 1));
-    }
-    return text;
 }
 
 /// The colour that lies the given part of the way, in percent, between two colours.
@@ -103,14 +87,14 @@ public:
         const TRect &rect = m_target.Rect;
         if (m_horizontal) {
             const int left = centre - extent.Width / 2;
-            if (Claim(left, extent.Width, rect.Width(), 6)) {
+            if (Claim(left, extent.Width, rect.Width())) {
                 DrawAt({rect.Left + left, rect.Top + m_cross}, extent, text);
             }
             return;
         }
         const int top = centre - extent.Height / 2;
-        if (top > extent.Height && Claim(top, extent.Height, rect.Height(), 10)) {
-            text = Shortened(m_target.Canvas, text, rect.Width() - m_cross);
+        if (top > extent.Height && Claim(top, extent.Height, rect.Height())) {
+            text = ShortenedLabel(m_target.Canvas, text, rect.Width() - m_cross);
             const TSize shown{std::min(extent.Width, rect.Width() - m_cross), extent.Height};
             DrawAt({rect.Left + m_cross, rect.Top + top}, shown, text);
         }
@@ -118,9 +102,10 @@ public:
 
 private:
     /// Whether a label fits there: wholly on the axis, and clear of the one before.
-    bool Claim(int from, int length, int axisLength, int gap)
+    bool Claim(int from, int length, int axisLength)
     {
-        const bool fits = from > 0 && from + length <= axisLength && from > m_last + length + gap;
+        const bool fits = from > 0 && from + length <= axisLength
+                          && from > m_last + length + LabelGap(m_horizontal);
         m_last = fits ? from : m_last;
         return fits;
     }
@@ -224,7 +209,7 @@ void TDateScalerCore::DrawScaleMarksText(const TScaleMarkList &marks, const TSca
     const double enlarged = m_horizontal ? m_host.GetScaley() : m_host.GetScalex();
     const int cross = RoundToPixel(enlarged * RowOffset(row));
     const int factor = m_horizontal ? target.XFactor : target.YFactor;
-    const bool namesInterval = (major ? MajorStep() : MinorStep()) >= kDay;
+    const TDateTime step = major ? MajorStep() : MinorStep();
     TLabelRow labels(target, m_horizontal, cross);
     for (std::size_t index = 0; index < marks.size(); ++index) {
         const TScaleMark &mark = marks[index];
@@ -232,13 +217,8 @@ void TDateScalerCore::DrawScaleMarksText(const TScaleMarkList &marks, const TSca
             continue;
         }
         SetLabelFont(target.Canvas, mark.Font);
-        std::int64_t centre = mark.Pixel;
-        if (namesInterval) {
-            const std::int64_t next =
-                index + 1 < marks.size() ? marks[index + 1].Pixel : GetScaleLen();
-            centre += (next - centre) / 2;
-        }
-        labels.Draw(mark.Text, Place(0, centre, factor));
+        const TLabelSpan span = SpanOfLabel(marks, index, step, GetScaleLen());
+        labels.Draw(mark.Text, Place(0, span.Centre(), factor));
     }
 }
 

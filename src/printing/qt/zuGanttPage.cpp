@@ -24,14 +24,14 @@ TGanttPage::TGanttPage(TzuGanttPrinting &printing, const TPrintPage &page)
     : m_printing(printing)
     , m_page(page)
 {
-    const TzuDateScaler &whole = *printing.m_axis;
     const int from = static_cast<int>(page.Across.From);
     const int width = static_cast<int>(page.Across.To) - from;
     const int height =
         static_cast<int>(std::ceil(page.Down.To - page.Down.From) + page.Down.Repeated);
     UsePaper(m_axis);
     UsePaper(m_area);
-    SetUpPageAxis(m_axis, whole, page.Across, printing.m_gant.GetScalerHeight());
+    m_axis.SetUp(*printing.m_axis, *printing.m_axisLabels, page.Across,
+                 printing.m_gant.GetScalerHeight());
     m_area.resize(width, height);
     m_axis.OnPrintResizeFont = printing.m_gant.GantArea().OnPrintResizeFont;
     m_area.OnPrintResizeFont = printing.m_gant.GantArea().OnPrintResizeFont;

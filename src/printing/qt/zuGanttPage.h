@@ -5,7 +5,7 @@
 #include "foundation/zuExport.h"
 #include "gantt/qt/zuGantPrintView.h"
 #include "printing/qt/zuGanttPrinting.h"
-#include "scaler/qt/zuScaler.h"
+#include "printing/qt/zuPageAxis.h"
 
 #include <optional>
 #include <vector>
@@ -57,7 +57,7 @@ private:
 
     TzuGanttPrinting &m_printing;
     TPrintPage m_page;
-    TzuDateScaler m_axis;
+    TPageAxis m_axis;
     TzuOffscreenPaint m_area;
     std::vector<TVisibleNode> m_rows;
     std::vector<TLinkCrossing> m_crossings;

@@ -3,6 +3,7 @@
 #include "gantt/qt/zuGantComBasic.h"
 #include "printing/qt/zuGanttPage.h"
 #include "printing/qt/zuGanttSide.h"
+#include "printing/qt/zuPageAxis.h"
 #include "printing/qt/zuPrintParts.h"
 
 #include <QPainter>
@@ -36,14 +37,37 @@ TPrintLayout TzuGanttPrinting::LayOutContent(const TPrintRoom &room, const TPrin
     TzuDateScaler &axis = *(m_axis = MakeWholeAxis(m_gant.DateScaler(), PrintedTime(),
                                                    TimeScaleOr(m_gant.DateScaler().GetScale()),
                                                    m_gant.GetScalerHeight()));
+    m_axisLabels = std::make_unique<TPageAxisLabels>(axis);
     const TPrintTime across({[&](TDateTime date) { return axis.DateToPixel(date); },
                              [&](int pixel) { return axis.PixelToDate(pixel); }},
                             m_rows.empty() ? 0 : axis.width(), axis.FirstDayOfWeek());
+    SizeRows(across, room, scaling);
     const TPrintContent content{across, *m_down, static_cast<double>(m_side->Width()),
                                 static_cast<double>(HeadHeight())};
     TPrintLayout layout(content, room, scaling);
     CollectLinks(layout.Down());
     return layout;
+}
+
+/// Labels that need more than their share of the page get it, in higher rows.
+void TzuGanttPrinting::SizeRows(const IPrintAxis &across, const TPrintRoom &room,
+                                const TPrintScaling &scaling)
+{
+    const auto size = [this](double labels) {
+        m_down = std::make_unique<TPrintRows>(m_side->FitInto(labels), m_parents,
+                                              m_repeatHeadings ? kMostPrintHeadings : 0);
+    };
+    size(std::numeric_limits<double>::infinity());
+    const double labels =
+        RoomForLabels({across, *m_down, 0, static_cast<double>(HeadHeight())}, room, scaling);
+    if (m_side->Width() > labels) {
+        size(labels);
+    }
+}
+
+TPrintFlow TzuGanttPrinting::Flow() const
+{
+    return m_gant.isRightToLeft() ? TPrintFlow::LabelsAtRight : TPrintFlow::LeftToRight;
 }
 
 TGantRow *TzuGanttPrinting::RowOf(const TVisibleNode &node) const
@@ -76,8 +100,6 @@ void TzuGanttPrinting::CollectRows()
         });
     m_rows = std::move(rows.Nodes);
     m_parents = std::move(rows.Parents);
-    m_down = std::make_unique<TPrintRows>(rows.Heights, m_parents,
-                                          m_repeatHeadings ? kMostPrintHeadings : 0);
 }
 
 std::pair<TDateTime, TDateTime> TzuGanttPrinting::PrintedTime() const
@@ -167,7 +189,7 @@ std::string TzuGanttPrinting::RangeOf(const TPrintPage &page) const
 void TzuGanttPrinting::PaintContent(QPainter &painter, const TPrintPage &page)
 {
     TGanttPage view(*this, page);
-    view.Paint(painter, {m_side->Width(), 0});
+    view.Paint(painter, AreaPlace());
     painter.setBrush(Qt::NoBrush);
     PaintSide(painter, view);
     if (m_linkMarks) {
@@ -175,11 +197,18 @@ void TzuGanttPrinting::PaintContent(QPainter &painter, const TPrintPage &page)
     }
     const QSizeF size = ContentSize(page);
     const double top = m_gant.GetScalerHeight();
-    PaintFrame(painter, size, m_side->Width(), top);
+    PaintFrame(painter, size,
+               Flow() == TPrintFlow::LeftToRight ? m_side->Width() : view.AreaSize().width(), top);
     if (IsAxisAtBothEdges()) {
         painter.drawLine(QPointF(0, size.height() - top),
                          QPointF(size.width(), size.height() - top));
     }
+}
+
+/// The upper left corner of axis and area.
+QPoint TzuGanttPrinting::AreaPlace() const
+{
+    return {Flow() == TPrintFlow::LeftToRight ? m_side->Width() : 0, 0};
 }
 
 void TzuGanttPrinting::PaintSide(QPainter &painter, const TGanttPage &page) const
@@ -188,6 +217,7 @@ void TzuGanttPrinting::PaintSide(QPainter &painter, const TGanttPage &page) cons
     const int height = page.AreaSize().height();
     painter.save();
     const auto restore = qScopeGuard([&] { painter.restore(); });
+    painter.translate(Flow() == TPrintFlow::LeftToRight ? 0 : page.AreaSize().width(), 0);
     painter.setClipRect(QRectF(0, 0, m_side->Width(), head + height), Qt::IntersectClip);
     m_side->Paint(painter, head, height, page.Rows());
 }
@@ -199,7 +229,7 @@ void TzuGanttPrinting::PaintLinkMarks(QPainter &painter, const TGanttPage &page)
     constexpr double kBox = 22;
     constexpr double kNear = 9;
     const TPrintLayout &layout = Layout();
-    const QPointF origin(m_side->Width(), m_gant.GetScalerHeight());
+    const QPointF origin = AreaPlace() + QPointF(0, m_gant.GetScalerHeight());
     QFont font = Paper().Font();
     font.setPixelSize(7);
     painter.setFont(font);

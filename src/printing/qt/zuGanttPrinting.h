@@ -18,13 +18,15 @@ namespace korvane {
 
 class IGanttSide;
 class TGanttPage;
+class TPageAxisLabels;
 class TzuDateScaler;
 class TzuGant_ComBasic;
 
 /// Prints a Gantt chart: the rows that its tree shows, also those scrolled away, over any time, or
 /// else from the first to the last item of these rows.
 ///
-/// Each page has the row labels at its left and the time axis on top. Pages end between rows and at
+/// Each page has the row labels at its left, or from right to left at its right as on screen, and
+/// the time axis on top. Pages end between rows and at
 /// calendar boundaries; a page that continues a group begins with the group's heading. Links run on
 /// from page to page: where one leaves a page, a mark says on which page it goes on. Selection and
 /// focus are not printed.
@@ -65,6 +67,7 @@ protected:
     TPrintLayout LayOutContent(const TPrintRoom &room, const TPrintScaling &scaling) override;
     void PaintContent(QPainter &painter, const TPrintPage &page) override;
     std::string RangeOf(const TPrintPage &page) const override;
+    TPrintFlow Flow() const override;
 
 private:
     friend class TGanttPage;
@@ -77,6 +80,7 @@ private:
     };
 
     void CollectRows();
+    void SizeRows(const IPrintAxis &across, const TPrintRoom &room, const TPrintScaling &scaling);
     bool IsWanted(int number, const TVisibleNode &node, bool isSelected) const;
     TGantRow *RowOf(const TVisibleNode &node) const;
     std::pair<TDateTime, TDateTime> PrintedTime() const;
@@ -85,6 +89,7 @@ private:
     template <typename Visit>
     void ForEachLink(int row, const Visit &visit) const;
     int HeadHeight() const;
+    QPoint AreaPlace() const;
     void PaintSide(QPainter &painter, const TGanttPage &page) const;
     void PaintLinkMarks(QPainter &painter, const TGanttPage &page) const;
 
@@ -100,7 +105,8 @@ private:
     std::vector<TVisibleNode> m_rows;
     std::vector<int> m_parents;
     std::unique_ptr<TPrintRows> m_down;
-    std::unique_ptr<TzuDateScaler> m_axis;       ///< all of the printed time
+    std::unique_ptr<TzuDateScaler> m_axis; ///< all of the printed time
+    std::unique_ptr<TPageAxisLabels> m_axisLabels;
     std::vector<std::vector<TLinkRows>> m_links; ///< see ForEachLink
 };
 

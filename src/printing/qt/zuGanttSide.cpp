@@ -36,8 +36,12 @@ public:
             rows.Nodes.push_back({row, {}, nullptr});
         }
         rows.Parents = std::move(outline.Parents);
-        rows.Heights.assign(rows.Nodes.size(), m_tree.RowHeight());
         return rows;
+    }
+    std::vector<int> FitInto(double room) override
+    {
+        m_labels.FitInto(room);
+        return m_labels.Heights();
     }
     QString CaptionOf(const TVisibleNode &node) const override
     {
@@ -47,18 +51,21 @@ public:
     void Paint(QPainter &painter, double head, double areaHeight,
                const std::vector<TVisibleNode> &rows) override
     {
-        double left = 0;
+        const bool mirrored = m_tree.isRightToLeft();
+        double left = mirrored ? Width() : 0;
         for (std::size_t i = 0; i < m_labels.Columns.size(); ++i) {
             const double width = m_labels.Widths()[i];
+            left -= mirrored ? width : 0;
             m_labels.PaintTitle(painter, {left, 0, width, head}, i);
             for (const TVisibleNode &row : rows) {
                 m_labels.PaintCell(painter,
                                    QRectF(left, head + row.Rect.Top, width, row.Rect.Height()), i,
                                    *row.Node);
             }
-            left += width;
+            const double end = mirrored ? left : left + width;
             painter.setPen(QPen(kPrintFrameColor, kPrintLine));
-            painter.drawLine(QPointF(left, 0), QPointF(left, head + areaHeight));
+            painter.drawLine(QPointF(end, 0), QPointF(end, head + areaHeight));
+            left += mirrored ? 0 : width;
         }
     }
 
@@ -87,6 +94,7 @@ public:
         TBabGridCell &root = m_grid.RootCell();
         TRows rows;
         TPrintParents parents;
+        m_heights.clear();
         int number = 0;
         const auto add = [&](const TGridBand &band) {
             auto *node = TzuGridTree::NodeOf(band.Item);
@@ -98,13 +106,14 @@ public:
             parents.Add(node->GetLevel(), wanted);
             if (wanted) {
                 rows.Nodes.push_back({nullptr, {}, node});
-                rows.Heights.push_back(band.Far - band.Near);
+                m_heights.push_back(band.Far - band.Near);
             }
         };
         m_part.ForEachRow(m_columns, m_part.HeadRows(), root.Rows().Count() - 1, add);
         rows.Parents = parents.Indexes();
         return rows;
     }
+    std::vector<int> FitInto(double /*room*/) override { return m_heights; }
     QString CaptionOf(const TVisibleNode &node) const override
     {
         TBabGridCell &root = m_grid.RootCell();
@@ -151,6 +160,7 @@ private:
     TzuGrid &m_grid;
     TPrintGrid m_part;
     TPrintGrid::TColumns m_columns;
+    std::vector<int> m_heights;
 };
 
 } // namespace

@@ -18,7 +18,7 @@ namespace korvane {
 class TPrintLabels;
 class TzuGant_ComBasic;
 
-/// The rows of a chart, printed at its left: those of its tree, or of the grid that stands in for
+/// The rows of a chart, printed at its side: those of its tree, or of the grid that stands in for
 /// it.
 class IGanttSide
 {
@@ -28,7 +28,6 @@ public:
     {
         std::vector<TVisibleNode> Nodes; ///< top to bottom
         std::vector<int> Parents;        ///< index of each one's heading among them, or -1
-        std::vector<int> Heights;        ///< in pixels
     };
     /// Whether a row is printed; numbers count from 0 among those that are shown.
     using TIsWanted = std::function<bool(int number, const TVisibleNode &node, bool isSelected)>;
@@ -37,6 +36,9 @@ public:
 
     /// The rows that are wanted.
     virtual TRows Collect(const TIsWanted &isWanted) = 0;
+    /// Takes no more than this room, in pixels, as far as columns may become narrower for it; the
+    /// heights of the rows that were collected last.
+    virtual std::vector<int> FitInto(double room) = 0;
     /// What a bookmark of the row says.
     virtual QString CaptionOf(const TVisibleNode &node) const = 0;
     /// In pixels, for the rows that were collected last.

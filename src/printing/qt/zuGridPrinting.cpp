@@ -59,6 +59,11 @@ void TzuGridPrinting::CollectRows()
     m_down = std::make_unique<TPrintRows>(heights);
 }
 
+TPrintFlow TzuGridPrinting::Flow() const
+{
+    return m_grid.isRightToLeft() ? TPrintFlow::RightToLeft : TPrintFlow::LeftToRight;
+}
+
 std::string TzuGridPrinting::RangeOf(const TPrintPage &page) const
 {
     return RowRangeText(*m_down, page.Down);
@@ -87,10 +92,12 @@ void TzuGridPrinting::PaintContent(QPainter &painter, const TPrintPage &page)
     const int first = m_across->RowAt(page.Across.From);
     const int after = m_across->RowFrom(page.Across.To);
     columns.assign(m_columns.begin() + first, m_columns.begin() + after);
-    PaintPart(painter, page, columns, {labels, 0, size.width() - labels, size.height()},
+    const bool mirrored = Flow() == TPrintFlow::RightToLeft;
+    const double body = size.width() - labels;
+    PaintPart(painter, page, columns, {mirrored ? 0 : labels, 0, body, size.height()},
               page.Across.From - m_across->TopOf(first));
     if (!m_labels.empty()) {
-        PaintPart(painter, page, m_labels, {0, 0, labels, size.height()}, 0);
+        PaintPart(painter, page, m_labels, {mirrored ? body : 0, 0, labels, size.height()}, 0);
     }
     // The last lines of the grid lie within it; the frame is around it.
     PaintFrame(painter, size, 0, 0);
@@ -105,7 +112,9 @@ void TzuGridPrinting::PaintPart(QPainter &painter, const TPrintPage &page, const
     painter.setClipRect(place, Qt::IntersectClip);
     TPrintGrid part(m_grid);
     const double head = part.HeadHeight();
-    const double left = place.left() - scrolled;
+    const double left = Flow() == TPrintFlow::RightToLeft
+                            ? place.right() + scrolled - TPrintGrid::WidthOf(columns)
+                            : place.left() - scrolled;
     part.PaintHead(painter, columns, {left, 0});
     const QRectF body = place.adjusted(0, head, 0, 0);
     painter.setClipRect(body, Qt::IntersectClip);

@@ -18,7 +18,8 @@ class TBabGridView_Custom;
 ///
 /// The head is repeated on every page, and so are the first columns. Pages end between rows and
 /// between columns; the text of a group of equal cells is repeated on the page that it continues
-/// on. The column that marks the current row, selection and focus are not printed.
+/// on. From right to left, columns and pages are as well. The column that marks the current row,
+/// selection and focus are not printed.
 class KORVANE_WIDGETS_API TzuGridPrinting : public TzuPrinting, public TPrintRowChoice
 {
 public:
@@ -32,6 +33,7 @@ protected:
     TPrintLayout LayOutContent(const TPrintRoom &room, const TPrintScaling &scaling) override;
     void PaintContent(QPainter &painter, const TPrintPage &page) override;
     std::string RangeOf(const TPrintPage &page) const override;
+    TPrintFlow Flow() const override;
 
 private:
     using TColumns = std::vector<TGridPrintSlice::TColumn>;

@@ -2,6 +2,7 @@
 
 #include "cellgrid/qt/zuBabGridView.h"
 #include "foundation/qt/zuConvert.h"
+#include "foundation/zuMirrorCanvas.h"
 #include "printing/qt/zuPrintParts.h"
 
 #include <QPainter>
@@ -101,7 +102,13 @@ void TPrintGrid::PaintSlice(QPainter &painter, const TGridPrintSlice &slice, con
         TPainterCanvas &canvas = sender->GetOffscreenCanvas();
         canvas.SetTextPage(FromQt(page.translated(-at).toAlignedRect()));
         canvas.SetFont(m_grid.Font());
-        static_cast<TBabGridSelectCore &>(m_grid).Paint(canvas);
+        auto &core = static_cast<TBabGridSelectCore &>(m_grid);
+        if (m_grid.isRightToLeft()) {
+            TMirrorCanvas mirrored(canvas, width);
+            core.Paint(mirrored);
+        } else {
+            core.Paint(canvas);
+        }
     };
     m_grid.SetPrintSlice(&painted);
     const auto restore = qScopeGuard([this] { m_grid.SetPrintSlice(nullptr); });

@@ -8,10 +8,14 @@
 #include <QFontMetricsF>
 #include <QPainter>
 #include <QPolygonF>
+#include <QStringList>
+#include <QStyle>
+#include <QTextLayout>
+#include <QTextOption>
 
 #include <algorithm>
-#include <array>
 #include <cmath>
+#include <numeric>
 
 namespace korvane {
 
@@ -19,10 +23,45 @@ namespace {
 
 /// Room for the mark of a row that has others below it.
 constexpr int kExpander = 12;
+constexpr int kNarrowestColumn = 40;
+constexpr double kMostWidth = 1 << 20;
 
 QString CaptionOf(const TzuDataEntity_Tree &entity)
 {
     return ToQt(entity.GetText());
+}
+
+/// Of a text that is wider than its place: broken between words, or else anywhere.
+QStringList BrokenText(const QString &text, const QFont &font, double width)
+{
+    constexpr int kMostLines = 12;
+    const QFontMetricsF metrics(font);
+    if (metrics.horizontalAdvance(text) <= width) {
+        return {text};
+    }
+    QTextLayout layout(text, font);
+    QTextOption option;
+    option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
+    layout.setTextOption(option);
+    QStringList lines;
+    layout.beginLayout();
+    for (QTextLine line = layout.createLine(); line.isValid(); line = layout.createLine()) {
+        line.setLineWidth(width);
+        if (lines.size() + 1 == kMostLines) {
+            lines += metrics.elidedText(text.mid(line.textStart()), Qt::ElideRight, width);
+            break;
+        }
+        lines += text.mid(line.textStart(), line.textLength()).trimmed();
+    }
+    layout.endLayout();
+    return lines;
+}
+
+QRectF MirroredIn(const QRectF &part, const QRectF &whole)
+{
+    QRectF mirrored = part;
+    mirrored.moveRight(whole.left() + whole.right() - part.left());
+    return mirrored;
 }
 
 } // namespace
@@ -80,12 +119,95 @@ QFont TPrintLabels::Font() const
 void TPrintLabels::Measure(TzuTree_ComBasic &tree, const std::vector<TzuDataEntity_Tree *> &rows)
 {
     m_tree = &tree;
+    m_rows = rows;
+    m_needed.clear();
     m_widths.clear();
-    m_width = 0;
     for (const TPrintColumn &column : Columns) {
-        m_widths.push_back(column.Width > 0 ? column.Width : NeededWidth(column, rows));
-        m_width += m_widths.back();
+        m_needed.push_back(column.Width > 0 ? column.Width : NeededWidth(column));
     }
+    m_widths = m_needed;
+}
+
+int TPrintLabels::NeededWidth(const TPrintColumn &column) const
+{
+    QFont bold = Font();
+    bold.setBold(true);
+    const QFontMetricsF metrics(bold);
+    const auto number = static_cast<std::size_t>(&column - Columns.data());
+    double widest = metrics.horizontalAdvance(column.Title);
+    for (const TzuDataEntity_Tree *row : m_rows) {
+        widest = std::max(widest,
+                          metrics.horizontalAdvance(TextOf(number, *row)) + Indent(number, *row));
+    }
+    return static_cast<int>(std::ceil(std::min(widest, kMostWidth))) + 2 * kPrintPadding;
+}
+
+void TPrintLabels::LimitColumns(double widest)
+{
+    m_widths = m_needed;
+    const int limit = std::max(static_cast<int>(widest), kNarrowestColumn);
+    for (std::size_t i = 0; i < Columns.size(); ++i) {
+        if (Columns[i].Width <= 0) {
+            m_widths[i] = std::min(m_widths[i], limit);
+        }
+    }
+}
+
+void TPrintLabels::FitInto(double room)
+{
+    // From the narrowest one on: what a column does not need is left to the wider ones.
+    std::vector<int> widths;
+    for (std::size_t i = 0; i < Columns.size(); ++i) {
+        if (Columns[i].Width > 0) {
+            room -= Columns[i].Width;
+        } else {
+            widths.push_back(m_needed[i]);
+        }
+    }
+    std::ranges::sort(widths);
+    for (std::size_t i = 0; i < widths.size(); ++i) {
+        const double share = room / static_cast<double>(widths.size() - i);
+        if (widths[i] > share) {
+            LimitColumns(share);
+            return;
+        }
+        room -= widths[i];
+    }
+    m_widths = m_needed;
+}
+
+int TPrintLabels::Width() const
+{
+    return std::accumulate(m_widths.begin(), m_widths.end(), 0);
+}
+
+std::vector<int> TPrintLabels::Heights() const
+{
+    const int height = m_tree->RowHeight();
+    std::vector<int> heights(m_rows.size(), height);
+    if (m_widths == m_needed) {
+        return heights;
+    }
+    QFont bold = Font();
+    bold.setBold(true);
+    const double line = QFontMetricsF(bold).height();
+    for (std::size_t i = 0; i < m_rows.size(); ++i) {
+        heights[i] += static_cast<int>(std::ceil((LinesOf(*m_rows[i], bold) - 1) * line));
+    }
+    return heights;
+}
+
+/// The most in any column.
+int TPrintLabels::LinesOf(const TzuDataEntity_Tree &row, const QFont &font) const
+{
+    qsizetype lines = 1;
+    for (std::size_t i = 0; i < Columns.size(); ++i) {
+        if (m_widths[i] < m_needed[i]) {
+            const double room = m_widths[i] - 2 * kPrintPadding - Indent(i, row);
+            lines = std::max(lines, BrokenText(TextOf(i, row), font, room).size());
+        }
+    }
+    return static_cast<int>(lines);
 }
 
 bool TPrintLabels::HasTitles() const
@@ -98,28 +220,28 @@ int TPrintLabels::TitleHeight() const
     return static_cast<int>(std::ceil(QFontMetricsF(Font()).height())) + kPrintPadding;
 }
 
-int TPrintLabels::NeededWidth(const TPrintColumn &column,
-                              const std::vector<TzuDataEntity_Tree *> &rows) const
+QString TPrintLabels::TextOf(std::size_t column, const TzuDataEntity_Tree &row) const
 {
-    QFont bold = Font();
-    bold.setBold(true);
-    const QFontMetricsF metrics(bold);
-    double widest = metrics.horizontalAdvance(column.Title);
-    for (const TzuDataEntity_Tree *entity : rows) {
-        double width =
-            metrics.horizontalAdvance(column.Text ? column.Text(*entity) : CaptionOf(*entity));
-        if (!column.Text) {
-            width += entity->GetLevel() * m_tree->Indent() + kExpander;
-            width +=
-                m_tree->Images() != nullptr ? m_tree->Images()->Size().Width + kPrintPadding : 0;
-        }
-        widest = std::max(widest, width);
-        if (widest >= TPrintColumn::kWidestColumn) {
-            break;
-        }
+    const auto &text = Columns[column].Text;
+    return (text ? text(row) : CaptionOf(row)).replace(u'\n', u' ');
+}
+
+/// Before a text. Deep rows share what a narrow column can spare.
+double TPrintLabels::Indent(std::size_t column, const TzuDataEntity_Tree &row) const
+{
+    if (Columns[column].Text) {
+        return 0;
     }
-    return std::min(static_cast<int>(std::ceil(widest)) + 2 * kPrintPadding,
-                    TPrintColumn::kWidestColumn);
+    const TzuImageList *images = m_tree->Images();
+    const int own = kExpander + (images != nullptr ? images->Size().Width + kPrintPadding : 0);
+    const double indent = row.GetLevel() * m_tree->Indent();
+    const bool narrowed = column < m_widths.size() && m_widths[column] < m_needed[column];
+    return own + (narrowed ? std::min(indent, m_widths[column] / 3.0) : indent);
+}
+
+Qt::Alignment TPrintLabels::Aligned(std::size_t column) const
+{
+    return QStyle::visualAlignment(m_tree->layoutDirection(), Columns[column].Alignment);
 }
 
 void TPrintLabels::PaintTitle(QPainter &painter, const QRectF &cell, std::size_t column) const
@@ -128,34 +250,51 @@ void TPrintLabels::PaintTitle(QPainter &painter, const QRectF &cell, std::size_t
     font.setBold(true);
     painter.setFont(font);
     painter.setPen(Qt::black);
-    painter.drawText(cell.adjusted(kPrintPadding, 0, -kPrintPadding, -kPrintPadding / 2.0),
-                     Qt::AlignBottom | Columns[column].Alignment, Columns[column].Title);
+    const QRectF place = cell.adjusted(kPrintPadding, 0, -kPrintPadding, -kPrintPadding / 2.0);
+    painter.drawText(
+        place, Qt::AlignBottom | Aligned(column) | Qt::AlignAbsolute,
+        QFontMetricsF(font).elidedText(Columns[column].Title, Qt::ElideRight, place.width()));
+}
+
+/// Draws what stands before a text; the rest of the place is the text's.
+QRectF TPrintLabels::PaintLead(QPainter &painter, QRectF place, std::size_t column,
+                               const TzuDataEntity_Tree &row, int image) const
+{
+    const double lead = Indent(column, row);
+    if (lead <= 0) {
+        return place;
+    }
+    const bool mirrored = m_tree->isRightToLeft();
+    const auto visual = [&](double left, double width) {
+        const QRectF part(place.left() + left, place.top(), width, place.height());
+        return mirrored ? MirroredIn(part, place) : part;
+    };
+    const TzuImageList *images = m_tree->Images();
+    const TSize size = images != nullptr ? images->Size() : TSize{};
+    const double picture = images != nullptr ? size.Width + kPrintPadding : 0;
+    if (row.HasChildren()) {
+        PaintExpander(painter, visual(lead - picture - kExpander - 2, kExpander),
+                      row.GetExpanded());
+    }
+    if (images != nullptr) {
+        constexpr double kPaperRatio = 3;
+        const QRectF at = visual(lead - picture, size.Width);
+        painter.drawPixmap(QPointF(at.left(), at.center().y() - size.Height / 2.0),
+                           images->Pixmap(image, size, kPaperRatio));
+    }
+    return visual(lead, place.width() - lead);
 }
 
 void TPrintLabels::PaintCell(QPainter &painter, const QRectF &cell, std::size_t column,
                              TzuDataEntity_Tree &row) const
 {
-    const TPrintColumn &label = Columns[column];
     TTreeItemLook look;
     look.ImageIndex = row.GetImageIndex();
     m_tree->OnCustomDrawItem(m_tree, &row, look);
     painter.setPen(QPen(kPrintLineColor, kPrintLine));
     painter.drawLine(cell.bottomLeft(), cell.bottomRight());
-    QRectF place = cell.adjusted(kPrintPadding, 0, -kPrintPadding, 0);
-    if (!label.Text) {
-        place.setLeft(place.left() + row.GetLevel() * m_tree->Indent());
-        if (row.HasChildren()) {
-            PaintExpander(painter, place, row.GetExpanded());
-        }
-        place.setLeft(place.left() + kExpander);
-        if (const TzuImageList *images = m_tree->Images()) {
-            const TSize size = images->Size();
-            constexpr double kPaperRatio = 3;
-            painter.drawPixmap(QPointF(place.left(), place.center().y() - size.Height / 2.0),
-                               images->Pixmap(look.ImageIndex, size, kPaperRatio));
-            place.setLeft(place.left() + size.Width + kPrintPadding);
-        }
-    }
+    const QRectF place = PaintLead(painter, cell.adjusted(kPrintPadding, 0, -kPrintPadding, 0),
+                                   column, row, look.ImageIndex);
     QFont font = Font();
     if (!row.GetFontName().empty()) {
         font.setFamily(ToQt(row.GetFontName()));
@@ -168,19 +307,30 @@ void TPrintLabels::PaintCell(QPainter &painter, const QRectF &cell, std::size_t 
     painter.setFont(font);
     painter.setPen(look.TextColor ? ReadableOnPaper(ToQt(*look.TextColor, QPalette(Qt::white)))
                                   : QColor(Qt::black));
-    const QString text = label.Text ? label.Text(row) : CaptionOf(row);
-    painter.drawText(place, Qt::AlignVCenter | label.Alignment | Qt::TextSingleLine,
-                     QFontMetricsF(font).elidedText(text, Qt::ElideRight, place.width()));
+    const QFontMetricsF metrics(font);
+    const QString text = TextOf(column, row);
+    const bool narrowed = m_widths[column] < m_needed[column];
+    const QStringList lines =
+        narrowed ? BrokenText(text, font, place.width())
+                 : QStringList(metrics.elidedText(text, Qt::ElideRight, place.width()));
+    double top = place.center().y() - static_cast<double>(lines.size()) * metrics.height() / 2;
+    for (const QString &line : lines) {
+        painter.drawText(
+            QRectF(place.left(), top, place.width(), metrics.height()),
+            Qt::AlignVCenter | Aligned(column) | Qt::AlignAbsolute | Qt::TextSingleLine, line);
+        top += metrics.height();
+    }
 }
 
-/// A triangle: pointing down with the rows below it shown, else to the right.
+/// A triangle: pointing down with the rows below it shown, else to where they are indented.
 void TPrintLabels::PaintExpander(QPainter &painter, const QRectF &place, bool expanded) const
 {
     constexpr double kLong = 3.5;
     constexpr double kShort = 2;
-    const QPointF middle(place.left() + kExpander / 2.0 - 2, place.center().y());
+    const QPointF middle(place.center());
     const QPointF along = expanded ? QPointF(kLong, 0) : QPointF(0, kLong);
-    const QPointF point = expanded ? QPointF(0, kShort) : QPointF(kShort, 0);
+    const double ahead = m_tree->isRightToLeft() ? -kShort : kShort;
+    const QPointF point = expanded ? QPointF(0, kShort) : QPointF(ahead, 0);
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(Qt::NoPen);

@@ -23,12 +23,11 @@ struct TPrintColumn
     QString Title; ///< above the column; empty for none
     /// Nothing set: the row's caption, indented by its level, with its image.
     std::function<QString(const TzuDataEntity_Tree &)> Text;
-    int Width = 0; ///< in pixels of the content; 0: as wide as needed, up to kWidestColumn
-    /// Of captions and title, horizontally.
+    /// In pixels of the content; 0: as wide as needed, up to what the page can spare. Longer texts
+    /// go on in further lines of a higher row.
+    int Width = 0;
+    /// Of captions and title, horizontally; from right to left, AlignLeft is at the right.
     Qt::Alignment Alignment = Qt::AlignLeft;
-
-    /// In pixels of the content.
-    static constexpr int kWidestColumn = 480;
 };
 
 /// Where the rows of a print stand in an outline, from top to bottom: the index of each one's
@@ -68,7 +67,8 @@ struct TPrintGroup
 /// The groups of an outline, top to bottom; `parents` is that of TPrintOutline.
 KORVANE_WIDGETS_API std::vector<TPrintGroup> GroupsOf(const std::vector<int> &parents);
 
-/// Draws the labels of a tree's rows as the tree looks, in ink for white paper.
+/// Draws the labels of a tree's rows as the tree looks, in ink for white paper: from right to left
+/// where the tree does.
 class KORVANE_WIDGETS_API TPrintLabels
 {
 public:
@@ -77,9 +77,16 @@ public:
 
     /// Finds the widths for these rows. The tree is observed from now on.
     void Measure(TzuTree_ComBasic &tree, const std::vector<TzuDataEntity_Tree *> &rows);
-    /// Of the columns, and their sum, in pixels of content, as last measured.
+    /// Narrows the widest of the columns that have no width of their own, so that all of them
+    /// together take this room, as far as that goes; anew after each Measure.
+    void FitInto(double room);
+    /// Narrows each of them that is wider; likewise.
+    void LimitColumns(double widest);
+    /// Of the columns, and their sum, in pixels of content, as last measured and narrowed.
     const std::vector<int> &Widths() const { return m_widths; }
-    int Width() const { return m_width; }
+    int Width() const;
+    /// For each of the rows that were measured, in pixels of content.
+    std::vector<int> Heights() const;
     /// Whether any column has a title.
     bool HasTitles() const;
     /// Room for one line, in pixels of content.
@@ -92,14 +99,20 @@ public:
                    TzuDataEntity_Tree &row) const;
 
 private:
-    int NeededWidth(const TPrintColumn &column,
-                    const std::vector<TzuDataEntity_Tree *> &rows) const;
+    int NeededWidth(const TPrintColumn &column) const;
     QFont Font() const;
+    QString TextOf(std::size_t column, const TzuDataEntity_Tree &row) const;
+    double Indent(std::size_t column, const TzuDataEntity_Tree &row) const;
+    int LinesOf(const TzuDataEntity_Tree &row, const QFont &font) const;
+    Qt::Alignment Aligned(std::size_t column) const;
+    QRectF PaintLead(QPainter &painter, QRectF place, std::size_t column,
+                     const TzuDataEntity_Tree &row, int image) const;
     void PaintExpander(QPainter &painter, const QRectF &place, bool expanded) const;
 
     TzuTree_ComBasic *m_tree = nullptr;
+    std::vector<TzuDataEntity_Tree *> m_rows; ///< observed
+    std::vector<int> m_needed;
     std::vector<int> m_widths;
-    int m_width = 0;
 };
 
 } // namespace korvane

@@ -1,17 +1,12 @@
 #include "printing/qt/zuPrintParts.h"
 
 #include "foundation/qt/zuConvert.h"
-#include "foundation/zuTranslate.h"
 #include "scaler/qt/zuScaler.h"
 
 #include <QFontInfo>
 #include <QFontMetricsF>
 #include <QLocale>
 #include <QPainter>
-
-#include <algorithm>
-#include <cmath>
-#include <stdexcept>
 
 namespace korvane {
 
@@ -41,66 +36,6 @@ QColor ReadableOnPaper(const QColor &color)
 {
     constexpr int kLightest = 150;
     return qGray(color.rgb()) > kLightest ? QColor(Qt::black) : color;
-}
-
-namespace {
-
-void SetLength(TzuDateScaler &axis, int length, int thickness)
-{
-    axis.resize(axis.Horizontal() ? length : thickness, axis.Horizontal() ? thickness : length);
-}
-
-} // namespace
-
-std::unique_ptr<TzuDateScaler> MakeWholeAxis(const TzuDateScaler &shown,
-                                             std::pair<TDateTime, TDateTime> range, double scale,
-                                             int thickness)
-{
-    constexpr int kLongestAxis = 50'000'000;
-    const auto [from, to] = range;
-    if (!(to > from)) {
-        throw std::runtime_error(Translate("TzuPrinting", "The time to print is empty"));
-    }
-    if (!(scale > 0)) {
-        throw std::runtime_error(Translate("TzuPrinting", "The time axis has no scale"));
-    }
-    auto axis = std::make_unique<TzuDateScaler>();
-    axis->BeginUpdate();
-    axis->AssignLook(shown);
-    axis->EndUpdate();
-    // Hidden time makes room for more; how much shows only once the axis has it.
-    TDateTime hidden = 0;
-    constexpr int kRounds = 4;
-    for (int round = 0; round < kRounds; ++round) {
-        const double pixels = std::ceil((to - from - hidden) / scale);
-        if (pixels > kLongestAxis) {
-            throw std::runtime_error(
-                Translate("TzuPrinting", "The time to print is too long at this scale"));
-        }
-        const int length = std::max(static_cast<int>(pixels), 1);
-        axis->BeginUpdate();
-        SetLength(*axis, length, thickness);
-        axis->SetRange(from, from + length * scale);
-        axis->EndUpdate();
-        if (axis->HiddenSpan() == hidden) {
-            break;
-        }
-        hidden = axis->HiddenSpan();
-    }
-    return axis;
-}
-
-void SetUpPageAxis(TzuDateScaler &axis, const TzuDateScaler &whole, const TPageSpan &span,
-                   int thickness)
-{
-    const int from = static_cast<int>(span.From);
-    const int length = static_cast<int>(span.To) - from;
-    const TDateTime start = whole.PixelToDate(from);
-    axis.BeginUpdate();
-    axis.AssignLook(whole);
-    SetLength(axis, length, thickness);
-    axis.SetRange(start, start + length * whole.GetScale());
-    axis.EndUpdate();
 }
 
 QRectF OwnTexts(const QRectF &body, const TPrintPage &page)

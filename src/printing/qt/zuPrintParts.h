@@ -12,9 +12,7 @@
 #include <QSizeF>
 #include <QString>
 
-#include <memory>
 #include <string>
-#include <utility>
 
 class QPainter;
 
@@ -44,16 +42,6 @@ KORVANE_WIDGETS_API void UsePaper(TzuOffscreenPaint &control);
 KORVANE_WIDGETS_API QFont PaperFont(QFont font);
 /// Ink that can be read on white paper.
 KORVANE_WIDGETS_API QColor ReadableOnPaper(const QColor &color);
-
-/// An axis of a whole printed range that looks as the one on screen. Its length follows from the
-/// scale (days per pixel); `thickness` is its extent across. Throws std::runtime_error for an empty
-/// range, and for one that is too long at the scale.
-KORVANE_WIDGETS_API std::unique_ptr<TzuDateScaler>
-MakeWholeAxis(const TzuDateScaler &shown, std::pair<TDateTime, TDateTime> range, double scale,
-              int thickness);
-/// Makes an axis a page's part of the whole one.
-KORVANE_WIDGETS_API void SetUpPageAxis(TzuDateScaler &axis, const TzuDateScaler &whole,
-                                       const TPageSpan &span, int thickness);
 
 /// The part of a page whose texts are the page's own: the body, with what lies before the first
 /// pages.

@@ -8,6 +8,7 @@
 #include <QScopeGuard>
 
 #include <algorithm>
+#include <utility>
 
 namespace korvane {
 
@@ -54,6 +55,14 @@ QSizeF TzuPrinting::ContentSize(const TPrintPage &page) const
     return {m_layout.LabelWidth() + extent(page.Across), m_layout.HeadHeight() + extent(page.Down)};
 }
 
+/// Where the content of a page begins in its room, in paper pixels.
+double TzuPrinting::IndentOf(const TPrintPage &page) const
+{
+    return Flow() == TPrintFlow::LeftToRight
+               ? 0
+               : std::max(m_room.width() - ContentSize(page).width() * m_layout.Scale(), 0.0);
+}
+
 void TzuPrinting::PaintPage(QPainter &painter, const QRectF &sheet, int page)
 {
     const TPrintPage shown = m_layout.Page(page);
@@ -65,9 +74,13 @@ void TzuPrinting::PaintPage(QPainter &painter, const QRectF &sheet, int page)
     painter.translate(sheet.topLeft());
     painter.scale(fit, fit);
     const double scale = m_layout.Scale();
-    const QRectF content(m_room.topLeft(), ContentSize(shown) * scale);
-    const TPrintEdges edges{shown.Column > 0, shown.Row > 0, shown.Column + 1 < m_layout.Columns(),
-                            shown.Row + 1 < m_layout.Rows()};
+    const QRectF content(m_room.topLeft() + QPointF(IndentOf(shown), 0),
+                         ContentSize(shown) * scale);
+    TPrintEdges edges{shown.Column > 0, shown.Row > 0, shown.Column + 1 < m_layout.Columns(),
+                      shown.Row + 1 < m_layout.Rows()};
+    if (Flow() == TPrintFlow::RightToLeft) {
+        std::swap(edges.Left, edges.Right);
+    }
     m_paper.Paint(painter, FieldsOf(page), content, edges, shown);
     painter.translate(content.topLeft());
     painter.scale(scale, scale);
@@ -82,7 +95,9 @@ void TzuPrinting::PaintContentIn(QPainter &painter, const QRectF &place, int pag
     const auto restore = qScopeGuard([&] { painter.restore(); });
     painter.setClipRect(place, painter.hasClipping() ? Qt::IntersectClip : Qt::ReplaceClip);
     painter.translate(place.topLeft());
-    painter.scale(fit * m_layout.Scale(), fit * m_layout.Scale());
+    painter.scale(fit, fit);
+    painter.translate(IndentOf(shown), 0);
+    painter.scale(m_layout.Scale(), m_layout.Scale());
     PaintContent(painter, shown);
 }
 

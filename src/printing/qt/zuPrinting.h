@@ -14,6 +14,13 @@ class QPainter;
 
 namespace korvane {
 
+/// Which way pages are read.
+enum class TPrintFlow : unsigned char {
+    LeftToRight,
+    LabelsAtRight, ///< time runs from left to right, labels stand at the right
+    RightToLeft    ///< labels and all the columns, also from page to page
+};
+
 /// Prints a component over pages. Set the options, then print, save or paint pages.
 ///
 /// A page shows its part of the component between the margins, below a header and above a footer.
@@ -58,6 +65,8 @@ protected:
     /// Draws a page's part of the content, labels and head included; the unit is a pixel of
     /// content, the origin the upper left corner of the room.
     virtual void PaintContent(QPainter &painter, const TPrintPage &page) = 0;
+    /// LeftToRight unless overridden. Otherwise content stands at the right edge of its room.
+    virtual TPrintFlow Flow() const { return TPrintFlow::LeftToRight; }
     /// What a page shows, for header and footer.
     virtual std::string RangeOf(const TPrintPage &page) const = 0;
     /// The sheet's pixel row at which a position of the content down the pages is printed, and its
@@ -68,6 +77,7 @@ protected:
     int NumberOf(int page) const { return page + m_firstPage; }
 
 private:
+    double IndentOf(const TPrintPage &page) const;
     TPrintFields FieldsOf(int page) const;
     void LayOutIn(const QRectF &room);
 

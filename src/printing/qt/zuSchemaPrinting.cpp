@@ -1,6 +1,7 @@
 #include "printing/qt/zuSchemaPrinting.h"
 
 #include "foundation/qt/zuConvert.h"
+#include "printing/qt/zuPageAxis.h"
 #include "printing/qt/zuPrintParts.h"
 #include "schema/qt/zuSchemaComBasic.h"
 #include "schema/qt/zuSchemaPrintView.h"
@@ -45,7 +46,7 @@ private:
 
     TzuSchemaPrinting &m_printing;
     const TPrintPage m_page;
-    TzuDateScaler m_axis;
+    TPageAxis m_axis;
     TzuOffscreenPaint m_area;
     TzuOffscreenPaint m_band;
     TzuDateScaler *m_usedAxis = &m_axis;
@@ -61,7 +62,8 @@ TSchemaPage::TSchemaPage(TzuSchemaPrinting &printing, const TPrintPage &page)
     UsePaper(m_axis);
     UsePaper(m_area);
     UsePaper(m_band);
-    SetUpPageAxis(m_axis, *printing.m_axis, printing.TimeSpan(page), printing.AxisThickness());
+    m_axis.SetUp(*printing.m_axis, *printing.m_axisLabels, printing.TimeSpan(page),
+                 printing.AxisThickness());
     TzuSchema_ComBasic &schema = printing.m_schema;
     m_axis.OnPrintResizeFont = schema.SchemaArea().OnPrintResizeFont;
     m_area.OnPrintResizeFont = schema.SchemaArea().OnPrintResizeFont;
@@ -229,6 +231,7 @@ TPrintLayout TzuSchemaPrinting::LayOutContent(const TPrintRoom &room, const TPri
         shown, Range().value_or(std::pair(shown.GetStart(), shown.GetStop() + shown.HiddenSpan())),
         TimeScaleOr(shown.GetScale()), AxisThickness());
     TzuDateScaler &axis = *m_axis;
+    m_axisLabels = std::make_unique<TPageAxisLabels>(axis);
     const TPrintTime time({[&](TDateTime date) { return axis.DateToPixel(date); },
                            [&](int pixel) { return axis.PixelToDate(pixel); }},
                           m_columns.empty() ? 0 : axis.GetScaleLen(), axis.FirstDayOfWeek());

@@ -11,6 +11,7 @@
 namespace korvane {
 
 class TCanvas;
+class TPageAxisLabels;
 class TSchemaPage;
 class TzuDateScaler;
 class TzuSchema_ComBasic;
@@ -71,8 +72,9 @@ private:
     std::vector<int> m_columns; ///< numbers of the printed ones
     std::unique_ptr<TPrintRows> m_columnAxis;
     std::unique_ptr<TzuDateScaler> m_axis; ///< all of the printed time
-    int m_captionRoom = 0;                 ///< height of the captions, or width in the flipped view
-    int m_bandThickness = 0;               ///< likewise
+    std::unique_ptr<TPageAxisLabels> m_axisLabels;
+    int m_captionRoom = 0;   ///< height of the captions, or width in the flipped view
+    int m_bandThickness = 0; ///< likewise
 };
 
 } // namespace korvane

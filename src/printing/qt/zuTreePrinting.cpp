@@ -22,10 +22,14 @@ TPrintLayout TzuTreePrinting::LayOutContent(const TPrintRoom &room, const TPrint
         return HasRow(number) && (!IsSelectionOnly() || row.GetSelected());
     });
     m_labels.Measure(m_tree, m_outline.Rows);
+    // What is repeated leaves room for other columns.
+    constexpr double kShare = 0.4;
+    const double scale = scaling.Fit == TPrintFit::pfPercent ? scaling.Percent / 100 : 1;
+    m_labels.LimitColumns(room.Width / scale * (RepeatedColumns() > 0 ? kShare : 1));
     const std::vector<int> &widths = m_labels.Widths();
     m_across = std::make_unique<TPrintRows>(std::vector<int>(
         widths.begin() + static_cast<std::ptrdiff_t>(RepeatedColumns()), widths.end()));
-    m_down = std::make_unique<TPrintRows>(m_outline.Parents, m_tree.RowHeight(),
+    m_down = std::make_unique<TPrintRows>(m_labels.Heights(), m_outline.Parents,
                                           m_repeatHeadings ? kMostPrintHeadings : 0);
     return {{*m_across, *m_down, static_cast<double>(RepeatedWidth()),
              static_cast<double>(HeadHeight())},
@@ -36,6 +40,11 @@ TPrintLayout TzuTreePrinting::LayOutContent(const TPrintRoom &room, const TPrint
 int TzuTreePrinting::HeadHeight() const
 {
     return m_labels.HasTitles() ? m_labels.TitleHeight() : 0;
+}
+
+TPrintFlow TzuTreePrinting::Flow() const
+{
+    return m_tree.isRightToLeft() ? TPrintFlow::RightToLeft : TPrintFlow::LeftToRight;
 }
 
 std::string TzuTreePrinting::RangeOf(const TPrintPage &page) const
@@ -67,18 +76,24 @@ void TzuTreePrinting::PaintContent(QPainter &painter, const TPrintPage &page)
                     RepeatedWidth() + m_across->TopOf(column) - page.Across.From);
     }
     if (repeated > 0) {
-        painter.fillRect(QRectF(0, 0, RepeatedWidth(), size.height()), Qt::white);
+        const double left = Flow() == TPrintFlow::RightToLeft ? size.width() - RepeatedWidth() : 0;
+        painter.fillRect(QRectF(left, 0, RepeatedWidth(), size.height()), Qt::white);
         PaintColumn(painter, page, 0, 0);
     }
     restore.dismiss();
     painter.restore();
-    PaintFrame(painter, size, RepeatedWidth(), HeadHeight());
+    PaintFrame(painter, size,
+               Flow() == TPrintFlow::RightToLeft ? size.width() - RepeatedWidth() : RepeatedWidth(),
+               HeadHeight());
 }
 
+/// `before` is what stands before the column on the page, in reading direction.
 void TzuTreePrinting::PaintColumn(QPainter &painter, const TPrintPage &page, std::size_t column,
-                                  double left) const
+                                  double before) const
 {
     const double width = m_labels.Widths()[column];
+    const bool mirrored = Flow() == TPrintFlow::RightToLeft;
+    const double left = mirrored ? ContentSize(page).width() - before - width : before;
     const double head = HeadHeight();
     if (head > 0) {
         m_labels.PaintTitle(painter, {left, 0, width, head}, column);
@@ -100,8 +115,8 @@ void TzuTreePrinting::PaintColumn(QPainter &painter, const TPrintPage &page, std
         paint(row, top + m_down->TopOf(row) - page.Down.From);
     }
     painter.setPen(QPen(kPrintFrameColor, kPrintLine));
-    painter.drawLine(QPointF(left + width, 0),
-                     QPointF(left + width, top + page.Down.To - page.Down.From));
+    const double end = mirrored ? left : left + width;
+    painter.drawLine(QPointF(end, 0), QPointF(end, top + page.Down.To - page.Down.From));
 }
 
 } // namespace korvane

@@ -17,8 +17,8 @@ class TzuTree_ComBasic;
 /// the captions.
 ///
 /// Captions and titles are repeated on every page. Pages end between rows and between columns; a
-/// page that continues a group begins with the group's headings. Selection and focus are not
-/// printed.
+/// page that continues a group begins with the group's headings. From right to left, columns and
+/// pages are as well. Selection and focus are not printed.
 class KORVANE_WIDGETS_API TzuTreePrinting : public TzuPrinting, public TPrintRowChoice
 {
 public:
@@ -37,6 +37,7 @@ protected:
     TPrintLayout LayOutContent(const TPrintRoom &room, const TPrintScaling &scaling) override;
     void PaintContent(QPainter &painter, const TPrintPage &page) override;
     std::string RangeOf(const TPrintPage &page) const override;
+    TPrintFlow Flow() const override;
 
 private:
     /// Columns that every page repeats.
@@ -44,7 +45,7 @@ private:
     int RepeatedWidth() const { return RepeatedColumns() > 0 ? m_labels.Widths().front() : 0; }
     int HeadHeight() const;
     void PaintColumn(QPainter &painter, const TPrintPage &page, std::size_t column,
-                     double left) const;
+                     double before) const;
 
     TzuTree_ComBasic &m_tree;
     TPrintLabels m_labels;

@@ -45,10 +45,11 @@ int DifferentPixels(const QImage &a, const QImage &b)
     return count;
 }
 
-/// Of an axis at the top, the marks: its labels are chosen for each page, so that none is cut.
-enum class THead { Captions, Axis };
+/// Where the time axis is. Of it, the marks are compared: labels at edges are moved, so that none
+/// is cut; see AxisLabelsTest.
+enum class TAxis { None, Top, Left };
 
-void ExpectPagesToMakeUpTheWhole(TzuPrinting &printing, THead heads, int rightSide = 0)
+void ExpectPagesToMakeUpTheWhole(TzuPrinting &printing, TAxis axis, int rightSide = 0)
 {
     constexpr int kMarks = 5;
     SetBareSheet(printing, 6000, 4000);
@@ -90,8 +91,10 @@ void ExpectPagesToMakeUpTheWhole(TzuPrinting &printing, THead heads, int rightSi
                                        whole.copy(QRect(onWhole, onPage.size())));
             };
             EXPECT_EQ(same({{label, body}, part}, {label + from, head + top}), 0);
-            EXPECT_EQ(same({0, body, label, part.height()}, {0, head + top}), 0) << "labels";
-            const int above = heads == THead::Axis ? head - kMarks : 0;
+            const int before = axis == TAxis::Left ? label - kMarks : 0;
+            EXPECT_EQ(same({before, body, label - before, part.height()}, {before, head + top}), 0)
+                << "labels";
+            const int above = axis == TAxis::Top ? head - kMarks : 0;
             EXPECT_EQ(same({label, above, part.width(), head - above}, {label + from, above}), 0)
                 << "head";
         }
@@ -109,7 +112,7 @@ TEST(Stitching, GanttChartWithTreeAndWithGrid)
         printing.SetFineness(1);
         for (const bool headings : {true, false}) {
             printing.SetRepeatHeadings(headings);
-            ExpectPagesToMakeUpTheWhole(printing, THead::Axis);
+            ExpectPagesToMakeUpTheWhole(printing, TAxis::Top);
         }
     }
 }
@@ -128,7 +131,7 @@ TEST(Stitching, Tree)
     printing.Columns() = {{QStringLiteral("Row"), {}, 0, Qt::AlignLeft},
                           {QStringLiteral("Length"), length, 150, Qt::AlignRight},
                           {QStringLiteral("Level"), level, 200, Qt::AlignHCenter}};
-    ExpectPagesToMakeUpTheWhole(printing, THead::Captions);
+    ExpectPagesToMakeUpTheWhole(printing, TAxis::None);
 }
 
 TEST(Stitching, Grid)
@@ -136,7 +139,7 @@ TEST(Stitching, Grid)
     TzuGrid grid;
     FillGrid(grid);
     TzuGridPrinting printing(grid);
-    ExpectPagesToMakeUpTheWhole(printing, THead::Captions);
+    ExpectPagesToMakeUpTheWhole(printing, TAxis::None);
 }
 
 TEST(Stitching, ScheduleInBothViewsWithOneAxisOrTwo)
@@ -148,10 +151,10 @@ TEST(Stitching, ScheduleInBothViewsWithOneAxisOrTwo)
         schema.SetFlipView(flip);
         TzuSchemaPrinting printing(schema);
         printing.SetTimeScale(1.0 / kDay);
-        ExpectPagesToMakeUpTheWhole(printing, flip ? THead::Axis : THead::Captions);
+        ExpectPagesToMakeUpTheWhole(printing, flip ? TAxis::Top : TAxis::Left);
         if (!flip) {
             printing.SetAxisAtBothEdges(true);
-            ExpectPagesToMakeUpTheWhole(printing, THead::Captions, schema.GetScalerWidth());
+            ExpectPagesToMakeUpTheWhole(printing, TAxis::Left, schema.GetScalerWidth());
         }
     }
 }
