@@ -278,7 +278,9 @@ void TGantCore::RenderLink(TzuDataEntity_Link &link)
     }
     const TLinkEnd firstEnd = LinkEndOf(*first);
     const TLinkEnd secondEnd = LinkEndOf(*second);
-    if (!IsLinkShown(firstEnd, secondEnd, m_linkShow)) {
+    // On paper every row has its place or is not printed; no link leads to one that is not.
+    const bool wholly = firstEnd.OnScreen && secondEnd.OnScreen;
+    if (m_host.ShowsMarks() ? !IsLinkShown(firstEnd, secondEnd, m_linkShow) : !wholly) {
         return;
     }
     const TLinkStyle style = firstRow == secondRow ? TLinkStyle::tlsDefault : link.GetStyle();

@@ -45,7 +45,7 @@ double ScaleOf(const TPrintContent &content, const TPrintRoom &room, const TPrin
 double RoomForLabels(const TPrintContent &content, const TPrintRoom &room,
                      const TPrintScaling &scaling)
 {
-    constexpr double kShare = 0.4;
+    constexpr double kShare = 0.5;
     const TPrintContent bare{content.Across, content.Down, 0, content.HeadHeight};
     const TPrintRoom body{room.Width * (1 - kShare), room.Height};
     return room.Width * kShare / ScaleOf(bare, body, scaling);

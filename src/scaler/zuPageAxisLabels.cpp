@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <string_view>
 
 namespace korvane {
 
@@ -102,8 +103,8 @@ TPageAxisLabels::TRow TPageAxisLabels::Choose(TCanvas &canvas, TScaleRow row, do
 }
 
 /// In their places come first: only the outermost ones of a part are ever moved.
-std::vector<TPageAxisLabels::TPlaced>
-TPageAxisLabels::LabelsOf(const TRow &row, std::int64_t from, std::int64_t to)
+std::vector<TPageAxisLabels::TPlaced> TPageAxisLabels::LabelsOf(const TRow &row, std::int64_t from,
+                                                                std::int64_t to)
 {
     std::vector<TPlaced> placed;
     auto label = std::ranges::lower_bound(row, from, {}, &TLabel::To);
@@ -130,26 +131,30 @@ void TPageAxisLabels::Draw(TCanvas &canvas, const TRect &rect, TPart part, TPrin
                            const std::function<void()> &fontChosen)
 {
     const bool horizontal = m_whole.Horizontal();
-    const double along = horizontal ? scale.X : scale.Y;
+    const double enlarged = horizontal ? scale.X : scale.Y;
     const double across = horizontal ? scale.Y : scale.X;
-    const std::int64_t from = std::llround(part.From * along);
-    const std::int64_t to = std::llround(part.To * along);
+    const TColor background = canvas.Brush().Color;
+    const std::int64_t from = std::llround(part.From * enlarged);
+    const std::int64_t to = std::llround(part.To * enlarged);
     for (const TScaleRow row : {TScaleRow::Minor, TScaleRow::Major}) {
         auto &labels = row == TScaleRow::Major ? m_major : m_minor;
         if (!labels) {
-            labels = Choose(canvas, row, along, fontChosen);
+            labels = Choose(canvas, row, enlarged, fontChosen);
         }
         const int cross = RoundToPixel(across * m_whole.RowOffset(row));
         for (const TPlaced &placed : LabelsOf(*labels, from, to)) {
             const TScaleMark &mark = *placed.Label->Mark;
-            const auto at = static_cast<int>(placed.At - from);
+            const auto along = static_cast<int>(placed.At - from);
             SetFont(canvas, mark, fontChosen);
-            if (horizontal) {
-                canvas.TextOut({rect.Left + at, rect.Top + cross}, mark.Text);
-            } else {
-                canvas.TextOut({rect.Left + cross, rect.Top + at},
-                               ShortenedLabel(canvas, mark.Text, rect.Width() - cross));
-            }
+            const TPoint at = horizontal ? TPoint{rect.Left + along, rect.Top + cross}
+                                         : TPoint{rect.Left + cross, rect.Top + along};
+            const std::string_view text =
+                horizontal ? mark.Text : ShortenedLabel(canvas, mark.Text, rect.Right - at.X);
+            const TSize size = canvas.TextExtent(text);
+            canvas.FillRect(
+                BehindLabel(rect, {at.X, at.Y, at.X + size.Width, at.Y + size.Height}, horizontal),
+                background);
+            canvas.TextOut(at, text);
         }
     }
 }

@@ -40,7 +40,8 @@ public:
 
     /// Whether the axis has marks up to a pixel; very long ones have none at their end.
     bool Reaches(int pixel) const;
-    /// Draws the labels of a part, which fills the rectangle at this scale. `fontChosen` is called
+    /// Draws the labels of a part, which fills the rectangle at this scale, on a background of the
+    /// brush's colour. `fontChosen` is called
     /// after each change of the canvas' font, and may enlarge it. Scale and fonts are the same for
     /// all parts.
     void Draw(TCanvas &canvas, const TRect &rect, TPart part, TPrintScale scale,

@@ -5,11 +5,16 @@
 #include "scaler/zuScaleMark.h"
 #include "scaler/zuScalerSteps.h"
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <string_view>
 
 namespace korvane {
+
+/// Lengths of ticks, in pixels.
+inline constexpr int kMajorTick = 15;
+inline constexpr int kMinorTick = 5;
 
 /// Between the beginnings of two labels there is room for the second one and this, in pixels.
 inline constexpr int LabelGap(bool horizontal)
@@ -51,6 +56,17 @@ inline std::string_view ShortenedLabel(const TCanvas &canvas, std::string_view t
         text = text.substr(0, length);
     }
     return text;
+}
+
+/// What is filled behind a label on an axis in `target`, so that no tick crosses it.
+inline TRect BehindLabel(const TRect &target, const TRect &label, bool horizontal)
+{
+    TRect behind = label;
+    if (horizontal) { // nothing of a tick shows above the text; below it they go on
+        behind.Top = std::min(behind.Top, target.Bottom - kMajorTick);
+        behind.Bottom = std::min(behind.Bottom, target.Bottom - kMinorTick);
+    }
+    return behind;
 }
 
 } // namespace korvane

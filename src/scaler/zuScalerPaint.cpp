@@ -12,8 +12,6 @@ namespace korvane {
 
 namespace {
 
-constexpr int kMajorTick = 15;
-constexpr int kMinorTick = 5;
 constexpr int kButtonSize = 20;
 
 /// Pixels times a factor plus an offset, kept where canvases can still calculate with it.
@@ -113,12 +111,9 @@ private:
     void DrawAt(TPoint at, TSize extent, std::string_view text) const
     {
         if (m_target.Background) {
-            TRect behind{at.X, at.Y, at.X + extent.Width, at.Y + extent.Height};
-            if (m_horizontal) { // nothing of a tick shows above the text; below it they go on
-                behind.Top = std::min(behind.Top, m_target.Rect.Bottom - kMajorTick);
-                behind.Bottom = std::min(behind.Bottom, m_target.Rect.Bottom - kMinorTick);
-            }
-            m_target.Canvas.FillRect(behind, *m_target.Background);
+            const TRect label{at.X, at.Y, at.X + extent.Width, at.Y + extent.Height};
+            m_target.Canvas.FillRect(BehindLabel(m_target.Rect, label, m_horizontal),
+                                     *m_target.Background);
         }
         m_target.Canvas.TextOut(at, text);
     }

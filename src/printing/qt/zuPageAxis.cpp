@@ -81,7 +81,9 @@ void TPageAxis::OffscreenPaint()
 {
     TzuDateScaler::OffscreenPaint();
     if (m_labels != nullptr) {
-        m_labels->Draw(GetOffscreenCanvas(), ClientArea(), m_part,
+        TCanvas &canvas = GetOffscreenCanvas();
+        canvas.SetBrushColor(clWindow);
+        m_labels->Draw(canvas, ClientArea(), m_part,
                        {TzuOffscreenPaint::GetScalex(), TzuOffscreenPaint::GetScaley()},
                        [this] { TzuOffscreenPaint::PrintResizeFont(); });
     }

@@ -188,19 +188,18 @@ std::vector<int> TPrintLabels::Heights() const
     if (m_widths == m_needed) {
         return heights;
     }
-    QFont bold = Font();
-    bold.setBold(true);
-    const double line = QFontMetricsF(bold).height();
+    const double line = QFontMetricsF(Font()).height();
     for (std::size_t i = 0; i < m_rows.size(); ++i) {
-        heights[i] += static_cast<int>(std::ceil((LinesOf(*m_rows[i], bold) - 1) * line));
+        heights[i] += static_cast<int>(std::ceil((LinesOf(*m_rows[i]) - 1) * line));
     }
     return heights;
 }
 
 /// The most in any column.
-int TPrintLabels::LinesOf(const TzuDataEntity_Tree &row, const QFont &font) const
+int TPrintLabels::LinesOf(TzuDataEntity_Tree &row) const
 {
     qsizetype lines = 1;
+    const QFont font = FontOf(row, LookOf(row));
     for (std::size_t i = 0; i < Columns.size(); ++i) {
         if (m_widths[i] < m_needed[i]) {
             const double room = m_widths[i] - 2 * kPrintPadding - Indent(i, row);
@@ -208,6 +207,28 @@ int TPrintLabels::LinesOf(const TzuDataEntity_Tree &row, const QFont &font) cons
         }
     }
     return static_cast<int>(lines);
+}
+
+TTreeItemLook TPrintLabels::LookOf(TzuDataEntity_Tree &row) const
+{
+    TTreeItemLook look;
+    look.ImageIndex = row.GetImageIndex();
+    m_tree->OnCustomDrawItem(m_tree, &row, look);
+    return look;
+}
+
+QFont TPrintLabels::FontOf(const TzuDataEntity_Tree &row, const TTreeItemLook &look) const
+{
+    QFont font = Font();
+    if (!row.GetFontName().empty()) {
+        font.setFamily(ToQt(row.GetFontName()));
+    }
+    const TFontStyles own = row.GetFontStyle();
+    font.setBold(font.bold() || own.Bold || look.Style.Bold);
+    font.setItalic(font.italic() || own.Italic || look.Style.Italic);
+    font.setUnderline(own.Underline || look.Style.Underline);
+    font.setStrikeOut(own.StrikeOut || look.Style.StrikeOut);
+    return font;
 }
 
 bool TPrintLabels::HasTitles() const
@@ -288,22 +309,12 @@ QRectF TPrintLabels::PaintLead(QPainter &painter, QRectF place, std::size_t colu
 void TPrintLabels::PaintCell(QPainter &painter, const QRectF &cell, std::size_t column,
                              TzuDataEntity_Tree &row) const
 {
-    TTreeItemLook look;
-    look.ImageIndex = row.GetImageIndex();
-    m_tree->OnCustomDrawItem(m_tree, &row, look);
+    const TTreeItemLook look = LookOf(row);
     painter.setPen(QPen(kPrintLineColor, kPrintLine));
     painter.drawLine(cell.bottomLeft(), cell.bottomRight());
     const QRectF place = PaintLead(painter, cell.adjusted(kPrintPadding, 0, -kPrintPadding, 0),
                                    column, row, look.ImageIndex);
-    QFont font = Font();
-    if (!row.GetFontName().empty()) {
-        font.setFamily(ToQt(row.GetFontName()));
-    }
-    const TFontStyles own = row.GetFontStyle();
-    font.setBold(font.bold() || own.Bold || look.Style.Bold);
-    font.setItalic(font.italic() || own.Italic || look.Style.Italic);
-    font.setUnderline(own.Underline || look.Style.Underline);
-    font.setStrikeOut(own.StrikeOut || look.Style.StrikeOut);
+    const QFont font = FontOf(row, look);
     painter.setFont(font);
     painter.setPen(look.TextColor ? ReadableOnPaper(ToQt(*look.TextColor, QPalette(Qt::white)))
                                   : QColor(Qt::black));

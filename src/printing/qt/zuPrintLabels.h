@@ -16,6 +16,7 @@ namespace korvane {
 
 class TzuDataEntity_Tree;
 class TzuTree_ComBasic;
+struct TTreeItemLook;
 
 /// A column of row labels.
 struct TPrintColumn
@@ -85,7 +86,8 @@ public:
     /// Of the columns, and their sum, in pixels of content, as last measured and narrowed.
     const std::vector<int> &Widths() const { return m_widths; }
     int Width() const;
-    /// For each of the rows that were measured, in pixels of content.
+    /// For each of the rows that were measured, in pixels of content. Where columns were narrowed,
+    /// the tree's OnCustomDrawItem is asked for the looks.
     std::vector<int> Heights() const;
     /// Whether any column has a title.
     bool HasTitles() const;
@@ -101,9 +103,11 @@ public:
 private:
     int NeededWidth(const TPrintColumn &column) const;
     QFont Font() const;
+    QFont FontOf(const TzuDataEntity_Tree &row, const TTreeItemLook &look) const;
+    TTreeItemLook LookOf(TzuDataEntity_Tree &row) const;
     QString TextOf(std::size_t column, const TzuDataEntity_Tree &row) const;
     double Indent(std::size_t column, const TzuDataEntity_Tree &row) const;
-    int LinesOf(const TzuDataEntity_Tree &row, const QFont &font) const;
+    int LinesOf(TzuDataEntity_Tree &row) const;
     Qt::Alignment Aligned(std::size_t column) const;
     QRectF PaintLead(QPainter &painter, QRectF place, std::size_t column,
                      const TzuDataEntity_Tree &row, int image) const;

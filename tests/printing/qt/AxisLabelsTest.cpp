@@ -54,7 +54,8 @@ bool IsAtEnd(const std::vector<TLabel> &labels, const TLabel &label)
         return other.Row == label.Row && (other.From - label.From) * way > 0;
     };
     return std::ranges::none_of(labels, [&](const TLabel &other) { return isBeyond(other, 1); })
-           || std::ranges::none_of(labels, [&](const TLabel &other) { return isBeyond(other, -1); });
+           || std::ranges::none_of(labels,
+                                   [&](const TLabel &other) { return isBeyond(other, -1); });
 }
 
 /// `labels` are those of a page that shows `span` of the axis.
@@ -103,8 +104,8 @@ int ExpectLabelsOfTheWhole(TzuPrinting &printing, Qt::Orientation axis)
         for (std::size_t i = 0; i < pages.size(); ++i) {
             SCOPED_TRACE("paper of " + std::to_string(side) + ", page " + std::to_string(i));
             const auto number = static_cast<int>(i);
-            const int page = axis == Qt::Horizontal ? layout.PageIndex(number, 0)
-                                                    : layout.PageIndex(0, number);
+            const int page =
+                axis == Qt::Horizontal ? layout.PageIndex(number, 0) : layout.PageIndex(0, number);
             const std::vector<TLabel> labels = LabelsOf(printing, page, body, axis);
             ExpectOwnLabels(labels, whole, pages[i]);
             together.insert(together.end(), labels.begin(), labels.end());

@@ -147,6 +147,8 @@ TEST(Stitching, ScheduleInBothViewsWithOneAxisOrTwo)
     constexpr int kDay = 64;
     TzuSchema schema;
     FillSchedule(schema);
+    schema.SetScalerWidth(170); // no label reaches its ticks
+    QApplication::processEvents();
     for (const bool flip : {false, true}) {
         schema.SetFlipView(flip);
         TzuSchemaPrinting printing(schema);
