@@ -24,6 +24,8 @@ constexpr double kLeastRatio = 0.25;
 constexpr double kGreatestRatio = 8;
 constexpr double kMostPixels = 4e8;
 constexpr int kMostPages = 1000;
+constexpr double kLeastPercent = 5;
+constexpr double kMostPercent = 400;
 
 QStringList Languages()
 {
@@ -80,6 +82,12 @@ struct Options
                                            "as it takes, by default 1x0 for plans, 0x1 for "
                                            "calendars."),
                            PlannerText::tr("pages", "value of an option")};
+    QCommandLineOption Scale{
+        QStringLiteral("scale"),
+        PlannerText::tr("Print at so many percent of the size on screen, instead of --fit."),
+        PlannerText::tr("percent", "value of an option")};
+    QCommandLineOption Enlarge{QStringLiteral("enlarge"),
+                               PlannerText::tr("Enlarge what is smaller than its pages.")};
     QCommandLineOption Rows{
         QStringLiteral("rows"),
         PlannerText::tr(
@@ -162,8 +170,8 @@ CommandLine::CommandLine(const QStringList &arguments)
     const Options options;
     parser.addOptions({options.Rows, options.Day, options.Summary, options.Convert, options.Render,
                        options.View, options.Table, options.Print, options.Paper, options.Landscape,
-                       options.Fit, options.Size, options.From, options.To, options.Ratio,
-                       options.Lang, options.Dark});
+                       options.Fit, options.Scale, options.Enlarge, options.Size, options.From,
+                       options.To, options.Ratio, options.Lang, options.Dark});
 
     const bool isParsed = parser.parse(arguments);
     m_helpText =
@@ -318,7 +326,30 @@ CommandLine::Action CommandLine::ReadPrintRequest(const QCommandLineParser &pars
         }
         m_pages.Pages = pages;
     }
-    return ReadRange(parser, Action::PrintPages);
+    return ReadScale(parser) ? ReadRange(parser, Action::PrintPages) : Action::ReportError;
+}
+
+bool CommandLine::ReadScale(const QCommandLineParser &parser)
+{
+    const Options options;
+    m_pages.Enlarge = parser.isSet(options.Enlarge);
+    if (!parser.isSet(options.Scale)) {
+        return true;
+    }
+    bool isNumber = false;
+    const double percent = parser.value(options.Scale).toDouble(&isNumber);
+    if (!isNumber || !(percent >= kLeastPercent && percent <= kMostPercent)) {
+        Fail(PlannerText::tr("--scale needs percent, from %1 to %2")
+                 .arg(kLeastPercent)
+                 .arg(kMostPercent));
+        return false;
+    }
+    if (m_pages.Pages || m_pages.Enlarge) {
+        Fail(PlannerText::tr("--scale goes neither with --fit nor with --enlarge"));
+        return false;
+    }
+    m_pages.Percent = percent;
+    return true;
 }
 
 CommandLine::Action CommandLine::ReadRange(const QCommandLineParser &parser, Action action)

@@ -41,6 +41,8 @@ struct PrintRequest
     bool Landscape = false;
     /// Pages at most, across and down; 0: as many as it takes. By default what suits the document.
     std::optional<QSize> Pages;
+    std::optional<double> Percent; ///< of the size on screen; not together with Pages
+    bool Enlarge = false;          ///< so that the pages are filled
 };
 
 /// The parsed command line. Needs no application object, so that it can be parsed before it is
@@ -88,6 +90,7 @@ private:
     Action ReadRequest(const QCommandLineParser &parser);
     bool ReadView(const QCommandLineParser &parser);
     Action ReadPrintRequest(const QCommandLineParser &parser);
+    bool ReadScale(const QCommandLineParser &parser);
     Action ReadFileOptions(const QCommandLineParser &parser);
     /// The action, when the ends of the range make sense.
     Action ReadRange(const QCommandLineParser &parser, Action action);

@@ -28,6 +28,11 @@ PrintOptions OptionsOf(const PrintRequest &request, const PrintJob &job)
         options.Scaling.PagesAcross = request.Pages->width();
         options.Scaling.PagesDown = request.Pages->height();
     }
+    options.Scaling.Enlarge = request.Enlarge;
+    if (request.Percent) {
+        options.Scaling.Fit = TPrintFit::pfPercent;
+        options.Scaling.Percent = *request.Percent;
+    }
     return options;
 }
 

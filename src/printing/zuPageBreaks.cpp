@@ -122,8 +122,19 @@ int TPrintRows::RowFrom(double position) const
 
 double TPrintRows::BreakBefore(double from, double limit) const
 {
-    const double boundary = TopOf(RowAt(limit));
-    return boundary > from ? boundary : std::floor(limit);
+    int row = RowAt(limit);
+    if (!(TopOf(row) > from)) {
+        return std::floor(limit);
+    }
+    // A heading goes to the page of the first row below it.
+    const int boundary = row;
+    const auto continues = [this](int below) {
+        return !m_parents.empty() && m_parents[static_cast<std::size_t>(below)] == below - 1;
+    };
+    while (row > 0 && continues(row)) {
+        --row;
+    }
+    return TopOf(row) > from ? TopOf(row) : TopOf(boundary);
 }
 
 double TPrintRows::RepeatedAt(double from) const

@@ -46,6 +46,7 @@ KORVANE_CORE_API double CapacityForPages(const IPrintAxis &axis, int pages);
 
 /// Rows one below the other, in an outline; or columns side by side. A page never cuts through one,
 /// unless it is larger than the page, and begins with the headings of the groups that it continues.
+/// It does not end with a heading that has rows below it, unless it would show nothing else.
 class KORVANE_CORE_API TPrintRows : public IPrintAxis
 {
 public:

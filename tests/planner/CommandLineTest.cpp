@@ -32,6 +32,10 @@ TEST(CommandLine, IsParsedIntoOneAction)
         {{u"--print"_s, u"p.txt"_s, u"a"_s}, ReportError, u"a"_s},
         {{u"--print"_s, u"p.pdf"_s, u"a"_s, u"--paper=A9"_s}, ReportError, u"a"_s},
         {{u"--print"_s, u"p.pdf"_s, u"a"_s, u"--fit=2x"_s}, ReportError, u"a"_s},
+        {{u"--print"_s, u"p.pdf"_s, u"a"_s, u"--fit=1x1"_s, u"--enlarge"_s}, PrintPages, u"a"_s},
+        {{u"--print"_s, u"p.pdf"_s, u"a"_s, u"--scale=60"_s}, PrintPages, u"a"_s},
+        {{u"--print"_s, u"p.pdf"_s, u"a"_s, u"--scale=4"_s}, ReportError, u"a"_s},
+        {{u"--print"_s, u"p.pdf"_s, u"a"_s, u"--scale=60"_s, u"--fit=1x1"_s}, ReportError, u"a"_s},
         {{u"--help"_s, u"--summary"_s}, PrintHelp, {}},
         {{u"--version"_s}, PrintVersion, {}},
     };

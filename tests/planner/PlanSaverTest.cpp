@@ -1,6 +1,6 @@
 #include "PlanText.h"
-#include "SmallDisk.h"
 #include "plan/PlanSaver.h"
+#include "support/SmallDisk.h"
 
 #include <QDir>
 

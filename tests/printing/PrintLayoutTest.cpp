@@ -29,12 +29,15 @@ TPrintRows Outline(int maxHeadings)
 TEST(PageBreaks, FallBetweenRowsAndLeaveRoomForHeadings)
 {
     EXPECT_THAT(Ends(SplitIntoPages(Outline(0), 39)), ElementsAre(30, 60, 90, 120));
-    EXPECT_THAT(Ends(SplitIntoPages(Outline(0), 45)), ElementsAre(40, 80, 120));
+    // A heading goes to the page of the first row below it.
+    EXPECT_THAT(Ends(SplitIntoPages(Outline(0), 45)), ElementsAre(30, 60, 90, 120));
+    EXPECT_THAT(Ends(SplitIntoPages(Outline(0), 75)), ElementsAre(60, 120));
     EXPECT_THAT(Ends(SplitIntoPages(Outline(0), 120)), ElementsAre(120));
-    // Page 2 begins with the sub-heading of the second group, page 4 with a row of the third one.
-    EXPECT_THAT(SplitIntoPages(Outline(4), 45),
-                ElementsAre(TPageSpan{0, 40, 0}, TPageSpan{40, 70, 10}, TPageSpan{70, 100, 10},
-                            TPageSpan{100, 120, 10}));
+    // Pages 2, 4 and 6 go on with a group.
+    const TPrintRows groups({-1, 0, 0, 0, -1, 4, 4, 4, -1, 8, 8, 8}, 10, 4);
+    EXPECT_THAT(SplitIntoPages(groups, 35),
+                ElementsAre(TPageSpan{0, 30, 0}, TPageSpan{30, 40, 10}, TPageSpan{40, 70, 0},
+                            TPageSpan{70, 80, 10}, TPageSpan{80, 110, 0}, TPageSpan{110, 120, 10}));
     EXPECT_THAT(Outline(4).HeadingsAt(5), ElementsAre(3, 4));
     EXPECT_THAT(Outline(1).HeadingsAt(5), ElementsAre(4));
     EXPECT_TRUE(SplitIntoPages(TPrintRows({}, 10, 1), 50).empty());
@@ -122,6 +125,25 @@ TEST(PrintLayout, FitsToPagesWithoutWastingRoom)
         EXPECT_LE(layout.Columns(), across);
         const TPrintScaling larger{.Percent = layout.Scale() * 110};
         EXPECT_GT(TPrintLayout(content, room, larger).Columns(), across);
+    }
+}
+
+TEST(PrintLayout, LabelsGetHalfOfAPageAtMost)
+{
+    const TPrintTime time = Days(100, 10);
+    const TPrintRows rows(std::vector<int>(100, -1), 10, 0);
+    const TPrintRoom room{500, 700};
+    using enum TPrintFit;
+    const TPrintScaling scalings[] = {{},
+                                      {.Percent = 40},
+                                      {.Fit = pfWidth},
+                                      {.Fit = pfHeight},
+                                      {.Fit = pfPages, .PagesAcross = 3, .PagesDown = 1},
+                                      {.Fit = pfWidth, .Enlarge = true}};
+    for (const TPrintScaling &scaling : scalings) {
+        const double labels = RoomForLabels({time, rows, 0, 40}, room, scaling);
+        const TPrintLayout layout({time, rows, labels, 40}, room, scaling);
+        EXPECT_NEAR(labels * layout.Scale(), room.Width / 2, 1) << static_cast<int>(scaling.Fit);
     }
 }
 

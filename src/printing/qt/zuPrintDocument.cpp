@@ -21,7 +21,10 @@
 #include <QTemporaryFile>
 
 #include <algorithm>
+#include <filesystem>
 #include <stdexcept>
+#include <system_error>
+#include <utility>
 
 namespace korvane {
 
@@ -33,6 +36,25 @@ constexpr int kPdfResolution = 1200;
 {
     throw std::runtime_error(
         FromQt(QCoreApplication::translate("TzuPrinting", "Cannot write %1: %2").arg(file, why)));
+}
+
+/// Throws unless all that was written is in the file.
+void Finish(QFile &file, const QString &name)
+{
+    if (!file.flush() || file.error() != QFile::NoError) {
+        CannotWrite(name, file.errorString());
+    }
+}
+
+/// In place of a file that is there already; that one stays when it goes wrong.
+void MoveFile(const QString &from, const QString &to)
+{
+    std::error_code error;
+    std::filesystem::rename(QFileInfo(from).filesystemFilePath(),
+                            QFileInfo(to).filesystemFilePath(), error);
+    if (error) {
+        CannotWrite(to, QString::fromLocal8Bit(error.message().c_str()));
+    }
 }
 
 QString NumberedFile(const QString &file, int page)
@@ -78,13 +100,20 @@ public:
         if (m_file.isEmpty() || !part.exists()) {
             return;
         }
-        QFile::remove(m_file);
-        if (!part.rename(m_file)) {
-            CannotWrite(m_file, part.errorString());
+        // A printer does not tell that the disk is full.
+        if (m_printer.outputFormat() == QPrinter::PdfFormat && !IsWholePdf(part)) {
+            CannotWrite(m_file, QCoreApplication::translate("TzuPrinting", "it is incomplete"));
         }
+        MoveFile(part.fileName(), m_file);
     }
 
 private:
+    static bool IsWholePdf(QFile &file)
+    {
+        constexpr qint64 kTail = 16;
+        return file.open(QIODevice::ReadOnly) && file.seek(std::max<qint64>(file.size() - kTail, 0))
+               && file.readAll().trimmed().endsWith("%%EOF");
+    }
     /// A file name may choose another format, by its suffix.
     void SetFile(const QString &file)
     {
@@ -95,6 +124,50 @@ private:
 
     QPrinter &m_printer;
     QString m_file;
+};
+
+/// Puts files into their places: all of them or none.
+class TPlacedFiles
+{
+public:
+    /// Files that were there before are kept in the folder meanwhile.
+    explicit TPlacedFiles(const QTemporaryDir &folder)
+        : m_folder(folder)
+    {
+    }
+    TPlacedFiles(const TPlacedFiles &) = delete;
+    TPlacedFiles &operator=(const TPlacedFiles &) = delete;
+    ~TPlacedFiles()
+    {
+        for (qsizetype i = m_undone.size() - 1; i >= 0; --i) {
+            QFile::remove(m_undone[i]);
+            QFile::rename(Former(i), m_undone[i]);
+        }
+    }
+
+    void Place(const QString &part, const QString &file)
+    {
+        const QFileInfo target(file);
+        if (target.isDir()) {
+            CannotWrite(file, QCoreApplication::translate("TzuPrinting", "it is a folder"));
+        }
+        if (target.exists()) {
+            MoveFile(file, Former(m_undone.size()));
+        }
+        m_undone.append(file);
+        MoveFile(part, file);
+    }
+    /// The files; they stay from now on.
+    QStringList Keep() { return std::exchange(m_undone, {}); }
+
+private:
+    QString Former(qsizetype number) const
+    {
+        return m_folder.filePath(QStringLiteral("former-%1").arg(number));
+    }
+
+    const QTemporaryDir &m_folder;
+    QStringList m_undone;
 };
 
 } // namespace
@@ -217,6 +290,7 @@ bool TzuPrintDocument::SavePdf(const QString &file)
     if (!WritePdf(pages)) {
         return false;
     }
+    Finish(pages, file);
     const QByteArray outline = PdfOutlineUpdate(pages, m_title, PdfBookmarks());
     pages.seek(0);
     constexpr qint64 kChunk = 1 << 20;
@@ -269,8 +343,7 @@ std::vector<TPdfBookmark> TzuPrintDocument::PdfBookmarks() const
 }
 
 /// Pages come beside the place where they belong until all of them are there.
-QStringList TzuPrintDocument::SavePages(const QString &file,
-                                        const std::function<void(const QString &, int page)> &save)
+QStringList TzuPrintDocument::SavePages(const QString &file, const TSavePage &save)
 {
     LayOut();
     const QFileInfo target(file);
@@ -287,18 +360,20 @@ QStringList TzuPrintDocument::SavePages(const QString &file,
         if (!Proceed(page + 1, pages)) {
             return {};
         }
-        save(partOf(page), page);
-    }
-    QStringList written;
-    for (int page = 0; page < pages; ++page) {
-        QFile part(partOf(page));
-        QFile::remove(nameOf(page));
-        if (!part.rename(nameOf(page))) {
-            CannotWrite(nameOf(page), part.errorString());
+        QFile device(partOf(page));
+        const QString error =
+            device.open(QIODevice::WriteOnly) ? save(device, page) : device.errorString();
+        if (!error.isEmpty()) {
+            CannotWrite(nameOf(page),
+                        device.error() != QFile::NoError ? device.errorString() : error);
         }
-        written.append(nameOf(page));
+        Finish(device, nameOf(page));
     }
-    return written;
+    TPlacedFiles files(folder);
+    for (int page = 0; page < pages; ++page) {
+        files.Place(partOf(page), nameOf(page));
+    }
+    return files.Keep();
 }
 
 QStringList TzuPrintDocument::SavePictures(const QString &file, int dotsPerInch)
@@ -306,16 +381,21 @@ QStringList TzuPrintDocument::SavePictures(const QString &file, int dotsPerInch)
     constexpr int kLeast = 10;
     constexpr int kMost = 2400;
     const int density = std::clamp(dotsPerInch, kLeast, kMost);
-    return SavePages(file,
-                     [&](const QString &name, int page) { SavePicture(name, page, density); });
+    const QString suffix = QFileInfo(file).suffix();
+    const QByteArray format = suffix.isEmpty() ? QByteArrayLiteral("png") : suffix.toLatin1();
+    return SavePages(file, [&](QIODevice &device, int page) {
+        return SavePicture(device, page, density, format);
+    });
 }
 
 QStringList TzuPrintDocument::SaveSvg(const QString &file)
 {
-    return SavePages(file, [&](const QString &name, int page) { SaveSvgPage(name, page); });
+    return SavePages(file,
+                     [this](QIODevice &device, int page) { return SaveSvgPage(device, page); });
 }
 
-void TzuPrintDocument::SavePicture(const QString &file, int page, int dotsPerInch)
+QString TzuPrintDocument::SavePicture(QIODevice &device, int page, int dotsPerInch,
+                                      const QByteArray &format)
 {
     constexpr double kMetresPerInch = 0.0254;
     const QSize size = (SheetSizeOf(PageLayout(page)) * (dotsPerInch / kPaperDotsPerInch)).toSize();
@@ -330,34 +410,23 @@ void TzuPrintDocument::SavePicture(const QString &file, int page, int dotsPerInc
         QPainter painter(&image);
         PaintPage(painter, QRectF(QPointF(0, 0), QSizeF(size)), page);
     }
-    QImageWriter writer(file, QFileInfo(file).suffix().isEmpty() ? "png" : QByteArray());
-    if (!writer.write(image)) {
-        CannotWrite(file, writer.errorString());
-    }
+    QImageWriter writer(&device, format);
+    return writer.write(image) ? QString() : writer.errorString();
 }
 
-void TzuPrintDocument::SaveSvgPage(const QString &file, int page)
+QString TzuPrintDocument::SaveSvgPage(QIODevice &device, int page)
 {
     const QSizeF size = SheetSizeOf(PageLayout(page));
-    QFile device(file);
-    if (!device.open(QIODevice::WriteOnly)) {
-        CannotWrite(file, device.errorString());
-    }
     QSvgGenerator generator;
     generator.setOutputDevice(&device);
     generator.setResolution(qRound(kPaperDotsPerInch));
     generator.setSize(size.toSize());
     generator.setViewBox(QRectF(QPointF(0, 0), size));
     generator.setTitle(m_title);
-    QPainter painter;
-    if (!painter.begin(&generator)) {
-        CannotWrite(file, device.errorString());
-    }
+    QPainter painter(&generator);
     painter.fillRect(QRectF(QPointF(0, 0), size), Qt::white);
     PaintPage(painter, QRectF(QPointF(0, 0), size), page);
-    if (!painter.end() || !device.flush()) {
-        CannotWrite(file, device.errorString());
-    }
+    return painter.end() ? QString() : device.errorString();
 }
 
 } // namespace korvane

@@ -90,10 +90,11 @@ private:
     void SetPaper(QPrinter &printer, int page) const;
     std::unique_ptr<TPrintSpool> Spool(const TPages &pages);
     bool PrintPages(QPrinter &printer, const TPages &pages, TPrintSpool *spool);
-    QStringList SavePages(const QString &file,
-                          const std::function<void(const QString &, int page)> &save);
-    void SavePicture(const QString &file, int page, int dotsPerInch);
-    void SaveSvgPage(const QString &file, int page);
+    /// Writes a page into a device; says what is wrong, if anything.
+    using TSavePage = std::function<QString(QIODevice &device, int page)>;
+    QStringList SavePages(const QString &file, const TSavePage &save);
+    QString SavePicture(QIODevice &device, int page, int dotsPerInch, const QByteArray &format);
+    QString SaveSvgPage(QIODevice &device, int page);
     bool WritePdf(QIODevice &device);
     std::vector<TPdfBookmark> PdfBookmarks() const;
 

@@ -59,10 +59,24 @@ double TPrintPaper::LineHeight() const
     return QFontMetricsF(m_font).height();
 }
 
+/// Around the content; margins count.
+double TPrintPaper::MarkRoom() const
+{
+    return m_cropMarks ? kCropDistance + kCropLength + 1 : m_glueMarks ? LineHeight() : 0;
+}
+
 QRectF TPrintPaper::Room() const
 {
-    const double line = LineHeight() * (1 + kLineGap);
-    return Inner().adjusted(0, m_header.IsEmpty() ? 0 : line, 0, m_footer.IsEmpty() ? 0 : -line);
+    const QRectF inner = Inner();
+    const QSizeF sheet = SheetSize();
+    const double marks = MarkRoom();
+    const auto indent = [&](const TPrintLine &line, double margin) {
+        return line.IsEmpty() ? std::max(marks - margin, 0.0)
+                              : LineHeight() + std::max(LineHeight() * kLineGap, marks);
+    };
+    return inner.adjusted(std::max(marks - inner.left(), 0.0), indent(m_header, inner.top()),
+                          -std::max(marks - (sheet.width() - inner.right()), 0.0),
+                          -indent(m_footer, sheet.height() - inner.bottom()));
 }
 
 void TPrintPaper::Paint(QPainter &painter, const TPrintFields &fields, const QRectF &content,
@@ -151,8 +165,10 @@ void TPrintPaper::PaintGlueMarks(QPainter &painter, const QRectF &content, const
     painter.setFont(font);
     painter.setPen(QColor(96, 96, 96));
     const double height = QFontMetricsF(font).height();
-    painter.drawText(QRectF(content.left(), content.top() - height, content.width(), height),
-                     Qt::AlignLeft | Qt::AlignBottom, name);
+    constexpr double kIndent = 4; // clear of the crop mark
+    painter.drawText(
+        QRectF(content.left() + kIndent, content.top() - height, content.width(), height),
+        Qt::AlignLeft | Qt::AlignBottom, name);
 }
 
 } // namespace korvane

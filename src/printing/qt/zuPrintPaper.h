@@ -52,7 +52,7 @@ public:
 
     /// Of the whole sheet, with its margins.
     QSizeF SheetSize() const;
-    /// Between the margins, header and footer.
+    /// Between the margins, header and footer; what marks need is left free.
     QRectF Room() const;
 
     /// Draws header and footer, and marks around the content.
@@ -62,6 +62,7 @@ public:
 private:
     QRectF Inner() const;
     double LineHeight() const;
+    double MarkRoom() const;
     void PaintLine(QPainter &painter, const TPrintLine &line, const QRectF &place,
                    const TPrintFields &fields) const;
     void PaintCropMarks(QPainter &painter, const QRectF &content) const;

@@ -22,10 +22,7 @@ TPrintLayout TzuTreePrinting::LayOutContent(const TPrintRoom &room, const TPrint
         return HasRow(number) && (!IsSelectionOnly() || row.GetSelected());
     });
     m_labels.Measure(m_tree, m_outline.Rows);
-    // What is repeated leaves room for other columns.
-    constexpr double kShare = 0.4;
-    const double scale = scaling.Fit == TPrintFit::pfPercent ? scaling.Percent / 100 : 1;
-    m_labels.LimitColumns(room.Width / scale * (RepeatedColumns() > 0 ? kShare : 1));
+    FitColumns(room.Width / (scaling.Fit == TPrintFit::pfPercent ? scaling.Percent / 100 : 1));
     const std::vector<int> &widths = m_labels.Widths();
     m_across = std::make_unique<TPrintRows>(std::vector<int>(
         widths.begin() + static_cast<std::ptrdiff_t>(RepeatedColumns()), widths.end()));
@@ -35,6 +32,18 @@ TPrintLayout TzuTreePrinting::LayOutContent(const TPrintRoom &room, const TPrint
              static_cast<double>(HeadHeight())},
             room,
             scaling};
+}
+
+/// All into a page, if that leaves the captions a fair share of it; else each into what the
+/// captions leave, so that there are more pages.
+void TzuTreePrinting::FitColumns(double page)
+{
+    constexpr double kShare = 0.4;
+    m_labels.FitInto(page);
+    const bool fits = m_labels.Width() <= page && m_labels.Widths().front() >= kShare * page;
+    if (!fits) {
+        m_labels.LimitColumns(page * (RepeatedColumns() > 0 ? kShare : 1));
+    }
 }
 
 int TzuTreePrinting::HeadHeight() const

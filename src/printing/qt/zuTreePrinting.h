@@ -43,6 +43,7 @@ private:
     /// Columns that every page repeats.
     std::size_t RepeatedColumns() const { return m_labels.Columns.size() > 1 ? 1 : 0; }
     int RepeatedWidth() const { return RepeatedColumns() > 0 ? m_labels.Widths().front() : 0; }
+    void FitColumns(double page);
     int HeadHeight() const;
     void PaintColumn(QPainter &painter, const TPrintPage &page, std::size_t column,
                      double before) const;

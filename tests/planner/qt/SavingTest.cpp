@@ -5,8 +5,8 @@
 #include "PlanDocument.h"
 #include "PlanEdits.h"
 #include "PlanLoader.h"
-#include "SmallDisk.h"
 #include "SmallPlan.h"
+#include "support/SmallDisk.h"
 
 #include <QApplication>
 #include <QDir>

@@ -1,6 +1,6 @@
 #include "EventDialog.h"
 #include "ScheduleWindowFixture.h"
-#include "SmallDisk.h"
+#include "support/SmallDisk.h"
 
 #include <QAction>
 #include <QApplication>

@@ -7,7 +7,7 @@
 #include <csignal>
 #include <sys/resource.h>
 
-namespace korvane::planner::test {
+namespace korvane {
 
 /// Files cannot grow beyond some bytes, as on a disk that is full.
 class SmallDisk
@@ -33,5 +33,5 @@ private:
     rlimit m_former{};
 };
 
-} // namespace korvane::planner::test
+} // namespace korvane
 #endif
