@@ -543,6 +543,14 @@
         <source>Cannot keep the pages until they are printed: %1</source>
         <translation>Die Seiten können bis zum Druck nicht aufbewahrt werden: %1</translation>
     </message>
+    <message>
+        <source>it is incomplete</source>
+        <translation>die Datei ist unvollständig</translation>
+    </message>
+    <message>
+        <source>it is a folder</source>
+        <translation>es ist ein Ordner</translation>
+    </message>
 </context>
 <context>
     <name>TzuSchema</name>

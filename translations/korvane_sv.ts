@@ -543,6 +543,14 @@
         <source>Cannot keep the pages until they are printed: %1</source>
         <translation>Sidorna kan inte sparas tills de skrivs ut: %1</translation>
     </message>
+    <message>
+        <source>it is incomplete</source>
+        <translation>filen är ofullständig</translation>
+    </message>
+    <message>
+        <source>it is a folder</source>
+        <translation>det är en mapp</translation>
+    </message>
 </context>
 <context>
     <name>TzuSchema</name>

@@ -1428,6 +1428,27 @@
         <source>Time axis also at the rig&amp;ht</source>
         <translation>Zeitachse auch &amp;rechts</translation>
     </message>
+    <message>
+        <source>Print at so many percent of the size on screen, instead of --fit.</source>
+        <translation>In so viel Prozent der Bildschirmgröße drucken, statt --fit.</translation>
+    </message>
+    <message>
+        <source>percent</source>
+        <comment>value of an option</comment>
+        <translation>Prozent</translation>
+    </message>
+    <message>
+        <source>Enlarge what is smaller than its pages.</source>
+        <translation>Vergrößern, was kleiner als seine Seiten ist.</translation>
+    </message>
+    <message>
+        <source>--scale needs percent, from %1 to %2</source>
+        <translation>--scale verlangt Prozent, von %1 bis %2</translation>
+    </message>
+    <message>
+        <source>--scale goes neither with --fit nor with --enlarge</source>
+        <translation>--scale geht weder mit --fit noch mit --enlarge</translation>
+    </message>
 </context>
 <context>
     <name>korvane::planner::EditActions</name>
@@ -2382,6 +2403,18 @@
     <message>
         <source>Marks for gl&amp;uing pages together</source>
         <translation>Marken z&amp;um Zusammenkleben der Seiten</translation>
+    </message>
+    <message>
+        <source>Times of &amp;day from, to:</source>
+        <translation>&amp;Uhrzeiten von, bis:</translation>
+    </message>
+    <message>
+        <source>Begins at</source>
+        <translation>Beginn</translation>
+    </message>
+    <message>
+        <source>Ends at</source>
+        <translation>Ende</translation>
     </message>
 </context>
 <context>

@@ -1428,6 +1428,27 @@
         <source>Time axis also at the rig&amp;ht</source>
         <translation>Tidsaxel även till &amp;höger</translation>
     </message>
+    <message>
+        <source>Print at so many percent of the size on screen, instead of --fit.</source>
+        <translation>Skriv ut i så många procent av skärmens storlek, i stället för --fit.</translation>
+    </message>
+    <message>
+        <source>percent</source>
+        <comment>value of an option</comment>
+        <translation>procent</translation>
+    </message>
+    <message>
+        <source>Enlarge what is smaller than its pages.</source>
+        <translation>Förstora det som är mindre än sina sidor.</translation>
+    </message>
+    <message>
+        <source>--scale needs percent, from %1 to %2</source>
+        <translation>--scale kräver procent, från %1 till %2</translation>
+    </message>
+    <message>
+        <source>--scale goes neither with --fit nor with --enlarge</source>
+        <translation>--scale går varken med --fit eller med --enlarge</translation>
+    </message>
 </context>
 <context>
     <name>korvane::planner::EditActions</name>
@@ -2382,6 +2403,18 @@
     <message>
         <source>Marks for gl&amp;uing pages together</source>
         <translation>Märken för h&amp;opklistring av sidor</translation>
+    </message>
+    <message>
+        <source>Times of &amp;day from, to:</source>
+        <translation>Kl&amp;ockslag från, till:</translation>
+    </message>
+    <message>
+        <source>Begins at</source>
+        <translation>Börjar</translation>
+    </message>
+    <message>
+        <source>Ends at</source>
+        <translation>Slutar</translation>
     </message>
 </context>
 <context>

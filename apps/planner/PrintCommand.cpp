@@ -11,6 +11,7 @@
 #include "printing/qt/zuPrintJob.h"
 
 #include <memory>
+#include <optional>
 #include <stdexcept>
 #include <utility>
 #include <vector>
@@ -46,6 +47,15 @@ ExitCode Save(TzuPrintDocument &document, const QString &fileName, const PrintRe
         return ExitCode::UnusableFile;
     }
     return ExitCode::Ok;
+}
+
+/// Those that are asked for by a stretch of less than a day.
+std::optional<std::pair<QTime, QTime>> HoursOf(const RenderRequest &range)
+{
+    if (!range.From || !range.To || *range.To - *range.From >= 1) {
+        return std::nullopt;
+    }
+    return std::pair(ToQDateTime(*range.From).time(), ToQDateTime(*range.To).time());
 }
 
 /// The days of a programme that are asked for, or the page of a calendar.
@@ -118,7 +128,9 @@ ExitCode PrintSchedule(const QString &fileName, const PrintRequest &request,
     for (SchedulePage &page : PagesFor(*schedule, range)) {
         prints.push_back(
             std::make_unique<SchedulePrint>(std::move(page), schedule->Name(), fileName));
-        prints.back()->Apply(OptionsOf(request, *prints.back()));
+        PrintOptions options = OptionsOf(request, *prints.back());
+        options.Hours = HoursOf(range);
+        prints.back()->Apply(options);
         job.Add(prints.back()->Printing());
     }
     return Save(job, fileName, request);

@@ -14,6 +14,7 @@
 #include <QListWidget>
 #include <QPageSize>
 #include <QSpinBox>
+#include <QTimeEdit>
 
 #include <algorithm>
 #include <cmath>
@@ -49,8 +50,9 @@ PrintForm::PrintForm(const PrintOptions &options, const PrintFeatures &features,
     : QTabWidget(parent)
 {
     addTab(PaperPage(options), tr("Pap&er"));
-    const bool choices = features.Days || features.Rows > 0 || !features.SelectionText.isEmpty()
-                         || !features.AxisText.isEmpty() || !features.Columns.isEmpty();
+    const bool choices = features.Days || features.Hours || features.Rows > 0
+                         || !features.SelectionText.isEmpty() || !features.AxisText.isEmpty()
+                         || !features.Columns.isEmpty();
     if (choices) {
         addTab(ContentPage(options, features), tr("Co&ntent"));
     }
@@ -207,6 +209,9 @@ QWidget *PrintForm::ContentPage(const PrintOptions &options, const PrintFeatures
     if (features.Days) {
         AddDays(*form, options, features);
     }
+    if (features.Hours) {
+        AddHours(*form, options, features);
+    }
     if (features.Rows > 0) {
         AddRows(*form, options, features);
     }
@@ -242,19 +247,38 @@ void PrintForm::AddDays(QFormLayout &form, const PrintOptions &options,
                         const PrintFeatures &features)
 {
     m_someDays = AddCheck(form, tr("&Days from, to:"), options.Days.has_value());
-    auto *row = new QHBoxLayout;
     const auto [from, to] = options.Days.value_or(*features.Days);
     m_from = new QDateEdit(from);
     m_to = new QDateEdit(to);
     m_from->setAccessibleName(tr("First day"));
     m_to->setAccessibleName(tr("Last day"));
-    for (QDateEdit *field : {m_from, m_to}) {
-        field->setCalendarPopup(true);
-        field->setEnabled(options.Days.has_value());
+    m_from->setCalendarPopup(true);
+    m_to->setCalendarPopup(true);
+    AddEnds(form, *m_someDays, {m_from, m_to});
+}
+
+void PrintForm::AddHours(QFormLayout &form, const PrintOptions &options,
+                         const PrintFeatures &features)
+{
+    m_someHours = AddCheck(form, tr("Times of &day from, to:"), options.Hours.has_value());
+    const auto [from, to] = options.Hours.value_or(*features.Hours);
+    m_fromHour = new QTimeEdit(from);
+    m_toHour = new QTimeEdit(to);
+    m_fromHour->setAccessibleName(tr("Begins at"));
+    m_toHour->setAccessibleName(tr("Ends at"));
+    AddEnds(form, *m_someHours, {m_fromHour, m_toHour});
+}
+
+/// In a row below the check box that enables them.
+void PrintForm::AddEnds(QFormLayout &form, QCheckBox &check, std::array<QDateTimeEdit *, 2> ends)
+{
+    auto *row = new QHBoxLayout;
+    for (QDateTimeEdit *field : ends) {
+        field->setEnabled(check.isChecked());
         field->setKeyboardTracking(false);
         row->addWidget(field);
-        connect(m_someDays, &QCheckBox::toggled, field, &QWidget::setEnabled);
-        connect(field, &QDateEdit::dateChanged, this, &PrintForm::changed);
+        connect(&check, &QCheckBox::toggled, field, &QWidget::setEnabled);
+        connect(field, &QDateTimeEdit::dateTimeChanged, this, &PrintForm::changed);
     }
     form.addRow(row);
 }
@@ -319,6 +343,9 @@ PrintOptions PrintForm::Options() const
     options.GlueMarks = m_glueMarks->isChecked();
     if (checked(m_someDays, false)) {
         options.Days = std::minmax(m_from->date(), m_to->date());
+    }
+    if (checked(m_someHours, false)) {
+        options.Hours.emplace(m_fromHour->time(), m_toHour->time());
     }
     if (checked(m_someRows, false)) {
         options.Rows = std::minmax(m_firstRow->value(), m_lastRow->value());

@@ -8,11 +8,13 @@
 class QCheckBox;
 class QComboBox;
 class QDateEdit;
+class QDateTimeEdit;
 class QDoubleSpinBox;
 class QFormLayout;
 class QLineEdit;
 class QListWidget;
 class QSpinBox;
+class QTimeEdit;
 
 namespace korvane::planner {
 
@@ -41,6 +43,8 @@ private:
     void AddMargins(QFormLayout &form, const PrintOptions &options);
     void AddScaling(QFormLayout &form, const PrintOptions &options);
     void AddDays(QFormLayout &form, const PrintOptions &options, const PrintFeatures &features);
+    void AddHours(QFormLayout &form, const PrintOptions &options, const PrintFeatures &features);
+    void AddEnds(QFormLayout &form, QCheckBox &check, std::array<QDateTimeEdit *, 2> ends);
     void AddRows(QFormLayout &form, const PrintOptions &options, const PrintFeatures &features);
     QCheckBox *AddCheck(QFormLayout &form, const QString &text, bool checked);
     QSpinBox *AddCount(QWidget &row, int value, int least, int most);
@@ -61,6 +65,9 @@ private:
     QCheckBox *m_someDays = nullptr;
     QDateEdit *m_from = nullptr;
     QDateEdit *m_to = nullptr;
+    QCheckBox *m_someHours = nullptr;
+    QTimeEdit *m_fromHour = nullptr;
+    QTimeEdit *m_toHour = nullptr;
     QCheckBox *m_someRows = nullptr;
     QSpinBox *m_firstRow = nullptr;
     QSpinBox *m_lastRow = nullptr;

@@ -89,6 +89,10 @@ PrintOptions LoadPrintOptions(const QString &fileName, const PrintOptions &stand
     if (days.size() == 2 && days[0].toDate().isValid() && days[1].toDate().isValid()) {
         options.Days = std::minmax(days[0].toDate(), days[1].toDate());
     }
+    const QVariantList hours = value("hours", {}).toList();
+    if (hours.size() == 2 && hours[0].toTime().isValid() && hours[1].toTime().isValid()) {
+        options.Hours.emplace(hours[0].toTime(), hours[1].toTime());
+    }
     const QVariantList rows = value("rows", {}).toList();
     if (rows.size() == 2 && rows[0].toInt() > 0 && rows[1].toInt() > 0) {
         options.Rows = std::minmax(rows[0].toInt(), rows[1].toInt());
@@ -119,6 +123,7 @@ void SavePrintOptions(const QString &fileName, const PrintOptions &options)
     set("down", kept.Scaling.PagesDown);
     set("hiddenColumns", kept.HiddenColumns);
     set("days", kept.Days ? QVariantList{kept.Days->first, kept.Days->second} : QVariantList());
+    set("hours", kept.Hours ? QVariantList{kept.Hours->first, kept.Hours->second} : QVariantList());
     set("rows", kept.Rows ? QVariantList{kept.Rows->first, kept.Rows->second} : QVariantList());
 }
 

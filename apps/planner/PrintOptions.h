@@ -7,6 +7,7 @@
 #include <QMarginsF>
 #include <QSizeF>
 #include <QStringList>
+#include <QTime>
 
 #include <optional>
 #include <utility>
@@ -30,6 +31,8 @@ struct PrintOptions
 
     /// The first and the last day; all of the time without.
     std::optional<std::pair<QDate, QDate>> Days;
+    /// Times of day, the second one on the next day unless it is later; all of the day without.
+    std::optional<std::pair<QTime, QTime>> Hours;
     /// The first and the last row, from 1; all of them without.
     std::optional<std::pair<int, int>> Rows;
     bool SelectionOnly = false;
@@ -44,6 +47,8 @@ struct PrintFeatures
 {
     /// The first and the last day to choose from.
     std::optional<std::pair<QDate, QDate>> Days;
+    /// Where the day begins and ends.
+    std::optional<std::pair<QTime, QTime>> Hours = {};
     int Rows = 0;          ///< how many there are to choose from; 0 for no choice
     QString RowsText;      ///< of the choice of rows
     QString SelectionText; ///< of the choice of what is selected

@@ -1,10 +1,14 @@
 #include "SchedulePrint.h"
 
 #include "ScheduleStrip.h"
+#include "foundation/qt/zuConvert.h"
 #include "plan/PlannerText.h"
 
 #include <QApplication>
 #include <QFileInfo>
+
+#include <algorithm>
+#include <cmath>
 
 namespace korvane::planner {
 
@@ -75,7 +79,10 @@ SchedulePrint::SchedulePrint(SchedulePage page, const QString &name, const QStri
 
 PrintFeatures SchedulePrint::Features() const
 {
+    const auto time = [](TDateTime date) { return ToQDateTime(date).time(); };
     PrintFeatures features;
+    features.Hours.emplace(time(m_view.DateScaler().GetStart()),
+                           time(m_view.DateScaler().GetStop()));
     features.Rows = m_view.Columns().Count();
     features.RowsText = PlannerText::tr("Co&lumns from, to:");
     features.SelectionText = PlannerText::tr("Columns with &selected events only");
@@ -90,8 +97,32 @@ void SchedulePrint::Apply(const PrintOptions &options)
     if (options.Rows) {
         m_printing.SetColumns(options.Rows->first - 1, options.Rows->second - 1);
     }
+    m_printing.SetWholeRange();
+    m_printing.SetTimeScale(0);
+    if (options.Hours) {
+        SetHours(options.Hours->first, options.Hours->second);
+    }
     m_printing.SetSelectionOnly(options.SelectionOnly);
     m_printing.SetAxisAtBothEdges(options.AxisAtBothEdges);
+}
+
+/// As long as the whole day is otherwise.
+void SchedulePrint::SetHours(QTime from, QTime to)
+{
+    const TDateScalerCore &axis = m_view.DateScaler();
+    // The first such time of what the axis shows, and the first one after it.
+    const auto next = [](QTime time, TDateTime date) {
+        constexpr double kPerDay = 24.0 * 60 * 60 * 1000;
+        const TDateTime sameDay = std::floor(date) + time.msecsSinceStartOfDay() / kPerDay;
+        return sameDay < date ? sameDay + 1 : sameDay;
+    };
+    constexpr TDateTime kSecond = 1.0 / (24 * 60 * 60);
+    const TDateTime start = next(from, axis.GetStart() - kSecond);
+    const TDateTime stop = std::min(next(to, start + kSecond), axis.GetStop());
+    m_printing.SetRange(start, stop);
+    if (stop > start) {
+        m_printing.SetTimeScale((stop - start) / std::max(axis.GetScaleLen(), 1));
+    }
 }
 
 PrintOptions SchedulePrint::StandardOptions() const

@@ -42,6 +42,8 @@ public:
     void Apply(const PrintOptions &options) override;
 
 private:
+    void SetHours(QTime from, QTime to);
+
     QString m_fileName;
     ScheduleView m_view; ///< never seen
     ScheduleBandPrinting m_printing;

@@ -34,7 +34,7 @@ QString CaptionOf(const TzuDataEntity_Tree &entity)
 /// Of a text that is wider than its place: broken between words, or else anywhere.
 QStringList BrokenText(const QString &text, const QFont &font, double width)
 {
-    constexpr int kMostLines = 12;
+    constexpr int kMostLines = 40;
     const QFontMetricsF metrics(font);
     if (metrics.horizontalAdvance(text) <= width) {
         return {text};

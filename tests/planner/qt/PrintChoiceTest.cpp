@@ -8,10 +8,12 @@
 #include "SchedulePrint.h"
 #include "grid/qt/zuGrid.h"
 #include "plan/PlanFile.h"
+#include "printing/qt/RecordedTexts.h"
 
 #include <QApplication>
 #include <QCheckBox>
 #include <QSpinBox>
+#include <QTime>
 
 #include <gtest/gtest.h>
 #include <stdexcept>
@@ -129,6 +131,27 @@ TEST_F(PrintChoice, OfAScheduleItsColumns)
     EXPECT_THROW(width(some), std::runtime_error);
     some.Rows.reset();
     EXPECT_NEAR(width(some), all / 3, 2);
+
+    // Some hours are as long as the whole day is otherwise.
+    const auto hours = [&](int from, int to) {
+        PrintOptions options;
+        options.Hours.emplace(QTime(from, 0), QTime(to, 0));
+        width(options);
+        QStringList texts;
+        for (const auto &[text, place] : korvane::test::TextsOf(print.Printing(), 0)) {
+            texts += text;
+        }
+        return texts;
+    };
+    width({});
+    const double day = print.Printing().Layout().Down().back().To;
+    EXPECT_EQ(print.Features().Hours, std::pair(QTime(0, 0), QTime(0, 0)));
+    const QStringList morning = hours(9, 12);
+    EXPECT_NEAR(print.Printing().Layout().Down().back().To, day, 2);
+    EXPECT_TRUE(morning.filter(QStringLiteral("10:00")).size() > 0
+                && morning.filter(QStringLiteral("12:00")).isEmpty())
+        << morning.join(u' ').toStdString();
+    EXPECT_GT(hours(22, 4).filter(QStringLiteral("23:00")).size(), 0); // to the end of the day
 }
 
 } // namespace
