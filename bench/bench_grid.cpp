@@ -9,6 +9,10 @@
 #include <QScrollBar>
 #include <QTableView>
 
+#if __has_include(<malloc.h>)
+#include <malloc.h>
+#endif
+
 #include <algorithm>
 #include <benchmark/benchmark.h>
 #include <memory>
@@ -305,12 +309,79 @@ struct TTree
     }
 };
 
+/// What is taken from the heap; 0 where that is not told.
+double HeapBytes()
+{
+#if defined(__GLIBC__) && (__GLIBC__ > 2 || __GLIBC_MINOR__ >= 33)
+    const auto info = mallinfo2();
+    return static_cast<double>(info.uordblks + info.hblkhd);
+#else
+    return 0;
+#endif
+}
+
 void FillTreeWithAMillion(benchmark::State &state)
 {
     for (auto _ : state) {
+        const double before = HeapBytes();
         const auto tree = std::make_unique<TTree>();
         benchmark::DoNotOptimize(tree.get());
+        state.counters["bytes_per_node"] = (HeapBytes() - before) / 1'001'000;
     }
+}
+
+/// Two nodes of a million children that are only counted, both expanded.
+class TCountedTree : public TzuGrid
+{
+public:
+    TCountedTree()
+    {
+        Columns().Add().SetTreeButton(true);
+        SetUseTree(true);
+        OnVirtualLoad = [](TObject *, TBabGridCell *, TAxisContentItem *row) {
+            auto *node = TzuGridTree::NodeOf(row);
+            node->SetText("Node " + std::to_string(node->ListIndex()));
+        };
+        for (int i = 0; i < 2; ++i) {
+            TzuDataEntity_GridTreeNode *parent = GetTree()->AddDataEntity();
+            parent->ChildList()->AddUnloaded(kManyRows);
+            parent->SetExpanded(true);
+        }
+        resize(1200, 900);
+        show();
+        QCoreApplication::processEvents();
+    }
+    QScrollBar &Bar() { return VertScrollBar(); }
+};
+
+void JumpAmongTwoMillionCountedNodes(benchmark::State &state)
+{
+    static TCountedTree &grid = *new TCountedTree;
+    std::mt19937 random(4);
+    const double before = HeapBytes();
+    double most = 0;
+    int loaded = 0;
+    for (auto _ : state) {
+        grid.Bar().setValue(static_cast<int>(random() % 39'000'000));
+        QCoreApplication::processEvents();
+        loaded = std::max(loaded, grid.RootCell().Rows().LoadedCount());
+        most = std::max(most, HeapBytes() - before);
+    }
+    state.counters["loaded"] = loaded;
+    state.counters["bytes"] = most;
+}
+
+/// By steps of three rows.
+void ScrollThroughCountedNodes(benchmark::State &state)
+{
+    static TCountedTree &grid = *new TCountedTree;
+    int loaded = 0;
+    for (auto _ : state) {
+        grid.Bar().setValue((grid.Bar().value() + 60) % grid.Bar().maximum());
+        QCoreApplication::processEvents();
+        loaded = std::max(loaded, grid.RootCell().Rows().LoadedCount());
+    }
+    state.counters["loaded"] = loaded;
 }
 
 TTree &Tree()
@@ -354,6 +425,8 @@ BENCHMARK_CAPTURE(FirstPaint, Table, [] {
 })->Unit(benchmark::kMillisecond);
 BENCHMARK(ScrollStep<TNestedGrid>)->Unit(benchmark::kMillisecond);
 BENCHMARK(FillTreeWithAMillion)->Unit(benchmark::kMillisecond);
+BENCHMARK(JumpAmongTwoMillionCountedNodes)->Unit(benchmark::kMillisecond);
+BENCHMARK(ScrollThroughCountedNodes)->Unit(benchmark::kMillisecond);
 BENCHMARK(ExpandAndCollapseAThousand)->Unit(benchmark::kMicrosecond);
 BENCHMARK(InsertAndRemoveInTheMiddle)->Unit(benchmark::kMicrosecond);
 BENCHMARK(RowOfANode)->Unit(benchmark::kMicrosecond);

@@ -42,12 +42,18 @@ void TAxisContentList::SetFixedCount(int count)
 
 bool TAxisContentList::IsLoaded(int index) const
 {
+    if (m_presence != nullptr) {
+        return IsPresent(index);
+    }
     return index < m_fixedCount
            || (index >= m_unloadedBefore && index - m_unloadedBefore < m_loaded.Size());
 }
 
 bool TAxisContentList::IsPresent(int index) const
 {
+    if (m_presence != nullptr) {
+        return index >= 0 && index < Count() && m_presence->ValueAt(index) != 0;
+    }
     const int position = IndexConvert_RealToLoaded(index);
     return position >= (index < m_fixedCount ? 0 : m_fixedCount) && position < m_loaded.Size();
 }
@@ -66,7 +72,9 @@ std::unique_ptr<TAxisContentItem> TAxisContentList::CreateItem(TObject *value)
 
 void TAxisContentList::Place(int position, std::unique_ptr<TAxisContentItem> item)
 {
-    m_loaded.Insert(position, item.get(), IndexConvert_LoadedToReal(position));
+    // With gaps indexes are not cached.
+    const int index = m_presence != nullptr ? 0 : IndexConvert_LoadedToReal(position);
+    m_loaded.Insert(position, item.get(), index);
     item.release();
 }
 
@@ -81,13 +89,18 @@ std::unique_ptr<TAxisContentItem> TAxisContentList::Take(int position)
 }
 
 /// Keeps what counts all items in step after `by` came at the index, or went from it.
-void TAxisContentList::CountChanged(int index, int by)
+void TAxisContentList::CountChanged(int index, int by, TPresence came)
 {
     ++m_changes;
     if (by > 0) {
         m_extents.Insert(index, by, TRunSequence::kDefault);
     } else {
         m_extents.Erase(index, -by);
+    }
+    if (m_presence != nullptr && by > 0) {
+        m_presence->Insert(index, by, came == TPresence::Loaded ? 1 : 0);
+    } else if (m_presence != nullptr) {
+        m_presence->Erase(index, -by);
     }
     m_gridCell.AxisCountChanged(*this, index, by);
 }
@@ -101,15 +114,17 @@ void TAxisContentList::SizeChanged(TAxisContentItem &item)
 TAxisContentItem *TAxisContentList::AddNew(TObject *value)
 {
     const std::weak_ptr<bool> lives = m_lives;
-    EnsureLoadedItem(Count() - 1);
+    if (m_presence == nullptr) {
+        EnsureLoadedItem(Count() - 1);
+    }
     if (lives.expired()) {
         return nullptr;
     }
     auto created = CreateItem(value);
     TAxisContentItem *item = created.get();
+    const int end = Count();
     Place(m_loaded.Size(), std::move(created));
-    const int index = IndexConvert_LoadedToReal(m_loaded.Size() - 1);
-    CountChanged(index, 1);
+    CountChanged(m_presence != nullptr ? end : IndexConvert_LoadedToReal(m_loaded.Size() - 1), 1);
     m_gridCell.InsertingAxisItem(*this, Count() - 1);
     return item;
 }
@@ -123,7 +138,9 @@ TAxisContentItem *TAxisContentList::InsertNew(int index, TObject *value)
         throw std::out_of_range("List index out of bounds");
     }
     const std::weak_ptr<bool> lives = m_lives;
-    EnsureLoadedItem(index == Count() ? index - 1 : index);
+    if (m_presence == nullptr) {
+        EnsureLoadedItem(index == Count() ? index - 1 : index);
+    }
     if (lives.expired()) {
         return nullptr;
     }
@@ -138,6 +155,10 @@ TAxisContentItem *TAxisContentList::InsertNew(int index, TObject *value)
 
 void TAxisContentList::AddUnloaded(int count)
 {
+    if (m_presence != nullptr) {
+        InsertCounted(Count(), count, false);
+        return;
+    }
     const int room = std::numeric_limits<int>::max() - Count();
     const int added = std::clamp(count, -m_unloadedAfter, room);
     const int end = Count();
@@ -148,6 +169,10 @@ void TAxisContentList::AddUnloaded(int count)
 
 void TAxisContentList::Move(int from, int to)
 {
+    if (m_presence != nullptr) {
+        MoveRange(from, to, 1);
+        return;
+    }
     const std::weak_ptr<bool> lives = m_lives;
     const bool keptBefore = std::exchange(m_keepLoaded, true);
     try {
@@ -186,6 +211,10 @@ void TAxisContentList::Drop(int index)
         ListIndexesOutOfDate(index);
         return;
     }
+    if (m_presence != nullptr) {
+        EraseCounted(index, 1);
+        return;
+    }
     const bool after = m_unloadedBefore == 0 || (index >= m_unloadedBefore && m_unloadedAfter > 0);
     --(after ? m_unloadedAfter : m_unloadedBefore);
     CountChanged(index, -1);
@@ -194,7 +223,7 @@ void TAxisContentList::Drop(int index)
 
 void TAxisContentList::DeleteOfUnloaded(int from, int to)
 {
-    if (to < from) {
+    if (to < from || m_presence != nullptr) {
         return;
     }
     if (TBabGridCellForViewer *viewer = Viewer()) {
@@ -228,6 +257,10 @@ void TAxisContentList::CommonClear(int keep)
     for (int position = m_loaded.Size() - 1; position >= keep; --position) {
         Drop(IndexConvert_LoadedToReal(position));
     }
+    if (m_presence != nullptr) {
+        EraseCounted(keep, Count());
+        return;
+    }
     if (m_unloadedAfter > 0) {
         const int first = m_loaded.Size() + m_unloadedBefore;
         DeleteOfUnloaded(first, first + m_unloadedAfter - 1);
@@ -253,7 +286,7 @@ void TAxisContentList::Reorder(const std::vector<TAxisContentItem *> &items)
     std::vector<TAxisContentItem *> all = m_loaded.Items();
     const int behindHead = IndexConvert_LoadedToReal(m_fixedCount);
     const auto head = all.begin() + std::min<std::ptrdiff_t>(m_fixedCount, std::ssize(all));
-    if (std::ssize(items) != all.end() - head) {
+    if (std::ssize(items) != all.end() - head || (m_presence != nullptr && !IsFullyLoaded())) {
         throw std::invalid_argument("Not the items of this list");
     }
     m_gridCell.ReorderingAxisItems(*this, behindHead, items);
@@ -282,6 +315,34 @@ int TAxisContentList::NearestShown(int index, int step) const
         index = step > 0 ? run.First + run.Count : run.First - 1;
     }
     return -1;
+}
+
+int TAxisContentList::NearestLoaded(int index, int step) const
+{
+    if (index < 0 || index >= Count()) {
+        return -1;
+    }
+    if (m_presence != nullptr) {
+        const TRunSequence::TRun run = m_presence->RunAt(index);
+        index = run.Value != 0 ? index : step > 0 ? run.First + run.Count : run.First - 1;
+    } else if (!IsPresent(index)) {
+        // In the head, or before or behind the block.
+        const int begin = m_fixedCount + m_unloadedBefore;
+        const int end = m_loaded.Size() + m_unloadedBefore;
+        index = step > 0 ? std::max(index, begin) : index < begin ? m_fixedCount - 1 : end - 1;
+    }
+    return IsPresent(index) ? index : -1;
+}
+
+int TAxisContentList::CountWithoutSize() const
+{
+    int count = 0;
+    for (int index = 0; index < Count();) {
+        const TRunSequence::TRun run = m_extents.RunAt(index);
+        count += run.Value == 0 ? run.Count : 0;
+        index = run.First + run.Count;
+    }
+    return count;
 }
 
 // --- shown and hidden items ----------------------------------------------------------------------
@@ -313,12 +374,13 @@ void TAxisContentList::SetHidden(int first, int last, bool hide)
         return;
     }
     m_extents.Fill(first, last - first + 1, hide ? 0 : TRunSequence::kDefault);
-    for (int index = first; index <= last; ++index) {
-        TAxisContentItem &item = *m_loaded.At(IndexConvert_RealToLoaded(index));
+    const int end = IndexConvert_RealToLoaded(last + 1);
+    for (int position = IndexConvert_RealToLoaded(first); position < end; ++position) {
+        TAxisContentItem &item = *m_loaded.At(position);
         item.m_hide = hide;
         UpdateHiddenItemsList(item, hide);
         if (!hide && item.WantedSize() != TRunSequence::kDefault) {
-            m_extents.Fill(index, 1, item.WantedSize());
+            m_extents.Fill(IndexConvert_LoadedToReal(position), 1, item.WantedSize());
         }
     }
     ++m_changes;
@@ -343,6 +405,9 @@ void TAxisContentList::EnsureListIndexes()
 
 void TAxisContentList::UpdateListIndexesFrom(int index)
 {
+    if (m_presence != nullptr) {
+        return;
+    }
     const int first = std::max(0, IndexConvert_RealToLoaded(index));
     if (first < m_fixedCount) {
         m_loaded.NumberFrom(first, first);
@@ -360,6 +425,9 @@ void TAxisContentList::RenumberBlock()
 
 int TAxisContentList::ListIndexOf(const TAxisContentItem &item)
 {
+    if (m_presence != nullptr) {
+        return IndexOf(item);
+    }
     EnsureListIndexes();
     return m_loaded.Number(m_loaded.IndexOf(&item));
 }

@@ -6,7 +6,9 @@
 #include "data/zuDataList.h"
 #include "data/zuSequence.h"
 #include "foundation/zuExport.h"
+#include "foundation/zuMethod.h"
 
+#include <cstdint>
 #include <memory>
 #include <optional>
 #include <vector>
@@ -19,6 +21,9 @@ class TBabGridCellForViewer;
 /// One axis of a cell grid: a fixed head that is always loaded, then items of which one contiguous
 /// block is loaded; those before and after the block are only counted and are created when they are
 /// asked for. Items that are shown are never unloaded.
+///
+/// With AllowGaps items that are only counted stand anywhere, which is how the rows of a tree come
+/// and go; then there is no block, and who allowed it loads and unloads the items.
 ///
 /// A real index counts all items; a position counts the loaded ones. Every change is reported to
 /// the grid cell, and the handlers of the viewer's grid cell load and unload. They may change the
@@ -36,12 +41,19 @@ public:
 
     /// Numbers of items: all, hidden or not, those that are loaded, and those that the last layout
     /// showed.
-    int Count() const { return m_loaded.Size() + m_unloadedBefore + m_unloadedAfter; }
+    int Count() const
+    {
+        return m_presence != nullptr ? m_presence->Count()
+                                     : m_loaded.Size() + m_unloadedBefore + m_unloadedAfter;
+    }
     int LoadedCount() const { return m_loaded.Size(); }
+    bool IsFullyLoaded() const { return LoadedCount() == Count(); }
     int VisibleCount() const { return m_visibles.Size(); }
     /// Number of loaded items that are hidden.
     int GetHiddenRowCount() const { return m_hiddenCount; }
-    /// Numbers of items that are only counted, before and behind the block.
+    /// Number of items that take no room, loaded or not. Costs the runs of equal sizes.
+    int CountWithoutSize() const;
+    /// Numbers of items that are only counted, before and behind the block; 0 with gaps.
     int UnloadedBefore() const { return m_unloadedBefore; }
     int UnloadedAfter() const { return m_unloadedAfter; }
     /// Items of the head; 0 by default. The caller sees to it that they are loaded.
@@ -55,11 +67,15 @@ public:
     /// Between real index and position; of items that are loaded.
     int IndexConvert_RealToLoaded(int index) const
     {
-        return index < m_fixedCount ? index : index - m_unloadedBefore;
+        return index < m_fixedCount    ? index
+               : m_presence != nullptr ? PositionInGaps(index)
+                                       : index - m_unloadedBefore;
     }
     int IndexConvert_LoadedToReal(int position) const
     {
-        return position < m_fixedCount ? position : position + m_unloadedBefore;
+        return position < m_fixedCount ? position
+               : m_presence != nullptr ? m_presence->IndexAt(position)
+                                       : position + m_unloadedBefore;
     }
 
     /// The item at a real index, loaded on demand; nil when there is none.
@@ -69,6 +85,8 @@ public:
     {
         return IsPresent(index) ? m_loaded.At(IndexConvert_RealToLoaded(index)) : nullptr;
     }
+    /// The nearest loaded item from the index on, in steps of 1 or -1; -1 when there is none.
+    int NearestLoaded(int index, int step) const;
     /// Throw std::out_of_range. The second one counts what the last layout showed.
     TAxisContentItem *getLoadedAxisContentItem(int position) const { return m_loaded.At(position); }
     TAxisContentItem *getVisibleAxisContentItem(int k) const { return m_visibles.At(k); }
@@ -126,9 +144,37 @@ public:
     void ClearVisibles();
     /// Keeps the number of hidden items; for the items alone.
     void UpdateHiddenItemsList(TAxisContentItem &item, bool hide);
-    /// SetHide of the loaded items `first`..`last` (both included) without the hide event, which is
-    /// the caller's to fire.
+    /// SetHide of the items `first`..`last` (both included) without the hide event, which is the
+    /// caller's to fire. Those that are only counted, in an axis with gaps, take no room or the
+    /// default size.
     void SetHidden(int first, int last, bool hide);
+
+    /// Items that are only counted may stand anywhere behind the head; `load` is called when one is
+    /// asked for, and is to call LoadAt. All items have to be loaded. Nil ends it and drops what is
+    /// only counted.
+    void AllowGaps(TMethod<void(int index)> load);
+    bool HasGaps() const { return m_presence != nullptr; }
+    // Of an axis with gaps alone. Indexes are cut to the range that exists.
+    /// `count` items that are only counted come at the index.
+    void InsertCounted(int index, int count, bool hide);
+    /// Items from the index on that are only counted go; loaded ones end it.
+    void EraseCounted(int index, int count);
+    /// Of the counted items `first`..`end - 1` those go that take no room; returns where the others
+    /// end then.
+    int EraseCountedWithoutSize(int first, int end);
+    /// The counted item at the index comes to be. It is hidden when it took no room.
+    TAxisContentItem *LoadAt(int index, TObject *value);
+    /// The loaded item at the index is only counted from now on, `hide` without room.
+    void UnloadAt(int index, bool hide);
+    /// The items `from`..`from + count - 1`, loaded or not, come to stand from `to` on, counted
+    /// without them.
+    void MoveRange(int from, int to, int count);
+    /// Whether any of the items `first`..`end - 1` is shown, or is about to be: what
+    /// KeepForLayout named since the last layout was done.
+    bool IsShown(int first, int end) const;
+    void KeepForLayout(int first, int last);
+    /// Forgets what the last layout showed, so that it may go when far items are wanted.
+    void ForgetShown() { m_visibles.Clear(); }
 
     /// Cached indexes: whether they may be stale and from where, and their refreshing. An item that
     /// is asked for its index brings all up to date.
@@ -170,11 +216,14 @@ private:
                   TNumbering::PerItem>;
 
     TBabGridCellForViewer *Viewer() const;
+    int PositionInGaps(int index) const;
+    TAxisContentItem *EnsureLoadedInGap(int index);
     std::unique_ptr<TAxisContentItem> CreateItem(TObject *value);
     void Place(int position, std::unique_ptr<TAxisContentItem> item);
     /// Takes the item out of all sequences; its cells go with it.
     std::unique_ptr<TAxisContentItem> Take(int position);
-    void CountChanged(int index, int by);
+    enum class TPresence : std::uint8_t { Counted, Loaded };
+    void CountChanged(int index, int by, TPresence came = TPresence::Loaded);
     void SizeChanged(TAxisContentItem &item);
     void CommonClear(int keep);
     void RenumberBlock();
@@ -189,7 +238,9 @@ private:
     TLoaded m_loaded; ///< its numbers are the cached indexes
     TSequence<TAxisContentItem, TPlaceInItem<TAxisContentItem, TAxisContentItem::VisiblePlace>>
         m_visibles;
-    TRunSequence m_extents;                                       ///< by real index
+    TRunSequence m_extents;                   ///< by real index
+    std::unique_ptr<TRunSequence> m_presence; ///< with gaps: 1 for what is loaded, 0 for the others
+    TMethod<void(int)> m_loadGap;
     std::shared_ptr<bool> m_lives = std::make_shared<bool>(true); ///< false once destroyed
     std::uint64_t m_changes = 0;
     int m_loadNesting = 0;

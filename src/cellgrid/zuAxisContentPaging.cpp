@@ -51,6 +51,9 @@ TAxisContentItem *TAxisContentList::EnsureLoadedItem(int index)
     if (index < m_fixedCount || index >= Count()) {
         return nullptr;
     }
+    if (m_presence != nullptr) {
+        return EnsureLoadedInGap(index);
+    }
     const std::weak_ptr<bool> lives = m_lives;
     auto range = RangeToLoad(index);
     if (range && range->To - range->From + 1 + m_loaded.Size() > kMaxLoaded && !m_keepLoaded) {
@@ -247,6 +250,9 @@ bool TAxisContentList::PurgeAt(TBlockEnd end)
 
 void TAxisContentList::Purge()
 {
+    if (m_presence != nullptr) {
+        return; // who allowed gaps unloads
+    }
     const std::weak_ptr<bool> lives = m_lives;
     for (const TBlockEnd end : {TBlockEnd::Front, TBlockEnd::Back}) {
         // Handlers may add items, but not for ever.

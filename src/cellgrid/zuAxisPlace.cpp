@@ -12,13 +12,13 @@ int ShiftedPlace(int place, int index, int by)
     return by < 0 && place < index - by ? -1 : place + by;
 }
 
-int PlaceAfterMove(int place, int from, int to)
+int PlaceAfterMove(int place, int from, int to, int count)
 {
-    if (place == from) {
-        return to;
+    if (place >= from && place < from + count) {
+        return place - from + to;
     }
-    const int taken = place > from ? place - 1 : place;
-    return taken >= to ? taken + 1 : taken;
+    const int taken = place > from ? place - count : place;
+    return taken >= to ? taken + count : taken;
 }
 
 int PlaceAfterReorder(int place, int first, const std::vector<int> &order)

@@ -9,8 +9,8 @@ namespace korvane {
 
 /// After `by` items came at another index, or went from it; -1 when it went.
 KORVANE_CORE_API int ShiftedPlace(int place, int index, int by);
-/// After the item at `from` was moved to `to`.
-KORVANE_CORE_API int PlaceAfterMove(int place, int from, int to);
+/// After the items `from`..`from + count - 1` were moved to `to`, counted without them.
+KORVANE_CORE_API int PlaceAfterMove(int place, int from, int to, int count = 1);
 /// After items from `first` on took another order: the new one at first + i was at first +
 /// order[i].
 KORVANE_CORE_API int PlaceAfterReorder(int place, int first, const std::vector<int> &order);

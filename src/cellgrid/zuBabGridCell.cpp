@@ -149,12 +149,12 @@ bool TBabGridCell::TellRows(const std::shared_ptr<TTold> &told, bool selected)
     const TCellSelection &before = selected ? told->Rows : Selection();
     const auto changes = m_rows.Changes();
     for (const auto &[first, end] : StretchesWithout(now.RowRanges(), before.RowRanges())) {
-        for (int row = first; row < end; ++row) {
+        for (int row = m_rows.NearestLoaded(first, 1); row >= 0 && row < end;
+             row = m_rows.NearestLoaded(row + 1, 1)) {
             if (Selection().RowHasSelected(row) != selected) {
                 continue; // a node that was told before saw to it
             }
-            const TAxisContentItem *item = m_rows.FindLoaded(row);
-            if (IBabTreeRow *node = item != nullptr ? TreeRowOf(*item) : nullptr) {
+            if (IBabTreeRow *node = TreeRowOf(*m_rows.FindLoaded(row))) {
                 node->TreeRowSelected(selected);
             }
             if (!told->GridLives || m_rows.Changes() != changes) {
@@ -208,12 +208,21 @@ void TBabGridCell::DroppingAxisItem(TAxisContentList &list, int index)
 void TBabGridCell::MowingAxisItem(TAxisContentList &list, int from, int to)
 {
     if (&list == &m_rows) {
-        ChangeSelections([=](TCellSelection &selection) { selection.RowMoved(from, to); });
-    } else {
-        Selection().ColumnMoved(from, to);
+        MovedRows(list, from, to, 1);
+        return;
     }
+    Selection().ColumnMoved(from, to);
     if (TBabGridCellForViewer *viewer = GetViewerGridCell()) {
-        viewer->OnMoved(&list, from, to);
+        viewer->OnMoved(&list, from, to, 1);
+    }
+    TellAxisChanged(list);
+}
+
+void TBabGridCell::MovedRows(TAxisContentList &list, int from, int to, int count)
+{
+    ChangeSelections([=](TCellSelection &selection) { selection.RowMoved(from, to, count); });
+    if (TBabGridCellForViewer *viewer = GetViewerGridCell()) {
+        viewer->OnMoved(&list, from, to, count);
     }
     TellAxisChanged(list);
 }

@@ -67,6 +67,11 @@ public:
     /// Tells the nodes of the rows whose selection changed since this was called last. The view
     /// calls it after every change of the selection.
     void TellTreeSelection();
+    /// Whether the row was selected when that was done, so that its node is to know when it comes.
+    bool IsToldSelected(int row) const
+    {
+        return m_told != nullptr && m_told->Rows.RowHasSelected(row);
+    }
     /// The row's node; nil for the head, and where no tree is shown.
     IBabTreeRow *TreeRowOf(const TAxisContentItem &row) const
     {
@@ -86,6 +91,8 @@ public:
     virtual void DroppingAxisItem(TAxisContentList &list, int index);
     virtual void MowingAxisItem(TAxisContentList &list, int from, int to);
     virtual void ChangeInUnloaded(TAxisContentList &list);
+    /// `count` rows from `from` on have moved to a place that is counted without them.
+    void MovedRows(TAxisContentList &list, int from, int to, int count);
     /// The items behind the head are about to take this order.
     void ReorderingAxisItems(TAxisContentList &list, int first,
                              const std::vector<TAxisContentItem *> &items);
@@ -179,11 +186,11 @@ public:
     /// The selected rows are dragged: whether they can be dropped at a place, and the dropping.
     TMethod<void(const TGridRowDrop &theDrop, bool &mayDrop)> OnMayDropRows;
     TMethod<void(const TGridRowDrop &theDrop)> OnDropRows;
-    /// The view's own: `by` items came at an index of an axis, or went from it; an item moved; rows
-    /// are about to take another order; a sub-grid is about to go.
+    /// The view's own: `by` items came at an index of an axis, or went from it; items moved, as
+    /// PlaceAfterMove says; rows are about to take another order; a sub-grid is about to go.
     TMethod<void(TAxisContentList *theList, int index, int by)> OnCountChanged;
     /// The view's own, too; see OnCountChanged.
-    TMethod<void(TAxisContentList *theList, int from, int to)> OnMoved;
+    TMethod<void(TAxisContentList *theList, int from, int to, int count)> OnMoved;
     TMethod<void(TAxisContentList *theList, int first, const std::vector<int> &order)>
         OnRowsReordered;
     TMethod<void(TBabGridCell *theGridCell)> OnSubGridGoes;

@@ -308,10 +308,10 @@ void TBabGridEdit::CountChanged(TAxisContentList *list, int index, int by)
     ChangePlaces(*list, [=](int place) { return ShiftedPlace(place, index, by); });
 }
 
-void TBabGridEdit::ItemMoved(TAxisContentList *list, int from, int to)
+void TBabGridEdit::ItemsMoved(TAxisContentList *list, int from, int to, int count)
 {
-    TBabGridGestures::ItemMoved(list, from, to);
-    ChangePlaces(*list, [=](int place) { return PlaceAfterMove(place, from, to); });
+    TBabGridGestures::ItemsMoved(list, from, to, count);
+    ChangePlaces(*list, [=](int place) { return PlaceAfterMove(place, from, to, count); });
 }
 
 void TBabGridEdit::RowsReordered(TAxisContentList *list, int first, const std::vector<int> &order)

@@ -18,7 +18,8 @@ int SearchedRow(const TBabGridCell &grid, int index, int step)
     const int end = rows.Count() - rows.UnloadedAfter();
     index = step > 0 ? std::max(index, begin) : std::min(index, end - 1);
     while (index >= begin && index < end) {
-        const TAxisContentItem *row = rows.FindLoaded(index);
+        index = rows.NearestLoaded(index, step);
+        const TAxisContentItem *row = index >= begin ? rows.FindLoaded(index) : nullptr;
         if (row == nullptr) {
             return -1;
         }

@@ -2,6 +2,7 @@
 #include "cellgrid/zuBabGridSelect.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace korvane {
 
@@ -191,16 +192,19 @@ bool TBabGridSelectCore::FindText(std::string_view text, bool fromNext)
     if (!start || text.empty()) {
         return false;
     }
-    TAxisContentList &rows = start.Grid->Rows();
+    const TAxisContentList &rows = start.Grid->Rows();
     TAxisContentItem *column = start.Grid->Columns().getAxisContentItem(start.Column);
-    const int count = rows.Count() - rows.FixedCount();
-    for (int step = fromNext ? 1 : 0; column != nullptr && step < count + (fromNext ? 1 : 0);
-         ++step) {
-        const int row = rows.FixedCount() + (start.Row - rows.FixedCount() + step) % count;
-        TAxisContentItem *item = rows.FindLoaded(row);
-        if (item != nullptr && !item->GetHide()
-            && BeginsWith(start.Grid->CellText(*column, *item), text)) {
-            return ChooseCell({start.Grid, start.Column, row}, TGridChoice::Set);
+    const int fixed = rows.FixedCount();
+    // From the focus to the end, then from the beginning; at last the focus itself once more.
+    for (const auto &[first, last] : {std::pair(start.Row + (fromNext ? 1 : 0), rows.Count() - 1),
+                                      std::pair(fixed, start.Row - (fromNext ? 0 : 1))}) {
+        int row = column != nullptr ? rows.NearestLoaded(first, 1) : -1;
+        for (; row >= 0 && row <= last; row = rows.NearestLoaded(row + 1, 1)) {
+            TAxisContentItem *item = rows.FindLoaded(row);
+            if (item != nullptr && !item->GetHide()
+                && BeginsWith(start.Grid->CellText(*column, *item), text)) {
+                return ChooseCell({start.Grid, start.Column, row}, TGridChoice::Set);
+            }
         }
     }
     return false;

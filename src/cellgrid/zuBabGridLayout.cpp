@@ -32,8 +32,8 @@ TBabGridLayoutCore::TBabGridLayoutCore(IBabGridHost &host)
     m_root->OnCountChanged = [this](TAxisContentList *list, int index, int by) {
         CountChanged(list, index, by);
     };
-    m_root->OnMoved = [this](TAxisContentList *list, int from, int to) {
-        ItemMoved(list, from, to);
+    m_root->OnMoved = [this](TAxisContentList *list, int from, int to, int count) {
+        ItemsMoved(list, from, to, count);
     };
     m_root->OnRowsReordered = [this](TAxisContentList *list, int first, const auto &order) {
         RowsReordered(list, first, order);
@@ -284,10 +284,18 @@ const TGridBlock &TBabGridLayoutCore::Shown()
 /// the ends everything between them is there; loading one end may have cost the other.
 void TBabGridLayoutCore::Load(TAxisContentList &list, int first, int last)
 {
-    if (list.UnloadedBefore() == 0 && list.UnloadedAfter() == 0) {
+    if (list.IsFullyLoaded()) {
         return;
     }
     first = std::max(first, list.FixedCount());
+    if (list.HasGaps()) {
+        list.KeepForLayout(first, last);
+        for (int index = list.NearestShown(first, 1); index >= 0 && index <= last;
+             index = list.NearestShown(index + 1, 1)) {
+            list.EnsureLoadedItem(index);
+        }
+        return;
+    }
     if (first > last || (list.IsPresent(first) && list.IsPresent(last))) {
         return;
     }
@@ -321,7 +329,8 @@ TGridBands TBabGridLayoutCore::BandsOf(TAxisContentList &list, const TAxisView &
         && list.TotalSize() > list.OffsetOf(fixed)) {
         const int last = std::max(first, list.IndexAt(view.Shown.Far - 1 - base));
         Load(list, first, last);
-        for (int index = first; index >= 0 && index <= last;
+        // Loading may have changed how many there are.
+        for (int index = first; index >= 0 && index <= std::min(last, list.Count() - 1);
              index = list.NearestShown(index + 1, 1)) {
             add(index, base + list.OffsetOf(index), false);
         }

@@ -138,7 +138,7 @@ protected:
     virtual void HiddenChanged() {}
     /// What the grid's events of the same names tell.
     virtual void CountChanged(TAxisContentList *, int /*index*/, int /*by*/) {}
-    virtual void ItemMoved(TAxisContentList *, int /*from*/, int /*to*/) {}
+    virtual void ItemsMoved(TAxisContentList *, int /*from*/, int /*to*/, int /*count*/) {}
     /// Rows from `first` on are about to take another order, as TCellSelection::RowsReordered says.
     virtual void RowsReordered(TAxisContentList *, int /*first*/,
                                const std::vector<int> & /*order*/)

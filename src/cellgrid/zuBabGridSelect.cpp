@@ -207,12 +207,12 @@ void TBabGridSelectCore::CountChanged(TAxisContentList *list, int index, int by)
     }
 }
 
-void TBabGridSelectCore::ItemMoved(TAxisContentList *list, int from, int to)
+void TBabGridSelectCore::ItemsMoved(TAxisContentList *list, int from, int to, int count)
 {
     for (TGridCellAt *at : {&m_focus, &m_anchor}) {
         if (at->Grid == &list->getGridCell()) {
             int &place = list->IsRowAxis() ? at->Row : at->Column;
-            place = PlaceAfterMove(place, from, to);
+            place = PlaceAfterMove(place, from, to, count);
         }
     }
 }

@@ -125,7 +125,7 @@ protected:
     void HiddenChanged() override;
     void AddToPictureMove(TGridPictureMove &move) override;
     void CountChanged(TAxisContentList *list, int index, int by) override;
-    void ItemMoved(TAxisContentList *list, int from, int to) override;
+    void ItemsMoved(TAxisContentList *list, int from, int to, int count) override;
     void RowsReordered(TAxisContentList *list, int first, const std::vector<int> &order) override;
     void SubGridGoes(TBabGridCell *grid) override;
     void SelectionEventOf(TBabGridCell &grid) override;

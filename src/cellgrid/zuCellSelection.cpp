@@ -173,14 +173,14 @@ void TCellSelection::RowsChanged(int row, int by)
     }
 }
 
-void TCellSelection::RowMoved(int from, int to)
+void TCellSelection::RowMoved(int from, int to, int count)
 {
-    const int missing = std::max(from, to) + 1 - m_rows.Count();
+    const int missing = std::max(from, to) + count - m_rows.Count();
     if (m_rows.Count() > 0 && missing > 0) {
         m_rows.Insert(m_rows.Count(), missing, 0);
     }
     if (m_rows.Count() > 0) {
-        m_rows.Move(from, to);
+        m_rows.Move(from, to, count);
     }
 }
 

@@ -56,10 +56,11 @@ public:
 
     /// Rows with a selected cell as first and end of stretches, ascending and apart.
     std::vector<std::pair<int, int>> RowRanges() const;
-    /// `by` columns or rows came at the index, or went from it when negative; one moved.
+    /// `by` columns or rows came at the index, or went from it when negative; one, or `count` from
+    /// `from` on, moved to a place that is counted without them.
     void RowsChanged(int row, int by);
     void ColumnsChanged(int column, int by);
-    void RowMoved(int from, int to);
+    void RowMoved(int from, int to, int count = 1);
     void ColumnMoved(int from, int to);
     /// Rows from `first` on come to stand in another order: the new one at first + i was at
     /// first + order[i].

@@ -63,12 +63,17 @@ void TRunSequence::Fill(int index, int count, int value)
     Insert(index, count, value);
 }
 
-void TRunSequence::Move(int from, int to)
+void TRunSequence::Move(int from, int to, int count)
 {
-    CheckRange(to, 1);
-    const int value = ValueAt(from);
-    Erase(from, 1);
-    Insert(to, 1, value);
+    CheckRange(from, count);
+    CheckRange(to, count);
+    if (count == 0 || from == to) {
+        return;
+    }
+    const auto [left, rest] = Split(m_root, from);
+    const auto [middle, right] = Split(rest, count);
+    const auto [before, behind] = Split(Join(left, right), to);
+    m_root = Join(Join(before, middle), behind);
 }
 
 void TRunSequence::Clear()

@@ -54,8 +54,9 @@ public:
     /// `count` entries from the index on.
     void Erase(int index, int count);
     void Fill(int index, int count, int value);
-    /// The entry comes to stand at index `to`, counted without it.
-    void Move(int from, int to);
+    /// The entries `from`..`from + count - 1` come to stand from index `to` on, counted without
+    /// them.
+    void Move(int from, int to, int count = 1);
     /// The default extent stays.
     void Clear();
 

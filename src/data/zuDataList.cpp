@@ -85,7 +85,7 @@ void TzuDataList::Forget(TzuDataEntity *entity)
 void TzuDataList::ReleaseLoaded()
 {
     const TzuLifeWatch self(*this);
-    m_unloadedBefore = m_unloadedAfter = 0;
+    ForgetCounted();
     for (int left = m_items.Size(); left > 0 && !m_items.Empty(); --left) {
         ListIndexesOutOfDate(0);
         FreeDataEntity(Take(0));
@@ -101,7 +101,15 @@ void TzuDataList::ReleaseLoaded()
             return;
         }
     }
-    m_unloadedBefore = m_unloadedAfter = 0;
+    ForgetCounted();
+}
+
+void TzuDataList::ForgetCounted()
+{
+    if (!IsFullyLoaded()) {
+        CountedChanged(0, -m_unloadedBefore - m_unloadedAfter);
+        m_unloadedBefore = m_unloadedAfter = 0;
+    }
 }
 
 // --- inserting and deleting ----------------------------------------------------------------------
@@ -165,8 +173,10 @@ void TzuDataList::Delete(int index)
         ListIndexesOutOfDate(index);
         FreeDataEntity(entity);
     } else if (index < m_unloadedBefore) {
+        CountedChanged(index, -1);
         --m_unloadedBefore;
     } else {
+        CountedChanged(index - m_items.Size(), -1);
         --m_unloadedAfter;
     }
 }
@@ -305,7 +315,7 @@ void TzuDataList::ListIndexesOutOfDate(int index)
 void TzuDataList::EnsureListIndexes()
 {
     if (m_indexesOutOfDate) {
-        UpdateListIndexesFrom(m_firstStaleIndex);
+        UpdateListIndexesFrom(FirstToRefresh());
         m_indexesOutOfDate = false;
         m_firstStaleIndex = Count();
     }

@@ -146,8 +146,8 @@ public:
     /// Creates the items `from`..`to` (both included) at one end of the block. At the front they
     /// come to lie in reverse of the indexes that they are given; fires OnLoadItem for each.
     void LoadItems(int from, int to, TBlockEnd end);
-    /// Frees a loaded item without any event; it is counted on at the given side of the block.
-    /// Throws std::out_of_range when it is not loaded.
+    /// Frees a loaded item without any event, unless the class keeps it; it is counted on at the
+    /// given side of the block. Throws std::out_of_range when it is not loaded.
     void Unload(int index, TBlockEnd toward);
     /// OnCanUnload's verdict; false without a handler.
     bool CanUnload(TzuDataEntity *entity) const;
@@ -163,6 +163,17 @@ protected:
     virtual void Left(TzuDataEntity & /*entity*/) {}
     /// The loaded entities stand in another order.
     virtual void Reordered() {}
+    /// `by` items that are only counted came at a place among these, or are about to go from there.
+    /// Not called for items that are loaded or unloaded.
+    virtual void CountedChanged(int /*place*/, int /*by*/) {}
+    /// The entity was only counted until now, at a place among those that are; OnLoadItem follows.
+    virtual void BecameLoaded(TzuDataEntity & /*entity*/, int /*place*/) {}
+    /// An entity is about to be unloaded; false keeps it. May change the list.
+    virtual bool MayUnload(TzuDataEntity & /*entity*/) { return true; }
+    /// The entity that was asked about is only counted now.
+    virtual void BecameCounted(int /*place*/) {}
+    /// From where EnsureListIndexes refreshes; what is stale may lie before the loaded block.
+    virtual int FirstToRefresh() const { return m_firstStaleIndex; }
 
 private:
     friend class TzuDataEntity;
@@ -182,6 +193,7 @@ private:
     TzuDataEntity *TakeSilently(int position);
     void MoveLoaded(int from, int to);
     void Forget(TzuDataEntity *entity);
+    void ForgetCounted();
     void ReleaseLoaded();
     std::vector<TzuDataEntity *> LoadedAll();
     int FindSelectedFrom(int position) const;

@@ -36,7 +36,15 @@ void TzuDataList::AddUnloaded(int count)
     const TzuLifeWatch self(*this);
     const int room = std::numeric_limits<int>::max() - m_items.Size() - m_unloadedBefore;
     const std::int64_t unloaded = std::int64_t{m_unloadedAfter} + count;
-    m_unloadedAfter = static_cast<int>(std::clamp<std::int64_t>(unloaded, 0, room));
+    const auto after = static_cast<int>(std::clamp<std::int64_t>(unloaded, 0, room));
+    const int by = after - m_unloadedAfter;
+    if (by < 0) {
+        CountedChanged(m_unloadedBefore + after, by);
+    }
+    m_unloadedAfter = after;
+    if (by > 0) {
+        CountedChanged(m_unloadedBefore + after - by, by);
+    }
     Fire<&TzuListController::OnContentChanged>(this);
     if (self) {
         Fire<&TzuListController::OnCountChanged>(this);
@@ -95,8 +103,12 @@ void TzuDataList::LoadItems(int from, int to, TBlockEnd end)
         if (!self) {
             return;
         }
-        Place(atFront ? 0 : m_items.Size(), entity.release(), index);
-        unloaded = std::max(unloaded - 1, 0);
+        TzuDataEntity *loaded = entity.release();
+        Place(atFront ? 0 : m_items.Size(), loaded, index);
+        if (unloaded > 0) {
+            --unloaded;
+            BecameLoaded(*loaded, m_unloadedBefore);
+        }
     }
     for (int step = 0; step <= to - from && self; ++step) {
         const int index = atFront ? to - step : from + step;
@@ -108,8 +120,16 @@ void TzuDataList::LoadItems(int from, int to, TBlockEnd end)
 
 void TzuDataList::Unload(int index, TBlockEnd toward)
 {
+    const TzuDataEntity *entity = m_items.At(index - m_unloadedBefore);
+    const TzuLifeWatch self(*this);
+    if (!MayUnload(*m_items.At(index - m_unloadedBefore)) || !self || !IsLoaded(index)
+        || m_items.At(index - m_unloadedBefore) != entity) {
+        return;
+    }
     delete Take(index - m_unloadedBefore);
-    ++(toward == TBlockEnd::Front ? m_unloadedBefore : m_unloadedAfter);
+    const bool toFront = toward == TBlockEnd::Front;
+    ++(toFront ? m_unloadedBefore : m_unloadedAfter);
+    BecameCounted(toFront ? m_unloadedBefore - 1 : m_unloadedBefore);
     if (m_items.Empty()) {
         m_unloadedAfter += m_unloadedBefore;
         m_unloadedBefore = 0;
@@ -141,7 +161,14 @@ void TzuDataList::Purge()
                 break;
             }
             if (!m_items.Empty() && m_items.At(position()) == entity) {
+                const auto changes = m_changes;
                 Unload(m_unloadedBefore + position(), end);
+                if (!self) {
+                    return;
+                }
+                if (changes == m_changes) {
+                    break; // it is kept
+                }
             }
         }
     }

@@ -49,7 +49,7 @@ int TGantGridLines::Count()
 
 int TGantGridLines::CountShown()
 {
-    return Count() - m_grid.RootCell().Rows().GetHiddenRowCount();
+    return Count() - m_grid.RootCell().Rows().CountWithoutSize();
 }
 
 TGantRow *TGantGridLines::RowOfLine(int line)

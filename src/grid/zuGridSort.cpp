@@ -232,9 +232,7 @@ void TzuGridCore::DoInternalResortOfContent()
     }
     bool handled = false;
     OnUserSort(Self(), SortColumn(), handled);
-    const TAxisContentList &rows = m_root.Rows();
-    const bool allLoaded = rows.UnloadedBefore() == 0 && rows.UnloadedAfter() == 0;
-    if (!handled && allLoaded) {
+    if (!handled && m_root.Rows().IsFullyLoaded()) {
         // Each sorting keeps the order of the one before among equals.
         const auto keys = m_sortKeys;
         std::for_each(keys.rbegin(), keys.rend(), [this](const auto &key) { SortRows(key); });

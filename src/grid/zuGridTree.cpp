@@ -34,6 +34,7 @@ TzuGridTree::TzuGridTree(TzuGridCore &grid, TBabGridCell &gridCell)
     m_lists->AfterCreate();
     Rows().ClearKeepFixedItems();
     m_gridCell.SetShowsTree(true);
+    Rows().AllowGaps([this](int index) { LoadRow(index); });
     FillController();
 }
 
@@ -51,6 +52,7 @@ TzuGridTree::~TzuGridTree()
         }
         ReleaseList(list);
     }
+    Rows().AllowGaps(nullptr);
     m_gridCell.SetShowsTree(false);
 }
 
@@ -65,14 +67,12 @@ void TzuGridTree::FillController()
         });
     };
     m_controller.OnInsertItem = forNode([this](TNode &node) { _InsertItem(node); });
-    m_controller.OnLoadItem = forNode([this](TNode &node) {
-        const TzuLifeWatch lives(node);
-        InsertRow(node);
-        TBabGridCellForViewer *viewer = m_gridCell.GetViewerGridCell();
-        if (lives && viewer != nullptr && node.m_row != nullptr) {
-            viewer->OnVirtualLoad(&m_gridCell, node.m_row, true);
+    m_controller.OnLoadItem = forNode([this](TNode &node) { LoadItem(node); });
+    m_controller.OnCanUnload = [this](TzuDataEntity *entity, bool &canUnload) {
+        if (TNode *node = NodeOfEntity(entity)) {
+            CanUnload(*node, canUnload);
         }
-    });
+    };
     m_controller.OnDeleteItem = forNode([this](TNode &node) { _DeleteItem(node); });
     m_controller.OnBeforeChangeOwner = forNode([this](TNode &node) {
         TzuDataList_GridTree *list = ListOf(node);
@@ -97,16 +97,11 @@ void TzuGridTree::FillController()
         if (m_moving.Node != nullptr && m_moving.Node->Tree() != this) {
             Left(*std::exchange(m_moving, {}).Node);
         }
-        if (!lives) {
+        if (!lives || m_unloading) {
             return;
         }
         if (auto *ofTree = dynamic_cast<TzuDataList_GridTree *>(list)) {
             OnContentChanged(this, ofTree);
-        }
-    };
-    m_controller.OnCountChanged = [this](TzuDataList *list) {
-        if (auto *ofTree = dynamic_cast<TzuDataList_GridTree *>(list)) {
-            CountChanged(*ofTree);
         }
     };
 }
@@ -134,6 +129,7 @@ void TzuGridTree::ReleaseList(TzuDataList_GridTree *list)
 {
     m_lists->Remove(list);
     list->Clear();
+    m_pagedLists.erase(list);
     list->FreeWheneverPossible();
 }
 
@@ -141,6 +137,7 @@ void TzuGridTree::ReleaseList(TzuDataList_GridTree *list)
 /// outermost deletion is done, for the stack's sake.
 void TzuGridTree::ReleaseChildren(TzuDataList_GridTree *children)
 {
+    LeaveRows(*children);
     if (m_deletionDepth >= kMaxDeletionDepth) {
         children->m_parentEntity = nullptr;
         m_waitingLists.push_back(children);
@@ -192,10 +189,25 @@ void TzuGridTree::InsertRow(TNode &node)
     if (node.m_row != nullptr || m_destroying) {
         return;
     }
-    const int index = RowBehind(node);
-    node.m_row = Rows().InsertNew(index, &node);
-    if (!IsDisplayed(node)) {
-        Rows().SetHidden(index, index, true);
+    TNode *parent = node.ParentNode();
+    const auto isLast = [&node] {
+        const TzuDataList_GridTree *list = ListOf(node);
+        return list != nullptr && list->UnloadedAfter() == 0
+               && list->IndexOf(&node) == list->LoadedCount() - 1;
+    };
+    int index = RowBehind(node);
+    if (node.m_countedRows > 0) {
+        index -= node.m_countedRows--;
+        node.m_row = Rows().LoadAt(index, &node);
+        node.m_expanded = node.m_expanded || node.m_countedRows > 0;
+    } else if (parent != nullptr && parent->m_countedRows > 0 && isLast()) {
+        --parent->m_countedRows;
+        node.m_row = Rows().LoadAt(index, &node);
+    } else {
+        node.m_row = Rows().InsertNew(index, &node);
+    }
+    if (const bool hide = !IsDisplayed(node); hide != node.m_row->GetHide()) {
+        Rows().SetHidden(index, index, hide);
     }
     if (!m_awaited.empty()) {
         m_arrived.insert(&node);
@@ -208,8 +220,10 @@ void TzuGridTree::_DeleteItem(TNode &node)
 {
     const TzuLifeWatch lives(node);
     node.m_leaving = true;
-    KeepExpandState(node);
-    OnDeleteItem(this, &node);
+    if (!m_unloading) {
+        KeepExpandState(node);
+        OnDeleteItem(this, &node);
+    }
     if (!lives) {
         return;
     }
@@ -218,22 +232,6 @@ void TzuGridTree::_DeleteItem(TNode &node)
     }
     if (lives) {
         Forget(node);
-    }
-}
-
-/// Items that were announced beside others that are here come with them: the rows of a list are
-/// all there, or none while its node is collapsed.
-void TzuGridTree::CountChanged(TzuDataList_GridTree &list)
-{
-    const TNode *parent = list.ParentEntity();
-    const bool wanted = parent == nullptr || parent->GetExpanded();
-    const TzuLifeWatch lives(list);
-    while (wanted && lives && !list.IsFullyLoaded() && !m_destroying) {
-        const int before = list.LoadedCount();
-        list.EnsureLoadedItem(list.UnloadedBefore() > 0 ? 0 : list.Count() - 1);
-        if (lives && list.LoadedCount() == before) {
-            return;
-        }
     }
 }
 
@@ -254,6 +252,7 @@ void TzuGridTree::DropRow(TNode &node)
     const TzuLifeWatch lives(node);
     Tell(TGridTreeEvent::RowRemoved, &node);
     if (lives && node.m_row != nullptr) {
+        DropCountedRows(node);
         TAxisContentItem *row = std::exchange(node.m_row, nullptr);
         row->SetValue(nullptr);
         row->List()->Drop(row->List()->IndexOf(*row));
@@ -286,7 +285,7 @@ int TzuGridTree::GetRow(const TNode &node) const
 
 TzuDataEntity_GridTreeNode *TzuGridTree::GetDataEntityFromRow(int row) const
 {
-    return NodeOf(Rows().FindLoaded(row));
+    return NodeOf(Rows().getAxisContentItem(row));
 }
 
 std::vector<TzuDataEntity_GridTreeNode *> TzuGridTree::VisibleNodes() const
@@ -315,25 +314,36 @@ TzuDataEntity_GridTreeNode *TzuGridTree::GetPrevVisible(const TNode *node) const
 
 bool TzuGridTree::HasNextShown(const TNode &node) const
 {
-    // What is shown next is of the same parent, or of one further up.
-    const TNode *next = GetDataEntityFromRow(Rows().NearestShown(RowBehind(node), 1));
-    return next != nullptr && next->GetDataList() == node.GetDataList();
+    // What is shown next is of the same parent, or stands behind all of the parent's.
+    const int next = Rows().NearestShown(RowBehind(node), 1);
+    const TNode *parent = node.ParentNode();
+    return next >= 0 && (parent == nullptr || next < RowBehind(*parent) - parent->m_countedRows);
 }
 
-/// The row behind the node's and those below it.
-int TzuGridTree::RowBehind(const TNode &node) const
+/// The row behind the node's and those below it. As if the rows `from`..`from + without - 1`, which
+/// are the node's, were not there.
+int TzuGridTree::RowBehind(const TNode &node, int from, int without) const
 {
+    int counted = 0; // rows between the node and the next one that has a row
     for (const TNode *at = &node; at != nullptr; at = at->ParentNode()) {
-        TzuDataList_GridTree *list = ListOf(*at);
-        const int position = list != nullptr ? list->IndexOf(at) + 1 : 0;
-        if (position > 0 && position < list->LoadedCount()) {
-            const auto *next = static_cast<const TNode *>(list->GetLoaded(position));
-            if (next->m_row != nullptr) {
-                return Rows().IndexOf(*next->m_row);
-            }
+        const TzuDataList_GridTree *list = ListOf(*at);
+        if (list == nullptr) {
+            break;
         }
+        const int position = list->IndexOf(at);
+        for (int p = position + 1; position >= 0 && p < list->LoadedCount(); ++p) {
+            const auto *next = static_cast<const TNode *>(list->GetLoaded(p));
+            if (next->m_row != nullptr) {
+                const int row = Rows().IndexOf(*next->m_row);
+                return row - counted - (row > from ? without : 0);
+            }
+            counted += next->m_countedRows;
+        }
+        const TNode *parent = list->ParentEntity();
+        counted += position >= 0 ? list->RowsBehind() : 0;
+        counted += parent != nullptr ? parent->m_countedRows : 0;
     }
-    return Rows().Count();
+    return Rows().Count() - counted - without;
 }
 
 /// Number of rows that the node and those below it have.
@@ -344,8 +354,9 @@ int TzuGridTree::RowsOf(const TNode &node)
     while (!open.empty()) {
         const TNode *at = open.back();
         open.pop_back();
-        rows += at->m_row != nullptr ? 1 : 0;
+        rows += (at->m_row != nullptr ? 1 : 0) + at->m_countedRows;
         const TzuDataList_GridTree *children = at->m_childList;
+        rows += children != nullptr ? children->RowsBefore() + children->RowsBehind() : 0;
         for (int p = 0; children != nullptr && p < children->LoadedCount(); ++p) {
             open.push_back(static_cast<const TNode *>(children->GetLoaded(p)));
         }
@@ -362,14 +373,7 @@ void TzuGridTree::MoveRows(TNode &node)
     }
     const int from = GetRow(node);
     const int count = RowsOf(node);
-    const int to = RowBehind(node);
-    for (int i = 0; i < count && to != from; ++i) {
-        if (to < from) {
-            Rows().Move(from + i, to + i);
-        } else {
-            Rows().Move(from, to - 1);
-        }
-    }
+    Rows().MoveRange(from, RowBehind(node, from, count), count);
     UpdateShown(GetRow(node), RowBehind(node), TBelowCollapsed::MayBeShown);
     Tell(TGridTreeEvent::RowMoved, &node);
 }
@@ -418,6 +422,9 @@ void TzuGridTree::Came(TNode &node)
         }
     }
     if (old != nullptr) {
+        if (children != nullptr) {
+            children->AddUnloaded(old->Count() - old->LoadedCount());
+        }
         old->Tree()->ReleaseList(old);
     }
 }

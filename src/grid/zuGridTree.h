@@ -43,7 +43,14 @@ struct TGridTreeMove
 
 /// Nodes as rows of one grid cell, in pre-order behind the head. The rows are the tree's own: the
 /// application adds and removes nodes, not rows. Inserting and looking up cost a logarithm and the
-/// depth of the node; expanding and collapsing cost what is shown or hidden by it.
+/// depth of the node; expanding and collapsing cost what is loaded of what is shown or hidden by
+/// it.
+///
+/// Children may be only counted (TzuDataList::AddUnloaded): a node comes to be, and its row is
+/// given to the grid's OnVirtualLoad, when the row is shown or asked for. Where the grid lets rows
+/// go (OnCanUnload; TzuGrid does when OnVirtualLoad is set), counted nodes that are out of sight
+/// are unloaded again, with all that is below them; their rows stay. A node that was expanded then
+/// is expanded when it comes back, and what was expanded below it as for nodes that were deleted.
 ///
 /// Expanded nodes that are deleted are expanded again when they come back, as they do when an
 /// application loads its content anew: a node's key is what OnGetNodeKey says, else its user
@@ -80,13 +87,15 @@ public:
     void RemoveDataEntity(TzuDataEntity_GridTreeNode *node);
     /// Removes everything.
     void Clear() { DataList()->Clear(); }
+    /// Unloads what may be and is not shown. The tree does it by itself after it has loaded many.
+    void Purge();
 
     // Rows.
     /// Nil for rows of the head.
     static TzuDataEntity_GridTreeNode *NodeOf(const TAxisContentItem *row);
     /// Index in the grid's rows, hidden or not; -1 without a row.
     int GetRow(const TzuDataEntity_GridTreeNode &node) const;
-    /// Nil for rows of the head, and for indexes that do not exist.
+    /// Loaded when it is only counted. Nil for rows of the head, and for indexes that do not exist.
     TzuDataEntity_GridTreeNode *GetDataEntityFromRow(int row) const;
     /// The nodes whose rows are shown now, from top to bottom.
     std::vector<TzuDataEntity_GridTreeNode *> VisibleNodes() const;
@@ -98,7 +107,8 @@ public:
     bool HasNextShown(const TzuDataEntity_GridTreeNode &node) const;
 
     // Expanding.
-    /// Children that are given on demand are not asked for. OnExpanded and OnCollapsed do not fire.
+    /// Children that are given on demand are not asked for, and what is only counted stays so.
+    /// OnExpanded and OnCollapsed do not fire.
     void FullExpand() { ExpandLevels(kAllLevels); }
     void FullCollapse();
     /// The nodes of levels 0..levels - 1, as FullExpand; nodes of other levels stay as they are.
@@ -153,7 +163,17 @@ public:
 
 private:
     friend class TzuDataEntity_GridTreeNode;
+    friend class TzuDataList_GridTree;
     using TNode = TzuDataEntity_GridTreeNode;
+
+    /// A row that is only counted: item `Item` of the list stands there, and rows of the list that
+    /// are only counted go on to before `End`. No list for other rows.
+    struct TCounted
+    {
+        TzuDataList_GridTree *List = nullptr;
+        int Item = 0;
+        int End = 0;
+    };
 
     /// A node that is about to change over to a list that is not known yet.
     struct TMoving
@@ -170,7 +190,22 @@ private:
     void ReleaseChildren(TzuDataList_GridTree *children);
     void _InsertItem(TNode &node);
     void _DeleteItem(TNode &node);
-    void CountChanged(TzuDataList_GridTree &list);
+    void LoadItem(TNode &node);
+    void LoadRow(int index);
+    void LoadInList(TzuDataList_GridTree &list, int index);
+    TCounted CountedAt(int row) const;
+    void CountedCame(TzuDataList_GridTree &list, int place, int count);
+    void CountedGo(TzuDataList_GridTree &list, int place, int count);
+    void CollapseCounted(TzuDataList_GridTree &list);
+    void LeaveRows(TzuDataList_GridTree &list);
+    bool HasRows(const TzuDataList_GridTree &list) const;
+    int FirstRowOf(const TzuDataList_GridTree &list) const;
+    int RowOfCounted(const TzuDataList_GridTree &list, int place) const;
+    void MakeRows(TNode &node);
+    void CanUnload(TNode &node, bool &canUnload) const;
+    bool PrepareUnload(TzuDataList_GridTree &list, TNode &node);
+    bool TellUnload(TzuDataList_GridTree &list, TNode &node);
+    void DropCountedRows(TNode &node);
     void AfterChangeOwner(TNode &node);
     void Left(TNode &node);
     void Came(TNode &node);
@@ -178,9 +213,11 @@ private:
     void DropRow(TNode &node);
     void InsertRow(TNode &node);
     void MoveRows(TNode &node);
-    int RowBehind(const TNode &node) const;
+    TNode *LoadedNodeAt(int row) const { return NodeOf(Rows().FindLoaded(row)); }
+    int RowBehind(const TNode &node, int from = 0, int without = 0) const;
     static int RowsOf(const TNode &node);
     bool IsDisplayed(const TNode &node) const;
+    static bool DisplaysChildren(const TNode *parent);
     void NodeChanged(TNode &node, bool image);
     void SelectionChanged(TNode &node);
     void SetNodeExpanded(TNode &node, bool expanded);
@@ -189,6 +226,9 @@ private:
     void UpdateShown(TNode &node);
     enum class TBelowCollapsed : std::uint8_t { IsHidden, MayBeShown };
     void UpdateShown(int first, int end, TBelowCollapsed below);
+    int UpdateCountedShown(int first, int end);
+    template <typename Handle>
+    void ForEachLoaded(int first, int end, const Handle &handle) const;
     void Tell(TGridTreeEvent event, TNode *node) { OnIntegrationEvent(this, event, node); }
     std::string KeyOf(TNode &node);
     void KeepExpandState(TNode &node);
@@ -204,7 +244,11 @@ private:
     std::vector<TzuDataList_GridTree *> m_waitingLists; ///< of deleted nodes, yet to be released
     std::unordered_set<std::string> m_awaited;          ///< keys of nodes that were expanded
     std::unordered_set<TNode *> m_arrived;              ///< whose keys are to be looked up
+    std::unordered_set<TzuDataList_GridTree *> m_pagedLists; ///< with nodes that were counted once
+    std::shared_ptr<char> m_life = std::make_shared<char>(); ///< watched across handlers
+    int m_loadsSincePurge = 0;
     int m_deletionDepth = 0;
+    bool m_unloading = false; ///< what goes is not deleted
     bool m_destroying = false;
 };
 

@@ -3,6 +3,7 @@
 #include "cellgrid/zuAxisContent.h"
 #include "grid/zuGridTree.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace korvane {
@@ -175,6 +176,69 @@ void TzuDataList_GridTree::AfterCreate(TzuListController *controller, EntityClas
     TzuDataList::AfterCreate(controller, std::move(entityClass));
     auto *ofTree = dynamic_cast<TzuListController_GridTree *>(controller);
     m_tree = ofTree != nullptr ? &ofTree->Tree() : nullptr;
+}
+
+TRunSequence &TzuDataList_GridTree::Counted()
+{
+    if (m_counted == nullptr) {
+        m_counted = std::make_unique<TRunSequence>();
+    }
+    return *m_counted;
+}
+
+int TzuDataList_GridTree::RowsTo(int place) const
+{
+    return m_counted != nullptr
+               ? static_cast<int>(m_counted->OffsetOf(std::min(place, m_counted->Count())))
+               : 0;
+}
+
+void TzuDataList_GridTree::CountedChanged(int place, int by)
+{
+    if (by > 0) {
+        Counted().Insert(place, by, 0);
+    }
+    if (m_tree != nullptr) {
+        by > 0 ? m_tree->CountedCame(*this, place, by) : m_tree->CountedGo(*this, place, -by);
+    }
+    if (by < 0) {
+        Counted().Erase(place, -by);
+    }
+    ListIndexesOutOfDate(0);
+}
+
+int TzuDataList_GridTree::FirstToRefresh() const
+{
+    return std::max(FirstStaleIndex(), UnloadedBefore());
+}
+
+void TzuDataList_GridTree::BecameLoaded(TzuDataEntity &entity, int place)
+{
+    if (auto *node = dynamic_cast<TzuDataEntity_GridTreeNode *>(&entity)) {
+        node->m_countedRows = Counted().ValueAt(place);
+    }
+    Counted().Erase(place, 1);
+    ListIndexesOutOfDate(0);
+    if (m_tree != nullptr) {
+        m_tree->m_pagedLists.insert(this);
+    }
+}
+
+bool TzuDataList_GridTree::MayUnload(TzuDataEntity &entity)
+{
+    auto *node = dynamic_cast<TzuDataEntity_GridTreeNode *>(&entity);
+    return node == nullptr || m_tree == nullptr || m_tree->PrepareUnload(*this, *node);
+}
+
+void TzuDataList_GridTree::BecameCounted(int place)
+{
+    Counted().Insert(place, 1, std::exchange(m_unloadedRows, 0));
+    if (LoadedCount() == 0 && m_tree != nullptr) {
+        m_tree->m_pagedLists.erase(this);
+    }
+    if (std::exchange(m_uncount, false)) {
+        Delete(place < UnloadedBefore() ? place : place + LoadedCount());
+    }
 }
 
 } // namespace korvane

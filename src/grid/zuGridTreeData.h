@@ -2,10 +2,12 @@
 #pragma once
 
 #include "cellgrid/zuBabTreeRow.h"
+#include "cellgrid/zuRunSequence.h"
 #include "data/zuDataEntityPack.h"
 #include "foundation/zuExport.h"
 
 #include <cstdint>
+#include <memory>
 #include <string>
 #include <string_view>
 
@@ -87,6 +89,7 @@ public:
 
 private:
     friend class TzuGridTree;
+    friend class TzuDataList_GridTree;
 
     void Changed(bool image);
 
@@ -97,6 +100,8 @@ private:
     int m_imageIndex = -1;
     int m_selectedIndex = -1;
     int m_sortPlace = 0; ///< while the tree is sorted
+    /// Rows that are only counted and await the node or, once it has its own, its children.
+    int m_countedRows = 0;
     bool m_expanded = false;
     bool m_childrenLoaded = false;
     bool m_hideNode = false;
@@ -104,7 +109,8 @@ private:
     bool m_told = false;    ///< is selected because its row is
 };
 
-/// The children of one node, or the roots of a tree.
+/// The children of one node, or the roots of a tree. Children that are only counted (AddUnloaded)
+/// have rows as well, and come to be when these are shown. Indexes are right whatever is loaded.
 class KORVANE_CORE_API TzuDataList_GridTree : public TzuDataList
 {
 public:
@@ -120,11 +126,29 @@ public:
         return static_cast<TzuDataEntity_GridTreeNode *>(GetItems(index));
     }
 
+protected:
+    void CountedChanged(int place, int by) override;
+    void BecameLoaded(TzuDataEntity &entity, int place) override;
+    bool MayUnload(TzuDataEntity &entity) override;
+    void BecameCounted(int place) override;
+    int FirstToRefresh() const override;
+
 private:
     friend class TzuGridTree;
 
+    TRunSequence &Counted();
+    /// Rows of what is only counted before and behind the block.
+    int RowsBefore() const { return RowsTo(UnloadedBefore()); }
+    int RowsBehind() const { return RowsTo(UnloadedBefore() + UnloadedAfter()) - RowsBefore(); }
+    int RowsTo(int place) const;
+
     TzuGridTree *m_tree = nullptr;
     TzuDataEntity_GridTreeNode *m_parentEntity = nullptr;
+    /// How many rows each item has that is only counted: more than 1 for one that was expanded when
+    /// it was unloaded, 0 where the list has no rows. None before anything was counted.
+    std::unique_ptr<TRunSequence> m_counted;
+    int m_unloadedRows = 0; ///< of what is being unloaded
+    bool m_uncount = false; ///< it is not to be counted
 };
 
 /// The controller of every list of one tree.

@@ -27,8 +27,12 @@ bool TzuGridTree::LoadsOnDemand() const
 
 bool TzuGridTree::IsDisplayed(const TNode &node) const
 {
-    const TNode *parent = node.ParentNode();
-    return !node.m_hideNode && (parent == nullptr || (parent->m_expanded && parent->GetVisible()));
+    return !node.m_hideNode && DisplaysChildren(node.ParentNode());
+}
+
+bool TzuGridTree::DisplaysChildren(const TNode *parent)
+{
+    return parent == nullptr || (parent->m_expanded && parent->GetVisible());
 }
 
 void TzuGridTree::NodeChanged(TNode &node, bool image)
@@ -51,10 +55,7 @@ void TzuGridTree::SetNodeExpanded(TNode &node, bool expanded)
     }
     const TzuLifeWatch lives(node);
     node.m_expanded = expanded;
-    if (node.m_childList != nullptr) {
-        CountChanged(*node.m_childList);
-    }
-    if (lives && node.m_row != nullptr) {
+    if (node.m_row != nullptr) {
         UpdateShown(GetRow(node) + 1, RowBehind(node), TBelowCollapsed::IsHidden);
     }
     if (lives) {
@@ -104,9 +105,9 @@ void TzuGridTree::UpdateShown(int first, int end, TBelowCollapsed below)
         const TNode *Parent = nullptr;
     } run;
     for (int index = first; index < end;) {
-        const TNode *node = GetDataEntityFromRow(index);
+        const TNode *node = LoadedNodeAt(index);
         if (node == nullptr) {
-            ++index;
+            index = UpdateCountedShown(index, end);
             continue;
         }
         const TNode *parent = node->ParentNode();
@@ -132,13 +133,41 @@ void TzuGridTree::UpdateShown(int first, int end, TBelowCollapsed below)
     }
 }
 
-void TzuGridTree::FullCollapse()
+/// Hides or shows rows that are only counted, up to a row of something else; returns that.
+int TzuGridTree::UpdateCountedShown(int first, int end)
 {
-    for (int row = Rows().FixedCount(); row < Rows().Count(); ++row) {
-        if (TNode *node = GetDataEntityFromRow(row)) {
-            node->m_expanded = false;
+    const TCounted counted = CountedAt(first);
+    if (counted.List == nullptr) {
+        return first + 1; // not a row of the tree
+    }
+    end = std::min(end, counted.End);
+    const bool hide = !DisplaysChildren(counted.List->ParentEntity());
+    if (hide != (Rows().SizeAt(first) == 0)) {
+        Rows().SetHidden(first, end - 1, hide);
+    }
+    return end;
+}
+
+/// Calls handle(node) for each loaded node of the rows `first`..`end - 1`.
+template <typename Handle>
+void TzuGridTree::ForEachLoaded(int first, int end, const Handle &handle) const
+{
+    for (int row = Rows().NearestLoaded(first, 1); row >= 0 && row < end;
+         row = Rows().NearestLoaded(row + 1, 1)) {
+        if (TNode *node = LoadedNodeAt(row)) {
+            handle(*node);
         }
     }
+}
+
+void TzuGridTree::FullCollapse()
+{
+    m_awaited.clear();
+    for (int i = 0; i < m_lists->Count(); ++i) {
+        CollapseCounted(static_cast<TzuDataList_GridTree &>(*m_lists->GetDataList(i)));
+    }
+    ForEachLoaded(Rows().FixedCount(), Rows().Count(),
+                  [](TNode &node) { node.m_expanded = false; });
     UpdateShown(Rows().FixedCount(), Rows().Count(), TBelowCollapsed::MayBeShown);
     Tell(TGridTreeEvent::RowVisibleChanged, nullptr);
 }
@@ -160,16 +189,13 @@ void TzuGridTree::ExpandBelow(TNode &node)
 /// Expands from a row on to the last one below the node; nil: to the last of all.
 void TzuGridTree::ExpandRows(int first, TNode *top, int levels)
 {
-    const auto end = [&] { return top != nullptr ? RowBehind(*top) : Rows().Count(); };
-    for (int row = first; row < end(); ++row) {
-        TNode *node = GetDataEntityFromRow(row);
-        if (node != nullptr && node->HasChildren()
-            && (levels == kAllLevels || node->GetLevel() < levels)) {
-            node->m_expanded = true;
-            CountChanged(*node->m_childList);
+    const int end = top != nullptr ? RowBehind(*top) : Rows().Count();
+    ForEachLoaded(first, end, [levels](TNode &node) {
+        if (node.HasChildren() && (levels == kAllLevels || node.GetLevel() < levels)) {
+            node.m_expanded = true;
         }
-    }
-    UpdateShown(first, end(), TBelowCollapsed::MayBeShown);
+    });
+    UpdateShown(first, end, TBelowCollapsed::MayBeShown);
     Tell(TGridTreeEvent::RowVisibleChanged, top);
 }
 
@@ -243,24 +269,20 @@ void TzuGridTree::RestoreExpandState(TObject * /*unused*/)
 std::vector<std::string> TzuGridTree::ExpandState()
 {
     std::vector<std::string> keys(m_awaited.begin(), m_awaited.end());
-    for (int row = Rows().FixedCount(); row < Rows().Count(); ++row) {
-        TNode *node = GetDataEntityFromRow(row);
-        std::string key = node != nullptr && node->m_expanded ? KeyOf(*node) : std::string();
+    ForEachLoaded(Rows().FixedCount(), Rows().Count(), [&](TNode &node) {
+        std::string key = node.m_expanded ? KeyOf(node) : std::string();
         if (!key.empty()) {
             keys.push_back(std::move(key));
         }
-    }
+    });
     return keys;
 }
 
 void TzuGridTree::SetExpandState(const std::vector<std::string> &keys)
 {
     m_awaited.insert(keys.begin(), keys.end());
-    for (int row = Rows().FixedCount(); row < Rows().Count(); ++row) {
-        if (TNode *node = GetDataEntityFromRow(row)) {
-            m_arrived.insert(node);
-        }
-    }
+    ForEachLoaded(Rows().FixedCount(), Rows().Count(),
+                  [this](TNode &node) { m_arrived.insert(&node); });
     RestoreExpandState(nullptr);
 }
 

@@ -74,11 +74,13 @@ std::vector<TzuDataEntity_GridTreeNode *> TzuGridTree::TopmostSelected() const
     std::vector<TNode *> nodes;
     int behind = 0; // the rows of the last one that was taken
     for (const auto &[first, end] : m_gridCell.Selection().RowRanges()) {
-        for (int row = std::max(first, behind); row < end; row = std::max(row + 1, behind)) {
-            if (TNode *node = GetDataEntityFromRow(row)) {
+        int row = Rows().NearestLoaded(std::max(first, behind), 1);
+        while (row >= 0 && row < end) {
+            if (TNode *node = LoadedNodeAt(row)) {
                 nodes.push_back(node);
                 behind = RowBehind(*node);
             }
+            row = Rows().NearestLoaded(std::max(row + 1, behind), 1);
         }
     }
     return nodes;
