@@ -181,8 +181,9 @@ void PlanEdits::BeginCells()
 void PlanEdits::SetCell(const TaskCellText &cell, const TaskCells &cells, PredecessorIndex &links)
 {
     m_document.Edit([&](Plan &plan) {
+        const std::size_t forgotten = links.ForgottenCount();
         PlanChange change = PlanEditor(plan, m_watcher).SetCell(cell, cells, links);
-        if (!change.IsEmpty()) {
+        if (!change.IsEmpty() || links.ForgottenCount() != forgotten) {
             ++m_cellCount;
             m_cells.Append(std::move(change));
         }
@@ -202,13 +203,14 @@ bool PlanEdits::AppendTasks(int count)
     return true;
 }
 
-void PlanEdits::EndCells(const std::function<QString(int count)> &text)
+void PlanEdits::EndCells(PredecessorIndex &links, const std::function<QString(int count)> &text)
 {
-    if (--m_cellDepth > 0 || m_cells.IsEmpty()) {
+    if (--m_cellDepth > 0 || (m_cells.IsEmpty() && links.ForgottenCount() == 0)) {
         return;
     }
     m_document.Edit([&](Plan &plan) {
         const std::vector<int> tasks = m_cells.TasksAfter;
+        m_cells.Append(PlanEditor(plan, m_watcher).RemoveForgotten(links));
         m_cells.Append(PlanEditor(plan, m_watcher).RefreshSummaries(tasks));
     });
     const int count = std::exchange(m_cellCount, 0);

@@ -37,8 +37,9 @@ public:
     /// Cells that are set between the two are one step, of the name that `text` gives for the
     /// number of cells. They nest.
     void BeginCells();
-    void EndCells(const std::function<QString(int count)> &text);
-    /// Throws PlanEditRefusal instead of reporting. Only between BeginCells and EndCells.
+    void EndCells(PredecessorIndex &links, const std::function<QString(int count)> &text);
+    /// Throws PlanEditRefusal instead of reporting. Only between BeginCells and EndCells, with the
+    /// same index.
     void SetCell(const TaskCellText &cell, const TaskCells &cells, PredecessorIndex &links);
     /// Likewise only there: that many new tasks at the end of the plan. False when it has no room.
     bool AppendTasks(int count);

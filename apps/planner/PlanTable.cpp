@@ -432,7 +432,7 @@ void PlanTable::ConnectEditing()
     };
     m_grid.OnEndUserChange = [this](TObject *, TGridUserChange kind, bool) {
         if (m_edits != nullptr) {
-            m_edits->EndCells([this, kind](int count) { return StepText(kind, count); });
+            m_edits->EndCells(m_links, [this, kind](int count) { return StepText(kind, count); });
         }
     };
 }

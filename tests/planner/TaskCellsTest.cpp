@@ -73,6 +73,7 @@ struct TaskCellsTest : testing::Test
             PlanEditor editor(ThePlan, Watcher);
             Links.OutOfDate();
             m_changes.push_back(editor.SetCell({task, column, text}, English, Links));
+            m_changes.back().Append(editor.RemoveForgotten(Links));
             m_changes.back().Append(editor.RefreshSummaries({{task}}));
         } catch (const PlanEditRefusal &refusal) {
             return refusal.Reason().toStdString();
@@ -211,6 +212,29 @@ TEST_F(TaskCellsTest, AStartKeepsTheWorkAndSummariesFollow)
     EXPECT_EQ(Type(1, Start, u"02/11/2026 13:00"_s), "02/11/2026 13:00");
     EXPECT_EQ(Text(1, Finish), "05/11/2026 12:00");
     EXPECT_EQ(Text(0, Start), "02/11/2026 13:00");
+}
+
+TEST_F(TaskCellsTest, LinksThatGoAreRemovedOnceForManyCells)
+{
+    ThePlan.Links = {{1, 2, {}}, {2, 3, {}}, {3, 4, {}}, {1, 4, {}}};
+    const Plan before = ThePlan;
+    PlanEditor editor(ThePlan, Watcher);
+    PlanChange change;
+    const auto type = [&](int task, const QString &text) {
+        change.Append(editor.SetCell({task, Predecessors, text}, English, Links));
+        return English.Text(ThePlan, task, Predecessors, Links).toStdString();
+    };
+    EXPECT_EQ(type(2, u""_s), "");
+    EXPECT_EQ(type(3, u""_s), "");
+    EXPECT_THROW(type(4, u"2, 1, 5"_s), PlanEditRefusal); // the first one stays after all
+    EXPECT_EQ(type(1, u"3"_s), "3");                      // no circle any longer
+    EXPECT_EQ(type(4, u"2"_s), "2");
+    EXPECT_EQ(ThePlan.Links.size(), 5U);
+    change.Append(editor.RemoveForgotten(Links));
+    EXPECT_EQ(ThePlan.Links, (std::vector<PlanLink>{{1, 4, {}}, {2, 1, {}}}));
+    EXPECT_EQ(type(4, u"2"_s), "2");
+    change.Undo(ThePlan, Watcher);
+    EXPECT_EQ(ThePlan.Links, before.Links);
 }
 
 TEST_F(TaskCellsTest, RefusesWithASentenceAndChangesNothing)

@@ -72,8 +72,11 @@ public:
     PlanChange SetDetails(int task, const TaskDetails &details);
     /// A start moves its task, which keeps its working time; a finish and a duration leave the
     /// start where it is. A text that is shown already changes nothing. What summary tasks derive
-    /// from the task is left for RefreshSummaries, so that it is worked out once for many cells.
+    /// from the task is left for RefreshSummaries, and links that go are left for RemoveForgotten,
+    /// so that it is worked out once for many cells.
     PlanChange SetCell(const TaskCellText &cell, const TaskCells &cells, PredecessorIndex &links);
+    /// Removes the links that the index has forgotten.
+    PlanChange RemoveForgotten(PredecessorIndex &links);
     PlanChange RefreshSummaries(std::span<const int> tasks);
 
     // The outline. Tasks below others of the same edit go with them.

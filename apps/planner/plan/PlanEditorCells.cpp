@@ -70,13 +70,13 @@ void PlanEditor::ApplyDuration(int index, double minutes, bool isElapsed)
 void PlanEditor::ApplyPredecessors(int task, const std::vector<PlanLink> &wanted,
                                    PredecessorIndex &links)
 {
-    LinkRows gone{{}, {}, true};
+    std::vector<int> gone;
     std::vector<PlanLink> added = wanted;
     for (const int index : links.LinksTo(m_plan, task)) {
         const PlanLink &link = m_plan.Links[index];
         const auto found = std::ranges::find(added, link.Predecessor, &PlanLink::Predecessor);
         if (found == added.end()) {
-            gone.Indices.push_back(index);
+            gone.push_back(index);
         } else {
             if (*found != link) {
                 Do(LinkSwap{index, *found});
@@ -84,14 +84,14 @@ void PlanEditor::ApplyPredecessors(int task, const std::vector<PlanLink> &wanted
             added.erase(found);
         }
     }
-    if (!gone.Indices.empty()) {
-        Do(std::move(gone));
-        links.OutOfDate();
+    for (const int index : gone) {
+        links.Forget(index);
     }
     for (const PlanLink &link : added) {
         const QString reason = WhyNotLinked(m_plan, link.Predecessor, task, links);
         if (!reason.isEmpty()) {
             links.OutOfDate(); // what was done is taken back
+            std::ranges::for_each(gone, [&links](int index) { links.Remember(index); });
             Refuse(reason);
         }
         InsertLinks({link});
@@ -151,6 +151,16 @@ PlanChange PlanEditor::SetCell(const TaskCellText &cell, const TaskCells &cells,
         // What is shown may be less exact than what is there.
         if (cell.Text.simplified() != shown.simplified()) {
             ApplyCell(cell, cells, links);
+        }
+    });
+}
+
+PlanChange PlanEditor::RemoveForgotten(PredecessorIndex &links)
+{
+    return Edit([&] {
+        LinkRows gone{links.TakeForgotten(), {}, true};
+        if (!gone.Indices.empty()) {
+            Do(std::move(gone));
         }
     });
 }

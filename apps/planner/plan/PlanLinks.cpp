@@ -122,9 +122,18 @@ std::vector<int> PredecessorIndex::LinksOf(const Plan &plan, LinkDirection direc
     std::vector<int> links;
     for (int link = chains.First.at(static_cast<std::size_t>(task)); link != kNoIndex;
          link = chains.Next[static_cast<std::size_t>(link)]) {
-        links.push_back(link);
+        if (!m_forgotten.contains(link)) {
+            links.push_back(link);
+        }
     }
     return links;
+}
+
+std::vector<int> PredecessorIndex::TakeForgotten()
+{
+    const std::set<int> links = std::exchange(m_forgotten, {});
+    OutOfDate();
+    return {links.begin(), links.end()};
 }
 
 // --- circles -------------------------------------------------------------------------------------

@@ -4,6 +4,7 @@
 #include "plan/Plan.h"
 
 #include <cstdint>
+#include <set>
 #include <vector>
 
 namespace korvane::planner {
@@ -26,6 +27,14 @@ public:
     }
     std::vector<int> LinksOf(const Plan &plan, LinkDirection direction, int task);
 
+    /// The link counts as removed, until it is remembered or all that are forgotten are taken, to
+    /// be removed at once. Until then no link may be removed in another way.
+    void Forget(int link) { m_forgotten.insert(link); }
+    void Remember(int link) { m_forgotten.erase(link); }
+    std::size_t ForgottenCount() const { return m_forgotten.size(); }
+    /// Ascending. The index is out of date then.
+    std::vector<int> TakeForgotten();
+
 private:
     /// The links of each task as a chain.
     struct Chains
@@ -39,6 +48,7 @@ private:
 
     Chains m_from;
     Chains m_to;
+    std::set<int> m_forgotten;
     bool m_isUpToDate = false;
 };
 
