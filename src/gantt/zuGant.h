@@ -132,9 +132,10 @@ public:
     void SetDefaultLinkStyle(TLinkStyle style) { m_defaultLinkStyle = style; }
     TColor DefaultLinkColor() const { return m_defaultLinkColor; }
     void SetDefaultLinkColor(TColor color) { m_defaultLinkColor = color; }
-    /// Images of style sbsImage; observed, null by default.
+    /// Images of style sbsImage, and of the grid's columns with icons unless the grid was given a
+    /// list of its own; observed, null by default.
     const TImageList *ImageList() const { return m_imageList; }
-    void SetImageList(const TImageList *images);
+    virtual void SetImageList(const TImageList *images);
     /// Font of item texts, style 1, 2 or 3; any other number means 1.
     const TFont &FontTimeItemStyle(int style) const;
     void SetFontTimeItemStyle(int style, const TFont &font);

@@ -169,6 +169,7 @@ void TzuGant::SetImageListText(const QByteArray &text)
     const bool shown = m_images.Text() != text;
     m_images.SetText(text);
     if (shown) {
+        SetImageList(nullptr); // the list is the same object
         SetImageList(m_images.List());
         RePaint();
     }

@@ -101,6 +101,7 @@ public:
     IGantLines &Lines() const override;
 
     void SetUseGridNotTree(bool value) override;
+    void SetImageList(const TImageList *images) override;
     /// The row of the current node, or null.
     TGantRow *GetActiveGantRow() { return Lines().CurrentRow(); }
 

@@ -38,6 +38,7 @@ void TzuGant_ComBasic::CreateGridSide()
 
     m_grid->SetUseTree(true);
     m_grid->SetMultiSelect(true);
+    m_grid->SetImageList(ImageList());
     TzuGrid_Column &column = m_grid->Columns().Add();
     column.SetTreeButton(true);
     column.OnGetIconIndex = TOnGetIconIndex::Bind<&TzuGant_ComBasic::DoGridGetIconIndex>(this);
@@ -99,6 +100,15 @@ void TzuGant_ComBasic::SetUseGridNotTree(bool value)
     UpdateGridFrame();
     RealignScrollbar(m_tree->ScrollInfo());
     ChangeInTree();
+}
+
+void TzuGant_ComBasic::SetImageList(const TImageList *images)
+{
+    const TImageList *before = ImageList();
+    TGantKeys::SetImageList(images);
+    if (m_grid != nullptr && m_grid->ImageList() == before) {
+        m_grid->SetImageList(images);
+    }
 }
 
 /// Keeps the header level with the axis, and the area as high as the rows of the grid.

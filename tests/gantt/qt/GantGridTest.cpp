@@ -1,4 +1,5 @@
 // The chart control with a grid in place of its row tree.
+#include "foundation/qt/zuImageList.h"
 #include "gantt/qt/zuGant.h"
 #include "grid/qt/zuGrid.h"
 
@@ -79,7 +80,17 @@ TEST(GantWithoutGrid, MakesNoneUntilItIsAskedFor)
     chart.AddRootDataEntityTree("row");
     chart.SetUseGridNotTree(false);
     EXPECT_FALSE(chart.HasGrid());
+    const TzuImageList images;
+    const TzuImageList others;
+    chart.SetImageList(&others);
     EXPECT_TRUE(chart.Grid().UseTree());
+    EXPECT_EQ(chart.Grid().ImageList(), &others);
+    chart.SetImageList(&images);
+    EXPECT_EQ(chart.Grid().ImageList(), &images);
+    chart.Grid().SetImageList(&others); // its own
+    chart.SetImageList(nullptr);
+    EXPECT_EQ(chart.Grid().ImageList(), &others);
+    chart.Grid().SetImageList(nullptr);
     EXPECT_TRUE(chart.Grid().MultiSelect());
     EXPECT_TRUE(chart.Grid().isHidden());
     EXPECT_FALSE(chart.Tree().isHidden());
