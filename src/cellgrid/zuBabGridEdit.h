@@ -136,7 +136,8 @@ public:
     TPublished<TOnEditStop> OnEditStop;     ///< before the text is stored
     TPublished<TOnCellEdited> OnCellEdited; ///< after the text was stored
     /// A pasted block reaches that many rows beyond the last one: the application may add them.
-    TMethod<void(TObject *theGrid, TBabGridCell *theGridCell, int theCount)> OnAddRowsForPaste;
+    TPublished<TMethod<void(TObject *theGrid, TBabGridCell *theGridCell, int theCount)>>
+        OnAddRowsForPaste;
     /// Around each action of the user; see the types.
     TPublished<TOnGridBeginUserChange> OnBeginUserChange;
     TPublished<TOnGridEndUserChange> OnEndUserChange;

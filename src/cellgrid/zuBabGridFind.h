@@ -51,7 +51,7 @@ public:
     const std::string &FoundText() const { return m_text; }
 
     /// Fired by BeginFind, unless the text is empty.
-    TOnGridFind OnFind;
+    TPublished<TOnGridFind> OnFind;
 
 protected:
     std::string_view MarkedText() const override { return m_text; }

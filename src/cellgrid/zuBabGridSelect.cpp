@@ -284,19 +284,18 @@ void TBabGridSelectCore::AddToPictureMove(TGridPictureMove &move)
     }
 }
 
-void TBabGridSelectCore::Paint(TCanvas &canvas)
+void TBabGridSelectCore::Paint(TCanvas &canvas, TPaintOn on)
 {
     EnsureLayout();
     TGridPaintState state{m_focus, Host().GridHasFocus(), m_focusRects,    Host().GridImages(),
                           this,    OnBeforeRenderCell,    OnUserRenderCell};
     state.TreeLines = m_treeLines;
-    state.MarkedText = MarkedText();
-    if (const TGridPrintSlice *print = PrintSlice()) {
+    if (const TGridPrintSlice *print = PrintSlice(); print != nullptr || on == TPaintOn::Paper) {
         state.HasFocus = false;
         state.Marks = false;
-        state.MarkedText = {};
-        state.FontChosen = print->FontChosen;
+        state.FontChosen = print != nullptr ? print->FontChosen : TMethod<void()>();
     } else {
+        state.MarkedText = MarkedText();
         state.Hot = m_hot = HotNow();
         PictureFollows();
     }

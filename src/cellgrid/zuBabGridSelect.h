@@ -107,8 +107,11 @@ public:
     std::string SelectionAsText();
     std::string SelectionAsHtml();
 
+    /// Where a paint goes. On paper, and in a print slice, there are no marks of selection, focus,
+    /// mouse and search, and the picture on screen is left as it is.
+    enum class TPaintOn : std::uint8_t { Screen, Paper };
     /// Paints everything on the canvas, whose font is the grid's.
-    void Paint(TCanvas &canvas);
+    void Paint(TCanvas &canvas, TPaintOn on = TPaintOn::Screen);
 
     /// Each cell behind the heads is about to be painted; see the types. Must not change the grid.
     TOnBeforeRenderCell OnBeforeRenderCell;

@@ -90,6 +90,7 @@ void TzuGridCore::SetUseTree(bool useTree)
 void TzuGridCore::InitColumnsAndFixed(TBabGridCell &gridCell, TzuGrid_Columns &columns,
                                       bool hasInfoCol, bool hasHeaders)
 {
+    columns.AddGridCell(gridCell); // parts with the columns that it had
     TAxisContentList &items = gridCell.Columns();
     InitFixed(items, hasInfoCol, kInfoColumnWidth);
     InitFixed(gridCell.Rows(), hasHeaders, kHeaderHeight);
@@ -110,7 +111,6 @@ void TzuGridCore::InitColumnsAndFixed(TBabGridCell &gridCell, TzuGrid_Columns &c
         }
         item.SetHide(column.Hidden());
     }
-    columns.AddGridCell(gridCell);
 }
 
 void TzuGridCore::NeedEnsureFixed()
@@ -128,6 +128,57 @@ void TzuGridCore::NeedEnsureFixed()
         }
     }
     m_changed();
+}
+
+void TzuGridCore::SubGridsChanged()
+{
+    for (int i = 0; i < m_columns.Count(); ++i) {
+        CheckSubGrids(m_columns.At(i));
+    }
+    for (int k = 0; k < m_subGrids.Count(); ++k) {
+        const TzuGrid_Columns &columns = m_subGrids.At(k).Columns();
+        for (int i = 0; i < columns.Count(); ++i) {
+            CheckSubGrids(columns.At(i));
+        }
+    }
+    m_changed();
+}
+
+/// Cells go that show another sub-grid than their column names; the new ones come when they are
+/// shown. Trees stay, and get other columns.
+void TzuGridCore::CheckSubGrids(TzuGrid_Column &column)
+{
+    if (IsSimpleKind(column.Kind())) {
+        return;
+    }
+    const TzuGrid_SubGrid *wanted = m_subGrids.SubGridByName(column.SubGridName());
+    column.DropCells([&](TBabCell &cell) {
+        auto *tree = dynamic_cast<TzuSubTreeCell *>(&cell);
+        const auto *grid = dynamic_cast<TBabGridCell *>(&cell);
+        const TzuGrid_Columns *columns = wanted != nullptr ? &wanted->Columns()
+                                         : tree != nullptr ? &m_subTreeColumns
+                                                           : nullptr;
+        if (grid == nullptr
+            || (columns != nullptr ? columns->HasGridCell(*grid) : grid->Columns().Count() == 0)) {
+            return false;
+        }
+        if (tree != nullptr) {
+            InitTreeColumns(*tree, column);
+        }
+        return tree == nullptr;
+    });
+}
+
+/// The columns of the sub-grid, or a single one for the tree.
+void TzuGridCore::InitTreeColumns(TzuSubTreeCell &cell, const TzuGrid_Column &column)
+{
+    if (TzuGrid_SubGrid *subGrid = m_subGrids.SubGridByName(column.SubGridName())) {
+        InitColumnsAndFixed(cell, subGrid->Columns(), subGrid->HasInfoCol(), subGrid->HasHeaders());
+        cell.SetExtendLastColumnToWidth(subGrid->ExtendLastColumnToWidth());
+    } else {
+        InitColumnsAndFixed(cell, m_subTreeColumns, false, false);
+        cell.SetExtendLastColumnToWidth(true);
+    }
 }
 
 /// What the user made of a column's width in one grid holds for all grids of the column.
@@ -160,20 +211,18 @@ std::unique_ptr<TBabCell> TzuGridCore::CreateCell(TBabGridCell *grid, TAxisConte
 std::unique_ptr<TBabCell>
 TzuGridCore::CreateGrid(TzuGrid_Column &column, TAxisContentItem &columnItem, TAxisContentItem &row)
 {
-    TzuGrid_SubGrid *subGrid = m_subGrids.SubGridByName(column.SubGridName());
     std::unique_ptr<TBabSubGridCell> cell;
     if (column.Kind() == TColumnKind::tckSubTree) {
-        cell = std::make_unique<TzuSubTreeCell>(*this);
+        auto tree = std::make_unique<TzuSubTreeCell>(*this);
+        InitTreeColumns(*tree, column);
+        cell = std::move(tree);
     } else {
         cell = std::make_unique<TBabSubGridCell>();
-    }
-    if (subGrid != nullptr) {
-        InitColumnsAndFixed(*cell, subGrid->Columns(), subGrid->HasInfoCol(),
-                            subGrid->HasHeaders());
-        cell->SetExtendLastColumnToWidth(subGrid->ExtendLastColumnToWidth());
-    } else if (column.Kind() == TColumnKind::tckSubTree) {
-        InitColumnsAndFixed(*cell, m_subTreeColumns, false, false);
-        cell->SetExtendLastColumnToWidth(true);
+        if (TzuGrid_SubGrid *subGrid = m_subGrids.SubGridByName(column.SubGridName())) {
+            InitColumnsAndFixed(*cell, subGrid->Columns(), subGrid->HasInfoCol(),
+                                subGrid->HasHeaders());
+            cell->SetExtendLastColumnToWidth(subGrid->ExtendLastColumnToWidth());
+        }
     }
     OnInitSubGrid(Self(), cell.get(), &columnItem, &row);
     return cell;

@@ -141,6 +141,9 @@ private:
 
     void ModelChanged() override { m_changed(); }
     void NeedEnsureFixed() override;
+    void SubGridsChanged() override;
+    void CheckSubGrids(TzuGrid_Column &column);
+    void InitTreeColumns(TzuSubTreeCell &cell, const TzuGrid_Column &column);
     std::unique_ptr<TBabCell> CreateCell(TBabGridCell *grid, TAxisContentItem *column,
                                          TAxisContentItem *row);
     void GetCellText(TBabGridCell *grid, TAxisContentItem *column, TAxisContentItem *row,

@@ -98,6 +98,8 @@ public:
     virtual void ModelChanged() = 0;
     /// The fixed rows and columns of all grids are to be checked.
     virtual void NeedEnsureFixed() = 0;
+    /// The names of sub-grids may mean other ones.
+    virtual void SubGridsChanged() = 0;
 };
 
 } // namespace korvane

@@ -34,7 +34,11 @@ void TzuGrid_Column::SetWidth(int width)
 template <typename Handle>
 void TzuGrid_Column::ForEachCell(const Handle &handle)
 {
-    for (TBabGridCell *grid : m_columns.GridCells()) {
+    for (TBabGridCell *grid : std::vector(m_columns.GridCells())) {
+        // A cell that goes may have held others of these grids.
+        if (!m_columns.HasGridCell(*grid)) {
+            continue;
+        }
         TAxisContentItem *item = m_columns.ItemOf(*this, *grid);
         const TAxisContentList &rows = grid->Rows();
         for (int p = 0; item != nullptr && p < rows.LoadedCount(); ++p) {
@@ -43,6 +47,15 @@ void TzuGrid_Column::ForEachCell(const Handle &handle)
             }
         }
     }
+}
+
+void TzuGrid_Column::DropCells(const TMethod<bool(TBabCell &cell)> &which)
+{
+    ForEachCell([&which](TBabGridCell &grid, TBabCell &cell) {
+        if (which(cell)) {
+            grid.Matris().RemoveCell(*cell.Column(), *cell.Row());
+        }
+    });
 }
 
 void TzuGrid_Column::SetKind(TColumnKind kind)
@@ -80,11 +93,9 @@ void TzuGrid_Column::SetSubGridName(std::string name)
     m_subGridName = std::move(name);
     if (m_kind == TColumnKind::tckSubGrid) {
         // Cells of the other sub-grid go; the new ones come when they are shown.
-        ForEachCell([](TBabGridCell &grid, TBabCell &cell) {
-            grid.Matris().RemoveCell(*cell.Column(), *cell.Row());
-        });
+        DropCells([](TBabCell &) { return true; });
     }
-    m_columns.m_host.ModelChanged();
+    m_columns.m_host.SubGridsChanged();
 }
 
 void TzuGrid_Column::SetHidden(bool hidden)

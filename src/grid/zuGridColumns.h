@@ -65,7 +65,7 @@ public:
     bool ReadOnly() const override { return m_readOnly; }
     void SetReadOnly(bool value) { Set(m_readOnly, value); }
     /// For tckSubGrid and tckSubTree: which sub-grid its cells show, whatever the case of the
-    /// letters. For tckSubGrid a change lets those go that exist.
+    /// letters. For tckSubGrid a change lets those go that exist; trees take the new columns.
     const std::string &SubGridName() const { return m_subGridName; }
     void SetSubGridName(std::string name);
     /// Whether it shows the tree, in a grid whose rows are one; false by default.
@@ -98,6 +98,8 @@ public:
     const TLayoutProp *LayoutProp() const override;
     int IconIndex(TBabGridCell &grid, TAxisContentItem &row) override;
     bool InOneGroup(TBabGridCell &grid, TAxisContentItem &upper, TAxisContentItem &lower) override;
+    /// Removes the existing cells of the column that `which` says, in every grid.
+    void DropCells(const TMethod<bool(TBabCell &cell)> &which);
     /// New content for a cell of the column that holds no grid; nil for tckSubGrid.
     std::unique_ptr<TBabCellData> CreateData() const;
 
@@ -154,6 +156,11 @@ public:
     const TzuCellLayouts &CellLayouts() const { return m_layouts; }
     /// The grids that were built from the columns.
     const std::vector<TBabGridCell *> &GridCells() const { return m_gridCells; }
+    /// Whether the grid was built from the columns.
+    bool HasGridCell(const TBabGridCell &gridCell) const
+    {
+        return m_known.contains(const_cast<TBabGridCell *>(&gridCell));
+    }
     /// From now on the grid follows the columns, until it is tied to others or goes.
     void AddGridCell(TBabGridCell &gridCell);
     /// The column's item in a grid that was built from the columns.

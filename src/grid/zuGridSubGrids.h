@@ -22,9 +22,16 @@ public:
     {
     }
 
-    /// By which columns refer to it, whatever the case of the letters; empty to begin with.
+    /// By which columns refer to it, whatever the case of the letters; empty to begin with. After a
+    /// change cells show the sub-grid that their column names then.
     const std::string &Name() const { return m_name; }
-    void SetName(std::string name) { m_name = std::move(name); }
+    void SetName(std::string name)
+    {
+        if (name != m_name) {
+            m_name = std::move(name);
+            m_host.SubGridsChanged();
+        }
+    }
     /// Owned by the sub-grid; every cell built from it follows them.
     TzuGrid_Columns &Columns() { return m_columns; }
     const TzuGrid_Columns &Columns() const { return m_columns; }
@@ -81,7 +88,7 @@ protected:
     {
         return std::make_unique<TzuGrid_SubGrid>(m_host, m_layouts);
     }
-    void Changed() override { m_host.ModelChanged(); }
+    void Changed() override { m_host.SubGridsChanged(); }
 
 private:
     IGridModelHost &m_host;

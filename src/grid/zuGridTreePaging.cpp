@@ -140,7 +140,9 @@ TzuGridTree::TCounted TzuGridTree::CountedAt(int row) const
         if (row < begin + before) {
             return {list, list->m_counted->IndexAt(row - begin), begin + before};
         }
-        const auto nodeAt = [list](int p) { return static_cast<const TNode *>(list->GetLoaded(p)); };
+        const auto nodeAt = [list](int p) {
+            return static_cast<const TNode *>(list->GetLoaded(p));
+        };
         int low = -1; // the last one whose row is not behind
         for (int high = list->LoadedCount(); high - low > 1;) {
             const int middle = (low + high) / 2;
@@ -149,13 +151,12 @@ TzuGridTree::TCounted TzuGridTree::CountedAt(int row) const
         }
         const int countedBehind = list->RowsBehind();
         const bool isLast = low + 1 >= list->LoadedCount();
-        const int behind = low < 0   ? begin + before
+        const int behind = low < 0  ? begin + before
                            : isLast ? end - countedBehind
                                     : GetRow(*nodeAt(low + 1));
         if (row >= behind) {
-            const int place = list->m_counted == nullptr
-                                  ? -1
-                                  : list->m_counted->IndexAt(before + row - behind);
+            const int place =
+                list->m_counted == nullptr ? -1 : list->m_counted->IndexAt(before + row - behind);
             return row < end && countedBehind > 0 && place >= 0
                        ? TCounted{list, place + list->LoadedCount(), end}
                        : TCounted();

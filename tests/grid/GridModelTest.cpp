@@ -140,8 +140,24 @@ TEST_F(GridModel, AChangeOfAColumnReachesEveryGridAtOnce)
     Root.Rows().Drop(2);
     cells.erase(cells.begin() + 1);
     EXPECT_EQ(subGrid.Columns().GridCells(), cells);
+    // A name may come to mean another sub-grid.
+    const auto columnsOfCell = [&] {
+        return dynamic_cast<TBabGridCell &>(*Root.GetCell(1, 1)).Columns().Count();
+    };
+    inits = 0;
+    subGrid.SetName("Parts");
+    EXPECT_EQ(columnsOfCell(), 0);
+    Grid.Columns().At(0).SetSubGridName("PARTS");
+    EXPECT_EQ(columnsOfCell(), 3);
+    TzuGrid_SubGrid &first = Grid.SubGrids().Insert(0);
+    EXPECT_EQ(columnsOfCell(), 3);
+    EXPECT_EQ(inits, 2);
+    first.SetName("parts");
+    first.Columns().Add();
+    EXPECT_EQ(columnsOfCell(), 1);
     Grid.SubGrids().Clear();
-    EXPECT_EQ(cells[0]->Columns().getAxisContentItem(1)->Value(), nullptr);
+    EXPECT_EQ(columnsOfCell(), 0);
+    EXPECT_EQ(inits, 4);
 }
 
 TEST_F(GridModel, KindsAreConvertedAsFarAsTheyUnderstand)

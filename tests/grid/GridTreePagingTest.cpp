@@ -178,7 +178,8 @@ TEST_F(GridTreePaging, ExpandedNodesComeBackInTheirPlace)
     Tree().OnGetNodeKey = [](TzuGridTree *, TNode *, std::string &) {}; // by place alone
     for (int step = 0; step < 1500; ++step) {
         const int rows = Rows().Count();
-        Show(1 + below(static_cast<std::size_t>(std::max<std::int64_t>(Rows().TotalSize() / 20, 2))));
+        Show(1
+             + below(static_cast<std::size_t>(std::max<std::int64_t>(Rows().TotalSize() / 20, 2))));
         const TGridCellAt top = View.GetTopLeftCell();
         TNode *node = top ? Tree().GetDataEntityFromRow(top.Row) : nullptr;
         if (node == nullptr) {
@@ -219,7 +220,8 @@ TEST_F(GridTreePaging, ExpandedNodesComeBackInTheirPlace)
             break;
         }
         case 8: {
-            const int to = std::min(index + below(30), list.UnloadedBefore() + list.LoadedCount() - 1);
+            const int to =
+                std::min(index + below(30), list.UnloadedBefore() + list.LoadedCount() - 1);
             auto moved = std::move(*place);
             parent.Children.erase(place);
             parent.Children.insert(parent.Children.begin() + to, std::move(moved));
@@ -230,8 +232,8 @@ TEST_F(GridTreePaging, ExpandedNodesComeBackInTheirPlace)
             if (&list != &roots) {
                 const int to = roots.UnloadedBefore() + 1;
                 All.Children.insert(All.Children.begin() + to, std::move(*place));
-                parent.Children.erase(std::find(parent.Children.begin(), parent.Children.end(),
-                                                nullptr));
+                parent.Children.erase(
+                    std::find(parent.Children.begin(), parent.Children.end(), nullptr));
                 node->ChangeOwner(&roots, 1);
             }
             break;

@@ -208,12 +208,14 @@ void TBabGridView_Custom::OffscreenPaint()
 
 void TBabGridView_Custom::PaintOn(TCanvas &canvas)
 {
+    const bool prints = GetIsPrinting();
+    const TPaintOn on = prints ? TPaintOn::Paper : TPaintOn::Screen;
     if (isRightToLeft()) {
         // On screen the strip of the scroll bar is at the left.
-        TMirrorCanvas mirrored(canvas, GetIsPrinting() ? GridSize().Width : width());
-        TBabGridSelectCore::Paint(mirrored);
+        TMirrorCanvas mirrored(canvas, prints ? GridSize().Width : width());
+        TBabGridSelectCore::Paint(mirrored, on);
     } else {
-        TBabGridSelectCore::Paint(canvas);
+        TBabGridSelectCore::Paint(canvas, on);
     }
 }
 

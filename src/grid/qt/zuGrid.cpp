@@ -56,6 +56,8 @@ void TzuGrid::TieSignals()
     tie(OnEditStop, &TzuGrid::editStopping);
     tie(OnCellEdited, &TzuGrid::cellEdited);
     tie(OnBeforeEditWithCombo, &TzuGrid::comboEditStarting);
+    tie(OnAddRowsForPaste, &TzuGrid::rowsForPasteWanted);
+    tie(OnFind, &TzuGrid::findStarting);
     tie(OnBeginUserChange, &TzuGrid::userChangeBegun);
     tie(OnEndUserChange, &TzuGrid::userChangeEnded);
     tie(OnVirtualLoad, &TzuGrid::rowWanted);

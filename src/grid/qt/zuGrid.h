@@ -105,6 +105,10 @@ Q_SIGNALS:
     void cellEdited(const korvane::TCellEdit &edit);
     /// The cell's choices are about to be shown (OnBeforeEditWithCombo).
     void comboEditStarting(korvane::TBabCell *cell);
+    /// A pasted block reaches that many rows beyond the last one (OnAddRowsForPaste).
+    void rowsForPasteWanted(korvane::TBabGridCell *grid, int count);
+    /// A search begins; the receiver may do it (OnFind).
+    void findStarting(korvane::TGridFind *find);
     void userChangeBegun(korvane::TGridUserChange kind);
     void userChangeEnded(korvane::TGridUserChange kind, bool changed);
     /// A row came into view and is to be filled (OnVirtualLoad).

@@ -197,6 +197,7 @@ struct TNoHost : IGridModelHost
 {
     void ModelChanged() override {}
     void NeedEnsureFixed() override {}
+    void SubGridsChanged() override {}
 };
 
 /// The items without what they start with.

@@ -104,6 +104,7 @@ TEST(Signals, OfTheGrid)
 {
     using C = TzuGrid;
     TCellEdit edit;
+    TGridFind find;
     QMenu menu;
     ExpectHeard(Joined(
         PaintedRows<C>(),
@@ -118,6 +119,8 @@ TEST(Signals, OfTheGrid)
             {"editStopping", [&](C &c) { c.OnEditStop(nullptr, edit); }},
             {"cellEdited", [&](C &c) { c.OnCellEdited(nullptr, edit); }},
             {"comboEditStarting", [](C &c) { c.OnBeforeEditWithCombo(nullptr, nullptr); }},
+            {"rowsForPasteWanted", [](C &c) { c.OnAddRowsForPaste(nullptr, nullptr, 3); }},
+            {"findStarting", [&](C &c) { c.OnFind(nullptr, find); }},
             {"userChangeBegun", [](C &c) { c.OnBeginUserChange(nullptr, {}); }},
             {"userChangeEnded", [](C &c) { c.OnEndUserChange(nullptr, {}, true); }},
             {"rowWanted", [](C &c) { c.OnVirtualLoad(nullptr, nullptr, nullptr); }},
