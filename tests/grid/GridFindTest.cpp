@@ -142,9 +142,10 @@ TEST_F(GridFind, TheRowUnderTheMouseIsMarkedUntilItLeaves)
     view.RootCell().Rows().AddNew(nullptr);
     view.RootCell().Rows().AddNew(nullptr);
     view.RootCell().Columns().AddNew(nullptr);
-    const auto colors = [&] {
+    using TPaintOn = TBabGridSelectCore::TPaintOn;
+    const auto colors = [&](TPaintOn on = TPaintOn::Screen) {
         Painted.Clear();
-        view.Paint(Painted);
+        view.Paint(Painted, on);
         int count = 0;
         for (const TCanvasCall &call : Painted.Calls()) {
             count += call.Op == TCanvasOp::FillRect && call.Rect == TRect{0, 20, 64, 40};
@@ -153,7 +154,12 @@ TEST_F(GridFind, TheRowUnderTheMouseIsMarkedUntilItLeaves)
     };
     EXPECT_EQ(colors(), 0);
     view.SetMousePlace(TPoint{10, 30});
+    // A print shows no mark, and the screen remembers what it shows.
+    EXPECT_EQ(colors(TPaintOn::Paper), 0);
+    EXPECT_FALSE(view.PictureMove()->Anew.empty());
     EXPECT_EQ(colors(), 1);
+    EXPECT_EQ(colors(TPaintOn::Paper), 0);
+    EXPECT_TRUE(view.PictureMove()->Anew.empty());
     const int before = Invalidations;
     view.SetMousePlace(TPoint{20, 35}); // the same row
     EXPECT_EQ(Invalidations, before);
