@@ -173,9 +173,9 @@ private:
 
 QIcon TDateField::Icon() const
 {
-    constexpr int kSize = 16;
+    constexpr int kSide = 16;
     const qreal ratio = devicePixelRatioF();
-    QPixmap picture(QSize(kSize, kSize) * ratio);
+    QPixmap picture(QSize(kSide, kSide) * ratio);
     picture.setDevicePixelRatio(ratio);
     picture.fill(Qt::transparent);
     QPainter painter(&picture);
