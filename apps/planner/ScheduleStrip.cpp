@@ -4,6 +4,7 @@
 #include "agenda/AgendaDates.h"
 #include "foundation/qt/zuConvert.h"
 #include "foundation/qt/zuXYSizer.h"
+#include "foundation/zuRound.h"
 
 #include <QCoreApplication>
 #include <QKeyEvent>
@@ -179,7 +180,7 @@ void ScheduleStrip::TakeDays()
         return;
     }
     const int size = std::max(1, columns.GetCol(first).GetWidth_FW(false));
-    const TDateTime start = DateOfSeconds(Page().Columns[static_cast<std::size_t>(first)].BaseDate);
+    const TDateTime start = MidnightOf(first);
     const TDateTime stop = start + double(SchemaArea().width()) / size;
     const bool isSame =
         std::abs(ScalerStart() - start) < 1e-6 && std::abs(ScalerStop() - stop) < 1e-6;
@@ -206,7 +207,33 @@ int ScheduleStrip::DayOfAxis(TDateTime date) const
     return static_cast<int>(DayOf(SecondsOfDate(date)) - DayOf(first));
 }
 
-/// Level with the columns of its days, also where these are not all of one width.
+int ScheduleStrip::DateToPixel(TDateTime date) const
+{
+    const int last = m_view.Columns().Count() - 1;
+    if (last < 0) {
+        return 0;
+    }
+    const int day = std::clamp(DayOfAxis(date), 0, last);
+    const TPixelSpan pixels = m_view.Columns().VirtualSpan(false, day);
+    return pixels.From + RoundToPixel((date - MidnightOf(day)) * pixels.Length());
+}
+
+TDateTime ScheduleStrip::PixelToDate(int pixel) const
+{
+    const int day = std::max(m_view.Columns().VirtualColumnAt(false, pixel), 0);
+    if (day >= m_view.Columns().Count()) {
+        return 0;
+    }
+    const TPixelSpan pixels = m_view.Columns().VirtualSpan(false, day);
+    return MidnightOf(day) + double(pixel - pixels.From) / std::max(pixels.Length(), 1);
+}
+
+TDateTime ScheduleStrip::MidnightOf(int day) const
+{
+    return DateOfSeconds(Page().Columns[static_cast<std::size_t>(day)].BaseDate);
+}
+
+/// Beside the lines between the days.
 TPixelSpan ScheduleStrip::PixelsOf(const TzuDataEntity_SchemaTime &time) const
 {
     const int last = m_view.Columns().Count() - 1;
@@ -276,7 +303,7 @@ std::optional<ScheduleBoard::NewPlace> ScheduleStrip::PlaceOfBand(QPoint from, Q
         return std::nullopt;
     }
     const auto [first, last] =
-        std::minmax({DayOfAxis(MouseDate()), DayOfAxis(DateScaler().PixelToDate(to.x()))});
+        std::minmax({DayOfAxis(MouseDate()), DayOfAxis(PixelToDate(to.x()))});
     if (!m_view.Columns().IsCol(first) || !m_view.Columns().IsCol(last)) {
         return std::nullopt;
     }

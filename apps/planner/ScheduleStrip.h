@@ -35,6 +35,9 @@ public:
     /// Brings the active event into view.
     void ShowActive();
     void SchemaPaint() override;
+    /// Level with the columns of the days, also where these are not all of one width.
+    int DateToPixel(TDateTime date) const override;
+    TDateTime PixelToDate(int pixel) const override;
     /// Draws all rows, and as many days from the view's first shown one as have room.
     void PaintDays(TCanvas &canvas, TSize size);
 
@@ -53,6 +56,7 @@ private:
     int RowHeight() const;
     TRect RectOfRow(const TzuDataEntity_SchemaTime &time) const;
     int DayOfAxis(TDateTime date) const;
+    TDateTime MidnightOf(int day) const;
     const ScheduleBlock &LastBlockOf(int first) const;
     TPixelSpan PixelsOf(const TzuDataEntity_SchemaTime &time) const;
     void DrawDays(TCanvas &canvas, TSize size);

@@ -120,8 +120,7 @@ std::optional<ScheduleBoard::NewPlace> ScheduleView::PlaceOfBand(QPoint from, QP
         return (SecondsOfDate(date + Columns().GetCol(column).BaseDate) + kGrid / 2) / kGrid
                * kGrid;
     };
-    const auto [start, stop] =
-        std::minmax({snapped(MouseDate()), snapped(DateScaler().PixelToDate(to.y()))});
+    const auto [start, stop] = std::minmax({snapped(MouseDate()), snapped(PixelToDate(to.y()))});
     return start < stop ? std::optional(NewPlace{column, {start, stop}}) : std::nullopt;
 }
 

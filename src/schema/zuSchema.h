@@ -251,6 +251,10 @@ public:
     /// Sum of the sizes of all columns in this view, also of those scrolled away.
     int GetColumnSpace() const { return m_columns->GetColumnSpace(m_flipView); }
 
+    /// Along the axis, relative to base dates, in area pixels: the scaler's own, unless a subclass
+    /// gives its times other places. Later times never lie before earlier ones.
+    virtual int DateToPixel(TDateTime date) const;
+    virtual TDateTime PixelToDate(int pixel) const;
     /// Pixels of a time across its column, or its sub-column. The column is there.
     TPixelSpan HeaderPixelsFromStartStopFromDataEntity(bool flip,
                                                        const TzuDataEntity_SchemaTime &time) const;

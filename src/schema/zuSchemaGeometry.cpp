@@ -34,6 +34,16 @@ TPixelSpan TSchemaCore::AlongTime(const TRect &rect) const
     return m_flipView ? TPixelSpan{rect.Left, rect.Right} : TPixelSpan{rect.Top, rect.Bottom};
 }
 
+int TSchemaCore::DateToPixel(TDateTime date) const
+{
+    return m_host.Scaler().DateToPixel(date);
+}
+
+TDateTime TSchemaCore::PixelToDate(int pixel) const
+{
+    return m_host.Scaler().PixelToDate(pixel);
+}
+
 TPixelSpan TSchemaCore::ColumnToPixels_fw(bool flip, int col) const
 {
     if (!m_columns->IsCol(col)) {
@@ -61,11 +71,10 @@ TSchemaCore::HeaderPixelsFromStartStopFromDataEntity(bool flip,
 
 TPixelSpan TSchemaCore::TimePixels(bool flip, TDateTime start, TDateTime stop) const
 {
-    const TDateScalerCore &scaler = m_host.Scaler();
     // In the flipped view the rectangle begins a pixel later.
     const int least = flip ? m_leastTimeLength + 1 : m_leastTimeLength;
-    const std::int64_t from = scaler.DateToPixel(start);
-    const std::int64_t to = scaler.DateToPixel(stop);
+    const std::int64_t from = DateToPixel(start);
+    const std::int64_t to = DateToPixel(stop);
     return {Saturated(from), Saturated(to - from < least ? from + least : to)};
 }
 
@@ -83,8 +92,7 @@ bool TSchemaCore::IsDrawnLonger(const TzuDataEntity_SchemaTime &time) const
         return false;
     }
     const TPlace place = GetStartStopDateAndCol(time);
-    return TimePixels(m_flipView, place.Start, place.Stop).To
-           > m_host.Scaler().DateToPixel(place.Stop);
+    return TimePixels(m_flipView, place.Start, place.Stop).To > DateToPixel(place.Stop);
 }
 
 TRect TSchemaCore::RectOf(bool flip, TPixelSpan column, TPixelSpan time) const
@@ -117,9 +125,8 @@ std::optional<TRect> TSchemaCore::RectFromDataEntity(bool flip,
 TSchemaCore::TStartAndLength TSchemaCore::StartAndLengthFromRect(const TRect &rect) const
 {
     const TPixelSpan pixels = AlongTime(rect);
-    const TDateScalerCore &scaler = m_host.Scaler();
-    const TDateTime start = scaler.PixelToDate(pixels.From);
-    TStartAndLength result{start, scaler.PixelToDate(pixels.To) - start,
+    const TDateTime start = PixelToDate(pixels.From);
+    TStartAndLength result{start, PixelToDate(pixels.To) - start,
                            PixelToColumn(AlongColumns(rect).Middle())};
     if (m_columns->IsCol(result.Col)) {
         result.Start += std::as_const(*m_columns).GetCol(result.Col).BaseDate;
@@ -265,12 +272,11 @@ std::vector<TSchemaCore::TShownTime> TSchemaCore::ShownIn(const TRect &rect)
 TSchemaCore::TVisibleTime TSchemaCore::NarrowedTo(TPixelSpan pixels,
                                                   const TVisibleTime &visible) const
 {
-    const TDateScalerCore &scaler = m_host.Scaler();
     const int before = pixels.From - m_leastTimeLength - 1;
-    const TDateTime from = scaler.PixelToDate(before - 2);
-    const TDateTime to = scaler.PixelToDate(pixels.To + 2);
+    const TDateTime from = PixelToDate(before - 2);
+    const TDateTime to = PixelToDate(pixels.To + 2);
     // Where time is hidden, pixels and dates do not go together between the marks.
-    if (!(scaler.DateToPixel(from) < before) || !(scaler.DateToPixel(to) >= pixels.To)) {
+    if (!(DateToPixel(from) < before) || !(DateToPixel(to) >= pixels.To)) {
         return visible;
     }
     return {std::max(from, visible.From), std::min(to, visible.To)};
@@ -312,11 +318,10 @@ TSchemaCore::TTimes TSchemaCore::TimesReached(const TRect &rect)
 {
     const TPixelSpan across = AlongColumns(rect);
     const TPixelSpan along = AlongTime(rect);
-    const TDateScalerCore &scaler = m_host.Scaler();
     TTimes times = TimesOfColumns(m_columns->VirtualColumnAt(m_flipView, across.From) - 1,
                                   m_columns->VirtualColumnAt(m_flipView, across.To),
-                                  scaler.PixelToDate(along.From - 2 * m_leastTimeLength),
-                                  scaler.PixelToDate(along.To + m_leastTimeLength));
+                                  PixelToDate(along.From - 2 * m_leastTimeLength),
+                                  PixelToDate(along.To + m_leastTimeLength));
     std::erase_if(times, [&](auto *time) { return !VirtualRect(*time).Intersects(rect); });
     return times;
 }

@@ -83,7 +83,7 @@ void TSchemaGestures::SchemaMouseDown(TMouseButton button, const TShiftState &sh
 
 void TSchemaGestures::NotePress(TPoint at)
 {
-    m_mouseDate = Host().Scaler().PixelToDate(AlongTime(at));
+    m_mouseDate = PixelToDate(AlongTime(at));
     m_mouseCol = PixelToColumn(AlongColumns(at));
     m_pressedTime = GetDataEntityFromXY(at.X, at.Y);
 }

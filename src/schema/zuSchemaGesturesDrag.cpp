@@ -152,7 +152,7 @@ void TSchemaGestures::FollowScrolling()
     int &alongColumns = FlipView() ? m_press.Y : m_press.X;
     const TDateScalerCore &scaler = Host().Scaler();
     if (scaler.GetStart() != m_seenStart || scaler.GetStop() != m_seenStop) {
-        alongTime = std::clamp(scaler.DateToPixel(m_anchorDate), -kFarAway, kFarAway);
+        alongTime = std::clamp(DateToPixel(m_anchorDate), -kFarAway, kFarAway);
     }
     alongColumns = std::clamp(alongColumns + ColumnScroll() - m_seenScroll, -kFarAway, kFarAway);
     TakeDownScrolling();

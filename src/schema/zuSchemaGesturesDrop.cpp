@@ -68,12 +68,11 @@ void TSchemaGestures::SnapMoved(const TzuDataEntity_SchemaTime &time, const TPla
 TDateTime TSchemaGestures::TimeShift(int pixel, int pixels) const
 {
     constexpr std::int64_t kMost = std::numeric_limits<int>::max() - 1;
-    const TDateScalerCore &scaler = Host().Scaler();
     const std::int64_t to = std::int64_t{pixel} + pixels;
     if (std::max(std::abs(to), std::abs(std::int64_t{pixel})) >= kMost) {
-        return scaler.PixelToDate(pixels) - scaler.PixelToDate(0);
+        return PixelToDate(pixels) - PixelToDate(0);
     }
-    return scaler.PixelToDate(static_cast<int>(to)) - scaler.PixelToDate(pixel);
+    return PixelToDate(static_cast<int>(to)) - PixelToDate(pixel);
 }
 
 TSchemaCore::TPlace TSchemaGestures::Moved(const TzuDataEntity_SchemaTime &time,
@@ -116,7 +115,7 @@ TSchemaCore::TPlace TSchemaGestures::GrownByPixels(const TzuDataEntity_SchemaTim
         return Grown(time, end, TimeShift(along.To, pixels));
     }
     // The end that is seen goes with the mouse.
-    const int own = Host().Scaler().DateToPixel(GetStartStopDateAndCol(time).Stop);
+    const int own = DateToPixel(GetStartStopDateAndCol(time).Stop);
     return Grown(time, end, TimeShift(own, along.To - own + pixels));
 }
 

@@ -183,8 +183,7 @@ TDateTime TSchemaCore::LaneStop(TzuDataEntity_SchemaTime &time) const
     const int former = AlongTime(rect).Length();
     OnGetDrawingRect(m_component, &time, rect);
     const int pixels = drawn.Length() + AlongTime(rect).Length() - former;
-    const TDateScalerCore &scaler = m_host.Scaler();
-    const TDateTime length = scaler.PixelToDate(pixels) - scaler.PixelToDate(0);
+    const TDateTime length = PixelToDate(pixels) - PixelToDate(0);
     return start + std::max(length, 1000.0 / kMillisecondsPerDay);
 }
 

@@ -75,6 +75,35 @@ TEST_F(ScheduleStripTest, ItsHeightIsTheUsersAndItsRowsScroll)
     EXPECT_EQ(Strip().height(), Strip().HeightOfRows());
 }
 
+TEST_F(ScheduleStripTest, DaysAreThoseOfTheColumnsHoweverWideTheseAre)
+{
+    View().Columns().SetColumnSize(false, 2, 330); // Wednesday
+    View().Columns().SetColumnSize(false, 4, 60);
+    QCoreApplication::processEvents();
+    const auto middleOf = [this](int day) {
+        const TPixelSpan pixels = View().Columns().VirtualSpan(false, day);
+        return QPoint((pixels.From + pixels.To) / 2, 8);
+    };
+    for (int day = 0; day < 7; ++day) {
+        EXPECT_NEAR(Strip().PixelToDate(middleOf(day).x()), Strip().PixelToDate(0) + day + 0.5,
+                    0.02);
+        EXPECT_NEAR(Strip().DateToPixel(Strip().PixelToDate(0) + day + 0.5), middleOf(day).x(), 2);
+    }
+    QWidget &area = Strip().SchemaArea();
+    for (const auto &[from, to, starts] :
+         {std::tuple(2, 3, u"Thu 00:00"_s), {3, 1, u"Tue 00:00"_s}, {1, 4, u"Fri 00:00"_s}}) {
+        const TRect rect = Strip().RectFromDataEntity(*StripTimeOf(u"B"_s)).value_or(TRect{});
+        const QPoint press(middleOf(from).x(), rect.Top + 5);
+        const QPoint release(middleOf(to).x(), rect.Top + 5);
+        QTest::mousePress(&area, Qt::LeftButton, {}, press);
+        QTest::mouseMove(&area, (press + release) / 2);
+        QTest::mouseMove(&area, release);
+        QTest::mouseRelease(&area, Qt::LeftButton, {}, release);
+        QCoreApplication::processEvents();
+        EXPECT_EQ(StartsOf(u"B"_s), QStringList(starts)) << from;
+    }
+}
+
 /// As high as its rows on every page, whatever of it is in view on screen.
 TEST_F(ScheduleStripTest, PagesHaveItAboveTheTimes)
 {
