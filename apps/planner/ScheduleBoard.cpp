@@ -213,6 +213,8 @@ TzuDataEntity_SchemaTime &ScheduleBoard::AddTime(int layer, int block, int col,
     time->SetCol(col);
     time->SetStartDateTime(DateOfSeconds(times.From));
     time->SetStopDateTime(DateOfSeconds(times.To));
+    const QString &title = Page().Blocks[static_cast<std::size_t>(block)].Title;
+    time->AddText(FromQt(title), 0, 0, 0); // what assistive tools call it
     return *time;
 }
 

@@ -178,6 +178,12 @@ void ScheduleView::Show(SchedulePage page)
     FillStrip({});
 }
 
+void ScheduleView::ForgetSizes()
+{
+    m_userWidth = 0;
+    m_stripHeight.reset();
+}
+
 void ScheduleView::Update(SchedulePage page)
 {
     const std::set<Key> selected = SelectedKeys();

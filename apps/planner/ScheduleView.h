@@ -23,6 +23,9 @@ public:
 
     /// Another page, from its beginning.
     void Show(SchedulePage page);
+    /// The next page has columns and strip as wide and as high as suits it, whatever the user has
+    /// chosen before.
+    void ForgetSizes();
     /// The same page after a change: what is shown of it stays, and so does the selection.
     void Update(SchedulePage page);
     const SchedulePage &Page() const override { return m_page; }

@@ -144,8 +144,10 @@ void ScheduleWindow::MakeArrangements()
                           [zoom] { zoom(kZoomNotches); });
     m_viewMenu->addAction(tr("Zoom &out"), QKeySequence::ZoomOut, this,
                           [zoom] { zoom(-kZoomNotches); });
-    m_viewMenu->addAction(tr("&Whole page"), QKeySequence(tr("Ctrl+0")), this,
-                          [this] { GoTo(m_day); });
+    m_viewMenu->addAction(tr("&Whole page"), QKeySequence(tr("Ctrl+0")), this, [this] {
+        m_view->ForgetSizes();
+        GoTo(m_day);
+    });
     m_bar->addSeparator();
     m_bar->addWidget(m_title);
 }

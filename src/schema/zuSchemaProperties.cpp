@@ -21,7 +21,6 @@ void TSchemaCore::SetFlipView(bool on)
 {
     if (std::exchange(m_flipView, on) != on) {
         UpdatePartSize();
-        WidenColumns();
         UpdateColumnScrollerLater();
     }
 }
@@ -184,6 +183,9 @@ void TSchemaCore::UpdatePartSize()
 {
     m_host.Scaler().SetHorizontal(m_flipView);
     m_host.PlaceParts();
+    if (HasData()) {
+        WidenColumns(); // as there may be more room
+    }
     ColumnsChanged();
     UpdateColumnScroller();
 }

@@ -188,6 +188,18 @@ TEST_F(SchemaSubCols, ColumnsWidenAsTheyComeIntoView)
         const auto &column = Schema.Columns().GetCol(col);
         EXPECT_EQ(column.SavedWidth(), std::max(120, 100 * column.SubColCount())) << col;
     }
+    // No column is wider than all that is seen, until there is more to see.
+    Schema.SetLeastSubColWidth(300);
+    TzuDataEntity_SchemaColumn &wide = Schema.Columns().GetCol(31);
+    for (int i = 0; i < 3; ++i) {
+        Schema.AddSchemaTime(0)->SetCol(31);
+    }
+    Schema.UpdateSubColumnsNow();
+    ASSERT_GE(wide.SubColCount(), 3);
+    EXPECT_EQ(wide.SavedWidth(), 400);
+    Host.Area.Width = 800;
+    Schema.UpdatePartSize();
+    EXPECT_EQ(wide.SavedWidth(), 800);
 }
 
 } // namespace

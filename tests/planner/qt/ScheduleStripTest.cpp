@@ -2,6 +2,8 @@
 #include "ScheduleWindowFixture.h"
 #include "StripEdge.h"
 
+#include <QAccessible>
+
 namespace korvane::planner::test {
 namespace {
 
@@ -102,6 +104,17 @@ TEST_F(ScheduleStripTest, DaysAreThoseOfTheColumnsHoweverWideTheseAre)
         QCoreApplication::processEvents();
         EXPECT_EQ(StartsOf(u"B"_s), QStringList(starts)) << from;
     }
+}
+
+TEST_F(ScheduleStripTest, AssistiveToolsCallEventsByTheirTitles)
+{
+    QAccessibleInterface *days = QAccessible::queryAccessibleInterface(&Strip().SchemaArea());
+    ASSERT_NE(days, nullptr);
+    QStringList names;
+    for (int i = 0; i < days->child(0)->childCount(); ++i) {
+        names.append(days->child(0)->child(i)->text(QAccessible::Name));
+    }
+    EXPECT_EQ(names, (QStringList{u"A"_s, u"B"_s, u"C"_s, u"D"_s, u"E"_s}));
 }
 
 /// As high as its rows on every page, whatever of it is in view on screen.
