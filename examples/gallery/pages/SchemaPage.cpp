@@ -97,7 +97,7 @@ QWidget *CreateSchemaPage()
             schema->Columns().FlippedHeaderResize(0, 90);
         } else {
             schema->Columns().HeaderControlSectionResize(0, 150);
-            schema->SetLeastSubColWidth(70); // for the captions of overlapping times
+            schema->SetLeastSubColWidth(78); // for the captions of overlapping times
         }
         layout->addWidget(schema);
     }
