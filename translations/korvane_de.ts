@@ -551,6 +551,10 @@
         <source>it is a folder</source>
         <translation>es ist ein Ordner</translation>
     </message>
+    <message>
+        <source>the disk is full</source>
+        <translation>der Datenträger ist voll</translation>
+    </message>
 </context>
 <context>
     <name>TzuSchema</name>

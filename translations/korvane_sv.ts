@@ -551,6 +551,10 @@
         <source>it is a folder</source>
         <translation>det är en mapp</translation>
     </message>
+    <message>
+        <source>the disk is full</source>
+        <translation>disken är full</translation>
+    </message>
 </context>
 <context>
     <name>TzuSchema</name>

@@ -38,13 +38,38 @@ constexpr int kPdfResolution = 1200;
         FromQt(QCoreApplication::translate("TzuPrinting", "Cannot write %1: %2").arg(file, why)));
 }
 
-/// Throws unless all that was written is in the file.
-void Finish(QFile &file, const QString &name)
+/// Keeps in mind that not all of something could be written, which those who write forget.
+template <typename File>
+class TWatchedFile : public File
 {
-    if (!file.flush() || file.error() != QFile::NoError) {
-        CannotWrite(name, file.errorString());
+public:
+    using File::File;
+
+    /// Throws unless all that was written is in the file.
+    void Finish(const QString &name)
+    {
+        if (!this->flush() || this->error() != QFile::NoError || m_isShort) {
+            ThrowError(name);
+        }
     }
-}
+    [[noreturn]] void ThrowError(const QString &name) const
+    {
+        CannotWrite(name, this->error() != QFile::NoError
+                              ? this->errorString()
+                              : QCoreApplication::translate("TzuPrinting", "the disk is full"));
+    }
+
+protected:
+    qint64 writeData(const char *data, qint64 size) override
+    {
+        const qint64 written = File::writeData(data, size);
+        m_isShort = m_isShort || written != size;
+        return written;
+    }
+
+private:
+    bool m_isShort = false;
+};
 
 /// In place of a file that is there already; that one stays when it goes wrong.
 void MoveFile(const QString &from, const QString &to)
@@ -278,19 +303,24 @@ bool TzuPrintDocument::PrintPages(QPrinter &printer, const TPages &pages, TPrint
 bool TzuPrintDocument::SavePdf(const QString &file)
 {
     LayOut();
-    QSaveFile device(file); // without commit it leaves nothing behind
+    TWatchedFile<QSaveFile> device(file); // without commit it leaves nothing behind
     if (!device.open(QIODevice::WriteOnly)) {
         CannotWrite(file, device.errorString());
     }
     // A reader of its own finds where the bookmarks are to be added.
-    QTemporaryFile pages;
+    TWatchedFile<QTemporaryFile> pages;
     if (!pages.open()) {
         CannotWrite(file, pages.errorString());
     }
-    if (!WritePdf(pages)) {
-        return false;
+    try {
+        if (!WritePdf(pages)) {
+            return false;
+        }
+    } catch (const std::runtime_error &) {
+        pages.Finish(file); // tells why, if it is the disk
+        throw;
     }
-    Finish(pages, file);
+    pages.Finish(file);
     const QByteArray outline = PdfOutlineUpdate(pages, m_title, PdfBookmarks());
     pages.seek(0);
     constexpr qint64 kChunk = 1 << 20;
@@ -301,6 +331,7 @@ bool TzuPrintDocument::SavePdf(const QString &file)
     if (pages.error() != QFile::NoError) {
         CannotWrite(file, pages.errorString());
     }
+    device.Finish(file);
     if (!device.commit()) {
         CannotWrite(file, device.errorString());
     }
@@ -360,14 +391,15 @@ QStringList TzuPrintDocument::SavePages(const QString &file, const TSavePage &sa
         if (!Proceed(page + 1, pages)) {
             return {};
         }
-        QFile device(partOf(page));
-        const QString error =
-            device.open(QIODevice::WriteOnly) ? save(device, page) : device.errorString();
-        if (!error.isEmpty()) {
-            CannotWrite(nameOf(page),
-                        device.error() != QFile::NoError ? device.errorString() : error);
+        TWatchedFile<QFile> device(partOf(page));
+        if (!device.open(QIODevice::WriteOnly)) {
+            device.ThrowError(nameOf(page));
         }
-        Finish(device, nameOf(page));
+        const QString error = save(device, page);
+        device.Finish(nameOf(page));
+        if (!error.isEmpty()) {
+            CannotWrite(nameOf(page), error);
+        }
     }
     TPlacedFiles files(folder);
     for (int page = 0; page < pages; ++page) {

@@ -8,6 +8,7 @@
 #include <QPrinter>
 #include <QTemporaryDir>
 
+#include <algorithm>
 #include <functional>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -56,9 +57,6 @@ struct FullDisk : testing::Test
 #ifdef Q_OS_UNIX
 TEST_F(FullDisk, WhatWasThereStaysWhereverItEnds)
 {
-    Write("plan.pdf", "old");
-    Write("plan-2.svg", "old");
-    const QStringList before = Files();
     const std::pair<const char *, std::function<void()>> targets[] = {
         {"PDF", [&] { Printing.SavePdf(Path("plan.pdf")); }},
         {"pictures", [&] { Printing.SavePictures(Path("plan.png"), 96); }},
@@ -66,11 +64,20 @@ TEST_F(FullDisk, WhatWasThereStaysWhereverItEnds)
         {"printer", [&] { Printing.Print(Printer); }},
     };
     for (const auto &[name, save] : targets) {
-        for (const rlim_t size : {0, 100, 700, 1500, 3000}) {
-            SCOPED_TRACE(std::string(name) + ", " + std::to_string(size) + " bytes");
+        save();
+        qint64 whole = 0; // of the largest file
+        for (const QFileInfo &file : QDir(Folder.path()).entryInfoList(QDir::Files)) {
+            whole = std::max(whole, file.size());
+            QFile::remove(file.filePath());
+        }
+        Write("plan.pdf", "old");
+        Write("plan-2.svg", "old");
+        const QStringList before = Files();
+        for (const double share : {0.0, 0.02, 0.4, 0.9, 0.999}) {
+            SCOPED_TRACE(std::string(name) + ", " + std::to_string(share));
             std::string error;
             {
-                const SmallDisk disk(size);
+                const SmallDisk disk(static_cast<rlim_t>(static_cast<double>(whole) * share));
                 try {
                     save();
                 } catch (const std::runtime_error &failure) {
