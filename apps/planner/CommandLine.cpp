@@ -257,10 +257,6 @@ CommandLine::Action CommandLine::ReadRequest(const QCommandLineParser &parser)
     if (!ReadView(parser)) {
         return Action::ReportError;
     }
-    m_request.Table = parser.isSet(options.Table);
-    if (m_request.Table && m_request.View == ViewKind::Resources) {
-        return Fail(PlannerText::tr("--table goes with --view tasks"));
-    }
     if (parser.isSet(options.Size)) {
         const auto size = ParseSize(parser.value(options.Size));
         if (!size) {
@@ -295,6 +291,11 @@ bool CommandLine::ReadView(const QCommandLineParser &parser)
             return false;
         }
         m_request.View = view == u"tasks" ? ViewKind::Tasks : ViewKind::Resources;
+    }
+    m_request.Table = parser.isSet(options.Table);
+    if (m_request.Table && m_request.View == ViewKind::Resources) {
+        Fail(PlannerText::tr("--table goes with --view tasks"));
+        return false;
     }
     return true;
 }

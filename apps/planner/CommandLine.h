@@ -88,7 +88,7 @@ public:
 private:
     Action Fail(const QString &error);
     Action ReadRequest(const QCommandLineParser &parser);
-    bool ReadView(const QCommandLineParser &parser);
+    bool ReadView(const QCommandLineParser &parser); ///< with its table
     Action ReadPrintRequest(const QCommandLineParser &parser);
     bool ReadScale(const QCommandLineParser &parser);
     Action ReadFileOptions(const QCommandLineParser &parser);

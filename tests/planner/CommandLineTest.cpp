@@ -33,6 +33,8 @@ TEST(CommandLine, IsParsedIntoOneAction)
         {{u"--print"_s, u"p.pdf"_s, u"a"_s, u"--paper=A9"_s}, ReportError, u"a"_s},
         {{u"--print"_s, u"p.pdf"_s, u"a"_s, u"--fit=2x"_s}, ReportError, u"a"_s},
         {{u"--print"_s, u"p.pdf"_s, u"a"_s, u"--fit=1x1"_s, u"--enlarge"_s}, PrintPages, u"a"_s},
+        {{u"--print"_s, u"p.pdf"_s, u"a"_s, u"--table"_s}, PrintPages, u"a"_s},
+        {{u"--render"_s, u"p.pdf"_s, u"a"_s, u"--table"_s}, RenderPicture, u"a"_s},
         {{u"--print"_s, u"p.pdf"_s, u"a"_s, u"--scale=60"_s}, PrintPages, u"a"_s},
         {{u"--print"_s, u"p.pdf"_s, u"a"_s, u"--scale=4"_s}, ReportError, u"a"_s},
         {{u"--print"_s, u"p.pdf"_s, u"a"_s, u"--scale=60"_s, u"--fit=1x1"_s}, ReportError, u"a"_s},
@@ -44,6 +46,7 @@ TEST(CommandLine, IsParsedIntoOneAction)
         EXPECT_EQ(line.GetAction(), expected.Action) << expected.Arguments.join(u' ').toStdString();
         EXPECT_EQ(line.FileName(), expected.FileName);
         EXPECT_EQ(line.Error().isEmpty(), expected.Action != ReportError);
+        EXPECT_EQ(line.Request().Table, expected.Arguments.contains(u"--table"_s));
     }
 }
 

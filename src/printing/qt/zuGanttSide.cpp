@@ -116,16 +116,8 @@ public:
     std::vector<int> FitInto(double /*room*/) override { return m_heights; }
     QString CaptionOf(const TVisibleNode &node) const override
     {
-        TBabGridCell &root = m_grid.RootCell();
-        for (const auto &column : m_columns) {
-            TAxisContentItem *item = root.Columns().FindLoaded(column.Index);
-            const TBabColumn *kind =
-                item != nullptr ? TBabGridLayoutCore::ColumnOf(*item) : nullptr;
-            if (kind != nullptr && kind->IsTreeColumn()) {
-                return ToQt(root.CellText(*item, *node.GridNode->Row()));
-            }
-        }
-        return ToQt(node.GridNode->GetText());
+        return m_part.TreeText(m_columns, *node.GridNode->Row())
+            .value_or(ToQt(node.GridNode->GetText()));
     }
     int Width() const override { return TPrintGrid::WidthOf(m_columns); }
     void Paint(QPainter &painter, double head, double areaHeight,

@@ -1,7 +1,10 @@
 #include "printing/qt/zuGridPrinting.h"
 
 #include "cellgrid/qt/zuBabGridView.h"
+#include "foundation/qt/zuConvert.h"
+#include "grid/qt/zuGrid.h"
 #include "printing/qt/zuPrintGrid.h"
+#include "printing/qt/zuPrintLabels.h"
 #include "printing/qt/zuPrintParts.h"
 
 #include <QPainter>
@@ -50,13 +53,19 @@ void TzuGridPrinting::CollectRows()
     const auto [first, last] = RowsOf(root.Rows().Count() - head);
     m_rows.clear();
     std::vector<int> heights;
+    TPrintParents parents;
     part.ForEachRow(columns, head + first, head + last, [&](const TGridBand &row) {
-        if (!IsSelectionOnly() || root.Selection().RowHasSelected(row.Index)) {
+        const auto *node = TzuGridTree::NodeOf(row.Item);
+        const bool wanted = !IsSelectionOnly() || root.Selection().RowHasSelected(row.Index);
+        parents.Add(node != nullptr ? node->GetLevel() : 0, wanted);
+        if (wanted) {
             m_rows.push_back(row.Index);
             heights.push_back(row.Far - row.Near);
         }
     });
-    m_down = std::make_unique<TPrintRows>(heights);
+    m_parents = parents.Indexes();
+    m_down =
+        std::make_unique<TPrintRows>(heights, m_parents, m_repeatHeadings ? kMostPrintHeadings : 0);
 }
 
 TPrintFlow TzuGridPrinting::Flow() const
@@ -69,17 +78,45 @@ std::string TzuGridPrinting::RangeOf(const TPrintPage &page) const
     return RowRangeText(*m_down, page.Down);
 }
 
+std::vector<TPrintBookmark> TzuGridPrinting::Bookmarks() const
+{
+    const TPrintGrid part(m_grid);
+    TColumns columns = m_labels;
+    columns.insert(columns.end(), m_columns.begin(), m_columns.end());
+    std::vector<TPrintBookmark> bookmarks;
+    for (const TPrintGroup &group : GroupsOf(m_parents)) {
+        TAxisContentItem *row =
+            m_grid.RootCell().Rows().FindLoaded(m_rows[static_cast<std::size_t>(group.Row)]);
+        const QString title =
+            row != nullptr ? part.TreeText(columns, *row).value_or(QString()) : QString();
+        bookmarks.push_back(
+            BookmarkAt(title, group.Level, m_down->TopOf(group.Row), part.HeadHeight()));
+    }
+    return bookmarks;
+}
+
 std::vector<TzuGridPrinting::TRun> TzuGridPrinting::RunsOf(const TPrintPage &page) const
 {
     std::vector<TRun> runs;
-    const int after = m_down->RowFrom(page.Down.To);
-    for (int row = m_down->RowAt(page.Down.From); row < after; ++row) {
+    const auto add = [&](int row, double top) {
         const int index = m_rows[static_cast<std::size_t>(row)];
         if (runs.empty() || runs.back().Last + 1 != index) {
-            runs.push_back({index, index, m_down->TopOf(row) - page.Down.From, 0});
+            runs.push_back({index, index, top, 0});
         }
         runs.back().Last = index;
         runs.back().Height += m_down->SizeOf(row);
+    };
+    const int first = m_down->RowAt(page.Down.From);
+    double top = 0;
+    if (page.Down.Repeated > 0) {
+        for (const int heading : m_down->HeadingsAt(first)) {
+            add(heading, top);
+            top += m_down->SizeOf(heading);
+        }
+    }
+    const int after = m_down->RowFrom(page.Down.To);
+    for (int row = first; row < after; ++row) {
+        add(row, top + m_down->TopOf(row) - page.Down.From);
     }
     return runs;
 }

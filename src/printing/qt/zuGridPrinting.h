@@ -17,7 +17,8 @@ class TBabGridView_Custom;
 /// comes.
 ///
 /// The head is repeated on every page, and so are the first columns. Pages end between rows and
-/// between columns; the text of a group of equal cells is repeated on the page that it continues
+/// between columns; a page that continues a group of a tree in the grid begins with the group's
+/// headings, and the text of a group of equal cells is repeated on the page that it continues
 /// on. From right to left, columns and pages are as well. The column that marks the current row,
 /// selection and focus are not printed.
 class KORVANE_WIDGETS_API TzuGridPrinting : public TzuPrinting, public TPrintRowChoice
@@ -28,6 +29,11 @@ public:
 
     /// How many columns every page repeats; initially the first one.
     void SetRepeatedColumns(int count) { m_repeatedColumns = count; }
+    /// Whether a page that continues a group begins with the group's headings; true by default.
+    void SetRepeatHeadings(bool on) { m_repeatHeadings = on; }
+
+    /// One for each row of a tree that has rows below it.
+    std::vector<TPrintBookmark> Bookmarks() const override;
 
 protected:
     TPrintLayout LayOutContent(const TPrintRoom &room, const TPrintScaling &scaling) override;
@@ -54,11 +60,13 @@ private:
 
     TBabGridView_Custom &m_grid;
     int m_repeatedColumns = 1;
+    bool m_repeatHeadings = true;
 
     // As last laid out.
     TColumns m_labels; ///< repeated on every page
     TColumns m_columns;
     std::vector<int> m_rows; ///< by real index
+    std::vector<int> m_parents;
     std::unique_ptr<TPrintRows> m_across;
     std::unique_ptr<TPrintRows> m_down;
 };

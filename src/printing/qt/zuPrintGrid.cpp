@@ -71,6 +71,19 @@ void TPrintGrid::ForEachRow(const TColumns &columns, int first, int last,
     }
 }
 
+std::optional<QString> TPrintGrid::TreeText(const TColumns &columns, TAxisContentItem &row) const
+{
+    TBabGridCell &root = m_grid.RootCell();
+    for (const auto &column : columns) {
+        TAxisContentItem *item = root.Columns().FindLoaded(column.Index);
+        const TBabColumn *kind = item != nullptr ? TBabGridLayoutCore::ColumnOf(*item) : nullptr;
+        if (kind != nullptr && kind->IsTreeColumn()) {
+            return ToQt(root.CellText(*item, row));
+        }
+    }
+    return std::nullopt;
+}
+
 void TPrintGrid::PaintHead(QPainter &painter, const TColumns &columns, const QPointF &at)
 {
     const QRectF all(at, QSizeF(WidthOf(columns), HeadHeight()));

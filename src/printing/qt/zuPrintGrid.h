@@ -5,8 +5,10 @@
 #include "foundation/zuExport.h"
 
 #include <QPointF>
+#include <QString>
 
 #include <functional>
+#include <optional>
 #include <vector>
 
 class QPainter;
@@ -14,6 +16,7 @@ class QRectF;
 
 namespace korvane {
 
+class TAxisContentItem;
 class TBabGridView_Custom;
 
 /// Measures and draws columns and rows of a grid, by their real indexes, without selection and
@@ -42,6 +45,9 @@ public:
     /// measuring one loads it, and those before it may be dropped again.
     void ForEachRow(const TColumns &columns, int first, int last,
                     const std::function<void(const TGridBand &)> &visit);
+
+    /// What the row's cell in the column of its tree says, if there is one among these.
+    std::optional<QString> TreeText(const TColumns &columns, TAxisContentItem &row) const;
 
     /// Draws the head of the columns, or rows of them, from `at` on.
     void PaintHead(QPainter &painter, const TColumns &columns, const QPointF &at);

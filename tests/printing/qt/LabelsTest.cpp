@@ -87,6 +87,27 @@ QRectF PlaceOf(TzuPrinting &printing, int page, const QString &text)
     return {};
 }
 
+TEST(Labels, OfGroupsOfAGridAreRepeatedWhereTheyGoOn)
+{
+    TzuGrid grid;
+    FillGridTree(grid);
+    TzuGridPrinting printing(grid);
+    SetBareSheet(printing, 700, 200);
+    printing.LayOut();
+    const std::vector<TPrintBookmark> bookmarks = printing.Bookmarks();
+    ASSERT_EQ(bookmarks.size(), 8U);
+    int repeated = 0;
+    for (int page = 0; page < printing.PageCount(); ++page) {
+        const QRectF heading = PlaceOf(printing, page, bookmarks[3].Title);
+        const QRectF row = PlaceOf(printing, page, QStringLiteral("Row 3/5"));
+        EXPECT_EQ(bookmarks[3].Page == page || !row.isNull(), !heading.isNull()) << page;
+        EXPECT_TRUE(row.isNull() || row.top() > heading.top());
+        repeated += bookmarks[3].Page != page && !heading.isNull();
+    }
+    EXPECT_EQ(repeated, 1);
+    EXPECT_EQ(bookmarks[3].Title, QStringLiteral("Group 3"));
+}
+
 TEST(Labels, StandAtTheRightFromRightToLeft)
 {
     const Qt::LayoutDirection before = QGuiApplication::layoutDirection();

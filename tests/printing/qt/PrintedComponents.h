@@ -112,6 +112,31 @@ inline void FillGrid(TzuGrid &grid)
     QApplication::processEvents();
 }
 
+/// Groups of rows in the grid's tree, opened.
+inline void FillGridTree(TzuGrid &grid)
+{
+    grid.resize(400, 300);
+    grid.SetUseTree(true);
+    TzuGrid_Column &names = grid.Columns().Add();
+    names.SetTreeButton(true);
+    names.SetHeaderText("Name");
+    names.SetWidth(150);
+    for (int i = 0; i < 3; ++i) {
+        grid.Columns().Add().SetHeaderText("Column " + std::to_string(i));
+    }
+    for (int group = 0; group < 8; ++group) {
+        auto *heading = grid.GetTree()->AddDataEntity(nullptr);
+        heading->SetText("Group " + std::to_string(group));
+        for (int row = 0; row < 6; ++row) {
+            grid.GetTree()->AddDataEntity(heading)->SetText("Row " + std::to_string(group) + "/"
+                                                            + std::to_string(row));
+        }
+    }
+    grid.GetTree()->FullExpand();
+    grid.show();
+    QApplication::processEvents();
+}
+
 inline std::vector<TzuDataEntity_SchemaTime *> FillSchedule(TzuSchema &schema)
 {
     std::vector<TzuDataEntity_SchemaTime *> times;

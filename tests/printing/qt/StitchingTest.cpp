@@ -134,12 +134,14 @@ TEST(Stitching, Tree)
     ExpectPagesToMakeUpTheWhole(printing, TAxis::None);
 }
 
-TEST(Stitching, Grid)
+TEST(Stitching, GridWithOrWithoutATree)
 {
-    TzuGrid grid;
-    FillGrid(grid);
-    TzuGridPrinting printing(grid);
-    ExpectPagesToMakeUpTheWhole(printing, TAxis::None);
+    for (const auto fill : {FillGrid, FillGridTree}) {
+        TzuGrid grid;
+        fill(grid);
+        TzuGridPrinting printing(grid);
+        ExpectPagesToMakeUpTheWhole(printing, TAxis::None);
+    }
 }
 
 TEST(Stitching, ScheduleInBothViewsWithOneAxisOrTwo)
