@@ -94,32 +94,6 @@ TzuDataList_GridTree *TzuDataEntity_GridTreeNode::ChildList()
     return m_childList;
 }
 
-bool TzuDataEntity_GridTreeNode::HasChildren() const
-{
-    return m_childList != nullptr && m_childList->Count() > 0;
-}
-
-TzuDataEntity_GridTreeNode *TzuDataEntity_GridTreeNode::ParentNode() const
-{
-    const auto *list = dynamic_cast<const TzuDataList_GridTree *>(GetDataList());
-    return list != nullptr ? list->ParentEntity() : nullptr;
-}
-
-int TzuDataEntity_GridTreeNode::GetLevel() const
-{
-    int level = 0;
-    for (const auto *node = ParentNode(); node != nullptr; node = node->ParentNode()) {
-        ++level;
-    }
-    return level;
-}
-
-TzuGridTree *TzuDataEntity_GridTreeNode::Tree() const
-{
-    const auto *list = dynamic_cast<const TzuDataList_GridTree *>(GetDataList());
-    return list != nullptr ? list->Tree() : nullptr;
-}
-
 bool TzuDataEntity_GridTreeNode::HasTreeButton() const
 {
     const TzuGridTree *tree = HasChildren() || m_childrenLoaded ? nullptr : Tree();
@@ -169,13 +143,6 @@ TAxisContentItem *TzuDataEntity_GridTreeNode::ParentRow() const
 {
     const TzuDataEntity_GridTreeNode *parent = ParentNode();
     return parent != nullptr ? parent->Row() : nullptr;
-}
-
-void TzuDataList_GridTree::AfterCreate(TzuListController *controller, EntityClass entityClass)
-{
-    TzuDataList::AfterCreate(controller, std::move(entityClass));
-    auto *ofTree = dynamic_cast<TzuListController_GridTree *>(controller);
-    m_tree = ofTree != nullptr ? &ofTree->Tree() : nullptr;
 }
 
 TRunSequence &TzuDataList_GridTree::Counted()

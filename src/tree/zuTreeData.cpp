@@ -187,33 +187,6 @@ TzuDataList_Tree *TzuDataEntity_Tree::ChildList()
     return m_childList;
 }
 
-bool TzuDataEntity_Tree::HasChildren() const
-{
-    return m_childList != nullptr && m_childList->Count() > 0;
-}
-
-TzuDataEntity_Tree *TzuDataEntity_Tree::ParentNode() const
-{
-    // Not every list that an entity may change over to is a tree's.
-    const auto *list = dynamic_cast<const TzuDataList_Tree *>(GetDataList());
-    return list != nullptr ? list->ParentEntity() : nullptr;
-}
-
-int TzuDataEntity_Tree::GetLevel() const
-{
-    int level = 0;
-    for (const auto *entity = ParentNode(); entity != nullptr; entity = entity->ParentNode()) {
-        ++level;
-    }
-    return level;
-}
-
-TTreeCore *TzuDataEntity_Tree::Tree() const
-{
-    const auto *list = dynamic_cast<const TzuDataList_Tree *>(GetDataList());
-    return list != nullptr ? list->Tree() : nullptr;
-}
-
 void TzuDataEntity_Tree::EditText()
 {
     if (TTreeCore *tree = m_node != nullptr ? Tree() : nullptr) {
@@ -222,13 +195,6 @@ void TzuDataEntity_Tree::EditText()
 }
 
 // --- list ----------------------------------------------------------------------------------------
-
-void TzuDataList_Tree::AfterCreate(TzuListController *controller, EntityClass entityClass)
-{
-    TzuDataList::AfterCreate(controller, std::move(entityClass));
-    auto *ofTree = dynamic_cast<TzuListController_Tree *>(controller);
-    m_tree = ofTree != nullptr ? &ofTree->Tree() : nullptr;
-}
 
 TzuDataList_Tree::~TzuDataList_Tree()
 {

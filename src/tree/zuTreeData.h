@@ -1,8 +1,8 @@
 // The tree's entities, their lists and the controller that joins them to a tree.
 #pragma once
 
-#include "data/zuDataEntityPack.h"
 #include "foundation/zuExport.h"
+#include "tree/zuTreeItem.h"
 #include "tree/zuTreeNode.h"
 
 #include <cstdint>
@@ -13,7 +13,15 @@
 namespace korvane {
 
 class TTreeCore;
+class TzuDataEntity_Tree;
 class TzuDataList_Tree;
+
+/// See TTreeItemController.
+class TzuListController_Tree : public TTreeItemController<TTreeCore>
+{
+public:
+    using TTreeItemController::TTreeItemController;
+};
 
 /// Longest caption, in Unicode code points.
 inline constexpr int kMaxTreeText = 255;
@@ -38,7 +46,8 @@ struct TFontStyles
 
 /// One item of a tree. Its node only displays it; the node comes and goes as the tree brings its
 /// display up to date.
-class KORVANE_CORE_API TzuDataEntity_Tree : public TzuDataEntity
+class KORVANE_CORE_API TzuDataEntity_Tree
+    : public TTreeItem<TzuDataEntity_Tree, TzuDataList_Tree, TTreeCore>
 {
 public:
     TzuDataEntity_Tree() = default;
@@ -51,29 +60,20 @@ public:
     /// Whether the node exists and all its ancestors are expanded. Scrolled away is still visible.
     bool GetVisible() const override;
 
-    /// UTF-8, empty to begin with. Throws std::length_error, and changes nothing, beyond
-    /// kMaxTreeText code points.
-    const std::string &GetText() const { return m_text; }
+    /// Throws std::length_error, and changes nothing, beyond kMaxTreeText code points.
     void SetText(std::string_view text);
-    /// Indexes into the tree's images; -1, the default, shows none.
-    int GetImageIndex() const { return m_imageIndex; }
+    /// Shown with the next paint.
     void SetImageIndex(int index);
-    /// Image of the selected node; -1, the default, shows the normal one.
-    int GetSelectedIndex() const { return m_selectedIndex; }
     void SetSelectedIndex(int index);
-    /// Whether its node is expanded, or will be when it comes; false to begin with.
-    bool GetExpanded() const { return m_expanded; }
     /// Expands or collapses the node at once. Without a node the state is kept for the node to
     /// come; true also brings the display up to date. The tree's OnExpanded and OnCollapsed tell of
     /// nodes that change: they fire once when the entity has a node or got it by this call, and not
     /// when the node is made later.
     void SetExpanded(bool expanded);
-    /// Whether the children were asked for (see TTreeCore::OnLoadChildren); false to begin with.
-    /// Set to false to have them asked for again once there are none.
-    bool ChildrenLoaded() const { return m_childrenLoaded; }
+    /// False to have the children asked for again (see TTreeCore::OnLoadChildren) once there are
+    /// none.
     void SetChildrenLoaded(bool loaded);
-    /// A hidden entity gets no node, and nothing below it does; false to begin with.
-    bool Get_HideNode() const { return m_hideNode; }
+    /// A hidden entity gets no node, and nothing below it does.
     void Set_HideNode(bool hide);
     /// An empty name stands for the tree's own font.
     const std::string &GetFontName() const;
@@ -82,10 +82,6 @@ public:
     TFontStyles GetFontStyle() const;
     void SetFontStyle(TFontStyles style);
 
-    /// The object that an embedding component keeps beside the entity; observed, not owned.
-    TzuExposable *Companion() const { return m_companion; }
-    void SetCompanion(TzuExposable *companion) { m_companion = companion; }
-
     /// Nil while the entity is not displayed.
     TTreeNode_zuSub *Node() const { return m_node; }
     /// The placeholder below the node, or nil.
@@ -93,17 +89,6 @@ public:
     /// The list of the entity's children, made when it is first asked for; nil for an entity that
     /// is in no tree or is being deleted. Owned by the entity.
     TzuDataList_Tree *ChildList();
-    /// The same without making it.
-    const TzuDataList_Tree *LoadedChildren() const { return m_childList; }
-    /// Children that are only counted are children, too.
-    bool HasChildren() const;
-
-    /// Nil for a root, and for an entity in no tree.
-    TzuDataEntity_Tree *ParentNode() const;
-    /// 0 for a root. Costs the levels.
-    int GetLevel() const;
-    /// Nil for an entity in no tree.
-    TTreeCore *Tree() const;
     /// Starts in-place editing of the caption, when there is a node.
     void EditText();
 
@@ -122,32 +107,21 @@ private:
     void CaptionChanged();
     void ReleaseChildList();
 
-    std::string m_text;
     TTreeNode_zuSub *m_node = nullptr;
-    TzuDataList_Tree *m_childList = nullptr;
-    TzuExposable *m_companion = nullptr;
     std::unique_ptr<TCaptionFont> m_captionFont;
-    int m_imageIndex = -1;
-    int m_selectedIndex = -1;
     std::uint32_t m_queuePlace = 0; ///< 1-based place among those to look at; 0 when in none
-    bool m_expanded = false;
-    bool m_hideNode = false;
-    bool m_moved = false;   ///< within its list, since the last update of the display
-    bool m_leaving = false; ///< being deleted
-    bool m_childrenLoaded = false;
+    bool m_moved = false;           ///< within its list, since the last update of the display
 };
 
 /// The children of one entity, or the roots of a tree.
-class KORVANE_CORE_API TzuDataList_Tree : public TzuDataList
+class KORVANE_CORE_API TzuDataList_Tree
+    : public TTreeItemList<TzuDataEntity_Tree, TzuListController_Tree, TTreeCore>
 {
 public:
     TzuDataList_Tree() = default;
     ~TzuDataList_Tree() override;
 
-    void AfterCreate(TzuListController *controller, EntityClass entityClass) override;
-
-    /// The entity whose children the list holds; nil for the root list.
-    TzuDataEntity_Tree *ParentEntity() const { return m_parentEntity; }
+    /// See ParentEntity.
     void SetParentEntity(TzuDataEntity_Tree *entity) { m_parentEntity = entity; }
     /// Set when an entity was inserted, until the list's nodes have been sorted.
     bool NeedsSort() const { return m_needsSort; }
@@ -155,8 +129,6 @@ public:
     /// In which the tree's comparison orders the nodes.
     TSortDirection SortDirection() const { return m_sortDirection; }
     void SetSortDirection(TSortDirection direction) { m_sortDirection = direction; }
-    /// The tree whose controller the list was created with, or nil.
-    TTreeCore *Tree() const { return m_tree; }
     /// GetItems with the entity's own class.
     TzuDataEntity_Tree *Entity(int index)
     {
@@ -167,30 +139,11 @@ private:
     friend class TTreeCore;
     friend class TTreeDisplay;
 
-    TTreeCore *m_tree = nullptr;
-    TzuDataEntity_Tree *m_parentEntity = nullptr;
     std::uint32_t m_queuePlace = 0; ///< as of an entity
     TSortDirection m_sortDirection = TSortDirection::Ascending;
     bool m_needsSort = false;
     bool m_orderUnknown = false;    ///< nodes may stand in another order than entities
     bool m_changeExplained = false; ///< the next change of content is an insertion or a deletion
-};
-
-/// The controller of every list of one tree.
-class TzuListController_Tree : public TzuListController
-{
-public:
-    /// The tree outlives the controller.
-    explicit TzuListController_Tree(TTreeCore &tree)
-        : m_tree(tree)
-    {
-    }
-
-    /// The tree whose lists it serves.
-    TTreeCore &Tree() const { return m_tree; }
-
-private:
-    TTreeCore &m_tree;
 };
 
 } // namespace korvane

@@ -1,5 +1,5 @@
 // Moving entities to other parents and places.
-#include "foundation/zuLifeWatch.h"
+#include "data/zuDataMoving.h"
 #include "tree/zuTreeGuard.h"
 #include "tree/zuTreeUser.h"
 
@@ -9,12 +9,6 @@
 namespace korvane {
 
 namespace {
-
-int IndexOf(const TzuDataEntity_Tree &entity)
-{
-    const TzuDataList *list = entity.GetDataList();
-    return list != nullptr ? list->UnloadedBefore() + list->IndexOf(&entity) : 0;
-}
 
 /// Whether more than that many levels are below the entity.
 bool IsDeeper(const TzuDataEntity_Tree &entity, int levels)
@@ -76,23 +70,12 @@ TTreeMove TTreeUserCore::MoveTo(const TTreeDrop &drop, TTreeEntities entities)
     if (below && target->Node() != nullptr && target->Node()->Expanded() && target->HasChildren()) {
         return {std::move(entities), target, 0}; // between it and its first child
     }
-    return {std::move(entities), target->ParentNode(), IndexOf(*target) + (below ? 1 : 0)};
+    return {std::move(entities), target->ParentNode(), IndexInList(*target) + (below ? 1 : 0)};
 }
 
 bool TTreeUserCore::CanMove(const TTreeMove &move) const
 {
-    const auto isMoved = [&move](const TzuDataEntity_Tree *entity) {
-        return std::find(move.Entities.begin(), move.Entities.end(), entity) != move.Entities.end();
-    };
-    if (move.Entities.empty() || isMoved(nullptr)) {
-        return false;
-    }
-    for (const auto *above = move.NewParent; above != nullptr; above = above->ParentNode()) {
-        if (isMoved(above)) {
-            return false;
-        }
-    }
-    return FitsLevels(move);
+    return MayComeBelow<TzuDataEntity_Tree>(move.Entities, move.NewParent) && FitsLevels(move);
 }
 
 bool TTreeUserCore::FitsLevels(const TTreeMove &move) const
@@ -115,48 +98,14 @@ void TTreeUserCore::MoveEntities(const TTreeMove &move)
     if (list == nullptr) {
         return;
     }
-    // A handler may change the move that it was called with.
-    const TTreeEntities entities = move.Entities;
-    TTreeEntities guarded = entities;
-    const std::unordered_set<const TzuDataEntity_Tree *> moved(entities.begin(), entities.end());
-    TzuDataEntity_Tree *before = nullptr;
-    for (int i = std::max(move.Index, 0); before == nullptr && i < list->Count(); ++i) {
-        TzuDataEntity_Tree *entity = list->Entity(i);
-        before = moved.contains(entity) ? nullptr : entity;
-    }
-    guarded.push_back(before);
-    const TGuard guard(*this, guarded);
-    const TzuLifeWatch listLives(*list);
     TzuDataEntity_Tree *current = GetDataEntityFromNode(SelectedNode());
-    for (TzuDataEntity_Tree *entity : entities) {
-        if (!listLives || (before != nullptr && !guard.Lives(before))) {
-            break;
-        }
-        if (guard.Lives(entity)) {
-            Place(*entity, *list, before);
-        }
-    }
+    const TGuard guard(*this, {current});
+    MoveEntitiesInto({move.Entities.begin(), move.Entities.end()}, *list, move.Index);
     EnsureDisplayUpToDate();
     if (SelectedNode() == nullptr && current != nullptr && guard.Lives(current)
         && current->Node() != nullptr) {
         MakeCurrent(*current->Node());
         MakeVisible(*current);
-    }
-}
-
-/// Brings an entity before another one of the list, or to the list's end.
-void TTreeUserCore::Place(TzuDataEntity_Tree &entity, TzuDataList_Tree &list,
-                          const TzuDataEntity_Tree *before)
-{
-    if (entity.GetDataList() != &list) {
-        entity.ChangeOwner(&list, before != nullptr ? list.IndexOf(before) : list.LoadedCount());
-        return;
-    }
-    const int from = IndexOf(entity);
-    const int to = before != nullptr ? IndexOf(*before) : list.Count();
-    const int place = to > from ? to - 1 : to;
-    if (place != from) {
-        entity.Move(place);
     }
 }
 
@@ -199,7 +148,7 @@ bool TTreeUserCore::MoveSelected(TStep step)
     TTreeEntities entities = TopmostSelected();
     for (std::size_t i = 1; i < entities.size(); ++i) {
         if (entities[i]->GetDataList() != entities[0]->GetDataList()
-            || IndexOf(*entities[i]) != IndexOf(*entities[i - 1]) + 1) {
+            || IndexInList(*entities[i]) != IndexInList(*entities[i - 1]) + 1) {
             return false;
         }
     }
@@ -211,8 +160,8 @@ TTreeMove TTreeUserCore::StepMove(TStep step, TTreeEntities entities)
 {
     TzuDataList_Tree *list = dynamic_cast<TzuDataList_Tree *>(entities.front()->GetDataList());
     TzuDataEntity_Tree *parent = entities.front()->ParentNode();
-    const int first = IndexOf(*entities.front());
-    const int last = IndexOf(*entities.back());
+    const int first = IndexInList(*entities.front());
+    const int last = IndexInList(*entities.back());
     switch (step) {
     case TStep::Indent:
         if (first > 0) {
@@ -221,7 +170,7 @@ TTreeMove TTreeUserCore::StepMove(TStep step, TTreeEntities entities)
         break;
     case TStep::Outdent:
         if (parent != nullptr) {
-            return {std::move(entities), parent->ParentNode(), IndexOf(*parent) + 1};
+            return {std::move(entities), parent->ParentNode(), IndexInList(*parent) + 1};
         }
         break;
     case TStep::Up:

@@ -213,8 +213,6 @@ private:
     void ExpandLoaded(TzuDataEntity_Tree &entity);
     bool FitsLevels(const TTreeMove &move) const;
     TTreeMove StepMove(TStep step, TTreeEntities entities);
-    void Place(TzuDataEntity_Tree &entity, TzuDataList_Tree &list,
-               const TzuDataEntity_Tree *before);
 
     std::unordered_set<TzuDataEntity_Tree *> m_selected;
     TzuDataEntity_Tree *m_anchor = nullptr;   ///< where ranges begin
