@@ -186,6 +186,10 @@ void PlanEdits::SetCell(const TaskCellText &cell, const TaskCells &cells, Predec
         if (!change.IsEmpty() || links.ForgottenCount() != forgotten) {
             ++m_cellCount;
             m_cells.Append(std::move(change));
+            if (cell.Column == TaskColumn::Start || cell.Column == TaskColumn::Finish
+                || cell.Column == TaskColumn::Duration) {
+                m_derivedFrom.push_back(cell.Task);
+            }
         }
     });
 }
@@ -209,7 +213,7 @@ void PlanEdits::EndCells(PredecessorIndex &links, const std::function<QString(in
         return;
     }
     m_document.Edit([&](Plan &plan) {
-        const std::vector<int> tasks = m_cells.TasksAfter;
+        const std::vector<int> tasks = std::exchange(m_derivedFrom, {});
         m_cells.Append(PlanEditor(plan, m_watcher).RemoveForgotten(links));
         m_cells.Append(PlanEditor(plan, m_watcher).RefreshSummaries(tasks));
     });

@@ -82,7 +82,8 @@ private:
 
     PlanDocument &m_document;
     IPlanWatcher &m_watcher;
-    PlanChange m_cells; ///< that have been set since BeginCells
+    PlanChange m_cells;             ///< that have been set since BeginCells
+    std::vector<int> m_derivedFrom; ///< tasks whose cells summary tasks may follow
     int m_cellCount = 0;
     int m_cellDepth = 0;
 };

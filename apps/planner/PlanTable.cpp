@@ -9,6 +9,7 @@
 #include "plan/PlannerText.h"
 
 #include <QCollator>
+#include <QKeyEvent>
 #include <QMenu>
 #include <QScrollBar>
 #include <QSettings>
@@ -91,6 +92,7 @@ PlanTable::PlanTable(TzuGrid &grid, PlanDocument &document, QObject *parent)
         }
     };
     ConnectEditing();
+    m_grid.installEventFilter(this);
 }
 
 PlanTable::~PlanTable()
@@ -398,6 +400,29 @@ void PlanTable::SetEdits(PlanEdits *edits)
     }
     m_edits = edits;
     m_grid.SetReadOnly(edits == nullptr);
+}
+
+/// Whether cells are selected rather than tasks: neither whole rows nor their numbers.
+bool PlanTable::IsAboutCells() const
+{
+    const TBabGridCellForViewer &root = m_grid.RootCell();
+    const TCellSelection &selection = root.Selection();
+    const TAxisContentItem *number =
+        m_grid.Columns().ItemOf(Column(TaskColumn::Number), m_grid.RootCell());
+    return m_edits != nullptr && !selection.Empty()
+           && !selection.ColumnHasSelected(TCellSelection::kAllColumns)
+           && (number == nullptr || !selection.ColumnHasSelected(root.Columns().IndexOf(*number)));
+}
+
+/// A key that the table is to have is no shortcut of the window.
+bool PlanTable::eventFilter(QObject *object, QEvent *event)
+{
+    if (event->type() == QEvent::ShortcutOverride
+        && static_cast<QKeyEvent *>(event)->matches(QKeySequence::Delete) && IsAboutCells()) {
+        event->accept();
+        return true;
+    }
+    return QObject::eventFilter(object, event);
 }
 
 void PlanTable::ConnectEditing()

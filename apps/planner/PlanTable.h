@@ -31,10 +31,11 @@ class PlanEdits;
 /// Columns, texts, editing and sorting of a grid whose nodes are the tasks of PlanChart. The texts
 /// come from the plan whenever they are shown, so that nothing has to be kept in step.
 ///
-/// What the user types, pastes or clears goes to the edits, each action as one step. A text that is
-/// refused stays in its editor, with the reason. Sorting orders the rows alone; by number they
-/// stand in the order of the plan again. Width, order and visibility of the columns are kept in the
-/// settings.
+/// What the user types, pastes or clears goes to the edits, each action as one step. The Delete key
+/// empties selected cells; on rows selected by their numbers it deletes the tasks, as elsewhere. A
+/// text that is refused stays in its editor, with the reason. Sorting orders the rows alone; by
+/// number they stand in the order of the plan again. Width, order and visibility of the columns are
+/// kept in the settings.
 class PlanTable : public QObject
 {
     Q_OBJECT
@@ -66,6 +67,8 @@ public:
     /// Pixels that all columns on show take.
     int WantedWidth() const;
 
+    bool eventFilter(QObject *object, QEvent *event) override;
+
 Q_SIGNALS:
     /// The user has selected other cells.
     void selectionChanged();
@@ -87,6 +90,7 @@ private:
     void ConnectEditing();
     void SetCell(int task, TaskColumn column, const QString &text);
     QString StepText(TGridUserChange kind, int count) const;
+    bool IsAboutCells() const;
 
     TzuGrid &m_grid;
     PlanDocument &m_document;

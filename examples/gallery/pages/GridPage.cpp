@@ -93,6 +93,16 @@ void Fill(TzuGrid &grid)
     }
 }
 
+/// Styles frame a box in a darker shade of the window, which is not seen in dark palettes.
+void FrameVisibly(QWidget &box)
+{
+    QPalette palette = box.palette();
+    if (palette.color(QPalette::Window).lightness() < palette.color(QPalette::Text).lightness()) {
+        palette.setColor(QPalette::Window, palette.color(QPalette::Text).darker());
+        box.setPalette(palette);
+    }
+}
+
 } // namespace
 
 QWidget *CreateGridPage()
@@ -130,6 +140,7 @@ QWidget *CreateGridPage()
     grid->ChooseCell({&grid->RootCell(), 1, 1}, TGridChoice::Set);
 
     auto *loud = new QCheckBox("Mark the states");
+    FrameVisibly(*loud);
     QObject::connect(loud, &QCheckBox::toggled, grid,
                      [grid](bool on) { grid->Columns().At(3).SetLayoutName(on ? "Loud" : ""); });
     auto *layout = new QVBoxLayout(page);

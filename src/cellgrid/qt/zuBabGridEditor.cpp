@@ -3,6 +3,7 @@
 #include "cellgrid/qt/zuBabGridView.h"
 #include "foundation/qt/zuConvert.h"
 
+#include <QApplication>
 #include <QFocusEvent>
 #include <QKeyEvent>
 #include <QLabel>
@@ -201,6 +202,15 @@ bool TBabGridEditor::KeyPressed(const QKeyEvent &event)
     return m_field->OwnKey(event.key(), event.modifiers());
 }
 
+/// Whether a widget is the field or in it; choices are in a window of their own.
+bool TBabGridEditor::IsOfField(const QWidget *widget) const
+{
+    while (widget != nullptr && widget != &m_field->Widget()) {
+        widget = widget->parentWidget();
+    }
+    return widget != nullptr;
+}
+
 bool TBabGridEditor::eventFilter(QObject *object, QEvent *event)
 {
     switch (event->type()) {
@@ -217,7 +227,7 @@ bool TBabGridEditor::eventFilter(QObject *object, QEvent *event)
         // if he does not, because this one is being destroyed, nobody can mend what is refused.
         const auto reason = static_cast<QFocusEvent *>(event)->reason();
         if (reason != Qt::PopupFocusReason && reason != Qt::MenuBarFocusReason
-            && reason != Qt::ActiveWindowFocusReason) {
+            && reason != Qt::ActiveWindowFocusReason && !IsOfField(QApplication::focusWidget())) {
             const QPointer<QWidget> self(this);
             m_view.CommitEdit();
             return self.isNull();
@@ -267,8 +277,7 @@ void TBabGridEditOpener::CloseEditor()
     if (editor == nullptr) {
         return;
     }
-    const QWidget &field = editor->Field().Widget();
-    if (field.hasFocus()) {
+    if (editor->IsOfField(m_view.window()->focusWidget())) {
         m_view.setFocus(); // rather than the next one in the order of tabs
     }
     editor->hide();

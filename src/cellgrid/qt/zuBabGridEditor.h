@@ -32,6 +32,8 @@ public:
     IGridField &Field() const { return *m_field; }
     /// The field grows beyond the cell as its text asks for, within the clip.
     void Place(const TRect &cell, const TRect &clip);
+    /// Whether a widget is the field, or in it or its choices.
+    bool IsOfField(const QWidget *widget) const;
     /// Shows the reason at the field until the text is changed.
     void Refuse(const QString &reason);
 

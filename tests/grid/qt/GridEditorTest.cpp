@@ -118,6 +118,17 @@ TEST_F(GridEditor, KindsHaveTheirFields)
     QTest::keyClicks(combo, "high");
     QTest::keyClick(combo, Qt::Key_Tab);
     EXPECT_EQ(Grid->CellText(2, 0), "High");
+    combo = EditAt<QComboBox>(3, 1);
+    QTest::keyClick(combo, Qt::Key_F4);
+    QCoreApplication::processEvents();
+    EXPECT_TRUE(combo->view()->isVisible());
+    ASSERT_TRUE(Grid->IsEditing());
+    QTest::keyClick(combo->view(), Qt::Key_Up);
+    QTest::keyClick(combo->view(), Qt::Key_Return);
+    QCoreApplication::processEvents();
+    EXPECT_NE(Grid->CellText(2, 0), "High");
+    EXPECT_FALSE(Grid->IsEditing());
+    EXPECT_TRUE(Grid->hasFocus());
 
     auto *date = EditAt<QLineEdit>(4, 1);
     ASSERT_NE(date, nullptr);

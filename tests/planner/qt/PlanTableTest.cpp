@@ -173,6 +173,26 @@ TEST_F(PlanTableTest, PastedCellsAreOneStep)
     UndoAll();
 }
 
+TEST_F(PlanTableTest, TheDeleteKeyEmptiesCellsAndDeletesTasksByTheirNumbers)
+{
+    Focus(1, Predecessors);
+    Grid().ChooseCell({&Grid().RootCell(), static_cast<int>(Predecessors), RowOf(3)},
+                      TGridChoice::Extend);
+    QTest::keyClick(&Grid(), Qt::Key_Delete);
+    Settle();
+    EXPECT_EQ(Now().Tasks, m_before.Tasks);
+    EXPECT_EQ(Text(3, Predecessors), "");
+    EXPECT_TRUE(History().undoText().startsWith(u"Clear "_s)) << History().undoText().toStdString();
+    EXPECT_EQ(History().count(), 1);
+    UndoAll();
+    EXPECT_EQ(Text(3, Predecessors), "2");
+    Focus(3, Number);
+    QTest::keyClick(&Grid(), Qt::Key_Delete);
+    Settle();
+    EXPECT_EQ(Now().Tasks.size(), m_before.Tasks.size() - 1);
+    UndoAll();
+}
+
 TEST_F(PlanTableTest, APasteBeyondTheLastRowBringsNewTasksInTheSameStep)
 {
     Focus(4, Name);
