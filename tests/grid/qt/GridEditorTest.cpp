@@ -1,5 +1,6 @@
 #include "grid/qt/zuGrid.h"
 
+#include <QAbstractItemView>
 #include <QApplication>
 #include <QCalendarWidget>
 #include <QClipboard>
