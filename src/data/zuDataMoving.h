@@ -18,6 +18,7 @@ int IndexInList(const TzuDataEntity &entity);
 class TLivingEntities
 {
 public:
+    /// Watches these until its end; watches end in the reverse order of their beginning.
     explicit TLivingEntities(const std::vector<TzuDataEntity *> &entities);
     TLivingEntities(const TLivingEntities &) = delete;
     TLivingEntities &operator=(const TLivingEntities &) = delete;

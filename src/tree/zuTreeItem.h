@@ -61,15 +61,15 @@ protected:
     TTreeItem() = default;
 
     // For the item and its tree.
-    std::string m_text;
-    TList *m_childList = nullptr;
-    TzuExposable *m_companion = nullptr;
-    int m_imageIndex = -1;
-    int m_selectedIndex = -1;
-    bool m_expanded = false;
-    bool m_childrenLoaded = false;
-    bool m_hideNode = false;
-    bool m_leaving = false; ///< being deleted
+    std::string m_text;                  ///< GetText
+    TList *m_childList = nullptr;        ///< LoadedChildren
+    TzuExposable *m_companion = nullptr; ///< Companion
+    int m_imageIndex = -1;               ///< GetImageIndex
+    int m_selectedIndex = -1;            ///< GetSelectedIndex
+    bool m_expanded = false;             ///< GetExpanded
+    bool m_childrenLoaded = false;       ///< ChildrenLoaded
+    bool m_hideNode = false;             ///< Get_HideNode
+    bool m_leaving = false;              ///< being deleted
 
 private:
     /// Not every list that an entity may change over to is a tree's.
@@ -81,6 +81,7 @@ template <typename TEntity, typename TController, typename TTree>
 class TTreeItemList : public TzuDataList
 {
 public:
+    /// Learns the tree from its controller.
     void AfterCreate(TzuListController *controller, EntityClass entityClass) override
     {
         TzuDataList::AfterCreate(controller, std::move(entityClass));
@@ -97,8 +98,8 @@ protected:
     TTreeItemList() = default;
 
     // For the list and its tree.
-    TTree *m_tree = nullptr;
-    TEntity *m_parentEntity = nullptr;
+    TTree *m_tree = nullptr;           ///< Tree
+    TEntity *m_parentEntity = nullptr; ///< ParentEntity
 };
 
 /// The controller of every list of one tree.
