@@ -344,6 +344,10 @@ SchedulePage PageOf(const Programme &programme, int day)
                                      track, block.Detail, talk.Abstract.simplified().left(400)});
         page.Blocks.push_back(std::move(block));
     }
+    // Room by room, and the earlier of two that overlap before the later.
+    std::ranges::stable_sort(page.Blocks, {}, [](const ScheduleBlock &block) {
+        return std::pair(block.Column, block.Start);
+    });
     FitAxis(page, {});
     return page;
 }

@@ -129,7 +129,7 @@ TEST(SchedulePage, RoomsOfADayAreThoseInUse)
     ASSERT_EQ(page.Columns.size(), 2U);
     EXPECT_EQ(page.Columns[1].Caption, u"C"_s);
     EXPECT_EQ(BlocksOf(page),
-              (QStringList{u"1 0301:30-0302:15 talk"_s, u"0 0210:15-0210:45 talk"_s}));
+              (QStringList{u"0 0210:15-0210:45 talk"_s, u"1 0301:30-0302:15 talk"_s}));
     EXPECT_EQ(page.Axis, (AgendaRange{10 * 3600, 27 * 3600}));
 }
 
