@@ -264,6 +264,10 @@ void PrintForm::AddHours(QFormLayout &form, const PrintOptions &options,
     const auto [from, to] = options.Hours.value_or(*features.Hours);
     m_fromHour = new QTimeEdit(from);
     m_toHour = new QTimeEdit(to);
+    // Seconds mean nothing on paper.
+    const QString format = locale().timeFormat(QLocale::ShortFormat).remove(QStringLiteral(":ss"));
+    m_fromHour->setDisplayFormat(format);
+    m_toHour->setDisplayFormat(format);
     m_fromHour->setAccessibleName(tr("Begins at"));
     m_toHour->setAccessibleName(tr("Ends at"));
     AddEnds(form, *m_someHours, {m_fromHour, m_toHour});
@@ -289,6 +293,7 @@ void PrintForm::AddRows(QFormLayout &form, const PrintOptions &options,
     m_someRows = AddCheck(form, features.RowsText, options.Rows.has_value());
     auto *row = new QWidget;
     (new QHBoxLayout(row))->setContentsMargins(0, 0, 0, 0);
+    row->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
     const auto [first, last] = options.Rows.value_or(std::pair(1, features.Rows));
     m_firstRow = AddCount(*row, first, 1, features.Rows);
     m_lastRow = AddCount(*row, last, 1, features.Rows);
