@@ -238,6 +238,7 @@ QWidget *PrintForm::ContentPage(const PrintOptions &options, const PrintFeatures
         m_columns->setMaximumHeight((m_columns->sizeHintForRow(0) + 1)
                                         * std::min(m_columns->count() + 1, kMostShown)
                                     + 2 * m_columns->frameWidth());
+        m_columns->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
         form->addRow(tr("Co&lumns:"), m_columns);
     }
     return page;
