@@ -62,12 +62,27 @@ ChartLooks::ChartLooks(const QPalette &palette)
     Overload = m_dark ? QColor(0xFF, 0x6B, 0x5E) : QColor(0xD1, 0x2B, 0x1F);
 }
 
+TColor ChartLooks::Seen(TColor color) const
+{
+    constexpr double kLeastContrast = 1.4;
+    constexpr double kShareOfText = 0.5;
+    const QColor own = ToQt(color, {});
+    const auto [dark, light] = std::minmax({Luminance(own), Luminance(ToQt(Back, {}))});
+    return (light + 0.05) / (dark + 0.05) < kLeastContrast
+               ? FromQt(Mix(ToQt(Text, {}), own, kShareOfText))
+               : color;
+}
+
 TColor ChartLooks::Done(TColor color) const
 {
+    constexpr float kLightest = 0.9F;
+    constexpr float kDarkest = 0.15F;
     const QColor open = ToQt(color, {}).toHsl();
-    const float lightness = open.lightnessF() * (m_dark ? 1.25F : 0.78F);
+    const float lighter = std::max(open.lightnessF() * 1.25F, kDarkest);
+    const float darker = open.lightnessF() * 0.78F;
+    const bool isLighter = m_dark ? lighter <= kLightest : darker < kDarkest;
     return FromQt(QColor::fromHslF(std::max(open.hslHueF(), 0.0F), open.hslSaturationF(),
-                                   std::min(lightness, 1.0F)));
+                                   isLighter ? lighter : darker));
 }
 
 bool NeedsLightText(std::initializer_list<TColor> colors)

@@ -32,7 +32,11 @@ struct ChartLooks
     QColor Now;      ///< line at the present time
     QColor Overload; ///< what marks more work than a resource can do
 
-    /// The colour of what is done of something in `color`.
+    /// A plan's own colour as it is drawn: one that can hardly be told from the background comes
+    /// nearer to the text.
+    TColor Seen(TColor color) const;
+    /// The colour of what is done of something in `color`: further from the background, or nearer
+    /// where there is nothing further.
     TColor Done(TColor color) const;
 
 private:

@@ -303,7 +303,7 @@ int PlanView::RowHeightFor(int textHeight) const
 TColor PlanView::ColorOf(const PlanTask &task) const
 {
     if (task.Color) {
-        return *task.Color;
+        return m_looks.Seen(*task.Color);
     }
     if (task.IsSummary()) {
         return m_looks.Summary;

@@ -8,6 +8,8 @@
 #include <QApplication>
 #include <QImage>
 
+#include <cstdlib>
+
 namespace korvane::planner::test {
 namespace {
 
@@ -55,6 +57,27 @@ TEST(PlanMarks, BaselinesAndDeadlinesAreDrawnWhereTheyAreShown)
             EXPECT_TRUE(!shown || height == barHeight) << "the row gives the room, not the bar";
             barHeight = height;
         }
+    }
+}
+
+/// Plans bring colours of their own, made for any background.
+TEST(PlanMarks, EveryColourOfAPlanIsSeenAndSoIsWhatIsDone)
+{
+    const auto distance = [](TColor a, TColor b) {
+        const QColor one = ToQt(a, {});
+        const QColor other = ToQt(b, {});
+        return std::abs(one.red() - other.red()) + std::abs(one.green() - other.green())
+               + std::abs(one.blue() - other.blue());
+    };
+    for (const QPalette &palette : {QApplication::palette(), DarkPalette()}) {
+        const ChartLooks looks(palette);
+        for (const TColor color : {Rgb(0, 0, 0), Rgb(0xFF, 0xFF, 0xFF), looks.Back,
+                                   Rgb(0x99, 0xCC, 0xFF), Rgb(0xFF, 0, 0x66), looks.Task}) {
+            const TColor seen = looks.Seen(color);
+            EXPECT_GT(distance(seen, looks.Back), 60) << color;
+            EXPECT_GT(distance(seen, looks.Done(seen)), 30) << color;
+        }
+        EXPECT_EQ(looks.Seen(looks.Task), looks.Task);
     }
 }
 
