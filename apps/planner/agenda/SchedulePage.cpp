@@ -177,28 +177,31 @@ std::vector<AgendaPages::Shown> AgendaPages::ShownIn(const AgendaRange &range) c
     return shown;
 }
 
+void AgendaPages::AddCalendars(SchedulePage &page) const
+{
+    for (const AgendaCalendar &calendar : m_agenda.Calendars) {
+        const int index = static_cast<int>(page.Columns.size());
+        page.Columns.push_back({calendar.Name.isEmpty()
+                                    ? PlannerText::tr("Calendar %1").arg(index + 1)
+                                    : calendar.Name,
+                                page.Axis.From,
+                                {},
+                                index});
+    }
+}
+
 int AgendaPages::ColumnOf(SchedulePage &page, const AgendaEvent &event, AgendaColumns columns) const
 {
-    QString caption = event.Place.simplified();
     if (columns == AgendaColumns::Calendars) {
-        caption = m_agenda.Calendars[static_cast<std::size_t>(event.Calendar)].Name;
-        if (caption.isEmpty()) {
-            caption = PlannerText::tr("Calendar %1").arg(event.Calendar + 1);
-        }
-    } else if (caption.isEmpty()) {
-        caption = PlannerText::tr("(no place)");
+        return event.Calendar;
     }
+    const QString place = event.Place.simplified();
+    const QString caption = place.isEmpty() ? PlannerText::tr("(no place)") : place;
     const auto found = std::ranges::find(page.Columns, caption, &ScheduleColumn::Caption);
     if (found != page.Columns.end()) {
         return static_cast<int>(found - page.Columns.begin());
     }
-    ScheduleColumn column{caption, page.Axis.From};
-    if (columns == AgendaColumns::Calendars) {
-        column.Calendar = event.Calendar;
-    } else {
-        column.Place = event.Place.simplified();
-    }
-    page.Columns.push_back(std::move(column));
+    page.Columns.push_back({caption, page.Axis.From, place});
     return static_cast<int>(page.Columns.size()) - 1;
 }
 
@@ -248,6 +251,9 @@ SchedulePage AgendaPages::Page(AgendaColumns columns, AgendaSeconds day, int day
         for (AgendaSeconds date = first; date <= last; date += kSecondsPerDay) {
             page.Columns.push_back({TextOf(date, PlannerText::tr("ddd d MMM")), date});
         }
+    }
+    if (columns == AgendaColumns::Calendars) {
+        AddCalendars(page);
     }
     for (const Shown &shown : ShownIn(page.Axis)) {
         AddBlocks(page, shown, columns);

@@ -129,6 +129,8 @@ private:
     Shown ShownOf(const AgendaOccurrence &occurrence) const;
     std::vector<Shown> ShownIn(const AgendaRange &range) const;
     void AddBlocks(SchedulePage &page, const Shown &shown, AgendaColumns columns) const;
+    /// A column for each calendar, also for those that have nothing on the page.
+    void AddCalendars(SchedulePage &page) const;
     int ColumnOf(SchedulePage &page, const AgendaEvent &event, AgendaColumns columns) const;
     AgendaChange ChangeTo(const AgendaOccurrence &occurrence, const AgendaRange &times,
                           bool isAllDay) const;

@@ -62,6 +62,18 @@ TEST(SchedulePage, PlacesAndCalendarsAreColumnsOfOneDay)
     EXPECT_EQ(calendars.Axis, (AgendaRange{8 * 3600, 18 * 3600}));
     EXPECT_EQ(pages.Page(AgendaColumns::Places, Wall(u"2026-06-04T00:00:00"_s), 1).Columns.size(),
               1U);
+
+    // Calendars of one name stay apart, and each is there, whether it has events or not.
+    const Agenda twins = Read(
+        CalendarOf("X-WR-CALNAME:Work\n" + Event("one", "DTSTART:20260302T080000\nDURATION:PT1H"))
+        + CalendarOf("X-WR-CALNAME:Work\n" + Event("two", "DTSTART:20260303T090000\nDURATION:PT1H"))
+        + CalendarOf(Event("three", "DTSTART:20260305T090000\nDURATION:PT1H")));
+    const SchedulePage second =
+        AgendaPages(twins).Page(AgendaColumns::Calendars, Wall(u"2026-03-03T00:00:00"_s), 1);
+    EXPECT_EQ(BlocksOf(second), QStringList(u"1 0309:00-0310:00 two"_s));
+    ASSERT_EQ(second.Columns.size(), 3U);
+    EXPECT_EQ(second.Columns.at(1).Caption, u"Work"_s);
+    EXPECT_EQ(second.Columns.at(2).Caption, u"Calendar 3"_s);
 }
 
 TEST(SchedulePage, BlocksAreMovedAndStretched)
